@@ -5,14 +5,14 @@ target_compile_options(corvane_warnings INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wold-style-cast -Wnon-virtual-dtor
   -Woverloaded-virtual -Wsuggest-override -Werror)
 
-# corvane_layer(NAME [USES target...]): a static library of every source in the calling folder.
+# corvane_layer(NAME [USES target...] [PRIVATE_USES target...]): a static library of every source in the calling folder.
 function(corvane_layer name)
-  cmake_parse_arguments(layer "" "" "USES" ${ARGN})
+  cmake_parse_arguments(layer "" "" "USES;PRIVATE_USES" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp")
   file(GLOB headers CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.h")
   add_library(${name} STATIC ${sources})
   target_sources(${name} PUBLIC FILE_SET HEADERS BASE_DIRS "${CMAKE_SOURCE_DIR}/src" FILES ${headers})
-  target_link_libraries(${name} PUBLIC ${layer_USES} PRIVATE corvane_warnings)
+  target_link_libraries(${name} PUBLIC ${layer_USES} PRIVATE ${layer_PRIVATE_USES} corvane_warnings)
 endfunction()
 
 # corvane_program(NAME [USES target...]): a program of every source in the calling folder.

@@ -1,0 +1,15 @@
+#include "serverlist/wMain.h"
+#include "shell/App.h"
+#include "shell/Product.h"
+#include "toolkit/qt/QtPlatform.h"
+
+int main(int argc, char** argv) {
+  toolkit::qt::QtPlatform platform(argc, argv);
+  App app({product::versionMajor, product::versionMinor, product::versionBug});
+
+  std::shared_ptr<wMain> mainWindow;
+  return app.Run([&] {
+    mainWindow = std::make_shared<wMain>([](const std::shared_ptr<CorvaneServer>&) {});
+    mainWindow->Show();
+  });
+}

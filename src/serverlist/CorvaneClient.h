@@ -1,0 +1,19 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "serverlist/CorvaneServer.h"
+
+namespace CorvaneClient {
+
+/// Every server that was added in this run, in order of addition.
+extern std::vector<std::shared_ptr<CorvaneServer>> Servers;
+
+/// The base URL of the panel service on `host`: "https://" in front and ":1701" behind, each unless it is there already.
+/// The scheme may stand in capitals. Nothing else is looked at: no blanks are trimmed, no path is removed.
+[[nodiscard]] std::string Sanitize_Hostname(std::string_view host);
+
+}  // namespace CorvaneClient

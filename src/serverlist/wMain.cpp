@@ -1,0 +1,106 @@
+#include "serverlist/wMain.h"
+
+#include <array>
+#include <string>
+#include <utility>
+
+#include "serverlist/CorvaneClient.h"
+#include "shell/App.h"
+#include "shell/Product.h"
+#include "toolkit/MsgBox.h"
+
+using toolkit::Locks;
+using toolkit::Variant;
+
+namespace {
+
+constexpr Locks topAndSides{.Left = true, .Top = true, .Right = true, .Bottom = false};
+constexpr Locks bottomAndSides{.Left = true, .Top = false, .Right = true, .Bottom = true};
+constexpr Locks bottomRight{.Left = false, .Top = false, .Right = true, .Bottom = true};
+
+}  // namespace
+
+wMain::wMain(ServerOpener openServer)
+    : Window("Corvane", {600, 514}, {600, 64}, {600, 32000}), openServer_(std::move(openServer)) {
+  BuildControls();
+  WireEvents();
+  OpenControls();
+}
+
+void wMain::BuildControls() {
+  // clang-format off
+  //  control                           left  top width height  locks          order
+  Add(Canvas1,        "Canvas1",        {  0,   0, 600, 164}, topAndSides,    0).Backdrop(Logo_Banner_600x164()).AccessibleName("Corvane banner");
+  Add(listServers,    "listServers",    {  0, 162, 600, 200}, topAndSides,    1).ColumnCount(3).ColumnWidths("200,150,400").HasHeading(true).AccessibleName("Servers");
+  Add(txtHostname,    "txtHostname",    { 20, 374, 560,  22}, bottomAndSides, 2).CueText("Server Hostname or IP Address");
+  Add(txtUsername,    "txtUsername",    { 20, 408, 200,  22}, bottomRight,    3).CueText("Username");
+  Add(txtPassword,    "txtPassword",    {232, 408, 200,  22}, bottomRight,    4).CueText("Password").Masked(toolkit::Masking::Password);
+  Add(btnAddServer,   "btnAddServer",   {444, 408, 136,  20}, bottomRight,    5).Caption("Add Server");
+  Add(labelVersion,   "labelVersion",   { 20, 442, 560,  20}, bottomAndSides, 6).Text("VERSION").TextAlign(toolkit::Alignment::Center);
+  Add(labelCopyright, "labelCopyright", { 20, 474, 560,  20}, bottomAndSides, 7).Text("COPYRIGHT").TextAlign(toolkit::Alignment::Center);
+  // clang-format on
+}
+
+void wMain::WireEvents() {
+  On(listServers.Open, &wMain::listServers_Open);
+  On(listServers.DoubleClick, &wMain::listServers_DoubleClick);
+  On(btnAddServer.Action, &wMain::btnAddServer_Action);
+  On(labelVersion.Open, &wMain::labelVersion_Open);
+  On(labelCopyright.Open, &wMain::labelCopyright_Open);
+  On(client.ButtonPressed, &wMain::client_ButtonPressed);
+  On(client.Error, &wMain::client_Error);
+}
+
+void wMain::listServers_Open() {
+  listServers.Heading(0, "Server Name:");
+  listServers.Heading(1, "IP Address:");
+  listServers.Heading(2, "Hostname:");
+}
+
+void wMain::listServers_DoubleClick() {
+  const std::any tag = listServers.RowTag(listServers.ListIndex());
+  const auto* server = std::any_cast<std::shared_ptr<CorvaneServer>>(&tag);
+  if (server != nullptr) openServer_(*server);
+}
+
+void wMain::btnAddServer_Action() {
+  if (txtHostname.Text().empty()) {
+    toolkit::MsgBox("You must provide your server hostname to continue.");
+    return;
+  }
+  const std::string base = CorvaneClient::Sanitize_Hostname(txtHostname.Text());
+  if (txtUsername.Text().empty() || txtPassword.Text().empty()) {
+    toolkit::MsgBox("You must provide both your username and password to continue.");
+    return;
+  }
+  client.Operator_Lookup("username", txtUsername.Text());
+  client.Operator_Lookup("password", txtPassword.Text());
+  client.PressButton(base + "/api/v1/system", "information");
+}
+
+void wMain::labelVersion_Open() { labelVersion.Text("Version " + App::Current().DunmereVersion()); }
+
+void wMain::labelCopyright_Open() { labelCopyright.Text(product::copyright); }
+
+void wMain::client_ButtonPressed() {
+  for (const std::string_view key : {"networkHostname", "networkIPv4", "systemName"}) {
+    if (client.Operator_Lookup(key).IsTextOrNumber()) continue;
+    toolkit::MsgBox("The server was not added: its reply gives no usable “" + std::string(key) + "”.");
+    return;
+  }
+  const auto server = std::make_shared<CorvaneServer>();
+  server->Username = txtUsername.Text();
+  server->Password = txtPassword.Text();
+  server->Network_Hostname = client.Operator_Lookup("networkHostname").Text();
+  server->Network_IPv4 = client.Operator_Lookup("networkIPv4").Text();
+  server->System_Name = client.Operator_Lookup("systemName").Text();
+  CorvaneClient::Servers.push_back(server);
+
+  listServers.AddRow({server->System_Name, server->Network_IPv4, server->Network_Hostname});
+  listServers.RowTag(listServers.ListCount() - 1, server);
+  txtHostname.Text("");
+  txtUsername.Text("");
+  txtPassword.Text("");
+}
+
+void wMain::client_Error(const toolkit::RuntimeException& err) { toolkit::MsgBox(err.Message()); }

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "serverlist/CorvaneServer.h"
+#include "service/TessenServicesClient.h"
+#include "toolkit/Canvas.h"
+#include "toolkit/Label.h"
+#include "toolkit/Listbox.h"
+#include "toolkit/PushButton.h"
+#include "toolkit/TextField.h"
+#include "toolkit/Window.h"
+
+/// The main window: the servers that were added, and the form that adds one. A server is added by asking it for its
+/// information, so one that does not answer valid credentials never gets a row.
+class wMain final : public toolkit::Window {
+ public:
+  /// Opens the window of one server.
+  using ServerOpener = std::function<void(const std::shared_ptr<CorvaneServer>&)>;
+
+  explicit wMain(ServerOpener openServer);
+
+  toolkit::Canvas Canvas1;
+  toolkit::Listbox listServers;
+  toolkit::TextField txtHostname;
+  toolkit::TextField txtUsername;
+  toolkit::TextField txtPassword;
+  toolkit::PushButton btnAddServer;
+  toolkit::Label labelVersion;
+  toolkit::Label labelCopyright;
+  TessenServicesClient client;
+
+ private:
+  void BuildControls();
+  void WireEvents();
+
+  void listServers_Open();
+  void listServers_DoubleClick();
+  void btnAddServer_Action();
+  void labelVersion_Open();
+  void labelCopyright_Open();
+  void client_ButtonPressed();
+  void client_Error(const toolkit::RuntimeException& err);
+
+  ServerOpener openServer_;
+};

@@ -1,0 +1,89 @@
+#include "service/TessenServicesClient.h"
+
+#include <utility>
+
+#include "toolkit/JSON.h"
+#include "toolkit/Text.h"
+
+using toolkit::Dictionary;
+using toolkit::RuntimeException;
+using toolkit::Variant;
+
+namespace {
+
+constexpr int statusOfRefusal = 400;
+
+/// The members of a reply. Throws a RuntimeException for the user if the reply cannot be taken.
+Dictionary ReadReply(int status, std::string content) {
+  if (content.empty()) throw RuntimeException("No data was returned from the Tessen Service.");
+  Dictionary reply;
+  try {
+    reply = toolkit::ParseJSON(content);
+  } catch (const RuntimeException& exception) {
+    throw RuntimeException("The server's reply cannot be read: " + exception.Message() + ".");
+  }
+  if (status != statusOfRefusal) return reply;
+
+  const auto reason = reply.find("_error");
+  if (reason == reply.end()) throw RuntimeException("The server refused the request and gave no reason.");
+  throw RuntimeException(reason->second.Text());
+}
+
+}  // namespace
+
+TessenServicesClient::TessenServicesClient() { ValidateCertificates = false; }
+
+Variant TessenServicesClient::Operator_Lookup(std::string_view key) const {
+  const auto member = pDictionary_Properties.find(key);
+  return member == pDictionary_Properties.end() ? Variant() : member->second;
+}
+
+void TessenServicesClient::Operator_Lookup(std::string_view key, toolkit::Date value) { Store(key, value); }
+
+void TessenServicesClient::Operator_Lookup(std::string_view key, double value) { Store(key, boost::json::value(value)); }
+
+void TessenServicesClient::Operator_Lookup(std::string_view key, std::int64_t value) {
+  Store(key, boost::json::value(value));
+}
+
+void TessenServicesClient::Operator_Lookup(std::string_view key, std::string_view value) {
+  Store(key, boost::json::value(value));
+}
+
+void TessenServicesClient::Operator_Lookup(std::string_view key, std::uint64_t value) {
+  Store(key, boost::json::value(value));
+}
+
+void TessenServicesClient::Store(std::string_view key, Variant value) {
+  pDictionary_Properties.insert_or_assign(std::string(key), std::move(value));
+}
+
+void TessenServicesClient::PressButton(std::string_view url, std::string_view buttonName) {
+  if (url.empty()) {
+    Error(RuntimeException("No Tessen Service URL was provided."));
+    return;
+  }
+  if (buttonName.empty()) {
+    Error(RuntimeException("No button name was provided."));
+    return;
+  }
+  SetRequestContent(toolkit::GenerateJSON(pDictionary_Properties), "application/json");
+  Send("POST", std::string(url) + "/" + toolkit::LowerCase(buttonName));
+}
+
+void TessenServicesClient::Event_PageReceived(const std::string& /*url*/, int status, std::string content) {
+  try {
+    pDictionary_Properties = ReadReply(status, std::move(content));
+  } catch (const RuntimeException& exception) {
+    Error(exception);
+    return;
+  }
+  ButtonPressed();
+}
+
+void TessenServicesClient::Event_Error(const RuntimeException& error) { Error(error); }
+
+void TessenServicesClient::Event_FileReceived(const std::string&, int, const toolkit::FolderItem&) {}
+void TessenServicesClient::Event_HeadersReceived(const std::string&, int) {}
+void TessenServicesClient::Event_ReceiveProgress(std::uint64_t, std::optional<std::uint64_t>) {}
+void TessenServicesClient::Event_SendProgress(std::uint64_t, std::uint64_t) {}

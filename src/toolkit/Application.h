@@ -1,0 +1,46 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+namespace toolkit {
+
+/// Three numbers that name a release.
+struct ReleaseNumbers {
+  int Major = 0;
+  int Minor = 0;
+  int Bug = 0;
+};
+
+/// The program as one object: its version, its life from the start of the event loop to the end.
+class Application {
+ public:
+  /// There can be only one at a time.
+  explicit Application(ReleaseNumbers version);
+  Application(const Application&) = delete;
+  Application& operator=(const Application&) = delete;
+  virtual ~Application();
+
+  /// The one application object, or nullptr before there is one.
+  static Application* Current();
+
+  [[nodiscard]] int MajorVersion() const { return version_.Major; }
+  [[nodiscard]] int MinorVersion() const { return version_.Minor; }
+  [[nodiscard]] int BugVersion() const { return version_.Bug; }
+
+  /// Runs the event loop, `lateStartup` first. Returns the process's exit status once the program has been told to
+  /// quit and Event_Close is done.
+  int Run(const std::function<void()>& lateStartup);
+
+ protected:
+  /// The program is quitting; windows may be closed already. Called once.
+  virtual void Event_Close() {}
+
+ private:
+  ReleaseNumbers version_;
+};
+
+/// Ends the program with `status`, after the handlers that are running.
+void Quit(int status = 0);
+
+}  // namespace toolkit

@@ -1,0 +1,31 @@
+#include "toolkit/Control.h"
+
+namespace toolkit {
+
+void Control::Place(std::string name, Rect frame, Locks locks, int tabOrder) {
+  name_ = std::move(name);
+  frame_ = frame;
+  locks_ = locks;
+  tabOrder_ = tabOrder;
+}
+
+void Control::Changed() const {
+  if (view_ != nullptr) view_->Refresh();
+}
+
+void Control::SetEnabled(bool enabled) {
+  enabled_ = enabled;
+  Changed();
+}
+
+void Control::SetVisible(bool visible) {
+  visible_ = visible;
+  Changed();
+}
+
+void Control::SetAccessibleName(std::string name) {
+  accessibleName_ = std::move(name);
+  Changed();
+}
+
+}  // namespace toolkit

@@ -1,0 +1,134 @@
+#include "toolkit/HTTPSocket.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "toolkit/Platform.h"
+#include "toolkit/Text.h"
+#include "toolkit/TransferMessages.h"
+
+namespace toolkit {
+namespace {
+
+// A server may announce any length; more than this is not reserved on its word alone.
+constexpr std::uint64_t largestReserve = std::uint64_t{256} << 20U;
+
+auto FindHeader(auto& headers, std::string_view name) {
+  return std::find_if(headers.begin(), headers.end(),
+                      [&](const auto& header) { return LowerCase(header.first) == LowerCase(name); });
+}
+
+std::string HeaderValue(const HTTPHeaders& headers, std::string_view name) {
+  const auto header = FindHeader(headers, name);
+  return header == headers.end() ? std::string() : header->second;
+}
+
+}  // namespace
+
+void HTTPSocket::ClearRequestHeaders() { requestHeaders_.clear(); }
+
+std::string HTTPSocket::RequestHeader(std::string_view name) const { return HeaderValue(requestHeaders_, name); }
+
+void HTTPSocket::RequestHeader(std::string_view name, std::string_view value) {
+  const auto header = FindHeader(requestHeaders_, name);
+  if (header == requestHeaders_.end()) {
+    requestHeaders_.emplace_back(name, value);
+  } else {
+    header->second = value;
+  }
+}
+
+std::string HTTPSocket::ResponseHeader(std::string_view name) const { return HeaderValue(responseHeaders_, name); }
+
+void HTTPSocket::SetRequestContent(std::string data, std::string_view mimeType) {
+  requestContent_ = std::move(data);
+  contentHeaders_ = {{"Content-Type", std::string(mimeType)}};
+}
+
+void HTTPSocket::Send(std::string_view method, std::string_view url) {
+  file_.reset();
+  Start(method, url);
+}
+
+void HTTPSocket::Send(std::string_view method, std::string_view url, const FolderItem& file) {
+  file_ = file;
+  Start(method, url);
+}
+
+void HTTPSocket::Disconnect() {
+  transfer_.reset();
+  fileStream_.close();
+}
+
+void HTTPSocket::Start(std::string_view method, std::string_view url) {
+  Disconnect();
+  url_ = url;
+  status_ = 0;
+  responseHeaders_.clear();
+  announcedLength_.reset();
+  receivedLength_ = 0;
+  content_ = std::string();
+
+  HTTPRequest request;
+  request.Method = method;
+  request.URL = url;
+  request.Headers = requestHeaders_;
+  std::ranges::move(std::exchange(contentHeaders_, {}), std::back_inserter(request.Headers));
+  request.Body = std::exchange(requestContent_, {});
+  request.Certificates = ValidateCertificates ? CertificateCheck::Required : CertificateCheck::Skipped;
+  transfer_ = Platform::Current().StartTransfer(std::move(request), *this);
+}
+
+void HTTPSocket::HeadersReceived(int status, HTTPHeaders headers, std::optional<std::uint64_t> length) {
+  status_ = status;
+  responseHeaders_ = std::move(headers);
+  announcedLength_ = length;
+  if (file_ && !OpenFile()) return;
+  if (!file_ && length) content_.reserve(std::min(*length, largestReserve));
+  Event_HeadersReceived(url_, status);
+}
+
+void HTTPSocket::BodyReceived(std::string_view bytes) {
+  receivedLength_ += bytes.size();
+  if (!file_) {
+    content_ += bytes;
+  } else if (!fileStream_.write(bytes.data(), static_cast<std::streamsize>(bytes.size()))) {
+    FailWith("The file " + file_->Path().string() + " could not be written.");
+    return;
+  }
+  Event_ReceiveProgress(receivedLength_, announcedLength_);
+}
+
+void HTTPSocket::BodySent(std::uint64_t sent, std::uint64_t total) { Event_SendProgress(sent, total); }
+
+void HTTPSocket::Finished() {
+  const auto ended = std::exchange(transfer_, nullptr);
+  if (!file_) {
+    Event_PageReceived(url_, status_, std::move(content_));
+    return;
+  }
+  fileStream_.close();
+  if (fileStream_.fail()) {
+    FailWith("The file " + file_->Path().string() + " could not be written.");
+  } else {
+    Event_FileReceived(url_, status_, *file_);
+  }
+}
+
+void HTTPSocket::Failed(const TransferFailure& failure) { FailWith(DescribeFailure(failure)); }
+
+bool HTTPSocket::OpenFile() {
+  fileStream_ = std::ofstream(file_->Path(), std::ios::binary | std::ios::trunc);
+  if (fileStream_.is_open()) return true;
+  FailWith("The file " + file_->Path().string() + " could not be created.");
+  return false;
+}
+
+void HTTPSocket::FailWith(const std::string& message) {
+  const auto ended = std::exchange(transfer_, nullptr);
+  fileStream_.close();
+  content_ = std::string();
+  Event_Error(RuntimeException(message));
+}
+
+}  // namespace toolkit

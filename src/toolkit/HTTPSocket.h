@@ -1,0 +1,82 @@
+#pragma once
+
+#include <cstdint>
+#include <fstream>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "toolkit/FolderItem.h"
+#include "toolkit/HTTPTransfer.h"
+#include "toolkit/RuntimeException.h"
+
+namespace toolkit {
+
+/// An asynchronous HTTP client (RFC 9110) for one request at a time. A derived class reacts to its Event_ functions,
+/// which run on the event loop; any of them may start the next request or destroy the socket.
+class HTTPSocket : private HTTPTransferEvents {
+ public:
+  HTTPSocket() = default;
+  HTTPSocket(const HTTPSocket&) = delete;
+  HTTPSocket& operator=(const HTTPSocket&) = delete;
+  ~HTTPSocket() override = default;
+
+  /// Whether a server must show a certificate that the system trusts. TLS is used either way.
+  bool ValidateCertificates = true;
+
+  void ClearRequestHeaders();
+  /// The value that was set for a header of the next request; empty if none was.
+  [[nodiscard]] std::string RequestHeader(std::string_view name) const;
+  void RequestHeader(std::string_view name, std::string_view value);
+  /// A header of the last reply; empty if it had none of that name.
+  [[nodiscard]] std::string ResponseHeader(std::string_view name) const;
+
+  /// Makes `data` the body of the next request, and of that one only.
+  void SetRequestContent(std::string data, std::string_view mimeType);
+  /// Starts a request and returns at once. The reply comes whole, as Event_PageReceived. A request that is under way is
+  /// abandoned: its reply is never delivered. The request reaches the server at most once.
+  void Send(std::string_view method, std::string_view url);
+  /// As the other Send, but the reply's body goes to `file` as it arrives, and Event_FileReceived tells its end. The
+  /// file is created or emptied when the reply begins; after a failure it holds what had arrived.
+  void Send(std::string_view method, std::string_view url, const FolderItem& file);
+  /// Abandons the request under way, if there is one, without any event.
+  void Disconnect();
+
+ protected:
+  /// The transfer failed: no reply, or not a whole one. The message tells the host and the kind of failure.
+  virtual void Event_Error(const RuntimeException& error) = 0;
+  virtual void Event_FileReceived(const std::string& url, int status, const FolderItem& file) = 0;
+  virtual void Event_HeadersReceived(const std::string& url, int status) = 0;
+  /// The whole reply has arrived, whatever its status.
+  virtual void Event_PageReceived(const std::string& url, int status, std::string content) = 0;
+  virtual void Event_ReceiveProgress(std::uint64_t bytesReceived, std::optional<std::uint64_t> totalBytes) = 0;
+  virtual void Event_SendProgress(std::uint64_t bytesSent, std::uint64_t totalBytes) = 0;
+
+ private:
+  void Start(std::string_view method, std::string_view url);
+  bool OpenFile();
+  void FailWith(const std::string& message);
+
+  void HeadersReceived(int status, HTTPHeaders headers, std::optional<std::uint64_t> length) override;
+  void BodyReceived(std::string_view bytes) override;
+  void BodySent(std::uint64_t sent, std::uint64_t total) override;
+  void Finished() override;
+  void Failed(const TransferFailure& failure) override;
+
+  HTTPHeaders requestHeaders_;
+  HTTPHeaders contentHeaders_;
+  std::string requestContent_;
+
+  std::string url_;
+  int status_ = 0;
+  HTTPHeaders responseHeaders_;
+  std::optional<std::uint64_t> announcedLength_;
+  std::uint64_t receivedLength_ = 0;
+  std::string content_;
+  std::optional<FolderItem> file_;
+  std::ofstream fileStream_;
+  std::unique_ptr<HTTPTransfer> transfer_;
+};
+
+}  // namespace toolkit

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace toolkit {
+
+/// Header fields in the order of the wire (RFC 9110). Names compare without regard to case.
+using HTTPHeaders = std::vector<std::pair<std::string, std::string>>;
+
+enum class CertificateCheck { Required, Skipped };
+
+/// One HTTP request (RFC 9110), as the platform sends it: once, without redirects, cookies, cache or credentials.
+struct HTTPRequest {
+  std::string Method;
+  std::string URL;
+  HTTPHeaders Headers;
+  std::string Body;
+  CertificateCheck Certificates = CertificateCheck::Required;
+  /// How long connecting may take, name lookup and TLS included; the reply may take as long as it likes.
+  std::chrono::milliseconds ConnectTimeout = std::chrono::seconds(30);
+};
+
+/// Why a transfer failed. An HTTP status is no failure.
+enum class TransferFault {
+  BadURL,
+  NameNotFound,
+  Refused,
+  Unreachable,
+  TLSFailed,
+  ConnectTimedOut,
+  ClosedEarly,
+  NotHTTP,
+  Proxy,
+  Other,
+};
+
+struct TransferFailure {
+  TransferFault Fault = TransferFault::Other;
+  /// The host of the request's URL, without user name, password and port; empty if the URL has none.
+  std::string Host;
+  /// The port that was tried.
+  int Port = 0;
+  /// What the network library says, for people; may be empty.
+  std::string Detail;
+};
+
+/// Receives what happens to a transfer, on the event loop. Any call may destroy the transfer.
+class HTTPTransferEvents {
+ public:
+  virtual ~HTTPTransferEvents() = default;
+
+  /// Once, before any body. `length` is the announced size of the body in bytes, if it was announced.
+  virtual void HeadersReceived(int status, HTTPHeaders headers, std::optional<std::uint64_t> length) = 0;
+  virtual void BodyReceived(std::string_view bytes) = 0;
+  /// `sent` of `total` bytes of the request's body are on their way.
+  virtual void BodySent(std::uint64_t sent, std::uint64_t total) = 0;
+  /// The whole reply has arrived. The last call.
+  virtual void Finished() = 0;
+  /// The reply will never be whole. The last call.
+  virtual void Failed(const TransferFailure& failure) = 0;
+};
+
+/// A transfer under way. Destroying it abandons the transfer: no call comes afterwards.
+class HTTPTransfer {
+ public:
+  virtual ~HTTPTransfer() = default;
+};
+
+}  // namespace toolkit

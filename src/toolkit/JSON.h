@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "toolkit/Variant.h"
+
+namespace toolkit {
+
+/// The members of `text`, which must be one JSON object (RFC 8259) in strict UTF-8, nested at most 64 levels deep.
+/// Where a key stands twice, the last one counts.
+///
+/// Throws a RuntimeException that tells what is wrong: not UTF-8, not JSON, nested too deep, not an object.
+[[nodiscard]] Dictionary ParseJSON(std::string_view text);
+
+/// `members` as one JSON object in UTF-8, without line breaks, "{}" if there are none.
+[[nodiscard]] std::string GenerateJSON(const Dictionary& members);
+
+}  // namespace toolkit

@@ -1,0 +1,142 @@
+#include "toolkit/Listbox.h"
+
+#include <algorithm>
+#include <charconv>
+#include <numeric>
+#include <optional>
+
+namespace toolkit {
+
+Listbox& Listbox::ColumnCount(int count) {
+  columnCount_ = count;
+  Changed();
+  return *this;
+}
+
+Listbox& Listbox::ColumnWidths(std::string widths) {
+  columnWidths_ = std::move(widths);
+  Changed();
+  return *this;
+}
+
+Listbox& Listbox::HasHeading(bool hasHeading) {
+  hasHeading_ = hasHeading;
+  Changed();
+  return *this;
+}
+
+Listbox& Listbox::Scrolling(ScrollBars scrollBars) {
+  scrollBars_ = scrollBars;
+  Changed();
+  return *this;
+}
+
+std::string Listbox::Heading(int column) const {
+  const auto index = static_cast<std::size_t>(column);
+  return index < headings_.size() ? headings_[index] : std::string();
+}
+
+void Listbox::Heading(int column, std::string heading) {
+  const auto index = static_cast<std::size_t>(column);
+  if (index >= headings_.size()) headings_.resize(index + 1);
+  headings_[index] = std::move(heading);
+  Changed();
+}
+
+void Listbox::AddRow(std::span<const std::string> cells) {
+  rows_.AddRow();
+  const std::size_t row = rows_.RowCount() - 1;
+  for (std::size_t column = 0; column < cells.size(); ++column) rows_.SetCell(row, column, cells[column]);
+  Changed();
+}
+
+void Listbox::DeleteAllRows() {
+  rows_.Clear();
+  tags_.clear();
+  ++generation_;
+  Changed();
+  ListIndex(-1);
+}
+
+std::string_view Listbox::Cell(int row, int column) const {
+  return rows_.Cell(static_cast<std::size_t>(row), static_cast<std::size_t>(column));
+}
+
+void Listbox::Cell(int row, int column, std::string_view text) {
+  const auto index = static_cast<std::size_t>(row);
+  if (index >= rows_.RowCount()) return;
+  rows_.SetCell(index, static_cast<std::size_t>(column), text);
+  Changed();
+}
+
+std::any Listbox::RowTag(int row) const {
+  const auto index = static_cast<std::size_t>(row);
+  return index < tags_.size() ? tags_[index] : std::any();
+}
+
+void Listbox::RowTag(int row, std::any tag) {
+  const auto index = static_cast<std::size_t>(row);
+  if (index >= rows_.RowCount()) return;
+  if (index >= tags_.size()) tags_.resize(index + 1);
+  tags_[index] = std::move(tag);
+}
+
+std::string Listbox::RowText(int row) const {
+  std::string text;
+  for (int column = 0; column < columnCount_; ++column) {
+    if (column > 0) text += '\t';
+    text += Cell(row, column);
+  }
+  return text;
+}
+
+void Listbox::ListIndex(int row) {
+  const int selected = row >= 0 && row < ListCount() ? row : -1;
+  if (selected == listIndex_) return;
+  listIndex_ = selected;
+  Changed();
+  Change();
+}
+
+void Listbox::Select(int row) {
+  if (Operable()) ListIndex(row);
+}
+
+void Listbox::Activate() const {
+  if (Operable()) DoubleClick();
+}
+
+namespace {
+
+/// The next width of a list such as "200, *": its number, or nothing for "*". Takes it off `widths`.
+std::optional<int> TakeWidth(std::string_view& widths) {
+  const std::size_t end = std::min(widths.find(','), widths.size());
+  std::string_view width = widths.substr(0, end);
+  widths.remove_prefix(std::min(end + 1, widths.size()));
+  width.remove_prefix(std::min(width.find_first_not_of(' '), width.size()));
+  int points = 0;
+  const bool isNumber = std::from_chars(width.data(), width.data() + width.size(), points).ec == std::errc();
+  return isNumber ? std::optional(std::max(points, 0)) : std::nullopt;
+}
+
+}  // namespace
+
+std::vector<int> LayOutColumns(std::string_view widths, int count, int available) {
+  std::vector<std::optional<int>> wanted(static_cast<std::size_t>(std::max(count, 0)));
+  for (auto& width : wanted) width = TakeWidth(widths);
+
+  const int fixed = std::accumulate(wanted.begin(), wanted.end(), 0,
+                                    [](int sum, const auto& width) { return sum + width.value_or(0); });
+  auto sharing = static_cast<int>(std::count(wanted.begin(), wanted.end(), std::nullopt));
+  int left = std::max(available - fixed, 0);
+
+  std::vector<int> points;
+  points.reserve(wanted.size());
+  for (const auto& width : wanted) {
+    points.push_back(width ? *width : left / sharing);
+    if (!width) left -= points.back(), --sharing;
+  }
+  return points;
+}
+
+}  // namespace toolkit

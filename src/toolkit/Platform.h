@@ -1,0 +1,60 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "toolkit/FolderItem.h"
+#include "toolkit/HTTPTransfer.h"
+
+namespace toolkit {
+
+class Window;
+
+/// All that the program asks of the world around it: windows on a screen, an event loop, HTTP, the user's folders.
+///
+/// There is one platform at a time. It calls back on the event loop only, never from within the call that asked.
+class Platform {
+ public:
+  Platform();
+  Platform(const Platform&) = delete;
+  Platform& operator=(const Platform&) = delete;
+  virtual ~Platform();
+
+  /// The one platform. Misuse, and the end of the program, if there is none.
+  static Platform& Current();
+
+  /// Puts `window` on the screen and owns it until it is closed. A window that is open already comes to the front.
+  void Open(const std::shared_ptr<Window>& window);
+  /// Takes `window` off the screen and lets go of it. The program quits with its last window.
+  void Close(Window& window);
+  /// The open windows, in order of opening.
+  [[nodiscard]] const std::vector<std::shared_ptr<Window>>& OpenWindows() const { return windows_; }
+
+  /// Runs `handler`; an exception that leaves it ends in a message box, and the program goes on.
+  void Dispatch(const std::function<void()>& handler);
+
+  /// Sends a request. `events` must outlive the result.
+  virtual std::unique_ptr<HTTPTransfer> StartTransfer(HTTPRequest request, HTTPTransferEvents& events) = 0;
+  /// Shows a plain text and waits until the user has seen it. Other events run meanwhile. Boxes stand one at a time.
+  virtual void ShowMessage(const std::string& text) = 0;
+  /// Runs the event loop, `start` first, until Quit(). Returns the status given there.
+  virtual int RunLoop(const std::function<void()>& start) = 0;
+  /// Ends the event loop, and every wait inside it, at the next opportunity.
+  virtual void Quit(int status) = 0;
+  [[nodiscard]] virtual FolderItem ApplicationDataFolder() const = 0;
+  [[nodiscard]] virtual FolderItem DesktopFolder() const = 0;
+
+ protected:
+  virtual void Present(Window& window) = 0;
+  virtual void BringToFront(Window& window) = 0;
+  virtual void Withdraw(Window& window) = 0;
+  /// Lets go of every window, without quitting.
+  void ForgetWindows();
+
+ private:
+  std::vector<std::shared_ptr<Window>> windows_;
+};
+
+}  // namespace toolkit

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+
+#include "toolkit/Control.h"
+
+namespace toolkit {
+
+enum class Masking { None, Password };
+
+/// A field for one line of text.
+class TextField final : public ControlOf<TextField> {
+ public:
+  TextField() : ControlOf(FocusPolicy::Accepts) {}
+
+  [[nodiscard]] const std::string& Text() const { return text_; }
+  TextField& Text(std::string text);
+
+  /// Shown in the empty field, to tell what belongs there.
+  [[nodiscard]] const std::string& CueText() const { return cueText_; }
+  TextField& CueText(std::string cueText);
+
+  /// A masked field shows dots, and nothing can be copied out of it.
+  [[nodiscard]] Masking Masked() const { return masking_; }
+  TextField& Masked(Masking masking);
+
+  using ControlOf::AccessibleName;
+  [[nodiscard]] std::string AccessibleName() const override { return cueText_; }
+
+  /// Replaces the text as the user would: does nothing while the field is disabled or invisible.
+  void Type(std::string text);
+
+ private:
+  std::string text_;
+  std::string cueText_;
+  Masking masking_ = Masking::None;
+};
+
+}  // namespace toolkit

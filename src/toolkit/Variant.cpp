@@ -1,0 +1,87 @@
+#include "toolkit/Variant.h"
+
+#include <array>
+#include <charconv>
+#include <ctime>
+
+#include <boost/json/serialize.hpp>
+#include <boost/json/serializer.hpp>
+
+namespace json = boost::json;
+
+namespace toolkit {
+namespace {
+
+template <typename Number>
+std::string ShortestForm(Number number) {
+  std::array<char, 64> digits{};
+  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+  return {digits.data(), end};
+}
+
+std::string ISO8601(Date date) {
+  const std::time_t seconds = std::chrono::system_clock::to_time_t(date);
+  std::tm parts{};
+  gmtime_r(&seconds, &parts);
+  std::array<char, 64> text{};
+  const std::size_t length = std::strftime(text.data(), text.size(), "%Y-%m-%dT%H:%M:%SZ", &parts);
+  return {text.data(), length};
+}
+
+}  // namespace
+
+bool Variant::IsNil() const {
+  const auto* value = std::get_if<json::value>(&value_);
+  return value != nullptr && value->is_null();
+}
+
+bool Variant::IsTextOrNumber() const {
+  const auto* value = std::get_if<json::value>(&value_);
+  return value != nullptr && (value->is_string() || value->is_number());
+}
+
+const json::object* Variant::Object() const {
+  const auto* value = std::get_if<json::value>(&value_);
+  return value == nullptr ? nullptr : value->if_object();
+}
+
+std::string Variant::Text() const {
+  if (const auto* date = std::get_if<Date>(&value_)) return ISO8601(*date);
+  return ToText(std::get<json::value>(value_));
+}
+
+void Variant::AppendJSON(std::string& text) const {
+  if (const auto* date = std::get_if<Date>(&value_)) {
+    text += '"' + ISO8601(*date) + '"';
+    return;
+  }
+  json::serializer serializer;
+  serializer.reset(&std::get<json::value>(value_));
+  std::array<char, 16384> part{};
+  while (!serializer.done()) text += serializer.read(part.data(), part.size());
+}
+
+std::string ToText(const json::value& value) {
+  switch (value.kind()) {
+    case json::kind::null:
+      return {};
+    case json::kind::string:
+      return std::string(value.get_string());
+    case json::kind::int64:
+      return ShortestForm(value.get_int64());
+    case json::kind::uint64:
+      return ShortestForm(value.get_uint64());
+    case json::kind::double_:
+      return ShortestForm(value.get_double());
+    default:
+      return json::serialize(value);
+  }
+}
+
+std::string_view ToText(const json::value& value, std::string& buffer) {
+  if (const auto* text = value.if_string()) return *text;
+  buffer = ToText(value);
+  return buffer;
+}
+
+}  // namespace toolkit

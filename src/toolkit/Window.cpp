@@ -1,0 +1,56 @@
+#include "toolkit/Window.h"
+
+#include <algorithm>
+
+#include "toolkit/Platform.h"
+
+namespace toolkit {
+namespace {
+
+/// Where a control that is `extent` long at `start` lies, along one axis, once its window has grown by `growth`.
+struct Span {
+  int start;
+  int extent;
+};
+
+Span Follow(Span designed, int growth, bool lockedToStart, bool lockedToEnd) {
+  if (!lockedToEnd) return designed;
+  if (!lockedToStart) return {.start = designed.start + growth, .extent = designed.extent};
+  return {.start = designed.start, .extent = std::max(designed.extent + growth, 0)};
+}
+
+}  // namespace
+
+Window::Window(std::string title, Size size, Size minimum, Size maximum)
+    : title_(std::move(title)), designed_(size), size_(size), minimum_(minimum), maximum_(maximum) {}
+
+Rect Window::PlaceOf(const Control& control) const {
+  const Rect frame = control.Frame();
+  const Locks locks = control.LockedTo();
+  const Span across = Follow({frame.Left, frame.Width}, size_.Width - designed_.Width, locks.Left, locks.Right);
+  const Span down = Follow({frame.Top, frame.Height}, size_.Height - designed_.Height, locks.Top, locks.Bottom);
+  return {.Left = across.start, .Top = down.start, .Width = across.extent, .Height = down.extent};
+}
+
+void Window::Show() {
+  closed_ = false;
+  Platform::Current().Open(shared_from_this());
+  if (std::exchange(opened_, true)) return;
+  Open();
+}
+
+void Window::Close() {
+  closed_ = true;
+  Platform::Current().Close(*this);
+}
+
+void Window::Resize(Size size) {
+  size_ = {.Width = std::clamp(size.Width, minimum_.Width, maximum_.Width),
+           .Height = std::clamp(size.Height, minimum_.Height, maximum_.Height)};
+}
+
+void Window::OpenControls() {
+  for (const Control* control : controls_) control->Open();
+}
+
+}  // namespace toolkit

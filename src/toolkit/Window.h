@@ -1,0 +1,91 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "toolkit/Control.h"
+#include "toolkit/Event.h"
+
+namespace toolkit {
+
+/// A size in points.
+struct Size {
+  int Width = 0;
+  int Height = 0;
+
+  friend bool operator==(const Size&, const Size&) = default;
+};
+
+/// Shows a window on the screen. Belongs to the desktop.
+class WindowView {
+ public:
+  virtual ~WindowView() = default;
+};
+
+/// A window: a title, a size and controls. It is made with std::make_shared, shown with Show(), and owned by the
+/// platform while it is open. A window whose handler is running lives at least until that handler ends.
+///
+/// Once the window is closed, its handlers no longer run: late replies have no consumer.
+class Window : public std::enable_shared_from_this<Window> {
+ public:
+  Window(const Window&) = delete;
+  Window& operator=(const Window&) = delete;
+  virtual ~Window() = default;
+
+  /// Raised once, when the window is first shown.
+  Event<> Open;
+
+  [[nodiscard]] const std::string& Title() const { return title_; }
+  /// The size of the content; it follows what the user makes of the window.
+  [[nodiscard]] Size ContentSize() const { return size_; }
+  [[nodiscard]] Size MinimumSize() const { return minimum_; }
+  [[nodiscard]] Size MaximumSize() const { return maximum_; }
+  /// The controls in the order in which they were created; later ones lie over earlier ones.
+  [[nodiscard]] const std::vector<Control*>& Controls() const { return controls_; }
+  /// Where `control` stands in the window at its present size: moved and stretched as its locks say.
+  [[nodiscard]] Rect PlaceOf(const Control& control) const;
+
+  void Show();
+  /// Takes the window off the screen and ends its handlers. Safe at any time, also in a handler of the window.
+  void Close();
+  [[nodiscard]] bool IsClosed() const { return closed_; }
+  /// The user, through the desktop, gave the content another size; kept within the minimum and maximum.
+  void Resize(Size size);
+
+ protected:
+  /// `size` is the size the controls were designed for, and the one the window starts with.
+  Window(std::string title, Size size, Size minimum, Size maximum);
+
+  /// Adds a control, which must be a member of the window, and returns it as its own type.
+  template <typename Kind>
+  Kind& Add(Kind& control, std::string name, Rect frame, Locks locks, int tabOrder) {
+    control.Place(std::move(name), frame, locks, tabOrder);
+    controls_.push_back(&control);
+    return control;
+  }
+
+  /// Lets the member function `handler` of this window react to `event`.
+  template <typename Self, typename... Arguments>
+  void On(Event<Arguments...>& event, void (Self::*handler)(Arguments...)) {
+    event = [this, handler](Arguments... arguments) {
+      const std::shared_ptr<Window> alive = weak_from_this().lock();
+      if (!closed_) (static_cast<Self*>(this)->*handler)(arguments...);
+    };
+  }
+
+  /// Raises Open on every control; the last step of building the window.
+  void OpenControls();
+
+ private:
+  std::string title_;
+  Size designed_;
+  Size size_;
+  Size minimum_;
+  Size maximum_;
+  std::vector<Control*> controls_;
+  bool opened_ = false;
+  bool closed_ = false;
+};
+
+}  // namespace toolkit

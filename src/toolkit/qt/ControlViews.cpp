@@ -1,0 +1,41 @@
+#include "toolkit/qt/ControlViews.h"
+
+#include <cstdlib>
+#include <iostream>
+
+#include "toolkit/qt/CanvasView.h"
+#include "toolkit/qt/LabelView.h"
+#include "toolkit/qt/ListboxView.h"
+#include "toolkit/qt/PushButtonView.h"
+#include "toolkit/qt/QtText.h"
+#include "toolkit/qt/TextFieldView.h"
+
+namespace toolkit::qt {
+namespace {
+
+/// The view of `control` if it is of the kind that `View` shows, else nullptr.
+template <typename View, typename Kind>
+QWidget* TryView(Control& control, QWidget& parent) {
+  auto* kind = dynamic_cast<Kind*>(&control);
+  return kind == nullptr ? nullptr : new View(*kind, parent);
+}
+
+}  // namespace
+
+QWidget* MakeView(Control& control, QWidget& parent) {
+  for (const auto make : {TryView<CanvasView, Canvas>, TryView<LabelView, Label>, TryView<ListboxView, Listbox>,
+                          TryView<PushButtonView, PushButton>, TryView<TextFieldView, TextField>}) {
+    if (QWidget* view = make(control, parent)) return view;
+  }
+  std::cerr << "There is no view for the control " << control.Name() << ".\n";
+  std::abort();
+}
+
+void ShowCommonProperties(QWidget& view, const Control& control) {
+  view.setObjectName(ToQt(control.Name()));
+  view.setAccessibleName(ToQt(control.AccessibleName()));
+  view.setEnabled(control.Enabled());
+  view.setVisible(control.Visible());
+}
+
+}  // namespace toolkit::qt

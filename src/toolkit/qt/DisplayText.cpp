@@ -1,0 +1,52 @@
+#include "toolkit/qt/DisplayText.h"
+
+#include <algorithm>
+
+#include "toolkit/qt/QtText.h"
+
+namespace toolkit::qt {
+namespace {
+
+constexpr qsizetype tabWidth = 8;
+
+bool IsControl(QChar character) {
+  const char16_t code = character.unicode();
+  return code < 0x20 || (code >= 0x7F && code < 0xA0) || code == 0x2028 || code == 0x2029;
+}
+
+/// The Unicode "control pictures" block shows 00..1F and 7F; the rest has no picture of its own.
+QChar PictureOf(QChar control) {
+  const char16_t code = control.unicode();
+  if (code < 0x20) return QChar(static_cast<char16_t>(0x2400 + code));
+  return code == 0x7F ? QChar(0x2421) : QChar(0x2424);
+}
+
+}  // namespace
+
+QString DisplayText(std::string_view text) {
+  QString line = ToQt(text);
+  if (std::none_of(line.cbegin(), line.cend(), IsControl)) return line;
+
+  QString shown;
+  shown.reserve(line.size() + tabWidth);
+  for (const QChar character : line) {
+    if (character == '\t') {
+      shown.append(QString(tabWidth - shown.size() % tabWidth, ' '));
+    } else {
+      shown.append(IsControl(character) ? PictureOf(character) : character);
+    }
+  }
+  return shown;
+}
+
+std::string_view WholeCharacters(std::string_view text, std::size_t start, std::size_t count) {
+  const auto toCharacterStart = [text](std::size_t position) {
+    while (position < text.size() && (static_cast<unsigned char>(text[position]) & 0xC0U) == 0x80U) ++position;
+    return std::min(position, text.size());
+  };
+  const std::size_t from = toCharacterStart(start);
+  const std::size_t to = toCharacterStart(start + std::min(count, text.size()));
+  return text.substr(from, to - from);
+}
+
+}  // namespace toolkit::qt

@@ -1,0 +1,38 @@
+#include "toolkit/qt/ListboxModel.h"
+
+#include "toolkit/qt/DisplayText.h"
+#include "toolkit/qt/QtText.h"
+
+namespace toolkit::qt {
+
+void ListboxModel::Follow() {
+  const int rows = list_.ListCount();
+  if (list_.Generation() != announcedGeneration_ || list_.ColumnCount() != announcedColumns_) {
+    beginResetModel();
+    announcedRows_ = rows;
+    announcedColumns_ = list_.ColumnCount();
+    announcedGeneration_ = list_.Generation();
+    endResetModel();
+  } else if (rows > announcedRows_) {
+    beginInsertRows({}, announcedRows_, rows - 1);
+    announcedRows_ = rows;
+    endInsertRows();
+  }
+}
+
+int ListboxModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : announcedRows_; }
+
+int ListboxModel::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : announcedColumns_; }
+
+QVariant ListboxModel::data(const QModelIndex& index, int role) const {
+  if (role != Qt::DisplayRole && role != Qt::AccessibleTextRole) return {};
+  return DisplayText(list_.Cell(index.row(), index.column()));
+}
+
+QVariant ListboxModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation == Qt::Horizontal && role == Qt::DisplayRole) return ToQt(list_.Heading(section));
+  if (orientation == Qt::Horizontal && role == Qt::TextAlignmentRole) return int{Qt::AlignLeft | Qt::AlignVCenter};
+  return QAbstractTableModel::headerData(section, orientation, role);
+}
+
+}  // namespace toolkit::qt

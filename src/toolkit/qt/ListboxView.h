@@ -1,0 +1,72 @@
+#pragma once
+
+#include <vector>
+
+#include <QListView>
+
+#include "toolkit/Listbox.h"
+#include "toolkit/qt/ControlViews.h"
+#include "toolkit/qt/ListboxModel.h"
+
+class QHeaderView;
+
+namespace toolkit::qt {
+
+/// A list on the screen. All rows are of one height, so nothing is kept or computed for a row that is not visible: a
+/// million rows cost what a screenful costs. Of QListView only the item-view behaviour is used (selection, keyboard,
+/// accessibility); places and painting are done here, since its own layout holds data for every row.
+class ListboxView final : public ViewOf<QListView, Listbox> {
+ public:
+  ListboxView(Listbox& list, QWidget& parent);
+  ~ListboxView() override;
+
+  void Refresh() override;
+
+  void doItemsLayout() override;
+  [[nodiscard]] QModelIndex indexAt(const QPoint& point) const override;
+  [[nodiscard]] QRect visualRect(const QModelIndex& index) const override;
+  void scrollTo(const QModelIndex& index, ScrollHint hint) override;
+
+ protected:
+  void changeEvent(QEvent* event) override;
+  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+  [[nodiscard]] int horizontalOffset() const override;
+  [[nodiscard]] bool isIndexHidden(const QModelIndex& index) const override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+  void paintEvent(QPaintEvent* event) override;
+  void scrollContentsBy(int dx, int dy) override;
+  void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+  void setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags command) override;
+  void updateGeometries() override;
+  [[nodiscard]] int verticalOffset() const override;
+  bool viewportEvent(QEvent* event) override;
+  [[nodiscard]] QRegion visualRegionForSelection(const QItemSelection& selection) const override;
+
+ private:
+  void Follow();
+  void FollowSelection();
+  void LayOut();
+  void UserSelects(int row);
+  void CopyRow() const;
+  void PaintRow(QPainter& painter, int row, int top);
+  void WidenTo(int width);
+  [[nodiscard]] bool LastColumnIsWide() const;
+  [[nodiscard]] int RowHeight() const;
+  [[nodiscard]] int RowAt(int y) const;
+  [[nodiscard]] QRect CellRect(int row, int column) const;
+  bool ShowToolTip(const QPoint& position, const QPoint& globalPosition) const;
+
+  ListboxModel model_;
+  QHeaderView* header_;
+  std::vector<int> columnWidths_;
+  // How wide the last column's texts turned out to be, where it is as wide as its texts.
+  int widestText_ = 0;
+  unsigned laidOutGeneration_ = 0;
+  bool followPending_ = false;
+  bool following_ = false;
+};
+
+}  // namespace toolkit::qt

@@ -1,0 +1,19 @@
+#include "toolkit/qt/PushButtonView.h"
+
+#include "toolkit/Platform.h"
+#include "toolkit/qt/QtText.h"
+
+namespace toolkit::qt {
+
+PushButtonView::PushButtonView(PushButton& button, QWidget& parent) : ViewOf(button, parent) {
+  connect(this, &QPushButton::clicked, this, [this] { Platform::Current().Dispatch([this] { Shown().Press(); }); });
+  PushButtonView::Refresh();
+}
+
+void PushButtonView::Refresh() {
+  ShowCommonProperties(*this, Shown());
+  // An ampersand would mark an access key.
+  setText(ToQt(Shown().Caption()).replace('&', QLatin1String("&&")));
+}
+
+}  // namespace toolkit::qt

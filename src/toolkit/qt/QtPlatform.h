@@ -1,0 +1,50 @@
+#pragma once
+
+#include <deque>
+#include <memory>
+#include <vector>
+
+#include "toolkit/Platform.h"
+
+class QApplication;
+
+namespace toolkit::qt {
+
+class ConnectionPool;
+class QtWindow;
+
+/// The platform on Qt: real windows, one event loop for everything. To be made first in main, and before any window.
+class QtPlatform final : public Platform {
+ public:
+  /// Takes Qt's own options out of the arguments, which must live as long as the platform.
+  QtPlatform(int& argumentCount, char** arguments);
+  ~QtPlatform() override;
+
+  std::unique_ptr<HTTPTransfer> StartTransfer(HTTPRequest request, HTTPTransferEvents& events) override;
+  void ShowMessage(const std::string& text) override;
+  int RunLoop(const std::function<void()>& start) override;
+  void Quit(int status) override;
+  [[nodiscard]] FolderItem ApplicationDataFolder() const override;
+  [[nodiscard]] FolderItem DesktopFolder() const override;
+
+ protected:
+  void Present(Window& window) override;
+  void BringToFront(Window& window) override;
+  void Withdraw(Window& window) override;
+
+ private:
+  void WaitForTurn(unsigned ticket);
+  void DropClosedViews();
+
+  std::unique_ptr<QApplication> application_;
+  std::unique_ptr<ConnectionPool> connections_;
+  std::vector<std::unique_ptr<QtWindow>> views_;
+  // Views whose window was closed; they may have code on the stack, so they go when no box is waiting.
+  std::vector<std::unique_ptr<QtWindow>> closedViews_;
+  // The message boxes that stand or wait, the standing one first.
+  std::deque<unsigned> boxes_;
+  unsigned lastTicket_ = 0;
+  bool quitting_ = false;
+};
+
+}  // namespace toolkit::qt
