@@ -1,3 +1,4 @@
+#include "servercontrol/wServer.h"
 #include "serverlist/wMain.h"
 #include "shell/App.h"
 #include "shell/Product.h"
@@ -9,7 +10,8 @@ int main(int argc, char** argv) {
 
   std::shared_ptr<wMain> mainWindow;
   return app.Run([&] {
-    mainWindow = std::make_shared<wMain>([](const std::shared_ptr<CorvaneServer>&) {});
+    mainWindow = std::make_shared<wMain>(
+        [](const std::shared_ptr<CorvaneServer>& server) { std::make_shared<wServer>(server)->Show(); });
     mainWindow->Show();
   });
 }

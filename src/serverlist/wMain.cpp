@@ -6,8 +6,9 @@
 
 #include "serverlist/CorvaneClient.h"
 #include "shell/App.h"
+#include "shell/MenuBar1.h"
 #include "shell/Product.h"
-#include "toolkit/MsgBox.h"
+#include "toolkit/MessageDialog.h"
 
 using toolkit::Locks;
 using toolkit::Variant;
@@ -28,6 +29,7 @@ wMain::wMain(ServerOpener openServer)
 }
 
 void wMain::BuildControls() {
+  Menus(MenuBar1());
   // clang-format off
   //  control                           left  top width height  locks          order
   Add(Canvas1,        "Canvas1",        {  0,   0, 600, 164}, topAndSides,    0).Backdrop(Logo_Banner_600x164()).AccessibleName("Corvane banner");

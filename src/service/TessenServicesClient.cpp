@@ -33,9 +33,10 @@ Dictionary ReadReply(int status, std::string content) {
 
 TessenServicesClient::TessenServicesClient() { ValidateCertificates = false; }
 
-Variant TessenServicesClient::Operator_Lookup(std::string_view key) const {
+const Variant& TessenServicesClient::Operator_Lookup(std::string_view key) const {
+  static const Variant nil;
   const auto member = pDictionary_Properties.find(key);
-  return member == pDictionary_Properties.end() ? Variant() : member->second;
+  return member == pDictionary_Properties.end() ? nil : member->second;
 }
 
 void TessenServicesClient::Operator_Lookup(std::string_view key, toolkit::Date value) { Store(key, value); }

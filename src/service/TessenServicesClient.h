@@ -4,9 +4,11 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "toolkit/Event.h"
 #include "toolkit/HTTPSocket.h"
+#include "toolkit/Listbox.h"
 #include "toolkit/Variant.h"
 
 /// One remote action of a panel service, as a button that is pressed: values are assigned by key, PressButton sends
@@ -23,8 +25,8 @@ class TessenServicesClient final : public toolkit::HTTPSocket {
 
   TessenServicesClient();
 
-  /// The value stored under `key`, nil if there is none.
-  [[nodiscard]] toolkit::Variant Operator_Lookup(std::string_view key) const;
+  /// The value stored under `key`, nil if there is none. Valid until the next assignment or reply.
+  [[nodiscard]] const toolkit::Variant& Operator_Lookup(std::string_view key) const;
   void Operator_Lookup(std::string_view key, std::same_as<bool> auto value) { Store(key, boost::json::value(value)); }
   void Operator_Lookup(std::string_view key, toolkit::Date value);
   void Operator_Lookup(std::string_view key, double value);
@@ -36,6 +38,18 @@ class TessenServicesClient final : public toolkit::HTTPSocket {
   /// raises ButtonPressed or Error, once. Raises Error at once if one of the two texts is empty. A request that is
   /// still under way is abandoned: its reply is never delivered.
   void PressButton(std::string_view url, std::string_view buttonName);
+
+  /// Fills `list`, which must be empty, with the rows of a service table: an object whose keys are the row numbers from
+  /// "0" without gaps, and whose values are arrays of cells. With headings, the member "0" holds these; without, the
+  /// list's heading row is turned off. Cells convert to text by the rules of toolkit::ToText.
+  ///
+  /// Throws a RuntimeException that tells which row is missing or is no array, before anything was changed.
+  static void TessenListBox_FillDesktopListBox(toolkit::Listbox& list, const boost::json::object& table,
+                                               bool hasHeadings);
+  /// The data rows of a service table in their order, without the headings. The rows belong to `table`. Throws as
+  /// TessenListBox_FillDesktopListBox does.
+  [[nodiscard]] static std::vector<const boost::json::array*> TessenListBox_FillArray(const boost::json::object& table,
+                                                                                      bool hasHeadings);
 
  protected:
   void Event_Error(const toolkit::RuntimeException& error) override;

@@ -9,6 +9,12 @@ void Control::Place(std::string name, Rect frame, Locks locks, int tabOrder) {
   tabOrder_ = tabOrder;
 }
 
+void Control::ShowOnPanel(int panel, int shownPanel) {
+  panel_ = panel;
+  panelShows_ = panel == 0 || panel == shownPanel;
+  Changed();
+}
+
 void Control::Changed() const {
   if (view_ != nullptr) view_->Refresh();
 }

@@ -55,11 +55,17 @@ class Control {
   [[nodiscard]] FocusPolicy Focus() const { return focus_; }
   [[nodiscard]] bool Enabled() const { return enabled_; }
   [[nodiscard]] bool Visible() const { return visible_; }
+  /// The panel of the window's TabPanel that the control stands on, 0 for none.
+  [[nodiscard]] int Panel() const { return panel_; }
+  /// Whether the control is visible and on no panel or on the one that shows.
+  [[nodiscard]] bool IsOnScreen() const { return visible_ && panelShows_; }
   /// What a screen reader calls the control.
   [[nodiscard]] virtual std::string AccessibleName() const { return accessibleName_; }
 
   /// Where the window puts the control; called by the window when it builds itself.
   void Place(std::string name, Rect frame, Locks locks, int tabOrder);
+  /// Which panel the control stands on, and which one shows; called by the TabPanel.
+  void ShowOnPanel(int panel, int shownPanel);
   /// The view that follows this control from now on; nullptr for none.
   void ShowIn(ControlView* view) { view_ = view; }
 
@@ -70,7 +76,7 @@ class Control {
   void SetVisible(bool visible);
   void SetAccessibleName(std::string name);
   /// Whether the user can act on the control now.
-  [[nodiscard]] bool Operable() const { return enabled_ && visible_; }
+  [[nodiscard]] bool Operable() const { return enabled_ && IsOnScreen(); }
 
  private:
   std::string name_;
@@ -80,6 +86,8 @@ class Control {
   FocusPolicy focus_;
   bool enabled_ = true;
   bool visible_ = true;
+  int panel_ = 0;
+  bool panelShows_ = true;
   std::string accessibleName_;
   ControlView* view_ = nullptr;
 };

@@ -48,9 +48,9 @@ void Platform::Dispatch(const std::function<void()>& handler) {
   try {
     handler();
   } catch (const std::exception& exception) {
-    ShowMessage(exception.what());
+    MsgBox(exception.what());
   } catch (...) {
-    ShowMessage("Something went wrong that has no description.");
+    MsgBox("Something went wrong that has no description.");
   }
 }
 

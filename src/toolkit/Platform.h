@@ -7,6 +7,7 @@
 
 #include "toolkit/FolderItem.h"
 #include "toolkit/HTTPTransfer.h"
+#include "toolkit/MessageDialog.h"
 
 namespace toolkit {
 
@@ -37,8 +38,11 @@ class Platform {
 
   /// Sends a request. `events` must outlive the result.
   virtual std::unique_ptr<HTTPTransfer> StartTransfer(HTTPRequest request, HTTPTransferEvents& events) = 0;
-  /// Shows a plain text and waits until the user has seen it. Other events run meanwhile. Boxes stand one at a time.
-  virtual void ShowMessage(const std::string& text) = 0;
+  /// Shows a dialog and waits for the button that ends it. Other events run meanwhile. Dialogs stand one at a time, in
+  /// the order in which they were asked for.
+  virtual DialogButton ShowDialog(const MessageDialog& dialog) = 0;
+  /// Opens an address in the user's browser. Returns whether the desktop has one.
+  virtual bool OpenURL(const std::string& url) = 0;
   /// Runs the event loop, `start` first, until Quit(). Returns the status given there.
   virtual int RunLoop(const std::function<void()>& start) = 0;
   /// Ends the event loop, and every wait inside it, at the next opportunity.

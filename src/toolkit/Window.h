@@ -6,6 +6,8 @@
 
 #include "toolkit/Control.h"
 #include "toolkit/Event.h"
+#include "toolkit/MenuBar.h"
+#include "toolkit/TabPanel.h"
 
 namespace toolkit {
 
@@ -43,6 +45,8 @@ class Window : public std::enable_shared_from_this<Window> {
   [[nodiscard]] Size MaximumSize() const { return maximum_; }
   /// The controls in the order in which they were created; later ones lie over earlier ones.
   [[nodiscard]] const std::vector<Control*>& Controls() const { return controls_; }
+  /// The window's menus, nullptr if it has none. Several windows may share one bar.
+  [[nodiscard]] const std::shared_ptr<const MenuBar>& Menus() const { return menus_; }
   /// Where `control` stands in the window at its present size: moved and stretched as its locks say.
   [[nodiscard]] Rect PlaceOf(const Control& control) const;
 
@@ -65,6 +69,15 @@ class Window : public std::enable_shared_from_this<Window> {
     return control;
   }
 
+  /// As Add, on a panel of `tabs`.
+  template <typename Kind>
+  Kind& AddTo(TabPanel& tabs, int panel, Kind& control, std::string name, Rect frame, Locks locks, int tabOrder) {
+    tabs.Adopt(control, panel);
+    return Add(control, std::move(name), frame, locks, tabOrder);
+  }
+
+  void Menus(std::shared_ptr<const MenuBar> menus) { menus_ = std::move(menus); }
+
   /// Lets the member function `handler` of this window react to `event`.
   template <typename Self, typename... Arguments>
   void On(Event<Arguments...>& event, void (Self::*handler)(Arguments...)) {
@@ -84,6 +97,7 @@ class Window : public std::enable_shared_from_this<Window> {
   Size minimum_;
   Size maximum_;
   std::vector<Control*> controls_;
+  std::shared_ptr<const MenuBar> menus_;
   bool opened_ = false;
   bool closed_ = false;
 };

@@ -6,8 +6,10 @@
 #include "toolkit/qt/CanvasView.h"
 #include "toolkit/qt/LabelView.h"
 #include "toolkit/qt/ListboxView.h"
+#include "toolkit/qt/ProgressWheelView.h"
 #include "toolkit/qt/PushButtonView.h"
 #include "toolkit/qt/QtText.h"
+#include "toolkit/qt/TabPanelView.h"
 #include "toolkit/qt/TextFieldView.h"
 
 namespace toolkit::qt {
@@ -24,7 +26,8 @@ QWidget* TryView(Control& control, QWidget& parent) {
 
 QWidget* MakeView(Control& control, QWidget& parent) {
   for (const auto make : {TryView<CanvasView, Canvas>, TryView<LabelView, Label>, TryView<ListboxView, Listbox>,
-                          TryView<PushButtonView, PushButton>, TryView<TextFieldView, TextField>}) {
+                          TryView<ProgressWheelView, ProgressWheel>, TryView<PushButtonView, PushButton>,
+                          TryView<TabPanelView, TabPanel>, TryView<TextFieldView, TextField>}) {
     if (QWidget* view = make(control, parent)) return view;
   }
   std::cerr << "There is no view for the control " << control.Name() << ".\n";
@@ -35,7 +38,7 @@ void ShowCommonProperties(QWidget& view, const Control& control) {
   view.setObjectName(ToQt(control.Name()));
   view.setAccessibleName(ToQt(control.AccessibleName()));
   view.setEnabled(control.Enabled());
-  view.setVisible(control.Visible());
+  view.setVisible(control.IsOnScreen());
 }
 
 }  // namespace toolkit::qt

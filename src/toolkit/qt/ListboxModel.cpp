@@ -5,7 +5,7 @@
 
 namespace toolkit::qt {
 
-void ListboxModel::Follow() {
+bool ListboxModel::Follow() {
   const int rows = list_.ListCount();
   if (list_.Generation() != announcedGeneration_ || list_.ColumnCount() != announcedColumns_) {
     beginResetModel();
@@ -13,11 +13,13 @@ void ListboxModel::Follow() {
     announcedColumns_ = list_.ColumnCount();
     announcedGeneration_ = list_.Generation();
     endResetModel();
-  } else if (rows > announcedRows_) {
-    beginInsertRows({}, announcedRows_, rows - 1);
-    announcedRows_ = rows;
-    endInsertRows();
+    return true;
   }
+  if (rows <= announcedRows_) return false;
+  beginInsertRows({}, announcedRows_, rows - 1);
+  announcedRows_ = rows;
+  endInsertRows();
+  return true;
 }
 
 int ListboxModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : announcedRows_; }

@@ -12,8 +12,8 @@ class ListboxModel final : public QAbstractTableModel {
  public:
   explicit ListboxModel(const Listbox& list) : list_(list) {}
 
-  /// Announces what has changed in the list since the last call.
-  void Follow();
+  /// Announces what has changed in the list since the last call. Returns whether rows came or went.
+  bool Follow();
 
   [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
   [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;

@@ -5,11 +5,12 @@
 #include <utility>
 
 #include <QAccessible>
-#include <QClipboard>
-#include <QGuiApplication>
+#include <QAction>
+#include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -19,7 +20,7 @@
 #include "toolkit/Platform.h"
 #include "toolkit/qt/CellPainter.h"
 #include "toolkit/qt/DisplayText.h"
-#include "toolkit/qt/QtText.h"
+#include "toolkit/qt/ListExport.h"
 
 namespace toolkit::qt {
 namespace {
@@ -30,7 +31,7 @@ constexpr std::size_t longestToolTip = 2000;
 }  // namespace
 
 ListboxView::ListboxView(Listbox& list, QWidget& parent)
-    : ViewOf(list, parent), model_(list), header_(new QHeaderView(Qt::Horizontal, this)) {
+    : ViewOf(list, parent), model_(list), header_(new QHeaderView(Qt::Horizontal, this)), findBar_(list, *this) {
   setModel(&model_);
   header_->setModel(&model_);
   header_->setSectionResizeMode(QHeaderView::Fixed);
@@ -44,6 +45,8 @@ ListboxView::ListboxView(Listbox& list, QWidget& parent)
   setEditTriggers(NoEditTriggers);
   setVerticalScrollMode(ScrollPerPixel);
   setHorizontalScrollMode(ScrollPerPixel);
+  findBar_.installEventFilter(this);
+  AddCommands();
   Follow();
 }
 
@@ -67,7 +70,7 @@ void ListboxView::Follow() {
                                                                        : Qt::ScrollBarAlwaysOff);
   if (laidOutGeneration_ != Shown().Generation()) widestText_ = 0;
   laidOutGeneration_ = Shown().Generation();
-  model_.Follow();
+  if (model_.Follow()) findBar_.RowsChanged();
   header_->setVisible(Shown().HasHeading());
   if (LastColumnIsWide()) {
     const auto longest = Shown().Rows().LongestIn(static_cast<std::size_t>(Shown().ColumnCount() - 1));
@@ -163,8 +166,10 @@ void ListboxView::scrollTo(const QModelIndex& index, ScrollHint hint) {
 
 void ListboxView::updateGeometries() {
   const int headingHeight = Shown().HasHeading() ? header_->sizeHint().height() : 0;
-  setViewportMargins(0, headingHeight, 0, 0);
+  const int barHeight = findBar_.isVisibleTo(this) ? findBar_.sizeHint().height() : 0;
+  setViewportMargins(0, headingHeight, 0, barHeight);
   const QRect area = viewport()->geometry();
+  findBar_.setGeometry(frameWidth(), height() - frameWidth() - barHeight, width() - 2 * frameWidth(), barHeight);
   header_->setGeometry(area.left(), area.top() - headingHeight, area.width(), headingHeight);
 
   columnWidths_ = LayOutColumns(Shown().ColumnWidths(), Shown().ColumnCount(), area.width());
@@ -229,9 +234,7 @@ void ListboxView::PaintRow(QPainter& painter, int row, int top) {
 
 void ListboxView::keyPressEvent(QKeyEvent* event) {
   const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-  if (event->matches(QKeySequence::Copy)) {
-    CopyRow();
-  } else if (isEnter && Shown().ListIndex() >= 0) {
+  if (isEnter && Shown().ListIndex() >= 0) {
     // A key that is held down counts once.
     if (!event->isAutoRepeat()) Platform::Current().Dispatch([this] { Shown().Activate(); });
   } else {
@@ -239,8 +242,36 @@ void ListboxView::keyPressEvent(QKeyEvent* event) {
   }
 }
 
-void ListboxView::CopyRow() const {
-  if (Shown().ListIndex() >= 0) QGuiApplication::clipboard()->setText(ToQt(Shown().RowText(Shown().ListIndex())));
+// What the context menu offers, each with its key.
+void ListboxView::AddCommands() {
+  const auto add = [this](const char* name, const QString& caption, const QKeySequence& keys, auto command) {
+    auto* action = new QAction(caption, this);
+    action->setObjectName(name);
+    action->setShortcut(keys);
+    action->setShortcutContext(Qt::WidgetShortcut);
+    connect(action, &QAction::triggered, this, command);
+    addAction(action);
+  };
+  add("listCopy", QStringLiteral("Copy"), QKeySequence::Copy, [this] { CopySelectedRow(Shown()); });
+  add("listCopyAll", QStringLiteral("Copy All"), QKeySequence("Ctrl+Shift+C"), [this] { CopyAllRows(Shown()); });
+  add("listSaveAs", QStringLiteral("Save As…"), QKeySequence::Save, [this] { AskWhereToSave(Shown(), *this); });
+  add("listFind", QStringLiteral("Find…"), QKeySequence::Find, [this] { findBar_.Open(); });
+}
+
+void ListboxView::contextMenuEvent(QContextMenuEvent* event) {
+  auto* menu = new QMenu(this);
+  menu->setObjectName("listMenu");
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  menu->addActions(actions());
+  findChild<QAction*>("listCopy")->setEnabled(Shown().ListIndex() >= 0);
+  connect(menu, &QMenu::aboutToHide, this, [this] { findChild<QAction*>("listCopy")->setEnabled(true); });
+  menu->popup(event->globalPos());
+}
+
+// The find bar came or went.
+bool ListboxView::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == &findBar_ && (event->type() == QEvent::Show || event->type() == QEvent::Hide)) LayOut();
+  return QListView::eventFilter(watched, event);
 }
 
 void ListboxView::mousePressEvent(QMouseEvent* event) {

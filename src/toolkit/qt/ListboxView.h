@@ -6,6 +6,7 @@
 
 #include "toolkit/Listbox.h"
 #include "toolkit/qt/ControlViews.h"
+#include "toolkit/qt/FindBar.h"
 #include "toolkit/qt/ListboxModel.h"
 
 class QHeaderView;
@@ -21,6 +22,7 @@ class ListboxView final : public ViewOf<QListView, Listbox> {
   ~ListboxView() override;
 
   void Refresh() override;
+  [[nodiscard]] const Listbox& List() const { return Shown(); }
 
   void doItemsLayout() override;
   [[nodiscard]] QModelIndex indexAt(const QPoint& point) const override;
@@ -29,7 +31,9 @@ class ListboxView final : public ViewOf<QListView, Listbox> {
 
  protected:
   void changeEvent(QEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
   [[nodiscard]] int horizontalOffset() const override;
   [[nodiscard]] bool isIndexHidden(const QModelIndex& index) const override;
   void keyPressEvent(QKeyEvent* event) override;
@@ -50,7 +54,7 @@ class ListboxView final : public ViewOf<QListView, Listbox> {
   void FollowSelection();
   void LayOut();
   void UserSelects(int row);
-  void CopyRow() const;
+  void AddCommands();
   void PaintRow(QPainter& painter, int row, int top);
   void WidenTo(int width);
   [[nodiscard]] bool LastColumnIsWide() const;
@@ -61,6 +65,7 @@ class ListboxView final : public ViewOf<QListView, Listbox> {
 
   ListboxModel model_;
   QHeaderView* header_;
+  FindBar findBar_;
   std::vector<int> columnWidths_;
   // How wide the last column's texts turned out to be, where it is as wide as its texts.
   int widestText_ = 0;

@@ -3,16 +3,18 @@
 #include <algorithm>
 
 #include <QApplication>
+#include <QDesktopServices>
 #include <QEventLoop>
 #include <QIcon>
 #include <QPixmap>
 #include <QStandardPaths>
 #include <QTimer>
+#include <QUrl>
 
 #include "resources/Resource.h"
 #include "toolkit/Window.h"
 #include "toolkit/qt/ConnectionPool.h"
-#include "toolkit/qt/MessageBox.h"
+#include "toolkit/qt/DialogBox.h"
 #include "toolkit/qt/QtText.h"
 #include "toolkit/qt/QtTransfer.h"
 #include "toolkit/qt/QtWindow.h"
@@ -51,23 +53,28 @@ std::unique_ptr<HTTPTransfer> QtPlatform::StartTransfer(HTTPRequest request, HTT
   return std::make_unique<QtTransfer>(*connections_, std::move(request), events);
 }
 
-void QtPlatform::ShowMessage(const std::string& text) {
+DialogButton QtPlatform::ShowDialog(const MessageDialog& dialog) {
   const unsigned ticket = ++lastTicket_;
-  boxes_.push_back(ticket);
+  dialogs_.push_back(ticket);
   WaitForTurn(ticket);
+  DialogButton pressed = DialogButton::Cancel;
   if (!quitting_) {
-    MessageBox box(ToQt(text));
-    // The next box may come as soon as this one is gone, even if code on the stack keeps exec() from returning.
-    QObject::connect(&box, &QDialog::finished, [this, ticket] { std::erase(boxes_, ticket); });
+    DialogBox box(dialog);
+    // The next one may come as soon as this one is gone, even if code on the stack keeps exec() from returning.
+    QObject::connect(&box, &QDialog::finished, [this, ticket] { std::erase(dialogs_, ticket); });
     box.exec();
+    pressed = box.Pressed();
   }
-  std::erase(boxes_, ticket);
+  std::erase(dialogs_, ticket);
   DropClosedViews();
+  return pressed;
 }
 
-// A box that is raised while another stands runs the loop itself, on top of the other's, until its turn comes.
+bool QtPlatform::OpenURL(const std::string& url) { return QDesktopServices::openUrl(QUrl(ToQt(url))); }
+
+// A dialog that is raised while another stands runs the loop itself, on top of the other's, until its turn comes.
 void QtPlatform::WaitForTurn(unsigned ticket) {
-  while (!quitting_ && boxes_.front() != ticket) {
+  while (!quitting_ && dialogs_.front() != ticket) {
     QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
   }
 }
@@ -109,7 +116,7 @@ void QtPlatform::Withdraw(Window& window) {
 }
 
 void QtPlatform::DropClosedViews() {
-  if (boxes_.empty()) closedViews_.clear();
+  if (dialogs_.empty()) closedViews_.clear();
 }
 
 }  // namespace toolkit::qt

@@ -21,7 +21,8 @@ class QtPlatform final : public Platform {
   ~QtPlatform() override;
 
   std::unique_ptr<HTTPTransfer> StartTransfer(HTTPRequest request, HTTPTransferEvents& events) override;
-  void ShowMessage(const std::string& text) override;
+  DialogButton ShowDialog(const MessageDialog& dialog) override;
+  bool OpenURL(const std::string& url) override;
   int RunLoop(const std::function<void()>& start) override;
   void Quit(int status) override;
   [[nodiscard]] FolderItem ApplicationDataFolder() const override;
@@ -39,10 +40,10 @@ class QtPlatform final : public Platform {
   std::unique_ptr<QApplication> application_;
   std::unique_ptr<ConnectionPool> connections_;
   std::vector<std::unique_ptr<QtWindow>> views_;
-  // Views whose window was closed; they may have code on the stack, so they go when no box is waiting.
+  // Views whose window was closed; they may have code on the stack, so they go when no dialog is waiting.
   std::vector<std::unique_ptr<QtWindow>> closedViews_;
-  // The message boxes that stand or wait, the standing one first.
-  std::deque<unsigned> boxes_;
+  // The dialogs that stand or wait, the standing one first.
+  std::deque<unsigned> dialogs_;
   unsigned lastTicket_ = 0;
   bool quitting_ = false;
 };

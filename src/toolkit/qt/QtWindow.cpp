@@ -9,6 +9,7 @@
 #include "toolkit/Platform.h"
 #include "toolkit/TextField.h"
 #include "toolkit/qt/ControlViews.h"
+#include "toolkit/qt/MenuBarView.h"
 #include "toolkit/qt/QtText.h"
 
 namespace toolkit::qt {
@@ -16,20 +17,32 @@ namespace {
 
 QSize ToQt(Size size) { return {size.Width, size.Height}; }
 
+/// What the menus take of a window's height: nothing where there are none, or where the desktop shows them elsewhere.
+int MenuHeight(const QWidget* menus) { return menus == nullptr ? 0 : menus->sizeHint().height(); }
+
 }  // namespace
 
 QtWindow::QtWindow(std::shared_ptr<Window> window) : window_(std::move(window)) {
   setWindowTitle(qt::ToQt(window_->Title()));
-  for (Control* control : window_->Controls()) views_[control] = MakeView(*control, *this);
+  if (const auto& menus = window_->Menus()) menus_ = new MenuBarView(*menus, *this);
+  content_ = new QWidget(this);
+  for (Control* control : window_->Controls()) views_[control] = MakeView(*control, *content_);
   OrderByTab();
-  setMinimumSize(ToQt(window_->MinimumSize()));
-  setMaximumSize(ToQt(window_->MaximumSize()));
-  resize(ToQt(window_->ContentSize()));
-  PlaceControls();
+  // The sizes of a window are those of its content.
+  const QSize menus(0, MenuHeight(menus_));
+  setMinimumSize(ToQt(window_->MinimumSize()) + menus);
+  setMaximumSize(ToQt(window_->MaximumSize()) + menus);
+  resize(ToQt(window_->ContentSize()) + menus);
+  LayOut();
 }
 
-void QtWindow::resizeEvent(QResizeEvent* /*event*/) {
-  window_->Resize({.Width = width(), .Height = height()});
+void QtWindow::resizeEvent(QResizeEvent* /*event*/) { LayOut(); }
+
+void QtWindow::LayOut() {
+  const int menuHeight = MenuHeight(menus_);
+  if (menus_ != nullptr) menus_->setGeometry(0, 0, width(), menuHeight);
+  content_->setGeometry(0, menuHeight, width(), height() - menuHeight);
+  window_->Resize({.Width = content_->width(), .Height = content_->height()});
   PlaceControls();
 }
 
@@ -49,12 +62,13 @@ void QtWindow::PlaceControls() {
 void QtWindow::OrderByTab() {
   std::vector<Control*> order = window_->Controls();
   std::erase_if(order, [](const Control* control) { return control->Focus() == FocusPolicy::Refuses; });
-  std::stable_sort(order.begin(), order.end(),
-                   [](const Control* a, const Control* b) { return a->TabOrder() < b->TabOrder(); });
+  std::stable_sort(order.begin(), order.end(), [](const Control* a, const Control* b) {
+    return std::pair(a->Panel(), a->TabOrder()) < std::pair(b->Panel(), b->TabOrder());
+  });
   for (std::size_t index = 1; index < order.size(); ++index) setTabOrder(views_[order[index - 1]], views_[order[index]]);
 
   const auto field = std::find_if(order.begin(), order.end(), [](const Control* control) {
-    return dynamic_cast<const TextField*>(control) != nullptr && control->Enabled();
+    return dynamic_cast<const TextField*>(control) != nullptr && control->Enabled() && control->IsOnScreen();
   });
   const auto first = field != order.end() ? field : order.begin();
   if (first != order.end()) views_[*first]->setFocus();

@@ -21,10 +21,13 @@ class QtWindow final : public QWidget {
   void closeEvent(QCloseEvent* event) override;
 
  private:
+  void LayOut();
   void PlaceControls();
   void OrderByTab();
 
   std::shared_ptr<Window> window_;
+  QWidget* menus_ = nullptr;
+  QWidget* content_;
   std::map<const Control*, QWidget*> views_;
 };
 

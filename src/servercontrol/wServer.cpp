@@ -1,0 +1,267 @@
+#include "servercontrol/wServer.h"
+
+#include <utility>
+
+#include "servercontrol/LogCount.h"
+#include "servercontrol/wContainerLogs.h"
+#include "serverlist/CorvaneClient.h"
+#include "shell/MenuBar1.h"
+#include "toolkit/MessageDialog.h"
+#include "toolkit/ShowURL.h"
+
+using toolkit::Locks;
+using toolkit::MsgBox;
+using toolkit::RuntimeException;
+
+namespace {
+
+constexpr Locks topLeft{.Left = true, .Top = true, .Right = false, .Bottom = false};
+constexpr Locks allEdges{.Left = true, .Top = true, .Right = true, .Bottom = true};
+
+/// The table that the reply of `client` has under `key`; nullptr if it has nothing there, or null.
+const boost::json::object* TableOf(const TessenServicesClient& client, std::string_view key) {
+  const toolkit::Variant& value = client.Operator_Lookup(key);
+  if (!value.IsNil() && value.Object() == nullptr) {
+    throw RuntimeException("The server's reply cannot be shown: its “" + std::string(key) + "” is no table.");
+  }
+  return value.Object();
+}
+
+std::string StatusOf(const TessenServicesClient& client) { return client.Operator_Lookup("status").Text(); }
+
+}  // namespace
+
+wServer::wServer(std::shared_ptr<const CorvaneServer> server)
+    : Window("Corvane - Server Control Panel", {800, 500}, {800, 500}, {32000, 32000}), Server(std::move(server)) {
+  BuildControls();
+  WireEvents();
+  OpenControls();
+  mOverview_refresh();
+  mContainers_refresh();
+}
+
+void wServer::BuildControls() {
+  Menus(MenuBar1());
+  // clang-format off
+  //          tab control                 name                      left top width height  locks    order
+  Add(            tabs,                   "tabs",                   { 20,  0, 760, 480}, allEdges, 0).Panels({"Overview", "Containers"}).AccessibleName("Sections");
+  AddTo(tabs, 1,  list_overview,          "list_overview",          { 40, 70, 720, 390}, allEdges, 0).ColumnCount(2).ColumnWidths("200,*").Scrolling(toolkit::ScrollBars::Vertical).AccessibleName("System information");
+  AddTo(tabs, 1,  btn_overview_refresh,   "btn_overview_refresh",   { 40, 38, 160,  20}, topLeft,  1).Caption("Refresh Information");
+  AddTo(tabs, 1,  btn_overview_restart,   "btn_overview_restart",   {635, 38, 125,  20}, topLeft,  2).Caption("Reboot Server");
+  AddTo(tabs, 1,  btn_overview_webui,     "btn_overview_webui",     {212, 38, 125,  20}, topLeft,  3).Caption("Open Web Panel");
+  AddTo(tabs, 2,  list_containers,        "list_containers",        { 40, 70, 720, 390}, allEdges, 0).ColumnCount(3).ColumnWidths("200, 100, 200, 200, 100, 100, 200").HasHeading(true).AccessibleName("Containers");
+  AddTo(tabs, 2,  btn_containers_refresh, "btn_containers_refresh", { 40, 38, 160,  20}, topLeft,  1).Caption("Refresh Containers");
+  AddTo(tabs, 2,  btn_containers_restart, "btn_containers_restart", {212, 38,  80,  20}, topLeft,  2).Caption("Restart").Enabled(false);
+  AddTo(tabs, 2,  btn_containers_start,   "btn_containers_start",   {304, 38,  80,  20}, topLeft,  3).Caption("Start").Enabled(false);
+  AddTo(tabs, 2,  btn_containers_stop,    "btn_containers_stop",    {396, 38,  80,  20}, topLeft,  4).Caption("Stop").Enabled(false);
+  AddTo(tabs, 2,  btn_containers_logs,    "btn_containers_logs",    {618, 38,  80,  20}, topLeft,  5).Caption("Logs").Enabled(false);
+  AddTo(tabs, 2,  txt_containers_logs,    "txt_containers_logs",    {710, 37,  50,  22}, topLeft,  6).Text("20").CueText("# Logs").Enabled(false);
+  AddTo(tabs, 1,  btn_overview_reload,    "btn_overview_reload",    {498, 38, 125,  20}, topLeft,  4).Caption("Reload Server");
+  AddTo(tabs, 1,  overview_progress,      "overview_progress",      {470, 41,  16,  16}, topLeft,  5).Visible(false).AccessibleName("Reloading the server");
+  AddTo(tabs, 2,  btn_containers_backup,  "btn_containers_backup",  {488, 38,  80,  20}, topLeft,  7).Caption("Backup").Enabled(false).Visible(false);
+  // clang-format on
+}
+
+void wServer::WireEvents() {
+  On(btn_overview_refresh.Action, &wServer::btn_overview_refresh_Action);
+  On(btn_overview_restart.Action, &wServer::btn_overview_restart_Action);
+  On(btn_overview_webui.Action, &wServer::btn_overview_webui_Action);
+  On(btn_overview_reload.Action, &wServer::btn_overview_reload_Action);
+  On(list_containers.Open, &wServer::list_containers_Open);
+  On(list_containers.Change, &wServer::list_containers_Change);
+  On(btn_containers_refresh.Action, &wServer::btn_containers_refresh_Action);
+  On(btn_containers_restart.Action, &wServer::btn_containers_restart_Action);
+  On(btn_containers_start.Action, &wServer::btn_containers_start_Action);
+  On(btn_containers_stop.Action, &wServer::btn_containers_stop_Action);
+  On(btn_containers_logs.Action, &wServer::btn_containers_logs_Action);
+  On(btn_containers_backup.Action, &wServer::btn_containers_backup_Action);
+
+  On(info.ButtonPressed, &wServer::info_ButtonPressed);
+  On(info.Error, &wServer::info_Error);
+  On(restart.ButtonPressed, &wServer::restart_ButtonPressed);
+  On(restart.Error, &wServer::restart_Error);
+  On(containers_list.ButtonPressed, &wServer::containers_list_ButtonPressed);
+  On(containers_list.Error, &wServer::containers_list_Error);
+  On(containers_restart.ButtonPressed, &wServer::containers_restart_ButtonPressed);
+  On(containers_restart.Error, &wServer::containers_restart_Error);
+  On(containers_stop.ButtonPressed, &wServer::containers_stop_ButtonPressed);
+  On(containers_stop.Error, &wServer::containers_stop_Error);
+  On(containers_start.ButtonPressed, &wServer::containers_start_ButtonPressed);
+  On(containers_start.Error, &wServer::containers_start_Error);
+  On(containers_logs.ButtonPressed, &wServer::containers_logs_ButtonPressed);
+  On(containers_logs.Error, &wServer::containers_logs_Error);
+  On(overview_reload.ButtonPressed, &wServer::overview_reload_ButtonPressed);
+  On(overview_reload.Error, &wServer::overview_reload_Error);
+  On(containers_backup.ButtonPressed, &wServer::containers_backup_ButtonPressed);
+  On(containers_backup.Error, &wServer::containers_backup_Error);
+}
+
+void wServer::btn_overview_refresh_Action() { mOverview_refresh(); }
+
+void wServer::btn_overview_restart_Action() {
+  toolkit::MessageDialog question;
+  question.Icon = toolkit::DialogIcon::Caution;
+  question.ActionButton.Caption = "Restart";
+  question.CancelButton.Visible = true;
+  question.AlternateActionButton.Visible = false;
+  question.Message = "Are you sure you want to restart?";
+  question.Explanation = "All system services will be unavailable while the system restarts.";
+  if (question.ShowModal() == toolkit::DialogButton::Action) mOverview_restart();
+}
+
+void wServer::btn_overview_webui_Action() {
+  toolkit::ShowURL(CorvaneClient::Sanitize_Hostname(Server->Network_Hostname));
+}
+
+void wServer::btn_overview_reload_Action() { mOverview_reload(); }
+
+void wServer::list_containers_Open() {
+  list_containers.Heading(0, "Name:");
+  list_containers.Heading(1, "State:");
+  list_containers.Heading(2, "Status:");
+  list_containers.Heading(3, "Backup:");
+}
+
+// The panel's own container can only be restarted, since it is the one that answers.
+void wServer::list_containers_Change() {
+  const bool isAny = list_containers.ListIndex() != -1;
+  const bool isOther = isAny && list_containers.Cell(list_containers.ListIndex(), 0) != ControlAPI::ownContainer;
+  btn_containers_start.Enabled(isOther);
+  btn_containers_stop.Enabled(isOther);
+  btn_containers_restart.Enabled(isAny);
+  btn_containers_backup.Enabled(isOther);
+  btn_containers_logs.Enabled(isOther);
+  txt_containers_logs.Enabled(isOther);
+}
+
+void wServer::btn_containers_refresh_Action() { mContainers_refresh(); }
+void wServer::btn_containers_restart_Action() { mContainers_restart(); }
+void wServer::btn_containers_start_Action() { mContainers_start(); }
+void wServer::btn_containers_stop_Action() { mContainers_stop(); }
+void wServer::btn_containers_logs_Action() { mContainers_logs(); }
+void wServer::btn_containers_backup_Action() { mContainers_backup(); }
+
+void wServer::info_ButtonPressed() {
+  for (const auto& [label, key] : ControlAPI::facts) {
+    list_overview.AddRow({std::string(label), info.Operator_Lookup(key).Text()});
+  }
+}
+
+void wServer::info_Error(const RuntimeException& err) { MsgBox(err.Message()); }
+
+void wServer::restart_ButtonPressed() { MsgBox(StatusOf(restart)); }
+
+void wServer::restart_Error(const RuntimeException& err) { MsgBox(err.Message()); }
+
+void wServer::containers_list_ButtonPressed() {
+  std::string problem;
+  try {
+    const auto* table = TableOf(containers_list, "containers");
+    if (table == nullptr) throw RuntimeException("The server's reply cannot be shown: it has no “containers”.");
+    TessenServicesClient::TessenListBox_FillDesktopListBox(list_containers, *table, false);
+  } catch (const RuntimeException& exception) {
+    problem = exception.Message();
+  }
+  list_containers.HasHeading(true);
+  btn_containers_refresh.Enabled(true);
+  list_containers.ListIndex(-1);
+  if (!problem.empty()) MsgBox(problem);
+}
+
+void wServer::containers_list_Error(const RuntimeException& err) {
+  MsgBox(err.Message());
+  btn_containers_refresh.Enabled(true);
+}
+
+void wServer::containers_restart_ButtonPressed() { ShowStatusThenRefresh(containers_restart); }
+void wServer::containers_restart_Error(const RuntimeException& err) { MsgBox(err.Message()); }
+void wServer::containers_stop_ButtonPressed() { ShowStatusThenRefresh(containers_stop); }
+void wServer::containers_stop_Error(const RuntimeException& err) { MsgBox(err.Message()); }
+void wServer::containers_start_ButtonPressed() { ShowStatusThenRefresh(containers_start); }
+void wServer::containers_start_Error(const RuntimeException& err) { MsgBox(err.Message()); }
+
+void wServer::containers_logs_ButtonPressed() {
+  const auto* table = TableOf(containers_logs, "log");
+  if (table == nullptr || table->empty()) {
+    MsgBox("No logs returned for this container.");
+    return;
+  }
+  const auto window = std::make_shared<wContainerLogs>();
+  TessenServicesClient::TessenListBox_FillDesktopListBox(window->list_logs, *table, false);
+  window->Show();
+}
+
+void wServer::containers_logs_Error(const RuntimeException& err) { MsgBox(err.Message()); }
+
+void wServer::overview_reload_ButtonPressed() {
+  MsgBox(StatusOf(overview_reload));
+  EndReload();
+}
+
+void wServer::overview_reload_Error(const RuntimeException& err) {
+  MsgBox(err.Message());
+  EndReload();
+}
+
+void wServer::containers_backup_ButtonPressed() { ShowStatusThenRefresh(containers_backup); }
+void wServer::containers_backup_Error(const RuntimeException& err) { MsgBox(err.Message()); }
+
+void wServer::mOverview_refresh() {
+  list_overview.DeleteAllRows();
+  Issue(info, ControlAPI::information);
+}
+
+void wServer::mOverview_restart() { Issue(restart, ControlAPI::reboot); }
+
+void wServer::mOverview_reload() {
+  btn_overview_reload.Enabled(false);
+  overview_progress.Visible(true);
+  Issue(overview_reload, ControlAPI::reload);
+}
+
+void wServer::mContainers_refresh() {
+  list_containers.DeleteAllRows();
+  Issue(containers_list, ControlAPI::listContainers);
+  btn_containers_refresh.Enabled(false);
+  btn_containers_start.Enabled(false);
+  btn_containers_stop.Enabled(false);
+  btn_containers_restart.Enabled(false);
+}
+
+void wServer::mContainers_restart() { Issue(containers_restart, ControlAPI::restartContainer); }
+void wServer::mContainers_start() { Issue(containers_start, ControlAPI::startContainer); }
+void wServer::mContainers_stop() { Issue(containers_stop, ControlAPI::stopContainer); }
+void wServer::mContainers_backup() { Issue(containers_backup, ControlAPI::backUpContainer); }
+
+void wServer::mContainers_logs() {
+  if (list_containers.ListIndex() == -1) return;
+  const auto count = ParseLogCount(txt_containers_logs.Text());
+  if (!count) {
+    MsgBox(
+        "You must provide a number of logs to retrieve. The higher the number the longer the request will take. Enter 0 "
+        "to retrieve all logs for a container.");
+    return;
+  }
+  containers_logs.Operator_Lookup("logCount", std::to_string(*count));
+  Issue(containers_logs, ControlAPI::containerLogs);
+}
+
+/// Every request of the window goes out here. After a message box the window may be closed and the selection gone.
+void wServer::Issue(TessenServicesClient& client, const ControlAPI::Call& call) const {
+  const bool namesContainer = call.Target == ControlAPI::Names::Container;
+  if (IsClosed() || (namesContainer && list_containers.ListIndex() == -1)) return;
+  client.Operator_Lookup("username", Server->Username);
+  client.Operator_Lookup("password", Server->Password);
+  if (namesContainer) client.Operator_Lookup("containerName", list_containers.Cell(list_containers.ListIndex(), 0));
+  client.PressButton(CorvaneClient::Sanitize_Hostname(Server->Network_Hostname) + std::string(call.Path), call.Button);
+}
+
+void wServer::ShowStatusThenRefresh(const TessenServicesClient& client) {
+  MsgBox(StatusOf(client));
+  mContainers_refresh();
+}
+
+void wServer::EndReload() {
+  btn_overview_reload.Enabled(true);
+  overview_progress.Visible(false);
+}

@@ -1,0 +1,17 @@
+#include "toolkit/MessageDialog.h"
+
+#include <utility>
+
+#include "toolkit/Platform.h"
+
+namespace toolkit {
+
+DialogButton MessageDialog::ShowModal() const { return Platform::Current().ShowDialog(*this); }
+
+void MsgBox(std::string text) {
+  MessageDialog box;
+  box.Message = std::move(text);
+  Platform::Current().ShowDialog(box);
+}
+
+}  // namespace toolkit

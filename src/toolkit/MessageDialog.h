@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+
+namespace toolkit {
+
+enum class DialogButton { Action, Alternate, Cancel };
+
+enum class DialogIcon { None, Caution };
+
+/// A modal question of up to three buttons. Without further settings it is a message with an "OK" button.
+struct MessageDialog {
+  struct Button {
+    /// The empty text stands for the desktop's own caption.
+    std::string Caption;
+    bool Visible = false;
+  };
+
+  DialogIcon Icon = DialogIcon::None;
+  /// Plain text, as all texts of the dialog.
+  std::string Message;
+  /// Says more, below the message.
+  std::string Explanation;
+  Button ActionButton{.Caption = "", .Visible = true};
+  Button AlternateActionButton;
+  Button CancelButton;
+
+  /// Shows the dialog and waits for the user. Returns the button that ended it: closing the dialog any other way, and
+  /// quitting the program, counts as Cancel. Other events run meanwhile, so afterwards a window may be closed and a
+  /// selection gone. Where a dialog or message box stands already, this one comes after it.
+  [[nodiscard]] DialogButton ShowModal() const;
+};
+
+/// Shows `text`, as plain text and without a title, and waits for the user, as MessageDialog::ShowModal does.
+void MsgBox(std::string text);
+
+}  // namespace toolkit

@@ -1,0 +1,117 @@
+#include "toolkit/qt/FindBar.h"
+
+#include <algorithm>
+#include <chrono>
+
+#include <QHBoxLayout>
+#include <QKeyEvent>
+
+#include "toolkit/ListSearch.h"
+#include "toolkit/Platform.h"
+#include "toolkit/qt/QtText.h"
+
+namespace toolkit::qt {
+namespace {
+
+constexpr std::chrono::milliseconds pauseInTyping(150);
+
+}  // namespace
+
+FindBar::FindBar(Listbox& list, QWidget& listView) : QWidget(&listView), list_(list), listView_(listView) {
+  setObjectName("findBar");
+  setAutoFillBackground(true);
+  field_.setObjectName("findText");
+  field_.setPlaceholderText(QStringLiteral("Find"));
+  field_.setAccessibleName(QStringLiteral("Find"));
+  count_.setObjectName("findCount");
+  count_.setTextFormat(Qt::PlainText);
+  count_.setMinimumWidth(count_.fontMetrics().horizontalAdvance(QStringLiteral("1000000 of 1000000 rows")));
+
+  auto* layout = new QHBoxLayout(this);
+  layout->setContentsMargins(4, 2, 4, 2);
+  layout->addWidget(&field_, 1);
+  layout->addWidget(MakeButton("findPrevious", QStringLiteral("Previous"), Direction::Previous));
+  layout->addWidget(MakeButton("findNext", QStringLiteral("Next"), Direction::Next));
+  layout->addWidget(&count_);
+  pause_.setSingleShot(true);
+  pause_.setInterval(pauseInTyping);
+  connect(&pause_, &QTimer::timeout, this, [this] { SearchFromHere(); });
+  connect(&field_, &QLineEdit::textChanged, &pause_, qOverload<>(&QTimer::start));
+  hide();
+}
+
+QToolButton* FindBar::MakeButton(const QString& name, const QString& caption, Direction direction) {
+  auto* button = new QToolButton(this);
+  button->setObjectName(name);
+  button->setText(caption);
+  button->setAutoRaise(true);
+  button->setFocusPolicy(Qt::TabFocus);
+  connect(button, &QToolButton::clicked, this, [this, direction] { Go(direction); });
+  return button;
+}
+
+void FindBar::Open() {
+  show();
+  field_.setFocus();
+  field_.selectAll();
+  RowsChanged();
+}
+
+void FindBar::RowsChanged() {
+  if (isVisible()) Search();
+}
+
+void FindBar::keyPressEvent(QKeyEvent* event) {
+  const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  const bool isBack = event->modifiers().testFlag(Qt::ShiftModifier);
+  if (event->key() == Qt::Key_Escape) {
+    hide();
+    listView_.setFocus();
+  } else if (isEnter || event->key() == Qt::Key_F3) {
+    Go(isBack ? Direction::Previous : Direction::Next);
+  } else {
+    QWidget::keyPressEvent(event);
+  }
+}
+
+void FindBar::Search() {
+  pause_.stop();
+  matches_ = RowsContaining(list_, FromQt(field_.text()));
+  ShowCount();
+}
+
+// The row that is selected stays so if it still matches; otherwise the next one that does is selected.
+void FindBar::SearchFromHere() {
+  Search();
+  if (!std::binary_search(matches_.begin(), matches_.end(), list_.ListIndex())) Go(Direction::Next);
+}
+
+// At either end it goes on from the other one.
+void FindBar::Go(Direction direction) {
+  if (pause_.isActive()) Search();
+  if (matches_.empty()) return;
+  int row = -1;
+  if (direction == Direction::Next) {
+    const auto after = std::upper_bound(matches_.begin(), matches_.end(), list_.ListIndex());
+    row = after == matches_.end() ? matches_.front() : *after;
+  } else {
+    const auto here = std::lower_bound(matches_.begin(), matches_.end(), list_.ListIndex());
+    row = here == matches_.begin() ? matches_.back() : *(here - 1);
+  }
+  Platform::Current().Dispatch([&] { list_.Select(row); });
+  ShowCount();
+}
+
+void FindBar::ShowCount() {
+  const auto here = std::lower_bound(matches_.begin(), matches_.end(), list_.ListIndex());
+  const bool isOnMatch = here != matches_.end() && *here == list_.ListIndex();
+  if (field_.text().isEmpty()) {
+    count_.setText({});
+  } else if (isOnMatch) {
+    count_.setText(QStringLiteral("%1 of %2 rows").arg(here - matches_.begin() + 1).arg(matches_.size()));
+  } else {
+    count_.setText(matches_.empty() ? QStringLiteral("No rows") : QStringLiteral("%1 rows").arg(matches_.size()));
+  }
+}
+
+}  // namespace toolkit::qt

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <vector>
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QTimer>
+#include <QToolButton>
+#include <QWidget>
+
+#include "toolkit/Listbox.h"
+
+namespace toolkit::qt {
+
+/// A slim bar at the foot of a list that looks for a text in its rows and selects the one found. It searches shortly
+/// after the last key, so that typing stays quick in a long list.
+class FindBar final : public QWidget {
+ public:
+  FindBar(Listbox& list, QWidget& listView);
+
+  /// Shows the bar, ready for typing.
+  void Open();
+  /// The rows of the list have changed.
+  void RowsChanged();
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  enum class Direction { Next, Previous };
+
+  void Search();
+  void SearchFromHere();
+  void Go(Direction direction);
+  void ShowCount();
+  QToolButton* MakeButton(const QString& name, const QString& caption, Direction direction);
+
+  Listbox& list_;
+  QWidget& listView_;
+  QLineEdit field_;
+  QLabel count_;
+  QTimer pause_;
+  std::vector<int> matches_;
+};
+
+}  // namespace toolkit::qt

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QTabWidget>
+
+#include "toolkit/TabPanel.h"
+#include "toolkit/qt/ControlViews.h"
+
+namespace toolkit::qt {
+
+/// The tabs and the frame below them. The controls of the panels are not inside it: they stand in the window, over the
+/// frame, where their own places put them.
+class TabPanelView final : public ViewOf<QTabWidget, TabPanel> {
+ public:
+  TabPanelView(TabPanel& tabs, QWidget& parent);
+  void Refresh() override;
+};
+
+}  // namespace toolkit::qt
