@@ -1,0 +1,72 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace panel {
+
+/// A call that cannot be done. The message is a sentence for the user.
+class Refusal : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// What a server says about itself: texts as the user reads them, with their units.
+struct Information {
+  std::string systemName;
+  std::string systemDescription;
+  std::string systemDataCenterLocation;
+  std::string operatingSystemType;
+  std::string operatingSystemKernelVersion;
+  std::string systemDockerVersion;
+  std::string dunmereVersion;
+  std::string cpuArchitecture;
+  std::string cpuCount;
+  std::string cpuLoad;  ///< Percent, without the sign.
+  std::string memoryTotal;
+  std::string memoryAvailable;
+  std::string storageDiskSize;
+  std::string storageUsed;
+  std::string storageUsedPercentage;  ///< Without the sign.
+  std::string storageAvailable;
+  std::string networkHostname;  ///< Where clients send all their further requests.
+  std::string networkIPv4;
+  std::string networkIPv6;
+};
+
+/// One line of the list of containers, as the user reads it.
+struct ContainerRow {
+  std::string name;
+  std::string state;
+  std::string status;
+  std::string backup;
+};
+
+enum class Action { Start, Stop, Restart, Backup };
+
+/// Receives the lines of a log, oldest first, in UTF-8 and without their ends. A line is valid during the call only.
+using LineSink = std::function<void(std::string_view)>;
+
+/// A server with its containers. Called from several threads at once. Everything may throw Refusal; then nothing has
+/// changed. The texts returned by actions are sentences for the user.
+class Fleet {
+ public:
+  Fleet() = default;
+  Fleet(const Fleet&) = delete;
+  Fleet& operator=(const Fleet&) = delete;
+  virtual ~Fleet() = default;
+
+  virtual Information Describe() = 0;
+  virtual std::string Reboot() = 0;
+  virtual std::string Reload() = 0;
+  virtual std::vector<ContainerRow> List() = 0;
+  virtual std::string Act(Action action, const std::string& container) = 0;
+  /// The last `count` lines of the container's log; 0 means all.
+  virtual void ReadLog(const std::string& container, std::uint64_t count, const LineSink& sink) = 0;
+};
+
+}  // namespace panel

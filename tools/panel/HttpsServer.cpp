@@ -1,0 +1,113 @@
+#include "panel/HttpsServer.h"
+
+#include <algorithm>
+#include <iostream>
+#include <memory>
+#include <stdexcept>
+#include <syncstream>
+#include <sys/socket.h>
+#include <thread>
+
+namespace panel {
+namespace {
+
+using namespace std::chrono_literals;
+
+// A client keeps its connection, so a connection keeps its thread: a pool of any size would run dry. The threads live
+// as long as the program, which ends without waiting for them.
+class ThreadPerConnection final : public httplib::TaskQueue {
+ public:
+  void enqueue(std::function<void()> serve) override { std::thread(std::move(serve)).detach(); }
+  void shutdown() override {}
+};
+
+// What a client sent, fit for one line of output.
+std::string OneLine(const std::string& text) {
+  constexpr std::size_t longest = 120;
+  std::string line = text.substr(0, longest);
+  std::replace_if(
+      line.begin(), line.end(), [](unsigned char c) { return c <= ' ' || c == 0x7f; }, '?');
+  return text.size() > longest ? line + "..." : line;
+}
+
+void Print(const httplib::Request& request, const Reply& reply) {
+  std::osyncstream line(std::cout);
+  line << OneLine(request.method) << ' ' << OneLine(request.path);
+  if (!reply.container.empty()) line << ' ' << OneLine(reply.container);
+  line << " -> " << reply.status << '\n' << std::flush_emit;
+}
+
+void Send(Reply reply, httplib::Response& response) {
+  response.status = reply.status;
+  const auto body = std::make_shared<const std::string>(std::move(reply.body));
+  // A body handed over by a provider is never compressed, which would take seconds for a large log.
+  response.set_content_provider(body->size(), "application/json",
+                                [body](std::size_t offset, std::size_t length, httplib::DataSink& sink) {
+                                  return sink.write(body->data() + offset, length);
+                                });
+}
+
+}  // namespace
+
+HttpsServer::HttpsServer(const Options& options, Service& service)
+    : options_(options),
+      service_(service),
+      certificate_(MakeSelfSignedCertificate()),
+      server_(certificate_.x509.get(), certificate_.key.get()) {
+  if (!server_.is_valid()) throw std::runtime_error("the certificate cannot be used");
+  SetUpConnections();
+  SetUpReplies();
+}
+
+void HttpsServer::SetUpConnections() {
+  server_.new_task_queue = [] { return std::make_unique<ThreadPerConnection>().release(); };
+  // Without it the body of a reply waits for the client's delayed acknowledgement of its headers: 40 ms each.
+  server_.set_tcp_nodelay(true);
+  server_.set_keep_alive_timeout(std::chrono::seconds(1h).count());
+  server_.set_keep_alive_max_count(1'000'000);
+  server_.set_read_timeout(60s);
+  server_.set_write_timeout(60s);
+  // The library would let a second program listen on the same port, and each would get some of the requests.
+  server_.set_socket_options([this](socket_t socket) {
+    const int on = 1;
+    setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
+    listeningSocket_ = socket;
+  });
+}
+
+void HttpsServer::SetUpReplies() {
+  server_.Post(".*", [this](const httplib::Request& request, httplib::Response& response) {
+    Reply reply = service_.Answer(request.path, request.body);
+    Print(request, reply);
+    Send(std::move(reply), response);
+  });
+  // For all that does not get so far: other methods, and what is no proper HTTP.
+  server_.set_error_handler([](const httplib::Request& request, httplib::Response& response) {
+    if (response.has_header("Content-Type")) return;
+    Reply reply = MakeRefusal(response.status,
+                              response.status == 404 ? "There is no such call." : "The request cannot be understood.");
+    Print(request, reply);
+    Send(std::move(reply), response);
+  });
+  server_.set_post_routing_handler(
+      [this](const httplib::Request&, httplib::Response&) { std::this_thread::sleep_for(options_.delay); });
+}
+
+void HttpsServer::Listen() {
+  const bool isIPv6 = options_.address.find(':') != std::string::npos;
+  const std::string host = isIPv6 ? "[" + options_.address + "]" : options_.address;
+  int port = static_cast<int>(options_.port);
+  const bool isBound = port == 0 ? (port = server_.bind_to_any_port(options_.address)) > 0
+                                 : server_.bind_to_port(options_.address, port);
+  if (!isBound) {
+    throw std::runtime_error("cannot listen on " + host + ":" + std::to_string(options_.port) +
+                             ": the port is taken or the address is not of this machine");
+  }
+  // The library lets only five connections wait; one more would be tried again after a whole second.
+  listen(listeningSocket_, SOMAXCONN);
+  std::cout << "Listening on https://" << host << ":" << port << std::endl;
+}
+
+void HttpsServer::Serve() { server_.listen_after_bind(); }
+
+}  // namespace panel

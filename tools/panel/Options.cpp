@@ -1,0 +1,114 @@
+#include "panel/Options.h"
+
+#include <array>
+#include <charconv>
+#include <iomanip>
+#include <sstream>
+#include <string_view>
+#include <variant>
+
+namespace panel {
+namespace {
+
+using Text = std::string Options::*;
+using Number = std::uint64_t Options::*;
+using Milliseconds = std::chrono::milliseconds Options::*;
+using Flag = bool Options::*;
+
+struct Row {
+  std::string_view name;
+  std::string_view placeholder;  // Of the value; empty for a flag.
+  std::string_view help;
+  std::variant<Text, Number, Milliseconds, Flag> field;
+  std::uint64_t most = 0;  // The highest number.
+};
+
+// clang-format off
+constexpr std::array rows{
+  Row{"--address",            "ADDRESS", "listen on this address",                            &Options::address},
+  Row{"--port",               "PORT",    "listen on this port; 0 takes a free one",           &Options::port, 65'535},
+  Row{"--hostname",           "NAME",    "the host name to report; empty means the address",  &Options::hostname},
+  Row{"--user",               "NAME",    "the user name to ask for",                          &Options::user},
+  Row{"--password",           "TEXT",    "the password to ask for",                           &Options::password},
+  Row{"--containers",         "COUNT",   "how many containers to show",                       &Options::containers, 1'000'000},
+  Row{"--log-lines",          "COUNT",   "how many lines the log of each container has",      &Options::logLines, 100'000'000},
+  Row{"--delay",              "MS",      "wait so many milliseconds before each reply",       &Options::delay, 600'000},
+  Row{"--until-stdin-closes", "",        "end as soon as the standard input ends",            &Options::untilStdinCloses},
+  Row{"--help",               "",        "show this text",                                    &Options::help},
+};
+// clang-format on
+
+const Row& FindRow(std::string_view name) {
+  for (const Row& row : rows) {
+    if (row.name == name) return row;
+  }
+  throw UsageError("there is no option '" + std::string(name) + "'; --help lists them");
+}
+
+std::uint64_t ParseNumber(const Row& row, std::string_view text) {
+  std::uint64_t number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error != std::errc() || end != text.data() + text.size() || number > row.most) {
+    throw UsageError(std::string(row.name) + " takes a number from 0 to " + std::to_string(row.most) + ", not '" +
+                     std::string(text) + "'");
+  }
+  return number;
+}
+
+void Set(Options& options, const Row& row, std::string_view value) {
+  if (const auto* text = std::get_if<Text>(&row.field)) options.*(*text) = value;
+  if (const auto* number = std::get_if<Number>(&row.field)) options.*(*number) = ParseNumber(row, value);
+  if (const auto* time = std::get_if<Milliseconds>(&row.field)) {
+    options.*(*time) = std::chrono::milliseconds(ParseNumber(row, value));
+  }
+  if (const auto* flag = std::get_if<Flag>(&row.field)) options.*(*flag) = true;
+}
+
+std::string DefaultOf(const Row& row) {
+  const Options defaults;
+  if (const auto* text = std::get_if<Text>(&row.field)) return defaults.*(*text);
+  if (const auto* number = std::get_if<Number>(&row.field)) return std::to_string(defaults.*(*number));
+  if (const auto* time = std::get_if<Milliseconds>(&row.field)) return std::to_string((defaults.*(*time)).count());
+  return {};
+}
+
+}  // namespace
+
+Options ParseOptions(std::span<const char* const> arguments) {
+  Options options;
+  for (std::size_t i = 0; i < arguments.size(); ++i) {
+    const std::string_view argument = arguments[i];
+    const std::size_t equals = argument.find('=');
+    const Row& row = FindRow(argument.substr(0, equals));
+    const bool isFlag = row.placeholder.empty();
+    if (equals != std::string_view::npos) {
+      if (isFlag) throw UsageError(std::string(row.name) + " takes no value");
+      Set(options, row, argument.substr(equals + 1));
+    } else if (isFlag) {
+      Set(options, row, {});
+    } else if (i + 1 < arguments.size()) {
+      Set(options, row, arguments[++i]);
+    } else {
+      throw UsageError(std::string(row.name) + " needs a value");
+    }
+  }
+  return options;
+}
+
+std::string HelpText() {
+  std::ostringstream text;
+  text << "corvane-panel: a small panel service, for trying out and testing. It is not made for production:\n"
+          "its certificate is made anew at each start and signed by itself, its password stands in the\n"
+          "process list, and its fleet of containers is invented.\n\n"
+          "Usage: corvane-panel [OPTION]...\n\n";
+  for (const Row& row : rows) {
+    const std::string left = std::string(row.name) + " " + std::string(row.placeholder);
+    text << "  " << std::left << std::setw(22) << left << row.help;
+    if (const std::string value = DefaultOf(row); !value.empty()) text << " [" << value << "]";
+    text << "\n";
+  }
+  text << "\nThe first line of output is \"Listening on https://ADDRESS:PORT\". SIGTERM and SIGINT end the program.\n";
+  return text.str();
+}
+
+}  // namespace panel

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <span>
+#include <stdexcept>
+#include <string>
+
+namespace panel {
+
+/// What the command line asks for. The values here are the defaults that the help text shows.
+struct Options {
+  std::string address = "127.0.0.1";
+  std::uint64_t port = 1701;  ///< 0: any free one.
+  std::string hostname;       ///< Empty: the address.
+  std::string user = "admin";
+  std::string password = "corvane-demo";
+  std::uint64_t containers = 12;
+  std::uint64_t logLines = 500;  ///< Lines in the log of each container.
+  std::chrono::milliseconds delay{0};
+  bool untilStdinCloses = false;
+  bool help = false;
+};
+
+/// A command line that makes no sense. The message is one line, without the program's name.
+class UsageError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// Reads the arguments after the program's name, "--name value" or "--name=value". Throws UsageError.
+[[nodiscard]] Options ParseOptions(std::span<const char* const> arguments);
+
+/// The text of --help.
+[[nodiscard]] std::string HelpText();
+
+}  // namespace panel

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+
+#include "panel/Fleet.h"
+
+namespace panel {
+
+struct Credentials {
+  std::string user;
+  std::string password;
+};
+
+/// The answer to one request, and what may be told about it in a log.
+struct Reply {
+  int status = 200;
+  std::string body;       ///< A JSON object.
+  std::string container;  ///< The container that the request named, as it was sent; empty if it named none.
+};
+
+/// The calls of the panel service: from a request's path and body to the reply. May be used by several threads.
+class Service {
+ public:
+  /// `fleet` must outlive the service.
+  Service(Credentials credentials, Fleet& fleet);
+
+  /// Status 400 with "_error" if the call is refused: the body is no JSON object, its "username" and "password" are
+  /// not the credentials, or the fleet refuses. Status 404 with "_error" if `path` is no call.
+  [[nodiscard]] Reply Answer(const std::string& path, const std::string& body);
+
+ private:
+  Credentials credentials_;
+  Fleet& fleet_;
+};
+
+/// The reply {"_error": message}.
+[[nodiscard]] Reply MakeRefusal(int status, const std::string& message);
+
+}  // namespace panel

@@ -1,0 +1,86 @@
+// A small panel service, for trying out and testing; not for production.
+
+#include <array>
+#include <csignal>
+#include <cstdlib>
+#include <exception>
+#include <iostream>
+#include <poll.h>
+#include <pthread.h>
+#include <span>
+#include <sys/signalfd.h>
+#include <thread>
+#include <unistd.h>
+
+#include "panel/DemoFleet.h"
+#include "panel/HttpsServer.h"
+#include "panel/Options.h"
+#include "panel/Service.h"
+
+namespace {
+
+constexpr int usageStatus = 2;
+
+// Returns a descriptor that becomes readable at SIGTERM or SIGINT. Must be called before any thread starts, so that
+// all of them leave these signals to it.
+int WatchSignals() {
+  sigset_t signals;
+  sigemptyset(&signals);
+  sigaddset(&signals, SIGTERM);
+  sigaddset(&signals, SIGINT);
+  pthread_sigmask(SIG_BLOCK, &signals, nullptr);
+  return signalfd(-1, &signals, SFD_CLOEXEC);
+}
+
+bool StdinHasEnded() {
+  std::array<char, 256> ignored{};
+  return read(STDIN_FILENO, ignored.data(), ignored.size()) <= 0;
+}
+
+// Ends the program at a signal, or at the end of the standard input if that is watched. Connections may be kept and
+// replies under way; nothing has to be saved, so it does not wait for them.
+[[noreturn]] void EndWhenAsked(int signals, bool untilStdinCloses) {
+  // A negative descriptor is not watched.
+  std::array<pollfd, 2> watched{{{signals, POLLIN, 0}, {untilStdinCloses ? STDIN_FILENO : -1, POLLIN, 0}}};
+  for (;;) {
+    if (poll(watched.data(), watched.size(), -1) < 0) continue;
+    if (watched[0].revents != 0) break;
+    if (watched[1].revents != 0 && StdinHasEnded()) break;
+  }
+  std::_Exit(EXIT_SUCCESS);
+}
+
+[[noreturn]] void Run(const panel::Options& options) {
+  const int signals = WatchSignals();
+  panel::DemoFleet fleet({.containers = options.containers,
+                          .logLines = options.logLines,
+                          .hostname = options.hostname.empty() ? options.address : options.hostname});
+  panel::Service service({.user = options.user, .password = options.password}, fleet);
+  panel::HttpsServer server(options, service);
+  server.Listen();
+  std::thread(EndWhenAsked, signals, options.untilStdinCloses).detach();
+  server.Serve();
+  // Not by an exception: the threads of open connections still use what stands above.
+  std::cerr << "corvane-panel: listening broke down" << std::endl;
+  std::_Exit(EXIT_FAILURE);
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+  try {
+    const std::span all(arguments, static_cast<std::size_t>(count));
+    const panel::Options options = panel::ParseOptions(all.subspan(1));
+    if (options.help) {
+      std::cout << panel::HelpText();
+      return EXIT_SUCCESS;
+    }
+    Run(options);
+  } catch (const panel::UsageError& error) {
+    std::cerr << "corvane-panel: " << error.what() << "\n";
+    return usageStatus;
+  } catch (const std::exception& error) {
+    std::cerr << "corvane-panel: " << error.what() << "\n";
+  }
+  return EXIT_FAILURE;
+}
