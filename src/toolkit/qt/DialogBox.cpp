@@ -89,6 +89,10 @@ DialogBox::DialogBox(const MessageDialog& dialog) : QDialog(QApplication::active
   layout->addWidget(MakeTexts(dialog));
   layout->addWidget(MakeButtons(dialog));
   layout->setSizeConstraint(QLayout::SetFixedSize);
+  if (defaultButton_ != nullptr) {
+    defaultButton_->setDefault(true);
+    defaultButton_->setFocus();
+  }
 }
 
 QWidget* DialogBox::MakeTexts(const MessageDialog& dialog) {
@@ -120,9 +124,7 @@ QWidget* DialogBox::MakeButtons(const MessageDialog& dialog) {
       pressed_ = meaning;
       accept();
     });
-    if (meaning != DialogButton::Action) return;
-    made->setDefault(true);
-    made->setFocus();
+    if (defaultButton_ == nullptr) defaultButton_ = made;
   };
   add(dialog.ActionButton, QDialogButtonBox::Ok, QDialogButtonBox::AcceptRole, DialogButton::Action);
   add(dialog.AlternateActionButton, QDialogButtonBox::No, QDialogButtonBox::ActionRole, DialogButton::Alternate);

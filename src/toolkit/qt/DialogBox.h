@@ -4,6 +4,8 @@
 
 #include "toolkit/MessageDialog.h"
 
+class QPushButton;
+
 namespace toolkit::qt {
 
 /// A message dialog on the screen. Its texts are plain, wrap, and scroll if they are long, so that the box never
@@ -19,6 +21,7 @@ class DialogBox final : public QDialog {
   QWidget* MakeTexts(const MessageDialog& dialog);
   QWidget* MakeButtons(const MessageDialog& dialog);
 
+  QPushButton* defaultButton_ = nullptr;
   DialogButton pressed_ = DialogButton::Cancel;
 };
 

@@ -87,7 +87,7 @@ void ListboxView::FollowSelection() {
   const QModelIndexList selected = selectionModel()->selectedRows();
   if (row == (selected.isEmpty() ? -1 : selected.front().row())) return;
   if (row < 0) {
-    clearSelection();
+    selectionModel()->clear();
   } else {
     setCurrentIndex(model_.index(row, 0));
   }
@@ -276,7 +276,7 @@ bool ListboxView::eventFilter(QObject* watched, QEvent* event) {
 
 void ListboxView::mousePressEvent(QMouseEvent* event) {
   QListView::mousePressEvent(event);
-  if (!indexAt(event->position().toPoint()).isValid()) clearSelection();
+  if (!indexAt(event->position().toPoint()).isValid()) selectionModel()->clear();
 }
 
 void ListboxView::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -338,6 +338,12 @@ void ListboxView::currentChanged(const QModelIndex& current, const QModelIndex& 
   QAccessibleEvent event(this, QAccessible::Focus);
   event.setChild(current.row() * model_.columnCount() + current.column());
   QAccessible::updateAccessibility(&event);
+}
+
+// Qt makes the first row current without selecting it, and the Down key would then pass it over.
+void ListboxView::focusInEvent(QFocusEvent* event) {
+  QListView::focusInEvent(event);
+  if (Shown().ListIndex() < 0) selectionModel()->clear();
 }
 
 QRegion ListboxView::visualRegionForSelection(const QItemSelection& selection) const {

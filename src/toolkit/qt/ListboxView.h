@@ -33,6 +33,7 @@ class ListboxView final : public ViewOf<QListView, Listbox> {
   void changeEvent(QEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+  void focusInEvent(QFocusEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
   [[nodiscard]] int horizontalOffset() const override;
   [[nodiscard]] bool isIndexHidden(const QModelIndex& index) const override;
