@@ -169,7 +169,7 @@ void ListboxView::updateGeometries() {
   const int barHeight = findBar_.isVisibleTo(this) ? findBar_.sizeHint().height() : 0;
   setViewportMargins(0, headingHeight, 0, barHeight);
   const QRect area = viewport()->geometry();
-  findBar_.setGeometry(frameWidth(), height() - frameWidth() - barHeight, width() - 2 * frameWidth(), barHeight);
+  findBar_.setGeometry(area.left(), area.bottom() + 1, area.width(), barHeight);
   header_->setGeometry(area.left(), area.top() - headingHeight, area.width(), headingHeight);
 
   columnWidths_ = LayOutColumns(Shown().ColumnWidths(), Shown().ColumnCount(), area.width());
