@@ -1,0 +1,90 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "toolkit/Platform.h"
+
+/// A request that the program sent, and the hand that answers it. What is told to a transfer that has ended or was
+/// abandoned is lost, as on a real network.
+class SentRequest {
+ public:
+  SentRequest(toolkit::HTTPRequest request, toolkit::HTTPTransferEvents& events)
+      : Request(std::move(request)), events_(&events) {}
+
+  const toolkit::HTTPRequest Request;
+
+  [[nodiscard]] bool IsRunning() const { return events_ != nullptr; }
+  /// Whether the program let go of the transfer before it ended.
+  [[nodiscard]] bool IsAbandoned() const { return abandoned_; }
+
+  /// A whole reply.
+  void Reply(int status, std::string_view body);
+  /// A reply in pieces: these three, the second as often as wanted.
+  void BeginReply(int status, toolkit::HTTPHeaders headers = {}, std::optional<std::uint64_t> length = {});
+  void ReplyPart(std::string_view bytes);
+  void EndReply();
+  /// No reply, or no more of it. The failure names host and port of the request.
+  void Fail(toolkit::TransferFault fault, std::string_view detail = {});
+
+  /// The program lets go of the transfer.
+  void Abandon();
+
+ private:
+  using Telling = std::function<void(toolkit::HTTPTransferEvents&)>;
+  void Tell(const Telling& telling) const;
+  void TellEnd(const Telling& telling);
+
+  toolkit::HTTPTransferEvents* events_;
+  bool abandoned_ = false;
+};
+
+/// A platform without screen, network or time: all it is asked for is written down here, and the test plays the world.
+/// Its folders are real, empty, and gone afterwards.
+class HandPlatform final : public toolkit::Platform {
+ public:
+  HandPlatform();
+  ~HandPlatform() override;
+
+  /// All requests ever sent, in order.
+  std::vector<std::shared_ptr<SentRequest>> Requests;
+  [[nodiscard]] SentRequest& LastRequest() const { return *Requests.at(Requests.size() - 1); }
+  /// The texts of all message boxes, in order.
+  std::vector<std::string> Messages;
+  /// What happens while the next message box stands; forgotten then.
+  std::function<void()> WhileMessageStands;
+  /// The statuses that the program was told to quit with.
+  std::vector<int> Quits;
+  /// "present", "front" or "withdraw", and the title of the window.
+  std::vector<std::string> WindowLog;
+  /// Runs on the event loop, after what was posted before.
+  void Post(std::function<void()> work) { posted_.push_back(std::move(work)); }
+
+  static constexpr int NeverQuit = -1;
+
+  std::unique_ptr<toolkit::HTTPTransfer> StartTransfer(toolkit::HTTPRequest request,
+                                                       toolkit::HTTPTransferEvents& events) override;
+  void ShowMessage(const std::string& text) override;
+  /// Runs until the program quits or there is nothing left to do, which gives NeverQuit.
+  int RunLoop(const std::function<void()>& start) override;
+  void Quit(int status) override { Quits.push_back(status); }
+  [[nodiscard]] toolkit::FolderItem ApplicationDataFolder() const override;
+  [[nodiscard]] toolkit::FolderItem DesktopFolder() const override;
+
+ protected:
+  void Present(toolkit::Window& window) override;
+  void BringToFront(toolkit::Window& window) override;
+  void Withdraw(toolkit::Window& window) override;
+
+ private:
+  std::deque<std::function<void()>> posted_;
+  std::filesystem::path folder_;
+};
