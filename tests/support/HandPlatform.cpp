@@ -100,9 +100,18 @@ std::unique_ptr<toolkit::HTTPTransfer> HandPlatform::StartTransfer(toolkit::HTTP
   return std::make_unique<HandTransfer>(Requests.back());
 }
 
-void HandPlatform::ShowMessage(const std::string& text) {
-  Messages.push_back(text);
+toolkit::DialogButton HandPlatform::ShowDialog(const toolkit::MessageDialog& dialog) {
+  Messages.push_back(dialog.Message);
   if (const auto meanwhile = std::exchange(WhileMessageStands, nullptr)) Dispatch(meanwhile);
+  if (Answers.empty()) return toolkit::DialogButton::Action;
+  const toolkit::DialogButton answer = Answers.front();
+  Answers.pop_front();
+  return answer;
+}
+
+bool HandPlatform::OpenURL(const std::string& url) {
+  OpenedURLs.push_back(url);
+  return HasBrowser;
 }
 
 int HandPlatform::RunLoop(const std::function<void()>& start) {

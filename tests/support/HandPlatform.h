@@ -57,9 +57,14 @@ class HandPlatform final : public toolkit::Platform {
   /// All requests ever sent, in order.
   std::vector<std::shared_ptr<SentRequest>> Requests;
   [[nodiscard]] SentRequest& LastRequest() const { return *Requests.at(Requests.size() - 1); }
-  /// The texts of all message boxes, in order.
+  /// The messages of all dialogs, in order.
   std::vector<std::string> Messages;
-  /// What happens while the next message box stands; forgotten then.
+  /// How the next dialogs are answered, the first one first; further ones with the action button.
+  std::deque<toolkit::DialogButton> Answers;
+  /// The addresses that were to be opened, and whether the desktop can.
+  std::vector<std::string> OpenedURLs;
+  bool HasBrowser = true;
+  /// What happens while the next dialog stands; forgotten then.
   std::function<void()> WhileMessageStands;
   /// The statuses that the program was told to quit with.
   std::vector<int> Quits;
@@ -72,7 +77,8 @@ class HandPlatform final : public toolkit::Platform {
 
   std::unique_ptr<toolkit::HTTPTransfer> StartTransfer(toolkit::HTTPRequest request,
                                                        toolkit::HTTPTransferEvents& events) override;
-  void ShowMessage(const std::string& text) override;
+  toolkit::DialogButton ShowDialog(const toolkit::MessageDialog& dialog) override;
+  bool OpenURL(const std::string& url) override;
   /// Runs until the program quits or there is nothing left to do, which gives NeverQuit.
   int RunLoop(const std::function<void()>& start) override;
   void Quit(int status) override { Quits.push_back(status); }
