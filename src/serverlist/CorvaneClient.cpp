@@ -4,6 +4,7 @@
 
 namespace CorvaneClient {
 
+// NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): there is one list of servers
 std::vector<std::shared_ptr<CorvaneServer>> Servers;
 
 std::string Sanitize_Hostname(std::string_view host) {

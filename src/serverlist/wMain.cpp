@@ -11,7 +11,6 @@
 #include "toolkit/MessageDialog.h"
 
 using toolkit::Locks;
-using toolkit::Variant;
 
 namespace {
 

@@ -14,7 +14,7 @@ namespace {
 constexpr int statusOfRefusal = 400;
 
 /// The members of a reply. Throws a RuntimeException for the user if the reply cannot be taken.
-Dictionary ReadReply(int status, std::string content) {
+Dictionary ReadReply(int status, const std::string& content) {
   if (content.empty()) throw RuntimeException("No data was returned from the Tessen Service.");
   Dictionary reply;
   try {
@@ -41,7 +41,9 @@ const Variant& TessenServicesClient::Operator_Lookup(std::string_view key) const
 
 void TessenServicesClient::Operator_Lookup(std::string_view key, toolkit::Date value) { Store(key, value); }
 
-void TessenServicesClient::Operator_Lookup(std::string_view key, double value) { Store(key, boost::json::value(value)); }
+void TessenServicesClient::Operator_Lookup(std::string_view key, double value) {
+  Store(key, boost::json::value(value));
+}
 
 void TessenServicesClient::Operator_Lookup(std::string_view key, std::int64_t value) {
   Store(key, boost::json::value(value));
@@ -74,7 +76,7 @@ void TessenServicesClient::PressButton(std::string_view url, std::string_view bu
 
 void TessenServicesClient::Event_PageReceived(const std::string& /*url*/, int status, std::string content) {
   try {
-    pDictionary_Properties = ReadReply(status, std::move(content));
+    pDictionary_Properties = ReadReply(status, content);
   } catch (const RuntimeException& exception) {
     Error(exception);
     return;

@@ -19,7 +19,7 @@ std::string App::DunmereVersion() const {
 }
 
 toolkit::FolderItem App::KajuPrefFolder() const {
-  const toolkit::FolderItem folder = toolkit::SpecialFolder::ApplicationData().Child("Brackfen_Lookout").Child("Kaju");
+  toolkit::FolderItem folder = toolkit::SpecialFolder::ApplicationData().Child("Brackfen_Lookout").Child("Kaju");
   if (!folder.Exists()) folder.CreateAsFolder();
   return folder;
 }

@@ -5,6 +5,7 @@
 namespace toolkit {
 namespace {
 
+// NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): the one application object
 Application* current = nullptr;
 
 }  // namespace

@@ -3,7 +3,6 @@
 #include "toolkit/ListSearch.h"
 
 #include <memory>
-
 #include <pcre2.h>
 
 namespace toolkit {

@@ -62,10 +62,11 @@ class Listbox final : public ControlOf<Listbox> {
   /// Selects a row, or none with -1. A row that does not exist counts as none. Raises Change if that is a change.
   void ListIndex(int row);
 
-  /// Changes whenever rows that may be on the screen were removed or rewritten, but not when rows were added.
+  /// Changes whenever rows are removed, so that what a view remembers of them is void; not when rows are added.
   [[nodiscard]] unsigned Generation() const { return generation_; }
 
-  /// Selects a row as the user would, -1 for a click beside the rows: does nothing while the list is disabled or invisible.
+  /// Selects a row as the user would, -1 for a click beside the rows: does nothing while the list is disabled or
+  /// invisible.
   void Select(int row);
   /// Double-clicks the list as the user would, or presses Enter on it.
   void Activate() const;

@@ -10,7 +10,7 @@
 namespace toolkit {
 namespace {
 
-Platform* current = nullptr;
+Platform* current = nullptr;  // NOLINT(cppcoreguidelines-avoid-non-const-global-variables): the one platform
 
 }  // namespace
 
@@ -36,7 +36,8 @@ void Platform::Open(const std::shared_ptr<Window>& window) {
 }
 
 void Platform::Close(Window& window) {
-  const auto place = std::find_if(windows_.begin(), windows_.end(), [&](const auto& open) { return open.get() == &window; });
+  const auto place =
+      std::find_if(windows_.begin(), windows_.end(), [&](const auto& open) { return open.get() == &window; });
   if (place == windows_.end()) return;
   const std::shared_ptr<Window> alive = *place;
   windows_.erase(place);

@@ -27,7 +27,9 @@ constexpr std::array<SequenceForm, 9> sequenceForms{{
     {0xF4, 0xF4, 0x80, 0x8F, 4},
 }};
 
-constexpr bool Between(unsigned char byte, unsigned char low, unsigned char high) { return byte >= low && byte <= high; }
+constexpr bool Between(unsigned char byte, unsigned char low, unsigned char high) {
+  return byte >= low && byte <= high;
+}
 
 /// The length of the well-formed sequence that `bytes` begin with; 0 if they begin with none.
 std::size_t SequenceLength(std::string_view bytes) {

@@ -2,17 +2,16 @@
 
 #include <QPainter>
 
+#include "toolkit/qt/QtPicture.h"
+
 namespace toolkit::qt {
 
 CanvasView::CanvasView(Canvas& canvas, QWidget& parent) : ViewOf(canvas, parent) { CanvasView::Refresh(); }
 
 void CanvasView::Refresh() {
   ShowCommonProperties(*this, Shown());
-  backdrop_ = QPixmap();
-  if (const auto& picture = Shown().Backdrop()) {
-    const auto encoded = picture->Encoded();
-    backdrop_.loadFromData(reinterpret_cast<const uchar*>(encoded.data()), static_cast<uint>(encoded.size()));
-  }
+  const auto& picture = Shown().Backdrop();
+  backdrop_ = picture ? Decode(*picture) : QPixmap();
   update();
 }
 

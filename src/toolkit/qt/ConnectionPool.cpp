@@ -14,7 +14,8 @@ class SystemProxies final : public QNetworkProxyFactory {
  public:
   QList<QNetworkProxy> queryProxy(const QNetworkProxyQuery& query) override {
     const QString host = query.peerHostName();
-    if (host == QLatin1String("localhost") || QHostAddress(host).isLoopback()) return {QNetworkProxy::NoProxy};
+    const bool isLocalName = host == QLatin1String("localhost") || host.endsWith(QLatin1String(".localhost"));
+    if (isLocalName || QHostAddress(host).isLoopback()) return {QNetworkProxy::NoProxy};
     return systemProxyForQuery(query);
   }
 };

@@ -19,7 +19,8 @@ constexpr std::size_t writtenAtOnce = std::size_t{1} << 20U;
 /// The row as one line, with its end.
 std::string LineOf(const Listbox& list, int row) {
   std::string line = list.RowText(row);
-  std::replace_if(line.begin(), line.end(), [](char letter) { return letter == '\n' || letter == '\r'; }, ' ');
+  std::replace_if(
+      line.begin(), line.end(), [](char letter) { return letter == '\n' || letter == '\r'; }, ' ');
   line += '\n';
   return line;
 }

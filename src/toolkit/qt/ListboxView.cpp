@@ -1,16 +1,13 @@
 #include "toolkit/qt/ListboxView.h"
 
 #include <algorithm>
-#include <numeric>
 #include <utility>
 
 #include <QAccessible>
-#include <QAction>
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QKeyEvent>
-#include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -20,7 +17,7 @@
 #include "toolkit/Platform.h"
 #include "toolkit/qt/CellPainter.h"
 #include "toolkit/qt/DisplayText.h"
-#include "toolkit/qt/ListExport.h"
+#include "toolkit/qt/ListCommands.h"
 
 namespace toolkit::qt {
 namespace {
@@ -46,7 +43,7 @@ ListboxView::ListboxView(Listbox& list, QWidget& parent)
   setVerticalScrollMode(ScrollPerPixel);
   setHorizontalScrollMode(ScrollPerPixel);
   findBar_.installEventFilter(this);
-  AddCommands();
+  AddListCommands(*this, Shown(), [this] { findBar_.Open(); });
   Follow();
 }
 
@@ -99,10 +96,7 @@ void ListboxView::LayOut() {
   header_->viewport()->update();
 }
 
-void ListboxView::doItemsLayout() {
-  updateGeometries();
-  viewport()->update();
-}
+void ListboxView::doItemsLayout() { LayOut(); }
 
 void ListboxView::changeEvent(QEvent* event) {
   QListView::changeEvent(event);
@@ -115,51 +109,32 @@ bool ListboxView::LastColumnIsWide() const {
   return !widths.empty() && widths.back() == 0;
 }
 
-int ListboxView::RowHeight() const { return fontMetrics().height() + rowPadding; }
-
 int ListboxView::horizontalOffset() const { return horizontalScrollBar()->value(); }
 
 int ListboxView::verticalOffset() const { return verticalScrollBar()->value(); }
 
 bool ListboxView::isIndexHidden(const QModelIndex& /*index*/) const { return false; }
 
-int ListboxView::RowAt(int y) const {
-  const int row = (y + verticalOffset()) / RowHeight();
-  return y + verticalOffset() >= 0 && row < model_.rowCount() ? row : -1;
-}
-
-QRect ListboxView::CellRect(int row, int column) const {
-  const int left = std::accumulate(columnWidths_.begin(), columnWidths_.begin() + column, 0);
-  return {left - horizontalOffset(), row * RowHeight() - verticalOffset(),
-          columnWidths_[static_cast<std::size_t>(column)], RowHeight()};
-}
-
 QModelIndex ListboxView::indexAt(const QPoint& point) const {
-  const int row = RowAt(point.y());
-  if (row < 0) return {};
-  for (int column = 0; column < model_.columnCount(); ++column) {
-    const QRect cell = CellRect(row, column);
-    if (point.x() >= cell.left() && point.x() <= cell.right()) return model_.index(row, column);
-  }
-  return model_.index(row, 0);
+  const int row = geometry_.RowAt(point.y());
+  return row < 0 ? QModelIndex() : model_.index(row, geometry_.ColumnAt(point.x()));
 }
 
 QRect ListboxView::visualRect(const QModelIndex& index) const {
-  if (!index.isValid() || std::cmp_greater_equal(index.column(), columnWidths_.size())) return {};
-  return CellRect(index.row(), index.column());
+  return index.isValid() ? geometry_.CellAt(index.row(), index.column()) : QRect();
 }
 
 void ListboxView::scrollTo(const QModelIndex& index, ScrollHint hint) {
   if (!index.isValid()) return;
-  const int top = index.row() * RowHeight();
+  const int top = index.row() * geometry_.RowHeight;
   const int page = viewport()->height();
   int offset = verticalOffset();
   if (hint == PositionAtCenter) {
-    offset = top - (page - RowHeight()) / 2;
+    offset = top - (page - geometry_.RowHeight) / 2;
   } else if (hint == PositionAtTop || top < offset) {
     offset = top;
-  } else if (hint == PositionAtBottom || top + RowHeight() > offset + page) {
-    offset = top + RowHeight() - page;
+  } else if (hint == PositionAtBottom || top + geometry_.RowHeight > offset + page) {
+    offset = top + geometry_.RowHeight - page;
   }
   verticalScrollBar()->setValue(offset);
 }
@@ -172,34 +147,40 @@ void ListboxView::updateGeometries() {
   findBar_.setGeometry(area.left(), area.bottom() + 1, area.width(), barHeight);
   header_->setGeometry(area.left(), area.top() - headingHeight, area.width(), headingHeight);
 
-  columnWidths_ = LayOutColumns(Shown().ColumnWidths(), Shown().ColumnCount(), area.width());
-  if (LastColumnIsWide()) columnWidths_.back() = std::max(columnWidths_.back(), widestText_);
+  geometry_.RowHeight = fontMetrics().height() + rowPadding;
+  geometry_.RowCount = model_.rowCount();
+  geometry_.ColumnWidths = LayOutColumns(Shown().ColumnWidths(), Shown().ColumnCount(), area.width());
+  if (LastColumnIsWide()) geometry_.ColumnWidths.back() = std::max(geometry_.ColumnWidths.back(), widestText_);
   for (int column = 0; column < header_->count(); ++column) {
-    header_->resizeSection(column, columnWidths_[static_cast<std::size_t>(column)]);
+    header_->resizeSection(column, geometry_.ColumnWidths[static_cast<std::size_t>(column)]);
   }
-  const int contentWidth = std::accumulate(columnWidths_.begin(), columnWidths_.end(), 0);
   horizontalScrollBar()->setPageStep(area.width());
   horizontalScrollBar()->setSingleStep(fontMetrics().averageCharWidth() * 8);
-  horizontalScrollBar()->setRange(0, std::max(contentWidth - area.width(), 0));
+  horizontalScrollBar()->setRange(0, std::max(geometry_.ContentWidth() - area.width(), 0));
   verticalScrollBar()->setPageStep(area.height());
-  verticalScrollBar()->setSingleStep(RowHeight());
-  verticalScrollBar()->setRange(0, std::max(model_.rowCount() * RowHeight() - area.height(), 0));
-  header_->setOffset(horizontalOffset());
-  QAbstractItemView::updateGeometries();
+  verticalScrollBar()->setSingleStep(geometry_.RowHeight);
+  verticalScrollBar()->setRange(0, std::max(geometry_.ContentHeight() - area.height(), 0));
+  FollowScrollBars();
+  QAbstractItemView::updateGeometries();  // NOLINT(bugprone-parent-virtual-call): QListView's is what this replaces
 }
 
 void ListboxView::scrollContentsBy(int /*dx*/, int /*dy*/) {
-  header_->setOffset(horizontalOffset());
+  FollowScrollBars();
   viewport()->update();
+}
+
+void ListboxView::FollowScrollBars() {
+  geometry_.Offset = {horizontalOffset(), verticalOffset()};
+  header_->setOffset(horizontalOffset());
 }
 
 void ListboxView::paintEvent(QPaintEvent* event) {
   QPainter painter(viewport());
   painter.setFont(font());
   const int widestBefore = widestText_;
-  const int first = std::max((event->rect().top() + verticalOffset()) / RowHeight(), 0);
+  const int first = std::max((event->rect().top() + verticalOffset()) / geometry_.RowHeight, 0);
   for (int row = first; row < model_.rowCount(); ++row) {
-    const int top = row * RowHeight() - verticalOffset();
+    const int top = row * geometry_.RowHeight - verticalOffset();
     if (top > event->rect().bottom()) break;
     PaintRow(painter, row, top);
   }
@@ -211,12 +192,12 @@ void ListboxView::paintEvent(QPaintEvent* event) {
 void ListboxView::PaintRow(QPainter& painter, int row, int top) {
   const bool isSelected = row == Shown().ListIndex();
   const auto group = !isEnabled() ? QPalette::Disabled : hasFocus() ? QPalette::Active : QPalette::Inactive;
-  const QRect line(0, top, viewport()->width(), RowHeight());
+  const QRect line(0, top, viewport()->width(), geometry_.RowHeight);
   if (isSelected) painter.fillRect(line, palette().brush(group, QPalette::Highlight));
   painter.setPen(palette().color(group, isSelected ? QPalette::HighlightedText : QPalette::Text));
 
   for (int column = 0; column < model_.columnCount(); ++column) {
-    const QRect cell = CellRect(row, column);
+    const QRect cell = geometry_.CellAt(row, column);
     const QRect visible = cell & line;
     if (visible.isEmpty()) continue;
     painter.setClipRect(visible);
@@ -242,31 +223,7 @@ void ListboxView::keyPressEvent(QKeyEvent* event) {
   }
 }
 
-// What the context menu offers, each with its key.
-void ListboxView::AddCommands() {
-  const auto add = [this](const char* name, const QString& caption, const QKeySequence& keys, auto command) {
-    auto* action = new QAction(caption, this);
-    action->setObjectName(name);
-    action->setShortcut(keys);
-    action->setShortcutContext(Qt::WidgetShortcut);
-    connect(action, &QAction::triggered, this, command);
-    addAction(action);
-  };
-  add("listCopy", QStringLiteral("Copy"), QKeySequence::Copy, [this] { CopySelectedRow(Shown()); });
-  add("listCopyAll", QStringLiteral("Copy All"), QKeySequence("Ctrl+Shift+C"), [this] { CopyAllRows(Shown()); });
-  add("listSaveAs", QStringLiteral("Save As…"), QKeySequence::Save, [this] { AskWhereToSave(Shown(), *this); });
-  add("listFind", QStringLiteral("Find…"), QKeySequence::Find, [this] { findBar_.Open(); });
-}
-
-void ListboxView::contextMenuEvent(QContextMenuEvent* event) {
-  auto* menu = new QMenu(this);
-  menu->setObjectName("listMenu");
-  menu->setAttribute(Qt::WA_DeleteOnClose);
-  menu->addActions(actions());
-  findChild<QAction*>("listCopy")->setEnabled(Shown().ListIndex() >= 0);
-  connect(menu, &QMenu::aboutToHide, this, [this] { findChild<QAction*>("listCopy")->setEnabled(true); });
-  menu->popup(event->globalPos());
-}
+void ListboxView::contextMenuEvent(QContextMenuEvent* event) { PopUpListCommands(*this, Shown(), event->globalPos()); }
 
 // The find bar came or went.
 bool ListboxView::eventFilter(QObject* watched, QEvent* event) {
@@ -287,7 +244,7 @@ void ListboxView::mouseDoubleClickEvent(QMouseEvent* event) {
 QModelIndex ListboxView::moveCursor(CursorAction action, Qt::KeyboardModifiers /*modifiers*/) {
   const int last = model_.rowCount() - 1;
   if (last < 0) return {};
-  const int page = std::max(viewport()->height() / RowHeight() - 1, 1);
+  const int page = std::max(viewport()->height() / geometry_.RowHeight - 1, 1);
   const int from = Shown().ListIndex();
   const auto step = [&](int rows) { return std::clamp(from < 0 ? 0 : from + rows, 0, last); };
   switch (action) {
@@ -321,7 +278,7 @@ void ListboxView::setSelection(const QRect& rect, QItemSelectionModel::Selection
 }
 
 void ListboxView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
-  QAbstractItemView::selectionChanged(selected, deselected);
+  QAbstractItemView::selectionChanged(selected, deselected);  // NOLINT(bugprone-parent-virtual-call): as above
   viewport()->update();
   if (following_) return;
   const QModelIndexList rows = selectionModel()->selectedRows();
@@ -333,7 +290,7 @@ void ListboxView::UserSelects(int row) {
 }
 
 void ListboxView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
-  QAbstractItemView::currentChanged(current, previous);
+  QAbstractItemView::currentChanged(current, previous);  // NOLINT(bugprone-parent-virtual-call): as above
   if (!QAccessible::isActive() || !current.isValid()) return;
   QAccessibleEvent event(this, QAccessible::Focus);
   event.setChild(current.row() * model_.columnCount() + current.column());
@@ -349,8 +306,8 @@ void ListboxView::focusInEvent(QFocusEvent* event) {
 QRegion ListboxView::visualRegionForSelection(const QItemSelection& selection) const {
   QRegion region;
   for (const QItemSelectionRange& range : selection) {
-    const int top = range.top() * RowHeight() - verticalOffset();
-    region += QRect(0, top, viewport()->width(), range.height() * RowHeight());
+    const int top = range.top() * geometry_.RowHeight - verticalOffset();
+    region += QRect(0, top, viewport()->width(), range.height() * geometry_.RowHeight);
   }
   return region;
 }

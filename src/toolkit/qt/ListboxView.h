@@ -1,12 +1,11 @@
 #pragma once
 
-#include <vector>
-
 #include <QListView>
 
 #include "toolkit/Listbox.h"
 #include "toolkit/qt/ControlViews.h"
 #include "toolkit/qt/FindBar.h"
+#include "toolkit/qt/ListGeometry.h"
 #include "toolkit/qt/ListboxModel.h"
 
 class QHeaderView;
@@ -53,21 +52,18 @@ class ListboxView final : public ViewOf<QListView, Listbox> {
  private:
   void Follow();
   void FollowSelection();
+  void FollowScrollBars();
   void LayOut();
   void UserSelects(int row);
-  void AddCommands();
   void PaintRow(QPainter& painter, int row, int top);
   void WidenTo(int width);
   [[nodiscard]] bool LastColumnIsWide() const;
-  [[nodiscard]] int RowHeight() const;
-  [[nodiscard]] int RowAt(int y) const;
-  [[nodiscard]] QRect CellRect(int row, int column) const;
   bool ShowToolTip(const QPoint& position, const QPoint& globalPosition) const;
 
   ListboxModel model_;
   QHeaderView* header_;
   FindBar findBar_;
-  std::vector<int> columnWidths_;
+  ListGeometry geometry_;
   // How wide the last column's texts turned out to be, where it is as wide as its texts.
   int widestText_ = 0;
   unsigned laidOutGeneration_ = 0;

@@ -47,7 +47,8 @@ void MenuBarView::AddItem(QMenu& menu, const MenuItem& item) {
   entry->setShortcut(KeysOf(item));
   // While the menu is closed its entries stay enabled, so that their keys work.
   connect(&menu, &QMenu::aboutToShow, entry, [entry, action] { entry->setEnabled(IsEnabled(action)); });
-  connect(&menu, &QMenu::aboutToHide, entry, [entry] { entry->setEnabled(true); }, Qt::QueuedConnection);
+  connect(
+      &menu, &QMenu::aboutToHide, entry, [entry] { entry->setEnabled(true); }, Qt::QueuedConnection);
 }
 
 }  // namespace toolkit::qt

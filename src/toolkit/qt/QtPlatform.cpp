@@ -11,10 +11,11 @@
 #include <QTimer>
 #include <QUrl>
 
-#include "resources/Resource.h"
+#include "toolkit/Picture.h"
 #include "toolkit/Window.h"
 #include "toolkit/qt/ConnectionPool.h"
 #include "toolkit/qt/DialogBox.h"
+#include "toolkit/qt/QtPicture.h"
 #include "toolkit/qt/QtText.h"
 #include "toolkit/qt/QtTransfer.h"
 #include "toolkit/qt/QtWindow.h"
@@ -22,12 +23,7 @@
 namespace toolkit::qt {
 namespace {
 
-QIcon ProgramIcon() {
-  const auto encoded = resources::Find("corvane");
-  QPixmap picture;
-  picture.loadFromData(reinterpret_cast<const uchar*>(encoded.data()), static_cast<uint>(encoded.size()), "PNG");
-  return {picture};
-}
+QIcon ProgramIcon() { return {Decode(*OpenPictureResource("corvane"))}; }
 
 FolderItem Folder(QStandardPaths::StandardLocation location) {
   return FolderItem(FromQt(QStandardPaths::writableLocation(location)));

@@ -133,7 +133,8 @@ void QtTransfer::ReadHeaders() {
   if (headersRead_ || !status.isValid()) return;
   headersRead_ = true;
   HTTPHeaders headers;
-  for (const auto& [name, value] : reply_->rawHeaderPairs()) headers.emplace_back(name.toStdString(), value.toStdString());
+  for (const auto& [name, value] : reply_->rawHeaderPairs())
+    headers.emplace_back(name.toStdString(), value.toStdString());
   std::optional<std::uint64_t> length;
   const QVariant announced = reply_->header(QNetworkRequest::ContentLengthHeader);
   if (announced.isValid()) length = announced.toULongLong();

@@ -15,8 +15,8 @@ namespace toolkit::qt {
 
 class ConnectionPool;
 
-/// One HTTP transfer on Qt's network stack, and the place where Qt's own ideas of retrying, redirecting, remembering and
-/// authenticating are switched off.
+/// One HTTP transfer on Qt's network stack, and the place where Qt's own ideas of retrying, redirecting, remembering
+/// and authenticating are switched off.
 class QtTransfer final : public QObject, public HTTPTransfer {
  public:
   QtTransfer(ConnectionPool& pool, HTTPRequest request, HTTPTransferEvents& events);

@@ -65,7 +65,8 @@ void QtWindow::OrderByTab() {
   std::stable_sort(order.begin(), order.end(), [](const Control* a, const Control* b) {
     return std::pair(a->Panel(), a->TabOrder()) < std::pair(b->Panel(), b->TabOrder());
   });
-  for (std::size_t index = 1; index < order.size(); ++index) setTabOrder(views_[order[index - 1]], views_[order[index]]);
+  for (std::size_t index = 1; index < order.size(); ++index)
+    setTabOrder(views_[order[index - 1]], views_[order[index]]);
 
   const auto field = std::find_if(order.begin(), order.end(), [](const Control* control) {
     return dynamic_cast<const TextField*>(control) != nullptr && control->Enabled() && control->IsOnScreen();

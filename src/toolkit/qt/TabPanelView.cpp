@@ -10,9 +10,8 @@ namespace toolkit::qt {
 TabPanelView::TabPanelView(TabPanel& tabs, QWidget& parent) : ViewOf(tabs, parent) {
   for (const std::string& caption : tabs.Panels()) addTab(new QWidget(this), ToQt(caption));
   TabPanelView::Refresh();
-  connect(this, &QTabWidget::currentChanged, this, [this](int index) {
-    Platform::Current().Dispatch([&] { Shown().Select(index + 1); });
-  });
+  connect(this, &QTabWidget::currentChanged, this,
+          [this](int index) { Platform::Current().Dispatch([&] { Shown().Select(index + 1); }); });
 }
 
 void TabPanelView::Refresh() {

@@ -9,9 +9,8 @@ namespace toolkit::qt {
 
 TextFieldView::TextFieldView(TextField& field, QWidget& parent) : ViewOf(field, parent) {
   setMaxLength(std::numeric_limits<int>::max());
-  connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
-    Platform::Current().Dispatch([&] { Shown().Type(FromQt(text)); });
-  });
+  connect(this, &QLineEdit::textEdited, this,
+          [this](const QString& text) { Platform::Current().Dispatch([&] { Shown().Type(FromQt(text)); }); });
   TextFieldView::Refresh();
 }
 
