@@ -1,0 +1,87 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <QAbstractItemView>
+
+#include "support/Measure.h"
+#include "toolkit/Platform.h"
+#include "toolkit/Window.h"
+#include "toolkit/qt/QtPlatform.h"
+
+namespace bench {
+
+/// The program's own platform on Qt, with a watch on its transfers. These can go to another service than the one they
+/// name, or be answered from memory, so that the program's real windows run without port 1701 or without any service.
+/// A dialog ends the benchmark, since none belongs there.
+class Desktop final : public toolkit::Platform {
+ public:
+  Desktop(int& argumentCount, char** arguments) : qt_(argumentCount, arguments) {}
+  ~Desktop() override { ForgetWindows(); }
+
+  /// Requests for "https://…:1701/path" go to `baseURL` and their path from now on.
+  void RedirectTo(std::string baseURL) { service_ = std::move(baseURL); }
+  /// Requests whose URL ends with `path` get this reply from now on, with status 200, on the event loop.
+  void Answer(const std::string& path, std::shared_ptr<const std::string> body) { answers_[path] = std::move(body); }
+
+  /// When the headers of the newest reply arrived, and when the last part of its body did.
+  [[nodiscard]] Clock::time_point HeadersAt() const { return headersAt_; }
+  [[nodiscard]] Clock::time_point LastByteAt() const { return lastByteAt_; }
+
+  /// Runs the event loop until `isDone`. Ends the benchmark if that takes minutes.
+  static void RunUntil(const std::function<bool()>& isDone);
+
+  std::unique_ptr<toolkit::HTTPTransfer> StartTransfer(toolkit::HTTPRequest request,
+                                                       toolkit::HTTPTransferEvents& events) override;
+  toolkit::DialogButton ShowDialog(const toolkit::MessageDialog& dialog) override;
+  bool OpenURL(const std::string& /*url*/) override { return false; }
+  int RunLoop(const std::function<void()>& start) override { return qt_.RunLoop(start); }
+  void Quit(int /*status*/) override {}
+  [[nodiscard]] toolkit::FolderItem ApplicationDataFolder() const override { return qt_.ApplicationDataFolder(); }
+  [[nodiscard]] toolkit::FolderItem DesktopFolder() const override { return qt_.DesktopFolder(); }
+
+ protected:
+  void Present(toolkit::Window& window) override { qt_.Open(window.shared_from_this()); }
+  void BringToFront(toolkit::Window& window) override { qt_.Open(window.shared_from_this()); }
+  void Withdraw(toolkit::Window& window) override { qt_.Close(window); }
+
+ private:
+  class Watch;
+
+  toolkit::qt::QtPlatform qt_;
+  std::string service_;
+  std::map<std::string, std::shared_ptr<const std::string>> answers_;
+  Clock::time_point headersAt_;
+  Clock::time_point lastByteAt_;
+};
+
+/// Tells when a list of the program has been painted.
+class PaintWatch final : public QObject {
+ public:
+  /// `control` is the name of the list.
+  explicit PaintWatch(QString control);
+  ~PaintWatch() override;
+
+  /// Only a picture of the list with that many rows counts from now on.
+  void ExpectRows(int rows) { expectedRows_ = rows; }
+  /// Does `action`, then runs the event loop until the list is painted after it. Returns the seconds that took.
+  double SecondsToPaint(const std::function<void()>& action);
+  /// Runs the event loop until the list is painted.
+  void Wait();
+  /// The list that was painted last; nullptr if none was.
+  [[nodiscard]] QAbstractItemView* Painted() const { return painted_; }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  QString control_;
+  int expectedRows_ = -1;
+  QAbstractItemView* painted_ = nullptr;
+};
+
+}  // namespace bench

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <chrono>
+#include <vector>
+
+namespace bench {
+
+using Clock = std::chrono::steady_clock;
+using Duration = std::chrono::duration<double>;
+
+/// The middle one of `values`, of which there must be one at least; the mean of the two in the middle of an even count.
+[[nodiscard]] double Median(std::vector<double> values);
+
+/// Seconds from `start` to now.
+[[nodiscard]] inline double SecondsSince(Clock::time_point start) { return Duration(Clock::now() - start).count(); }
+
+/// Seconds that `action` takes.
+template <typename Action>
+double SecondsOf(Action action) {
+  const Clock::time_point start = Clock::now();
+  action();
+  return SecondsSince(start);
+}
+
+}  // namespace bench

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include <QObject>
+
+#include "toolkit/HTTPTransfer.h"
+
+namespace bench {
+
+/// A transfer without a network: the reply lies in memory and arrives in parts, as from a fast network.
+class MemoryTransfer final : public QObject, public toolkit::HTTPTransfer {
+ public:
+  MemoryTransfer(std::shared_ptr<const std::string> body, toolkit::HTTPTransferEvents& events);
+
+ private:
+  void Deliver();
+
+  std::shared_ptr<const std::string> body_;
+  toolkit::HTTPTransferEvents& events_;
+};
+
+}  // namespace bench

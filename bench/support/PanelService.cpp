@@ -1,0 +1,42 @@
+#include "support/PanelService.h"
+
+#include <stdexcept>
+
+namespace bench {
+namespace {
+
+std::vector<std::string> CommandOf(const std::vector<std::string>& options) {
+  std::vector<std::string> command{BuiltProgram("corvane-panel"),
+                                   "--address",
+                                   "127.0.0.1",
+                                   "--port",
+                                   "0",
+                                   "--user",
+                                   std::string(PanelService::User),
+                                   "--password",
+                                   std::string(PanelService::Password)};
+  command.insert(command.end(), options.begin(), options.end());
+  return command;
+}
+
+}  // namespace
+
+PanelService::PanelService(const std::vector<std::string>& options) : program_(CommandOf(options)) {
+  constexpr std::string_view greeting = "Listening on ";
+  const std::string line = program_.ReadLine();
+  if (!line.starts_with(greeting)) throw std::runtime_error("the panel service did not start: " + line);
+  baseURL_ = line.substr(greeting.size());
+}
+
+std::string RequestBody(std::string_view members) {
+  std::string body = R"({"username":")";
+  body.append(PanelService::User).append(R"(","password":")").append(PanelService::Password).append("\"");
+  if (!members.empty()) body.append(",").append(members);
+  return body.append("}");
+}
+
+std::string LogRequestBody(int count) {
+  return RequestBody(R"("containerName":"web","logCount":")" + std::to_string(count) + "\"");
+}
+
+}  // namespace bench

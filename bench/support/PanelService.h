@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "support/ChildProcess.h"
+
+namespace bench {
+
+/// A panel service with a demonstration fleet, on a free port of this machine, for as long as this object lives.
+class PanelService {
+ public:
+  static constexpr std::string_view User = "bench";
+  static constexpr std::string_view Password = "mark";
+
+  /// `options` are those of corvane-panel.
+  explicit PanelService(const std::vector<std::string>& options = {});
+
+  /// "https://", the address and the port.
+  [[nodiscard]] const std::string& BaseURL() const { return baseURL_; }
+
+ private:
+  ChildProcess program_;
+  std::string baseURL_;
+};
+
+/// The body of a request that gives the right credentials, and `members`: JSON without braces, or nothing.
+[[nodiscard]] std::string RequestBody(std::string_view members = {});
+
+/// The body of a request for the last `count` lines of a log.
+[[nodiscard]] std::string LogRequestBody(int count);
+
+}  // namespace bench

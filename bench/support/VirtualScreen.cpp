@@ -1,0 +1,66 @@
+#include "support/VirtualScreen.h"
+
+#include <array>
+#include <cstdlib>
+#include <fcntl.h>
+#include <stdexcept>
+#include <string>
+#include <sys/mman.h>
+#include <unistd.h>
+
+namespace bench {
+namespace {
+
+// A file of the X Window Dump format begins with 32-bit numbers, the highest byte first: the size of what stands before
+// the colours comes first, and the number of colours, 12 bytes each, is the 20th.
+constexpr std::size_t placeOfHeaderSize = 0;
+constexpr std::size_t placeOfColourCount = 19 * 4;
+constexpr std::size_t bytesOfColour = 12;
+
+std::size_t ReadNumber(const unsigned char* bytes, std::size_t place) {
+  std::size_t number = 0;
+  for (std::size_t index = 0; index < 4; ++index) number = number << 8U | bytes[place + index];
+  return number;
+}
+
+std::filesystem::path MakeFolder() {
+  std::string pattern = std::filesystem::temp_directory_path() / "corvane-bench-XXXXXX";
+  if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder can be made");
+  return pattern;
+}
+
+}  // namespace
+
+VirtualScreen::VirtualScreen() : folder_(MakeFolder()) {
+  server_ = std::make_unique<ChildProcess>(std::vector<std::string>{
+      "Xvfb", "-displayfd", "1", "-screen", "0", "1280x1024x24", "-nolisten", "tcp", "-fbdir", folder_});
+  const std::string display = std::string(":").append(server_->ReadLine());
+  setenv("DISPLAY", display.c_str(), 1);
+  setenv("QT_QPA_PLATFORM", "xcb", 1);
+  // Qt complains at each start where there is none.
+  setenv("XDG_RUNTIME_DIR", folder_.c_str(), 0);
+  MapPixels();
+}
+
+VirtualScreen::~VirtualScreen() {
+  if (memory_ != nullptr) munmap(memory_, memorySize_);
+  server_.reset();
+  std::filesystem::remove_all(folder_);
+}
+
+void VirtualScreen::MapPixels() {
+  const std::filesystem::path file = folder_ / "Xvfb_screen0";
+  memorySize_ = std::filesystem::file_size(file);
+  const int opened = open(file.c_str(), O_RDONLY | O_CLOEXEC);
+  void* memory = mmap(nullptr, memorySize_, PROT_READ, MAP_SHARED, opened, 0);
+  close(opened);
+  if (memory == MAP_FAILED) throw std::runtime_error("the pixels of the screen cannot be read");
+  memory_ = memory;
+  const auto* bytes = static_cast<const unsigned char*>(memory);
+  const std::size_t start =
+      ReadNumber(bytes, placeOfHeaderSize) + ReadNumber(bytes, placeOfColourCount) * bytesOfColour;
+  pixels_ = {reinterpret_cast<const volatile std::uint32_t*>(bytes + start),
+             (memorySize_ - start) / sizeof(std::uint32_t)};
+}
+
+}  // namespace bench

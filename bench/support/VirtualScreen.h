@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <span>
+
+#include "support/ChildProcess.h"
+
+namespace bench {
+
+/// An X server without a screen (Xvfb), for this process and those that it starts from now on. Its pixels lie in a file
+/// that can be looked at without asking the server, so that watching the screen takes no time from what is watched.
+class VirtualScreen {
+ public:
+  /// Sets DISPLAY, and lets Qt use it. Throws if the server does not start.
+  VirtualScreen();
+  VirtualScreen(const VirtualScreen&) = delete;
+  VirtualScreen& operator=(const VirtualScreen&) = delete;
+  ~VirtualScreen();
+
+  /// The pixels as they are now, the rows one after the other.
+  [[nodiscard]] std::span<const volatile std::uint32_t> Pixels() const { return pixels_; }
+
+ private:
+  void MapPixels();
+
+  std::filesystem::path folder_;
+  std::unique_ptr<ChildProcess> server_;
+  void* memory_ = nullptr;
+  std::size_t memorySize_ = 0;
+  std::span<const volatile std::uint32_t> pixels_;
+};
+
+}  // namespace bench
