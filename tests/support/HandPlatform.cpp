@@ -102,6 +102,7 @@ std::unique_ptr<toolkit::HTTPTransfer> HandPlatform::StartTransfer(toolkit::HTTP
 
 toolkit::DialogButton HandPlatform::ShowDialog(const toolkit::MessageDialog& dialog) {
   Messages.push_back(dialog.Message);
+  LastDialog = dialog;
   if (const auto meanwhile = std::exchange(WhileMessageStands, nullptr)) Dispatch(meanwhile);
   if (Answers.empty()) return toolkit::DialogButton::Action;
   const toolkit::DialogButton answer = Answers.front();
@@ -128,7 +129,10 @@ toolkit::FolderItem HandPlatform::ApplicationDataFolder() const { return toolkit
 
 toolkit::FolderItem HandPlatform::DesktopFolder() const { return toolkit::FolderItem(folder_ / "desktop"); }
 
-void HandPlatform::Present(toolkit::Window& window) { WindowLog.push_back("present " + window.Title()); }
+void HandPlatform::Present(toolkit::Window& window) {
+  WindowLog.push_back("present " + window.Title());
+  if (WhenPresented) WhenPresented(window);
+}
 
 void HandPlatform::BringToFront(toolkit::Window& window) { WindowLog.push_back("front " + window.Title()); }
 

@@ -59,6 +59,8 @@ class HandPlatform final : public toolkit::Platform {
   [[nodiscard]] SentRequest& LastRequest() const { return *Requests.at(Requests.size() - 1); }
   /// The messages of all dialogs, in order.
   std::vector<std::string> Messages;
+  /// The dialog that was shown last.
+  toolkit::MessageDialog LastDialog;
   /// How the next dialogs are answered, the first one first; further ones with the action button.
   std::deque<toolkit::DialogButton> Answers;
   /// The addresses that were to be opened, and whether the desktop can.
@@ -70,6 +72,8 @@ class HandPlatform final : public toolkit::Platform {
   std::vector<int> Quits;
   /// "present", "front" or "withdraw", and the title of the window.
   std::vector<std::string> WindowLog;
+  /// Looks at each window in the state in which it comes on the screen.
+  std::function<void(toolkit::Window&)> WhenPresented;
   /// Runs on the event loop, after what was posted before.
   void Post(std::function<void()> work) { posted_.push_back(std::move(work)); }
 

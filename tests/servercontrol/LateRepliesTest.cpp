@@ -1,0 +1,128 @@
+#include <functional>
+
+#include "tests/servercontrol/ServerFixture.h"
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+namespace {
+
+constexpr const char* done = R"({"status":"done","log":{"0":["x"]},"containers":{"0":["late"]}})";
+
+class LateReplies : public ServerFixture {
+ protected:
+  /// Every call under way at once.
+  void SendAll() const {
+    Fill({"web"}, 0);
+    for (const ServerButton button :
+         {&wServer::btn_containers_restart, &wServer::btn_containers_start, &wServer::btn_containers_stop,
+          &wServer::btn_containers_backup, &wServer::btn_containers_logs, &wServer::btn_containers_refresh,
+          &wServer::btn_overview_refresh, &wServer::btn_overview_reload, &wServer::btn_overview_restart}) {
+      Press(button);
+    }
+  }
+};
+
+}  // namespace
+
+TEST_F(LateReplies, OnlyTheSecondOfTwoPressesCounts) {
+  Fill({"web", "db"}, 0);
+  Press(&wServer::btn_containers_stop);
+  SentRequest& first = Sent("containers/stop");
+  window->list_containers.Select(1);
+  Press(&wServer::btn_containers_stop);
+  Press(&wServer::btn_containers_start);
+  SentRequest& start = Sent("containers/start");
+  EXPECT_TRUE(first.IsAbandoned());
+  EXPECT_TRUE(start.IsRunning());
+  EXPECT_EQ(Body(Sent("containers/stop")).at("containerName"), "db");
+  first.Reply(200, R"({"status":"first"})");
+  EXPECT_EQ(window->list_containers.ListIndex(), 1);
+  Sent("containers/stop").Reply(200, R"({"status":"second"})");
+  SentRequest& list = Sent("containers/list");
+  EXPECT_TRUE(list.IsRunning());
+  start.Reply(200, R"({"status":"third"})");
+  EXPECT_THAT(platform.Messages, ElementsAre("second", "third"));
+  EXPECT_TRUE(list.IsAbandoned());
+  list.Reply(200, R"({"containers":{"0":["old"]}})");
+  EXPECT_EQ(window->list_containers.ListCount(), 0);
+  Fill({"new"});
+  EXPECT_EQ(window->list_containers.RowText(0), "new\trunning\tUp");
+  EXPECT_EQ(window->list_containers.ListCount(), 1);
+}
+
+TEST_F(LateReplies, TwoWindowsOfOneServerDoNotSeeEachOther) {
+  const auto other = window;
+  const auto othersRequests = platform.Requests;
+  OpenAgain();
+  ASSERT_THAT(platform.Requests, SizeIs(4));
+  Fill({"web"}, 0);
+  Press(&wServer::btn_overview_reload);
+  EXPECT_EQ(other->list_containers.ListCount(), 0);
+  EXPECT_TRUE(other->btn_overview_reload.Enabled());
+  EXPECT_FALSE(other->overview_progress.Visible());
+  EXPECT_FALSE(other->btn_containers_refresh.Enabled());
+  othersRequests[1]->Reply(400, R"({"_error":"theirs"})");
+  EXPECT_EQ(window->list_containers.ListIndex(), 0);
+  EXPECT_TRUE(other->btn_containers_refresh.Enabled());
+  window->Close();
+  othersRequests[0]->Reply(200, "{}");
+  EXPECT_EQ(other->list_overview.ListCount(), 19);
+  EXPECT_EQ(window->list_overview.ListCount(), 0);
+  EXPECT_EQ(Body(*othersRequests[0]).size(), 2U);
+}
+
+TEST_F(LateReplies, AMessageMayOutliveItsWindow) {
+  for (const char* path : {"system/reboot", "system/reload", "containers/list", "containers/stop", "containers/logs"}) {
+    for (const int status : {200, 400}) {
+      SCOPED_TRACE(path + std::to_string(status));
+      OpenAgain();
+      SendAll();
+      platform.Messages.clear();
+      const std::size_t sent = platform.Requests.size();
+      SentRequest& request = Sent(path);
+      platform.WhileMessageStands = [this] { std::exchange(window, nullptr)->Close(); };
+      request.Reply(status, R"({"_error":"no","status":"no","log":{}})");
+      EXPECT_EQ(window, nullptr);
+      EXPECT_THAT(platform.Messages, SizeIs(1));
+      EXPECT_EQ(platform.Requests.size(), sent);
+    }
+  }
+}
+
+TEST_F(LateReplies, FiftyWindowsComeAndGoInEveryStageOfTheirRequests) {
+  const std::function<void(SentRequest&)> stages[] = {
+      [](SentRequest&) {},
+      [](SentRequest& sent) { sent.BeginReply(200, {}, 60); },
+      [](SentRequest& sent) { sent.BeginReply(200), sent.ReplyPart(done); },
+      [](SentRequest& sent) { sent.BeginReply(400), sent.ReplyPart(R"({"_error":"no"})"), sent.ReplyPart(" "); },
+  };
+  const std::function<void(SentRequest&)> ends[] = {
+      [](SentRequest& sent) { sent.EndReply(); },
+      [](SentRequest& sent) { sent.ReplyPart("more"), sent.Fail(toolkit::TransferFault::ClosedEarly); },
+      [](SentRequest& sent) { sent.Reply(200, done); },
+  };
+  platform.Requests.clear();
+  std::vector<std::shared_ptr<wServer>> kept;
+  for (std::size_t number = 0; number < 50; ++number) {
+    OpenAgain();
+    SendAll();
+    for (auto& request : platform.Requests) stages[number % 4](*request);
+    platform.Messages.clear();
+    platform.WindowLog.clear();
+    const auto requests = std::exchange(platform.Requests, {});
+    window->Close();
+    if (number % 2 == 0) kept.push_back(window);
+    const std::weak_ptr<wServer> gone = std::exchange(window, nullptr);
+    EXPECT_EQ(gone.expired(), number % 2 == 1) << number;
+    for (const auto& request : requests) {
+      EXPECT_FALSE(number % 2 == 1 && request->IsRunning()) << number << ": " << request->Request.URL;
+      ends[number % 3](*request);
+    }
+    EXPECT_THAT(platform.Messages, IsEmpty()) << number;
+    EXPECT_THAT(platform.Requests, IsEmpty()) << number;
+    EXPECT_THAT(platform.WindowLog, ElementsAre("withdraw Corvane - Server Control Panel")) << number;
+  }
+  for (const auto& closed : kept) EXPECT_EQ(closed->list_containers.ListCount(), 0);
+}

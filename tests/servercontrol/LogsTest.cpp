@@ -1,0 +1,97 @@
+#include "servercontrol/wContainerLogs.h"
+#include "tests/servercontrol/ServerFixture.h"
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+namespace {
+
+class Logs : public ServerFixture {
+ protected:
+  Logs() {
+    Fill({"web"}, 0);
+    platform.WhenPresented = [this](auto& shown) { presented.push_back(RowsOf(Lines(shown))); };
+  }
+  static toolkit::Listbox& Lines(toolkit::Window& logs) { return dynamic_cast<wContainerLogs&>(logs).list_logs; }
+  SentRequest& Ask() const {
+    Press(&wServer::btn_containers_logs);
+    return platform.LastRequest();
+  }
+  /// The rows of each log window at the moment it came on the screen.
+  std::vector<Texts> presented;
+};
+
+}  // namespace
+
+TEST_F(Logs, OnlyANumberIsSentAndInItsPlainForm) {
+  const std::vector<std::pair<Texts, const char*>> rows{
+      {{"20", " 20 ", "\t20", "+20", "0020"}, "20"},
+      {{"0", "-0", "000"}, "0"},
+      {{"-1", "-01"}, "-1"},
+      {{"9223372036854775807"}, "9223372036854775807"},
+      {{"-9223372036854775808"}, "-9223372036854775808"},
+      {{"", " ", "abc", "+", "-", "+-5", "-+5", "++5", "- 5", "1 2", "1,000", "0x10", "1.5", "5e3", "٣",
+        "9223372036854775808", "-9223372036854775809"},
+       nullptr}};
+  for (const auto& [texts, count] : rows) {
+    for (const auto& typed : texts) {
+      SCOPED_TRACE(typed);
+      const std::size_t before = platform.Requests.size();
+      platform.Messages.clear();
+      window->txt_containers_logs.Type(typed);
+      const SentRequest& sent = Ask();
+      EXPECT_EQ(window->txt_containers_logs.Text(), typed);
+      EXPECT_EQ(platform.Requests.size(), before + (count == nullptr ? 0 : 1));
+      if (count == nullptr) {
+        EXPECT_THAT(platform.Messages,
+                    ElementsAre("You must provide a number of logs to retrieve. The higher the number the longer the "
+                                "request will take. Enter 0 to retrieve all logs for a container."));
+      } else {
+        EXPECT_EQ(Body(sent).at("logCount"), boost::json::value(count));
+        EXPECT_THAT(platform.Messages, IsEmpty());
+      }
+    }
+  }
+}
+
+TEST_F(Logs, LinesComeInTheOrderOfTheirNumbersIntoAWindowOfTheirOwn) {
+  Ask().Reply(200, R"({"log":{"11":["l","hidden"],"2":["c"],"10":["k"],"0":["a\nb"],"9":[9],"1":[],"3":["d"],"4":["e"],
+                              "8":["i"],"5":["f"],"7":["h"],"6":["g"]}})");
+  Ask().Reply(200, R"({"log":{"0":["again"]}})");
+  EXPECT_THAT(presented, ElementsAre(ElementsAre("a\nb", "", "c", "d", "e", "f", "g", "h", "i", "9", "k", "l"),
+                                     ElementsAre("again")));
+  EXPECT_EQ(window->list_containers.ListIndex(), 0);
+  EXPECT_EQ(platform.Requests.size(), 4U) << "the containers were asked for again";
+  window->Close();
+  ASSERT_THAT(platform.OpenWindows(), SizeIs(2));
+  for (const auto& logs : platform.OpenWindows()) {
+    EXPECT_EQ(logs->Title(), "Corvane - Container Logs");
+    EXPECT_EQ(logs->ContentSize(), (toolkit::Size{600, 400}));
+    logs->Resize({.Width = 1, .Height = 1000});
+    EXPECT_EQ(logs->PlaceOf(Lines(*logs)), (toolkit::Rect{0, 0, 500, 1000}));
+    EXPECT_FALSE(Lines(*logs).HasHeading());
+    EXPECT_EQ(logs->Menus(), nullptr);
+  }
+  EXPECT_THAT(platform.Quits, IsEmpty());
+}
+
+TEST_F(Logs, AReplyWithoutLinesGivesAMessageAndNoWindow) {
+  const std::vector<std::pair<const char*, const char*>> rows{
+      {"{}", "No logs returned for this container."},
+      {R"({"log":null})", "No logs returned for this container."},
+      {R"({"log":{}})", "No logs returned for this container."},
+      {R"({"log":[["a"]]})", "“log” is no table"},
+      {R"({"log":"a"})", "“log” is no table"},
+      {R"({"log":{"0":["a"],"2":["c"]}})", "no row 1"},
+      {R"({"log":{"0":["a"],"1":"b"}})", "row 1 is no row"}};
+  for (const auto& [reply, message] : rows) {
+    SCOPED_TRACE(reply);
+    platform.Messages.clear();
+    Ask().Reply(200, reply);
+    EXPECT_THAT(platform.Messages, ElementsAre(HasSubstr(message)));
+    EXPECT_EQ(Usable(), "111111");
+  }
+  EXPECT_THAT(presented, IsEmpty());
+}

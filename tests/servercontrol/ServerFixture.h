@@ -1,0 +1,73 @@
+#pragma once
+
+#include <algorithm>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <boost/json/array.hpp>
+#include <boost/json/object.hpp>
+#include <boost/json/parse.hpp>
+#include <boost/json/serialize.hpp>
+#include <gmock/gmock.h>
+
+#include "servercontrol/wServer.h"
+#include "tests/support/HandPlatform.h"
+
+using Texts = std::vector<std::string>;
+using ServerButton = toolkit::PushButton wServer::*;
+
+inline Texts RowsOf(const toolkit::Listbox& list) {
+  Texts rows;
+  for (int row = 0; row < list.ListCount(); ++row) rows.push_back(list.RowText(row));
+  return rows;
+}
+
+/// An open server window that is asking for both its tabs.
+class ServerFixture : public testing::Test {
+ protected:
+  ServerFixture() { OpenAgain(); }
+
+  void OpenAgain() {
+    window = std::make_shared<wServer>(server);
+    window->Show();
+  }
+  /// The last request for a path such as "system/reload".
+  [[nodiscard]] SentRequest& Sent(const std::string& path) const {
+    const auto isIt = [&](const auto& request) { return request->Request.URL.ends_with("/api/v1/" + path); };
+    const auto found = std::find_if(platform.Requests.rbegin(), platform.Requests.rend(), isIt);
+    if (found == platform.Requests.rend()) throw std::runtime_error("nothing was sent to " + path);
+    return **found;
+  }
+  /// Presses a button of either panel as the user would; one that is never shown has only its event.
+  void Press(ServerButton which) const {
+    const toolkit::PushButton& button = (*window).*which;
+    window->tabs.Select(button.Panel());
+    button.Visible() ? button.Press() : button.Action();
+  }
+  /// Answers the last request for the containers, and selects one.
+  void Fill(const Texts& names, int selected = -1) const {
+    boost::json::object table;
+    for (const auto& name : names) table[std::to_string(table.size())] = boost::json::array{name, "running", "Up"};
+    Sent("containers/list").Reply(200, R"({"containers":)" + boost::json::serialize(table) + "}");
+    window->tabs.Select(2);
+    window->list_containers.Select(selected);
+  }
+  /// Which of start, stop, restart, backup, logs and the count field can be used, as in "001000".
+  [[nodiscard]] std::string Usable() const {
+    std::string usable;
+    for (const bool enabled : {window->btn_containers_start.Enabled(), window->btn_containers_stop.Enabled(),
+                               window->btn_containers_restart.Enabled(), window->btn_containers_backup.Enabled(),
+                               window->btn_containers_logs.Enabled(), window->txt_containers_logs.Enabled()}) {
+      usable += enabled ? '1' : '0';
+    }
+    return usable;
+  }
+  [[nodiscard]] static boost::json::object Body(const SentRequest& request) {
+    return boost::json::parse(request.Request.Body).as_object();
+  }
+
+  HandPlatform platform;
+  std::shared_ptr<CorvaneServer> server = std::make_shared<CorvaneServer>(CorvaneServer{"srv", "", "pw", "", "amy"});
+  std::shared_ptr<wServer> window;
+};
