@@ -27,7 +27,6 @@ class ClientTest : public testing::Test {
     return parse(Last().Request.Body);
   }
   SentRequest& Last() const { return platform.LastRequest(); }
-  std::string Stored(const char* key) const { return client->Operator_Lookup(key).Text(); }
 
   HandPlatform platform;
   std::vector<std::string> events;
@@ -51,7 +50,7 @@ TEST_F(ClientTest, TheStoreLivesFromRequestToRequest) {
   client->Operator_Lookup("password", "old");
   client->Operator_Lookup("password", "new");
   EXPECT_EQ(Press(), parse(R"({"username":"amy","password":"new"})"));
-  EXPECT_EQ(Stored("username"), "amy") << "cleared by sending";
+  EXPECT_EQ(client->Operator_Lookup("username").Text(), "amy") << "cleared by sending";
   Last().Reply(200, R"({"status":"fine","rows":{"0":["a",1]},"none":null})");
   EXPECT_TRUE(client->Operator_Lookup("password").IsNil()) << "not part of the reply";
   ASSERT_NE(client->Operator_Lookup("rows").Object(), nullptr);
@@ -157,7 +156,7 @@ TEST_F(ClientTest, ASecondPressAbandonsTheFirstAndEachIsSentOnce) {
   EXPECT_THAT(events, ElementsAre());
   Last().Reply(200, R"({"from":"the second"})");
   EXPECT_THAT(events, ElementsAre("pressed"));
-  EXPECT_EQ(Stored("from"), "the second");
+  EXPECT_EQ(client->Operator_Lookup("from").Text(), "the second");
   ASSERT_EQ(platform.Requests.size(), 2U);
   EXPECT_EQ(first.Request.Body, R"({"number":1})");
   EXPECT_EQ(Last().Request.Body, R"({"number":2})");

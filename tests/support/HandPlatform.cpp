@@ -39,14 +39,6 @@ void SentRequest::BeginReply(int status, toolkit::HTTPHeaders headers, std::opti
   Tell([&](auto& events) { events.HeadersReceived(status, std::move(headers), length); });
 }
 
-void SentRequest::ReplyPart(std::string_view bytes) {
-  Tell([bytes](auto& events) { events.BodyReceived(bytes); });
-}
-
-void SentRequest::EndReply() {
-  TellEnd([](auto& events) { events.Finished(); });
-}
-
 void SentRequest::Fail(toolkit::TransferFault fault) {
   const std::size_t host = Request.URL.find("://") + 3;
   const std::size_t port = Request.URL.find(':', host);

@@ -28,8 +28,12 @@ class SentRequest {
   void Reply(int status, std::string_view body);
   /// A reply in pieces: these three, the second as often as wanted.
   void BeginReply(int status, toolkit::HTTPHeaders headers = {}, std::optional<std::uint64_t> length = {});
-  void ReplyPart(std::string_view bytes);
-  void EndReply();
+  void ReplyPart(std::string_view bytes) {
+    Tell([bytes](auto& events) { events.BodyReceived(bytes); });
+  }
+  void EndReply() {
+    TellEnd([](auto& events) { events.Finished(); });
+  }
   /// No reply, or no more of it. The failure names host and port of the request, which must have both.
   void Fail(toolkit::TransferFault fault);
   /// For the platform: the program let go of the transfer.
