@@ -85,7 +85,7 @@ void HTTPSocket::HeadersReceived(int status, HTTPHeaders headers, std::optional<
   announcedLength_ = length;
   if (file_ && !OpenFile()) return;
   if (!file_ && length) content_.reserve(std::min(*length, largestReserve));
-  Event_HeadersReceived(url_, status);
+  Event_HeadersReceived(std::string(url_), status);
 }
 
 void HTTPSocket::BodyReceived(std::string_view bytes) {
@@ -103,15 +103,18 @@ void HTTPSocket::BodySent(std::uint64_t sent, std::uint64_t total) { Event_SendP
 
 void HTTPSocket::Finished() {
   const auto ended = std::exchange(transfer_, nullptr);
+  // The handler may start the next request or destroy the socket, so its arguments are its own.
+  const std::string url = url_;
   if (!file_) {
-    Event_PageReceived(url_, status_, std::move(content_));
+    Event_PageReceived(url, status_, std::move(content_));
     return;
   }
+  const FolderItem file = *file_;
   fileStream_.close();
   if (fileStream_.fail()) {
-    FailWith("The file " + file_->Path().string() + " could not be written.");
+    FailWith("The file " + file.Path().string() + " could not be written.");
   } else {
-    Event_FileReceived(url_, status_, *file_);
+    Event_FileReceived(url, status_, file);
   }
 }
 

@@ -8,9 +8,13 @@ namespace toolkit {
 /// A failure with a text for the user.
 class RuntimeException : public std::runtime_error {
  public:
-  using std::runtime_error::runtime_error;
+  explicit RuntimeException(const std::string& message) : std::runtime_error(message), message_(message) {}
 
-  [[nodiscard]] std::string Message() const { return what(); }
+  /// The whole text; what() ends at its first NUL.
+  [[nodiscard]] const std::string& Message() const { return message_; }
+
+ private:
+  std::string message_;
 };
 
 }  // namespace toolkit

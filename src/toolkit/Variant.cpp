@@ -2,6 +2,7 @@
 
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <ctime>
 
 #include <boost/json/serialize.hpp>
@@ -12,11 +13,16 @@ namespace json = boost::json;
 namespace toolkit {
 namespace {
 
-template <typename Number>
-std::string ShortestForm(Number number) {
+std::string ShortestForm(auto number, auto... format) {
   std::array<char, 64> digits{};
-  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number, format...).ptr;
   return {digits.data(), end};
+}
+
+// An exponent may be shorter where nobody writes one: 1e+05. JSON writers begin with it at these sizes.
+std::chars_format UsualFormat(double number) {
+  const double size = std::abs(number);
+  return size == 0 || (size >= 1e-6 && size < 1e21) ? std::chars_format::fixed : std::chars_format::scientific;
 }
 
 std::string ISO8601(Date date) {
@@ -72,7 +78,7 @@ std::string ToText(const json::value& value) {
     case json::kind::uint64:
       return ShortestForm(value.get_uint64());
     case json::kind::double_:
-      return ShortestForm(value.get_double());
+      return ShortestForm(value.get_double(), UsualFormat(value.get_double()));
     default:
       return json::serialize(value);
   }

@@ -1,7 +1,5 @@
 #include "tests/support/HandPlatform.h"
 
-#include <algorithm>
-#include <charconv>
 #include <cstdlib>
 #include <stdexcept>
 #include <utility>
@@ -9,8 +7,6 @@
 #include "toolkit/Window.h"
 
 namespace {
-
-constexpr int portOfHTTPS = 443;
 
 class HandTransfer final : public toolkit::HTTPTransfer {
  public:
@@ -23,22 +19,10 @@ class HandTransfer final : public toolkit::HTTPTransfer {
   std::shared_ptr<SentRequest> request_;
 };
 
-toolkit::TransferFailure FailureOf(std::string_view url) {
-  toolkit::TransferFailure failure;
-  url.remove_prefix(url.find("://") + 3);
-  const std::string_view authority = url.substr(0, url.find('/'));
-  const std::size_t colon = std::min(authority.rfind(':'), authority.size());
-  failure.Host = authority.substr(0, colon);
-  failure.Port = portOfHTTPS;
-  const std::string_view port = authority.substr(std::min(colon + 1, authority.size()));
-  std::from_chars(port.data(), port.data() + port.size(), failure.Port);
-  return failure;
-}
-
-std::filesystem::path MakeTemporaryFolder() {
+toolkit::FolderItem MakeTemporaryFolder() {
   std::string path = (std::filesystem::temp_directory_path() / "corvane-test-XXXXXX").string();
   if (mkdtemp(path.data()) == nullptr) throw std::runtime_error("No temporary folder can be made at " + path);
-  return path;
+  return toolkit::FolderItem(path);
 }
 
 }  // namespace
@@ -55,43 +39,38 @@ void SentRequest::BeginReply(int status, toolkit::HTTPHeaders headers, std::opti
   Tell([&](auto& events) { events.HeadersReceived(status, std::move(headers), length); });
 }
 
-void SentRequest::ReplyPart(std::string_view bytes) {
-  Tell([bytes](auto& events) { events.BodyReceived(bytes); });
-}
-
-void SentRequest::EndReply() {
-  TellEnd([](auto& events) { events.Finished(); });
-}
-
-void SentRequest::Fail(toolkit::TransferFault fault, std::string_view detail) {
-  toolkit::TransferFailure failure = FailureOf(Request.URL);
+void SentRequest::Fail(toolkit::TransferFault fault) {
+  const std::size_t host = Request.URL.find("://") + 3;
+  const std::size_t port = Request.URL.find(':', host);
+  toolkit::TransferFailure failure;
   failure.Fault = fault;
-  failure.Detail = detail;
+  failure.Host = Request.URL.substr(host, port - host);
+  failure.Port = std::stoi(Request.URL.substr(port + 1));
   TellEnd([&](auto& events) { events.Failed(failure); });
 }
 
-void SentRequest::Abandon() { abandoned_ = std::exchange(events_, nullptr) != nullptr; }
-
-void SentRequest::Tell(const Telling& telling) const {
-  if (events_ == nullptr) return;
-  toolkit::Platform::Current().Dispatch([&] { telling(*events_); });
+void SentRequest::Abandon() {
+  if (std::exchange(events_, nullptr) != nullptr) abandoned_ = true;
 }
 
-void SentRequest::TellEnd(const Telling& telling) {
+void SentRequest::Tell(const std::function<void(toolkit::HTTPTransferEvents&)>& telling) const {
+  if (events_ != nullptr) toolkit::Platform::Current().Dispatch([&] { telling(*events_); });
+}
+
+void SentRequest::TellEnd(const std::function<void(toolkit::HTTPTransferEvents&)>& telling) {
   auto* const events = std::exchange(events_, nullptr);
-  if (events == nullptr) return;
-  toolkit::Platform::Current().Dispatch([&] { telling(*events); });
+  if (events != nullptr) toolkit::Platform::Current().Dispatch([&] { telling(*events); });
 }
 
 HandPlatform::HandPlatform() : folder_(MakeTemporaryFolder()) {
-  std::filesystem::create_directory(ApplicationDataFolder().Path());
-  std::filesystem::create_directory(DesktopFolder().Path());
+  ApplicationDataFolder().CreateAsFolder();
+  DesktopFolder().CreateAsFolder();
 }
 
 HandPlatform::~HandPlatform() {
   ForgetWindows();
   std::error_code ignored;
-  std::filesystem::remove_all(folder_, ignored);
+  std::filesystem::remove_all(folder_.Path(), ignored);
 }
 
 std::unique_ptr<toolkit::HTTPTransfer> HandPlatform::StartTransfer(toolkit::HTTPRequest request,
@@ -122,18 +101,9 @@ int HandPlatform::RunLoop(const std::function<void()>& start) {
     posted_.pop_front();
     Dispatch(work);
   }
-  return Quits.empty() ? NeverQuit : Quits.back();
+  return Quits.empty() ? -1 : Quits.back();
 }
 
-toolkit::FolderItem HandPlatform::ApplicationDataFolder() const { return toolkit::FolderItem(folder_ / "data"); }
-
-toolkit::FolderItem HandPlatform::DesktopFolder() const { return toolkit::FolderItem(folder_ / "desktop"); }
-
-void HandPlatform::Present(toolkit::Window& window) {
-  WindowLog.push_back("present " + window.Title());
-  if (WhenPresented) WhenPresented(window);
+void HandPlatform::Log(const std::string& what, const toolkit::Window& window) {
+  WindowLog.push_back(what + window.Title());
 }
-
-void HandPlatform::BringToFront(toolkit::Window& window) { WindowLog.push_back("front " + window.Title()); }
-
-void HandPlatform::Withdraw(toolkit::Window& window) { WindowLog.push_back("withdraw " + window.Title()); }

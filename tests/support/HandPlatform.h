@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <deque>
 #include <filesystem>
@@ -21,7 +20,6 @@ class SentRequest {
       : Request(std::move(request)), events_(&events) {}
 
   const toolkit::HTTPRequest Request;
-
   [[nodiscard]] bool IsRunning() const { return events_ != nullptr; }
   /// Whether the program let go of the transfer before it ended.
   [[nodiscard]] bool IsAbandoned() const { return abandoned_; }
@@ -30,25 +28,27 @@ class SentRequest {
   void Reply(int status, std::string_view body);
   /// A reply in pieces: these three, the second as often as wanted.
   void BeginReply(int status, toolkit::HTTPHeaders headers = {}, std::optional<std::uint64_t> length = {});
-  void ReplyPart(std::string_view bytes);
-  void EndReply();
-  /// No reply, or no more of it. The failure names host and port of the request.
-  void Fail(toolkit::TransferFault fault, std::string_view detail = {});
-
-  /// The program lets go of the transfer.
+  void ReplyPart(std::string_view bytes) {
+    Tell([bytes](auto& events) { events.BodyReceived(bytes); });
+  }
+  void EndReply() {
+    TellEnd([](auto& events) { events.Finished(); });
+  }
+  /// No reply, or no more of it. The failure names host and port of the request, which must have both.
+  void Fail(toolkit::TransferFault fault);
+  /// For the platform: the program let go of the transfer.
   void Abandon();
 
  private:
-  using Telling = std::function<void(toolkit::HTTPTransferEvents&)>;
-  void Tell(const Telling& telling) const;
-  void TellEnd(const Telling& telling);
+  void Tell(const std::function<void(toolkit::HTTPTransferEvents&)>& telling) const;
+  void TellEnd(const std::function<void(toolkit::HTTPTransferEvents&)>& telling);
 
   toolkit::HTTPTransferEvents* events_;
   bool abandoned_ = false;
 };
 
-/// A platform without screen, network or time: all it is asked for is written down here, and the test plays the world.
-/// Its folders are real, empty, and gone afterwards.
+/// A platform without screen, network or time: what it is asked for is written down here, and the test plays the world.
+/// Its folders are real, empty at first, and gone afterwards.
 class HandPlatform final : public toolkit::Platform {
  public:
   HandPlatform();
@@ -74,27 +74,30 @@ class HandPlatform final : public toolkit::Platform {
   std::vector<std::string> WindowLog;
   /// Looks at each window in the state in which it comes on the screen.
   std::function<void(toolkit::Window&)> WhenPresented;
-  /// Runs on the event loop, after what was posted before.
+  /// Runs in RunLoop(), after what was posted before.
   void Post(std::function<void()> work) { posted_.push_back(std::move(work)); }
-
-  static constexpr int NeverQuit = -1;
 
   std::unique_ptr<toolkit::HTTPTransfer> StartTransfer(toolkit::HTTPRequest request,
                                                        toolkit::HTTPTransferEvents& events) override;
   toolkit::DialogButton ShowDialog(const toolkit::MessageDialog& dialog) override;
   bool OpenURL(const std::string& url) override;
-  /// Runs until the program quits or there is nothing left to do, which gives NeverQuit.
+  /// Ends when the program quits, or with -1 when there is nothing left to do.
   int RunLoop(const std::function<void()>& start) override;
   void Quit(int status) override { Quits.push_back(status); }
-  [[nodiscard]] toolkit::FolderItem ApplicationDataFolder() const override;
-  [[nodiscard]] toolkit::FolderItem DesktopFolder() const override;
+  [[nodiscard]] toolkit::FolderItem ApplicationDataFolder() const override { return folder_.Child("data"); }
+  [[nodiscard]] toolkit::FolderItem DesktopFolder() const override { return folder_.Child("desktop"); }
 
  protected:
-  void Present(toolkit::Window& window) override;
-  void BringToFront(toolkit::Window& window) override;
-  void Withdraw(toolkit::Window& window) override;
+  void Present(toolkit::Window& window) override {
+    Log("present ", window);
+    if (WhenPresented) WhenPresented(window);
+  }
+  void BringToFront(toolkit::Window& window) override { Log("front ", window); }
+  void Withdraw(toolkit::Window& window) override { Log("withdraw ", window); }
 
  private:
+  void Log(const std::string& what, const toolkit::Window& window);
+
   std::deque<std::function<void()>> posted_;
-  std::filesystem::path folder_;
+  toolkit::FolderItem folder_;
 };

@@ -2,11 +2,10 @@
 
 #include <algorithm>
 #include <array>
-#include <iomanip>
-#include <sstream>
 #include <thread>
 
 #include "panel/DemoLog.h"
+#include "panel/Figures.h"
 
 namespace panel {
 namespace {
@@ -37,12 +36,6 @@ constexpr std::array<Model, 12> models{{
   {"migration",       0,    days(3),            0s},
 }};
 // clang-format on
-
-std::string OneDecimal(double number) {
-  std::ostringstream text;
-  text << std::fixed << std::setprecision(1) << number;
-  return text.str();
-}
 
 }  // namespace
 

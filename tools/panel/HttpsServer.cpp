@@ -94,8 +94,7 @@ void HttpsServer::SetUpReplies() {
 }
 
 void HttpsServer::Listen() {
-  const bool isIPv6 = options_.address.find(':') != std::string::npos;
-  const std::string host = isIPv6 ? "[" + options_.address + "]" : options_.address;
+  const std::string host = HostInUrl(options_.address);
   int port = static_cast<int>(options_.port);
   const bool isBound = port == 0 ? (port = server_.bind_to_any_port(options_.address)) > 0
                                  : server_.bind_to_port(options_.address, port);

@@ -5,6 +5,7 @@
 #include <iomanip>
 #include <sstream>
 #include <string_view>
+#include <sys/un.h>
 #include <variant>
 
 namespace panel {
@@ -30,9 +31,11 @@ constexpr std::array rows{
   Row{"--hostname",           "NAME",    "the host name to report; empty means the address",  &Options::hostname},
   Row{"--user",               "NAME",    "the user name to ask for",                          &Options::user},
   Row{"--password",           "TEXT",    "the password to ask for",                           &Options::password},
-  Row{"--containers",         "COUNT",   "how many containers to show",                       &Options::containers, 1'000'000},
-  Row{"--log-lines",          "COUNT",   "how many lines the log of each container has",      &Options::logLines, 100'000'000},
+  Row{"--containers",         "COUNT",   "how many containers to invent",                     &Options::containers, 1'000'000},
+  Row{"--log-lines",          "COUNT",   "how many lines to invent for each container's log", &Options::logLines, 100'000'000},
   Row{"--delay",              "MS",      "wait so many milliseconds before each reply",       &Options::delay, 600'000},
+  Row{"--engine",             "unix:PATH", "show this machine and the containers of its Docker-compatible engine,\n"
+                                           "                        which listens on this socket, instead of invented ones",  &Options::engine},
   Row{"--until-stdin-closes", "",        "end as soon as the standard input ends",            &Options::untilStdinCloses},
   Row{"--help",               "",        "show this text",                                    &Options::help},
 };
@@ -74,6 +77,21 @@ std::string DefaultOf(const Row& row) {
 
 }  // namespace
 
+std::string EngineSocketPath(const std::string& engine) {
+  constexpr std::string_view scheme = "unix:";
+  constexpr std::size_t longest = sizeof(sockaddr_un::sun_path) - 1;
+  const bool isUnix = engine.compare(0, scheme.size(), scheme) == 0;
+  if (!isUnix || engine.size() == scheme.size() || engine.size() - scheme.size() > longest) {
+    throw UsageError("--engine takes 'unix:' and a path of at most " + std::to_string(longest) + " bytes, not '" +
+                     engine + "'");
+  }
+  return engine.substr(scheme.size());
+}
+
+std::string HostInUrl(const std::string& address) {
+  return address.find(':') == std::string::npos ? address : "[" + address + "]";
+}
+
 Options ParseOptions(std::span<const char* const> arguments) {
   Options options;
   for (std::size_t i = 0; i < arguments.size(); ++i) {
@@ -99,7 +117,7 @@ std::string HelpText() {
   std::ostringstream text;
   text << "corvane-panel: a small panel service, for trying out and testing. It is not made for production:\n"
           "its certificate is made anew at each start and signed by itself, its password stands in the\n"
-          "process list, and its fleet of containers is invented.\n\n"
+          "process list, and its containers are invented unless --engine names real ones.\n\n"
           "Usage: corvane-panel [OPTION]...\n\n";
   for (const Row& row : rows) {
     const std::string left = std::string(row.name) + " " + std::string(row.placeholder);

@@ -18,6 +18,7 @@ struct Options {
   std::uint64_t containers = 12;
   std::uint64_t logLines = 500;  ///< Lines in the log of each container.
   std::chrono::milliseconds delay{0};
+  std::string engine;  ///< "unix:" and the path of a container engine's socket; empty: invented containers.
   bool untilStdinCloses = false;
   bool help = false;
 };
@@ -30,6 +31,12 @@ class UsageError : public std::runtime_error {
 
 /// Reads the arguments after the program's name, "--name value" or "--name=value". Throws UsageError.
 [[nodiscard]] Options ParseOptions(std::span<const char* const> arguments);
+
+/// The path in `engine`. Throws UsageError if there is none.
+[[nodiscard]] std::string EngineSocketPath(const std::string& engine);
+
+/// The address as a host in a URL: an IPv6 address in brackets.
+[[nodiscard]] std::string HostInUrl(const std::string& address);
 
 /// The text of --help.
 [[nodiscard]] std::string HelpText();

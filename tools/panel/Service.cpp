@@ -8,6 +8,7 @@
 
 #include <boost/json.hpp>
 
+#include "panel/Json.h"
 #include "panel/TableWriter.h"
 
 namespace panel {
@@ -22,12 +23,6 @@ struct Request {
   std::string containerName;
   std::string logCount;
 };
-
-std::string TextOf(const json::object& members, std::string_view key) {
-  const json::value* value = members.if_contains(key);
-  if (value == nullptr || !value->is_string()) return {};
-  return {value->get_string().begin(), value->get_string().end()};
-}
 
 std::optional<Request> Parse(const std::string& body) {
   // A client may send its last reply back, so a body can have millions of values: all are freed at once.

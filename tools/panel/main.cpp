@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <exception>
 #include <iostream>
+#include <memory>
 #include <poll.h>
 #include <pthread.h>
 #include <span>
@@ -13,7 +14,9 @@
 #include <unistd.h>
 
 #include "panel/DemoFleet.h"
+#include "panel/EngineFleet.h"
 #include "panel/HttpsServer.h"
+#include "panel/Machine.h"
 #include "panel/Options.h"
 #include "panel/Service.h"
 
@@ -50,12 +53,26 @@ bool StdinHasEnded() {
   std::_Exit(EXIT_SUCCESS);
 }
 
+// Where clients find this service again, as far as it can know.
+std::string ReportedHostname(const panel::Options& options) {
+  if (!options.hostname.empty()) return options.hostname;
+  const bool isEveryAddress = options.address == "0.0.0.0" || options.address == "::";
+  return isEveryAddress ? panel::LookAtMachine().name : panel::HostInUrl(options.address);
+}
+
+std::unique_ptr<panel::Fleet> MakeFleet(const panel::Options& options) {
+  const std::string hostname = ReportedHostname(options);
+  if (!options.engine.empty()) {
+    return std::make_unique<panel::EngineFleet>(panel::EngineSocketPath(options.engine), hostname);
+  }
+  return std::make_unique<panel::DemoFleet>(
+      panel::DemoFleet::Settings{.containers = options.containers, .logLines = options.logLines, .hostname = hostname});
+}
+
 [[noreturn]] void Run(const panel::Options& options) {
   const int signals = WatchSignals();
-  panel::DemoFleet fleet({.containers = options.containers,
-                          .logLines = options.logLines,
-                          .hostname = options.hostname.empty() ? options.address : options.hostname});
-  panel::Service service({.user = options.user, .password = options.password}, fleet);
+  const std::unique_ptr<panel::Fleet> fleet = MakeFleet(options);
+  panel::Service service({.user = options.user, .password = options.password}, *fleet);
   panel::HttpsServer server(options, service);
   server.Listen();
   std::thread(EndWhenAsked, signals, options.untilStdinCloses).detach();

@@ -1,0 +1,182 @@
+#include <limits>
+
+#include <boost/json/parse.hpp>
+#include <gmock/gmock.h>
+
+#include "service/TessenServicesClient.h"
+#include "tests/support/HandPlatform.h"
+
+using namespace std::string_literals;
+using boost::json::parse;
+using testing::ElementsAre;
+
+namespace {
+
+constexpr const char* url = "https://Srv:1701/Api/v1/System";
+
+class ClientTest : public testing::Test {
+ protected:
+  ClientTest() {
+    client->ButtonPressed = [this] { events.emplace_back("pressed"); };
+    client->Error = [this](const auto& error) { events.push_back("error: " + error.Message()); };
+  }
+
+  /// Presses a button and gives what was sent for it.
+  boost::json::value Press() {
+    client->PressButton(url, "List");
+    return parse(Last().Request.Body);
+  }
+  SentRequest& Last() const { return platform.LastRequest(); }
+
+  HandPlatform platform;
+  std::vector<std::string> events;
+  std::unique_ptr<TessenServicesClient> client = std::make_unique<TessenServicesClient>();
+};
+
+}  // namespace
+
+TEST_F(ClientTest, SendsItsStoreToTheButtonInSmallLetters) {
+  client->PressButton(url, "InforMATION");
+  EXPECT_EQ(Last().Request.Method, "POST");
+  EXPECT_EQ(Last().Request.URL, "https://Srv:1701/Api/v1/System/information");
+  EXPECT_EQ(Last().Request.Headers, (toolkit::HTTPHeaders{{"Content-Type", "application/json"}}));
+  EXPECT_EQ(Last().Request.Body, "{}");
+  EXPECT_EQ(Last().Request.Certificates, toolkit::CertificateCheck::Skipped);
+  EXPECT_TRUE(client->Operator_Lookup("username").IsNil());
+}
+
+TEST_F(ClientTest, TheStoreLivesFromRequestToRequest) {
+  client->Operator_Lookup("username", "amy");
+  client->Operator_Lookup("password", "old");
+  client->Operator_Lookup("password", "new");
+  EXPECT_EQ(Press(), parse(R"({"username":"amy","password":"new"})"));
+  EXPECT_EQ(client->Operator_Lookup("username").Text(), "amy") << "cleared by sending";
+  Last().Reply(200, R"({"status":"fine","rows":{"0":["a",1]},"none":null})");
+  EXPECT_TRUE(client->Operator_Lookup("password").IsNil()) << "not part of the reply";
+  ASSERT_NE(client->Operator_Lookup("rows").Object(), nullptr);
+  client->Operator_Lookup("status", "assigned");
+  client->Operator_Lookup("username", "ben");
+  EXPECT_EQ(Press(), parse(R"({"status":"assigned","rows":{"0":["a",1]},"none":null,"username":"ben"})"));
+  Last().Reply(200, "{}");
+  EXPECT_EQ(Press(), parse("{}"));
+  EXPECT_THAT(events, ElementsAre("pressed", "pressed"));
+  EXPECT_EQ(platform.Requests.size(), 3U);
+}
+
+TEST_F(ClientTest, EachOutcomeRaisesOneEventAndOnlyAnAcceptedReplyTouchesTheStore) {
+  const std::string unread = "error: The server's reply cannot be read: the ";
+  const std::string noJSON = unread + "text is not JSON (";  // and what the parser says
+  const std::string noData = "error: No data was returned from the Tessen Service.";
+  const std::string noReason = "error: The server refused the request and gave no reason.";
+  const struct {
+    const char* name;
+    int status;
+    std::string body, event;
+  } rows[] = {
+      {"accepted", 200, R"({"new":1})", "pressed"},
+      {"only 400 refuses: 401", 401, R"({"new":1,"_error":"no"})", "pressed"},
+      {"only 400 refuses: 500", 500, R"({"new":1})", "pressed"},
+      {"no data", 200, "", noData},
+      {"no data before refusal", 400, "", noData},
+      {"no data before failure", 500, "", noData},
+      {"refused", 400, R"({"_error":"No <b>such</b>\n\u0000😀","new":1})", "error: No <b>such</b>\n\0😀"s},
+      {"refused without a reason", 400, R"({"error":"x"})", noReason},
+      {"refused with a number", 400, R"({"_error":12.5})", "error: 12.5"},
+      {"refused with a Boolean", 400, R"({"_error":true})", "error: true"},
+      {"refused with an object", 400, R"({"_error":{"code":7}})", R"(error: {"code":7})"},
+      {"not UTF-8", 200, "{\"new\":\"caf\xE9\"}", unread + "text is not UTF-8."},
+      {"a key is not UTF-8", 200, "{\"\xC0\xAF\":1}", unread + "text is not UTF-8."},
+      {"not UTF-8 behind the object", 400, "{\"_error\":1}\xFF", unread + "text is not UTF-8."},
+      {"not JSON", 200, "<html>new</html>", noJSON},
+      {"cut off", 200, R"({"new":1)", noJSON},
+      {"two objects", 200, R"({"new":1}{})", noJSON},
+      {"half a surrogate", 200, R"({"new":"\ud800"})", noJSON},
+      {"too deep", 400, R"({"_error":)" + std::string(64, '[') + std::string(64, ']') + "}",
+       unread + "JSON is nested too deep."},
+      {"an array", 200, R"([{"new":1}])", unread + "JSON is not an object."},
+      {"a text", 400, R"("_error")", unread + "JSON is not an object."},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    client->Operator_Lookup("kept", "as sent");
+    const auto sent = Press();
+    const std::size_t requests = platform.Requests.size();
+    events.clear();
+    Last().Reply(row.status, row.body);
+    ASSERT_EQ(events.size(), 1U);
+    EXPECT_EQ(row.event == noJSON ? events[0].substr(0, noJSON.size()) : events[0], row.event);
+    EXPECT_EQ(platform.Requests.size(), requests) << "sent again";
+    EXPECT_EQ(Press(), row.event == "pressed" ? parse(row.body) : sent);
+    Last().Reply(200, "{}");
+  }
+}
+
+TEST_F(ClientTest, RefusesEmptyTextsAtOnceAndPassesOnFailuresOfTheTransfer) {
+  client->PressButton("", "");
+  EXPECT_THAT(platform.Requests, ElementsAre());
+  client->Operator_Lookup("kept", "as it was");
+  const auto sent = Press();
+  client->PressButton(url, "");
+  EXPECT_TRUE(Last().IsRunning()) << "a refused press ended the request under way";
+  Last().BeginReply(200);
+  Last().ReplyPart(R"({"kept":"half)");
+  Last().Fail(toolkit::TransferFault::ClosedEarly);
+  EXPECT_EQ(platform.Requests.size(), 1U);
+  EXPECT_THAT(events, ElementsAre("error: No Tessen Service URL was provided.", "error: No button name was provided.",
+                                  "error: The server “Srv” closed the connection before its reply was complete."));
+  EXPECT_EQ(Press(), sent);
+}
+
+TEST_F(ClientTest, ValuesSurviveTheRoundTripExactly) {
+  client->Operator_Lookup("boolean", true);
+  client->Operator_Lookup("date", toolkit::Date(std::chrono::seconds(951827696)));
+  client->Operator_Lookup("double", 0.1);
+  client->Operator_Lookup("least", std::numeric_limits<std::int64_t>::min());
+  client->Operator_Lookup("text", "\0\"\\\n😀 שלום"s);
+  client->Operator_Lookup("unsigned", std::numeric_limits<std::uint64_t>::max());
+  const std::string assigned = R"({"boolean":true,"date":"2000-02-29T12:34:56Z","double":0.1,
+      "least":-9223372036854775808,"text":"\u0000\"\\\n😀 שלום","unsigned":18446744073709551615)";
+  EXPECT_EQ(Press(), parse(assigned + "}"));
+  const std::string all = assigned + R"(,"nested":{"list":[null,false,1e300,{"":9223372036854775807}]},"nil":null})";
+  Last().Reply(200, all);
+  EXPECT_EQ(Press(), parse(all));
+}
+
+TEST_F(ClientTest, ASecondPressAbandonsTheFirstAndEachIsSentOnce) {
+  client->Operator_Lookup("number", std::int64_t{1});
+  Press();
+  SentRequest& first = Last();
+  first.BeginReply(200);
+  first.ReplyPart(R"({"from":"the )");
+  client->Operator_Lookup("number", std::int64_t{2});
+  Press();
+  first.ReplyPart(R"(first"})");
+  first.EndReply();
+  EXPECT_TRUE(first.IsAbandoned());
+  EXPECT_THAT(events, ElementsAre());
+  Last().Reply(200, R"({"from":"the second"})");
+  EXPECT_THAT(events, ElementsAre("pressed"));
+  EXPECT_EQ(client->Operator_Lookup("from").Text(), "the second");
+  ASSERT_EQ(platform.Requests.size(), 2U);
+  EXPECT_EQ(first.Request.Body, R"({"number":1})");
+  EXPECT_EQ(Last().Request.Body, R"({"number":2})");
+}
+
+TEST_F(ClientTest, ItsHandlersMayPressAgainOrDestroyTheClient) {
+  for (const int status : {200, 400}) {
+    for (const bool destroys : {false, true}) {
+      SCOPED_TRACE(std::to_string(status) + (destroys ? " destroys" : " presses"));
+      int calls = 0;
+      const auto react = [&] { ++calls, destroys ? client.reset() : client->PressButton(url, "again"); };
+      client = std::make_unique<TessenServicesClient>();
+      client->ButtonPressed = react;
+      client->Error = [&](const auto&) { react(); };
+      Press();
+      const std::size_t requests = platform.Requests.size();
+      Last().Reply(status, R"({"_error":"x"})");
+      EXPECT_EQ(calls, 1);
+      EXPECT_EQ(platform.Requests.size(), destroys ? requests : requests + 1);
+      EXPECT_EQ(Last().IsRunning(), !destroys);
+    }
+  }
+}

@@ -1,0 +1,195 @@
+#include "panel/EngineFleet.h"
+
+#include <algorithm>
+#include <array>
+#include <map>
+#include <utility>
+
+#include "panel/EngineLog.h"
+#include "panel/Figures.h"
+#include "panel/Json.h"
+#include "panel/Times.h"
+
+namespace panel {
+namespace {
+
+namespace json = boost::json;
+using namespace std::chrono_literals;
+
+constexpr std::string_view backupRepository = "corvane-backup";
+constexpr std::size_t stampLength = 15;  // YYYYMMDD-HHMMSS
+
+constexpr auto patienceForQuestions = 10s;
+constexpr auto patienceForActions = 30s;  // Ten seconds to stop, then the engine ends the container.
+constexpr auto patienceForLogs = 60s;
+constexpr auto patienceForBackups = 600s;
+
+struct EngineAction {
+  Action action;
+  std::string_view path;
+  std::string_view done;
+  std::string_view needless;
+};
+// clang-format off
+constexpr std::array<EngineAction, 3> actions{{
+  {Action::Start,   "/start",        " has been started.",   " is running already."},
+  {Action::Stop,    "/stop?t=10",    " has been stopped.",   " is stopped already."},
+  {Action::Restart, "/restart?t=10", " has been restarted.", " has been restarted."},
+}};
+// clang-format on
+
+json::array ToArray(json::value value) {
+  if (!value.is_array()) throw Refusal("The container engine's answer cannot be understood.");
+  return std::move(value.get_array());
+}
+
+// The texts in an array; none if there is no such array.
+std::vector<std::string> TextsOf(const json::object& members, std::string_view key) {
+  std::vector<std::string> texts;
+  const json::value* value = members.if_contains(key);
+  if (value == nullptr || !value->is_array()) return texts;
+  for (const json::value& text : value->get_array()) {
+    if (text.is_string()) texts.emplace_back(text.get_string().begin(), text.get_string().end());
+  }
+  return texts;
+}
+
+// Names start with a slash; further slashes mark the names that other containers have for this one.
+std::string NameOf(const json::object& container) {
+  for (const std::string& name : TextsOf(container, "Names")) {
+    if (name.rfind('/') == 0) return name.substr(1);
+  }
+  return TextOf(container, "Id").substr(0, 12);
+}
+
+std::string MakeStamp(Time time) {
+  std::string text;
+  AppendTimestamp(text, time);
+  std::string stamp = text.substr(0, std::string_view("YYYY-MM-DDTHH:MM:SS").size());
+  std::erase_if(stamp, [](char c) { return c == '-' || c == ':'; });
+  std::replace(stamp.begin(), stamp.end(), 'T', '-');
+  return stamp;
+}
+
+std::string StampToWords(const std::string& stamp) {
+  return stamp.substr(0, 4) + "-" + stamp.substr(4, 2) + "-" + stamp.substr(6, 2) + " " + stamp.substr(9, 2) + ":" +
+         stamp.substr(11, 2) + " UTC";
+}
+
+// The stamp of the newest backup of each container that has one, by the container's name.
+std::map<std::string, std::string> FindBackups(const json::array& images) {
+  std::map<std::string, std::string> newest;
+  const std::string mark = std::string(backupRepository) + ":";
+  for (const json::value& image : images) {
+    if (!image.is_object()) continue;
+    for (const std::string& tag : TextsOf(image.get_object(), "RepoTags")) {
+      const std::size_t found = tag.find(mark);  // A registry's name may stand before it.
+      if (found == std::string::npos || tag.size() < found + mark.size() + 1 + stampLength) continue;
+      const std::string stamp = tag.substr(tag.size() - stampLength);
+      const std::size_t start = found + mark.size();
+      std::string& known = newest[tag.substr(start, tag.size() - stampLength - 1 - start)];
+      known = std::max(known, stamp);
+    }
+  }
+  return newest;
+}
+
+}  // namespace
+
+EngineFleet::EngineFleet(std::string socketPath, std::string hostname)
+    : engine_(std::move(socketPath)), hostname_(std::move(hostname)) {}
+
+Information EngineFleet::Describe() {
+  const json::value answer = engine_.GetJson("/info", patienceForQuestions);
+  const json::object engine = answer.is_object() ? answer.get_object() : json::object();
+  const Machine machine = LookAtMachine();
+  const std::string root = TextOf(engine, "DockerRootDir");
+  const Storage storage = LookAtStorage(root.empty() ? "/" : root);
+  const std::uint64_t percentage = storage.size == 0 ? 0 : storage.used * 100 / storage.size;
+  return {
+      .systemName = machine.name,
+      .systemDescription = "A machine with a container engine, for trying out",
+      .systemDataCenterLocation = "Unknown",
+      .operatingSystemType = machine.operatingSystem,
+      .operatingSystemKernelVersion = machine.kernelVersion,
+      .systemDockerVersion = TextOf(engine, "ServerVersion"),
+      .dunmereVersion = "For trying out",
+      .cpuArchitecture = machine.architecture,
+      .cpuCount = std::to_string(machine.processors),
+      .cpuLoad = OneDecimal(load_.Percent()),
+      .memoryTotal = ToGigabytes(machine.memoryTotal),
+      .memoryAvailable = ToGigabytes(machine.memoryAvailable),
+      .storageDiskSize = ToGigabytes(storage.size),
+      .storageUsed = ToGigabytes(storage.used),
+      .storageUsedPercentage = std::to_string(percentage),
+      .storageAvailable = ToGigabytes(storage.available),
+      .networkHostname = hostname_,
+      .networkIPv4 = machine.ipv4,
+      .networkIPv6 = machine.ipv6,
+  };
+}
+
+std::string EngineFleet::Reboot() { return "Acknowledged only: this panel does not reboot the machine it runs on."; }
+
+std::string EngineFleet::Reload() { return "Acknowledged only: this panel has nothing to reload."; }
+
+std::vector<ContainerRow> EngineFleet::List() {
+  std::map<std::string, std::string> backups =
+      FindBackups(ToArray(engine_.GetJson("/images/json", patienceForQuestions)));
+  std::vector<ContainerRow> rows;
+  for (const json::value& container : ToArray(engine_.GetJson("/containers/json?all=true", patienceForQuestions))) {
+    if (!container.is_object()) continue;
+    const json::object& members = container.get_object();
+    ContainerRow row{.name = NameOf(members),
+                     .state = TextOf(members, "State"),
+                     .status = TextOf(members, "Status"),
+                     .backup = "never"};
+    if (const auto backup = backups.find(row.name); backup != backups.end()) row.backup = StampToWords(backup->second);
+    rows.push_back(std::move(row));
+  }
+  // Engines may list them in another order each time.
+  std::sort(rows.begin(), rows.end(), [](const auto& left, const auto& right) { return left.name < right.name; });
+  return rows;
+}
+
+std::string EngineFleet::Act(Action action, const std::string& name) {
+  const std::string id = FindId(name);
+  if (action == Action::Backup) return BackUp(id, name);
+  constexpr int notModified = 304;
+  const auto* row =
+      std::find_if(actions.begin(), actions.end(), [&](const auto& each) { return each.action == action; });
+  // No body: an engine that ends the connection without having read it would take its answer away, too.
+  const int status = engine_.Post("/containers/" + id + std::string(row->path), "", patienceForActions).status;
+  return name + std::string(status == notModified ? row->needless : row->done);
+}
+
+std::string EngineFleet::BackUp(const std::string& id, const std::string& name) {
+  const std::string repository(backupRepository);
+  const std::string tag = name + "-" + MakeStamp(std::chrono::system_clock::now());
+  const std::string path = "/commit?container=" + id + "&repo=" + repository + "&tag=" + tag;
+  // Changes to the image's settings are asked for: none.
+  static_cast<void>(engine_.Post(path, "{}", patienceForBackups));
+  return name + " has been backed up as the image " + repository + ":" + tag + ".";
+}
+
+void EngineFleet::ReadLog(const std::string& name, std::uint64_t count, const LineSink& sink) {
+  const std::string container = "/containers/" + FindId(name);
+  const json::value facts = engine_.GetJson(container + "/json", patienceForQuestions);
+  boost::system::error_code error;
+  const json::value* hasTerminal = facts.find_pointer("/Config/Tty", error);
+  const bool isRaw = hasTerminal != nullptr && hasTerminal->is_bool() && hasTerminal->get_bool();
+  const std::string tail = count == 0 ? "all" : std::to_string(count);
+  const std::string log =
+      engine_.Get(container + "/logs?stdout=true&stderr=true&timestamps=true&tail=" + tail, patienceForLogs).body;
+  SplitEngineLog(log, isRaw ? LogForm::Raw : LogForm::Multiplexed, sink);
+}
+
+// Names come from clients; what stands in paths is the engine's own.
+std::string EngineFleet::FindId(const std::string& name) const {
+  for (const json::value& container : ToArray(engine_.GetJson("/containers/json?all=true", patienceForQuestions))) {
+    if (container.is_object() && NameOf(container.get_object()) == name) return TextOf(container.get_object(), "Id");
+  }
+  throw Refusal("There is no container named \"" + name + "\".");
+}
+
+}  // namespace panel

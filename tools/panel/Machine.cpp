@@ -1,0 +1,114 @@
+#include "panel/Machine.h"
+
+#include <arpa/inet.h>
+#include <array>
+#include <fstream>
+#include <ifaddrs.h>
+#include <memory>
+#include <net/if.h>
+#include <netdb.h>
+#include <sys/statvfs.h>
+#include <sys/utsname.h>
+#include <thread>
+
+namespace panel {
+namespace {
+
+// The rest of the line that starts with `key` in a file of the system, or empty.
+std::string LineOf(const std::string& file, const std::string& key) {
+  std::ifstream lines(file);
+  for (std::string line; std::getline(lines, line);) {
+    if (line.compare(0, key.size(), key) == 0) return line.substr(key.size());
+  }
+  return {};
+}
+
+std::string OperatingSystem() {
+  std::string name = LineOf("/etc/os-release", "PRETTY_NAME=");
+  if (name.size() >= 2 && name.front() == '"') name = name.substr(1, name.size() - 2);
+  return name;
+}
+
+std::uint64_t Memory(const std::string& key) {
+  const std::string kibibytes = LineOf("/proc/meminfo", key);
+  return kibibytes.empty() ? 0 : std::stoull(kibibytes) * 1024;
+}
+
+// The address in figures if other machines can know it, else empty.
+std::string PublicAddress(const ifaddrs& entry, int family) {
+  if (entry.ifa_addr == nullptr || entry.ifa_addr->sa_family != family) return {};
+  if ((entry.ifa_flags & IFF_LOOPBACK) != 0 || (entry.ifa_flags & IFF_UP) == 0) return {};
+  const socklen_t size = family == AF_INET ? sizeof(sockaddr_in) : sizeof(sockaddr_in6);
+  std::array<char, NI_MAXHOST> text{};
+  if (getnameinfo(entry.ifa_addr, size, text.data(), text.size(), nullptr, 0, NI_NUMERICHOST) != 0) return {};
+  std::string address = text.data();
+  // One with a "%" counts on its own link only.
+  return address.find('%') == std::string::npos ? address : std::string();
+}
+
+std::string FirstPublicAddress(int family) {
+  ifaddrs* first = nullptr;
+  if (getifaddrs(&first) != 0) return {};
+  const std::unique_ptr<ifaddrs, decltype(&freeifaddrs)> all(first, freeifaddrs);
+  for (const ifaddrs* entry = first; entry != nullptr; entry = entry->ifa_next) {
+    if (std::string address = PublicAddress(*entry, family); !address.empty()) return address;
+  }
+  return {};
+}
+
+}  // namespace
+
+Machine LookAtMachine() {
+  utsname names{};
+  uname(&names);
+  return {
+      .name = std::data(names.nodename),
+      .operatingSystem = OperatingSystem(),
+      .kernelVersion = std::data(names.release),
+      .architecture = std::data(names.machine),
+      .processors = std::thread::hardware_concurrency(),
+      .memoryTotal = Memory("MemTotal:"),
+      .memoryAvailable = Memory("MemAvailable:"),
+      .ipv4 = FirstPublicAddress(AF_INET),
+      .ipv6 = FirstPublicAddress(AF_INET6),
+  };
+}
+
+Storage LookAtStorage(const std::string& path) {
+  struct statvfs facts {};
+  if (statvfs(path.c_str(), &facts) != 0) return {};
+  return {.size = facts.f_blocks * facts.f_frsize,
+          .used = (facts.f_blocks - facts.f_bfree) * facts.f_frsize,
+          .available = facts.f_bavail * facts.f_frsize};
+}
+
+LoadMeter::LoadMeter() : last_(Now()) {}
+
+double LoadMeter::Percent() {
+  const std::lock_guard lock(mutex_);
+  const Ticks now = Now();
+  // Two calls within one tick of the system's clock cannot tell anything new.
+  if (now.all > last_.all) {
+    percent_ = 100.0 * static_cast<double>(now.busy - last_.busy) / static_cast<double>(now.all - last_.all);
+    last_ = now;
+  }
+  return percent_;
+}
+
+LoadMeter::Ticks LoadMeter::Now() {
+  constexpr int idle = 3;
+  constexpr int waitingForStorage = 4;
+  constexpr int columns = 8;  // The guests' columns that follow are counted in the first two already.
+  std::ifstream file("/proc/stat");
+  std::string word;
+  file >> word;
+  Ticks ticks;
+  std::uint64_t number = 0;
+  for (int column = 0; column < columns && file >> number; ++column) {
+    ticks.all += number;
+    if (column != idle && column != waitingForStorage) ticks.busy += number;
+  }
+  return ticks;
+}
+
+}  // namespace panel
