@@ -49,6 +49,7 @@ ListboxView::ListboxView(Listbox& list, QWidget& parent)
 
 // The header reads the model, which goes before the children do.
 ListboxView::~ListboxView() {
+  following_ = true;  // it is not the user who takes the selection away
   delete header_;
   setModel(nullptr);
 }
