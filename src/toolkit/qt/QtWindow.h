@@ -13,6 +13,8 @@ namespace toolkit::qt {
 class QtWindow final : public QWidget {
  public:
   explicit QtWindow(std::shared_ptr<Window> window);
+  // The views must go before the controls that they show.
+  ~QtWindow() override { delete content_; }
 
   [[nodiscard]] bool Shows(const Window& window) const { return window_.get() == &window; }
 
