@@ -1,0 +1,49 @@
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include <QSize>
+#include <QString>
+#include <Qt>
+
+/// What a user does, as mouse and key events that go through the windows of the screen.
+namespace tour {
+
+/// One event of the user's.
+struct Input {
+  /// What keeps a user from doing it now; empty if nothing does. May bring the window to the front.
+  std::function<QString()> obstacle;
+  /// Does it. Returns late if a message box comes up: when that is gone.
+  std::function<void()> act;
+};
+using Inputs = std::vector<Input>;
+
+Inputs operator+(Inputs first, Inputs second);
+
+[[nodiscard]] Inputs Click(const QString& name);
+[[nodiscard]] Inputs ClickTab(const QString& tabs, const QString& caption);
+/// Rows go by the text of their first cell.
+[[nodiscard]] Inputs ClickRow(const QString& list, const QString& row);
+[[nodiscard]] Inputs ClickRow(const QString& list, int row);
+[[nodiscard]] Inputs RightClickRow(const QString& list, int row);
+[[nodiscard]] Inputs DoubleClickRow(const QString& list, int row);
+[[nodiscard]] Inputs PressInBox(const QString& caption);
+/// Menus and their entries go by their names; the menu bar is that of the window in front.
+[[nodiscard]] Inputs ClickMenu(const QString& menu);
+[[nodiscard]] Inputs ChooseFromMenu(const QString& menu, const QString& entry);
+
+[[nodiscard]] Inputs Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+[[nodiscard]] Inputs Keys(const QString& text);
+/// Clicks into a field, and types over what stands there.
+[[nodiscard]] Inputs Fill(const QString& field, const QString& text);
+/// Presses Tab until the keyboard has gone through all of these and is back at the first.
+[[nodiscard]] Inputs TabThrough(const std::vector<QString>& names);
+
+/// The newest window with this title, as the screen's own frame around it would do.
+[[nodiscard]] Inputs BringToFront(const QString& title);
+/// Wider and higher by so much, within the limits that the window sets.
+[[nodiscard]] Inputs Grow(const QString& title, QSize more);
+[[nodiscard]] Inputs Close(const QString& title);
+
+}  // namespace tour

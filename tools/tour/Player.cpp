@@ -1,0 +1,111 @@
+#include "tour/Player.h"
+
+#include <cstdlib>
+#include <iostream>
+#include <utility>
+
+#include <QCoreApplication>
+#include <QThread>
+#include <QTimer>
+
+#include "toolkit/Application.h"
+#include "tour/Screen.h"
+
+namespace tour {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr std::chrono::milliseconds betweenTicks = 5ms;
+constexpr std::chrono::milliseconds paintingTime = 150ms;
+
+void Print(const char* result, const Step& step, const QElapsedTimer& since, const QString& reasons = {}) {
+  const QString time = QString::number(static_cast<double>(since.elapsed()) / 1000, 'f', 2);
+  std::cout << result << step.what.toStdString() << " (" << time.toStdString() << " s)\n"
+            << reasons.toStdString() << std::flush;
+}
+
+}  // namespace
+
+Player::Player(Steps steps, QString pictureFolder, QString pictureSuffix)
+    : steps_(std::move(steps)), pictureFolder_(std::move(pictureFolder)), pictureSuffix_(std::move(pictureSuffix)) {}
+
+void Player::Start() {
+  QTimer::singleShot(0, QCoreApplication::instance(), [this] { Tick(); });
+}
+
+// The next tick is set before this one acts, which may take until a message box is gone. An event of the user's lets
+// others run while it is under way; only inside a new loop, that of a message box, may the next one follow.
+void Player::Tick() {
+  if (IsOver()) return;
+  QTimer::singleShot(betweenTicks, QCoreApplication::instance(), [this] { Tick(); });
+  if (!acting_ || QThread::currentThread()->loopLevel() > actingLevel_) Proceed();
+}
+
+void Player::Proceed() {
+  if (!sinceStart_.isValid()) sinceStart_.start();
+  if (input_ < Current().inputs.size()) {
+    const Input& input = Current().inputs[input_];
+    const QString obstacle = input.obstacle();
+    if (obstacle.isEmpty()) return Perform(input);
+  } else if (Missing().isEmpty()) {
+    if (!settling_.isValid()) settling_.start();
+    if (Current().picture.isEmpty() || settling_.hasExpired(paintingTime.count())) return Pass();
+  } else {
+    settling_.invalidate();
+  }
+  if (sinceStart_.hasExpired(std::chrono::milliseconds(Current().limit).count())) Fail(Missing());
+}
+
+void Player::Perform(const Input& input) {
+  ++input_;
+  const bool wasActing = std::exchange(acting_, true);
+  const int outerLevel = std::exchange(actingLevel_, QThread::currentThread()->loopLevel());
+  input.act();
+  acting_ = wasActing;
+  actingLevel_ = outerLevel;
+}
+
+QString Player::Missing() const {
+  if (input_ < Current().inputs.size()) return "     " + Current().inputs[input_].obstacle() + "\n";
+  if (Current().ending == Ending::ProgramEnds) return "     the program still runs\n";
+  QString missing;
+  for (const Condition& condition : Current().then) {
+    if (const QString reason = condition(); !reason.isEmpty()) missing += "     " + reason + "\n";
+  }
+  return missing;
+}
+
+void Player::Pass() {
+  const QString& picture = Current().picture;
+  if (!picture.isEmpty() && !screen::SavePicture(pictureFolder_ + "/" + picture + pictureSuffix_ + ".png")) {
+    return Fail("     its picture could not be saved\n");
+  }
+  Print("ok   ", Current(), sinceStart_);
+  ++step_;
+  input_ = 0;
+  sinceStart_.invalidate();
+  settling_.invalidate();
+}
+
+void Player::Fail(const QString& reasons) {
+  failed_ = true;
+  Print("FAIL ", Current(), sinceStart_, reasons);
+  std::cout << "The tour stops here; " << steps_.size() - step_ - 1 << " steps were not played.\n";
+  if (screen::SavePicture(pictureFolder_ + "/failed" + pictureSuffix_ + ".png")) {
+    std::cout << "What was to be seen is in failed" << pictureSuffix_.toStdString() << ".png.\n";
+  }
+  toolkit::Quit(EXIT_FAILURE);
+}
+
+bool Player::Finish() {
+  if (failed_) return false;
+  if (step_ + 1 == steps_.size() && Current().ending == Ending::ProgramEnds && input_ == Current().inputs.size()) {
+    Print("ok   ", Current(), sinceStart_);
+    return true;
+  }
+  if (!IsOver()) Print("FAIL ", Current(), sinceStart_, "     the program has ended before its time\n");
+  return false;
+}
+
+}  // namespace tour

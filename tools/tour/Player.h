@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QString>
+
+#include "tour/Step.h"
+
+namespace tour {
+
+/// Plays steps one after the other while the program runs, and prints a line for each. It lives on timers, so it goes
+/// on inside the loop of a message box that a step has brought up.
+class Player {
+ public:
+  /// The names of pictures get `pictureSuffix`, as in "main-dark.png".
+  Player(Steps steps, QString pictureFolder, QString pictureSuffix);
+
+  /// Plays from the next turn of the event loop on. At the first step that fails, the program is told to quit.
+  void Start();
+  /// To be called when the event loop has ended. Returns whether every step has worked.
+  [[nodiscard]] bool Finish();
+
+ private:
+  void Tick();
+  void Proceed();
+  void Perform(const Input& input);
+  void Pass();
+  void Fail(const QString& reasons);
+  [[nodiscard]] QString Missing() const;
+  [[nodiscard]] const Step& Current() const { return steps_[step_]; }
+  [[nodiscard]] bool IsOver() const { return failed_ || step_ == steps_.size(); }
+
+  Steps steps_;
+  QString pictureFolder_;
+  QString pictureSuffix_;
+  std::size_t step_ = 0;
+  std::size_t input_ = 0;
+  QElapsedTimer sinceStart_;
+  /// Since all has been as it must be; a picture waits a moment, for the screen to be painted.
+  QElapsedTimer settling_;
+  bool acting_ = false;
+  int actingLevel_ = 0;
+  bool failed_ = false;
+};
+
+}  // namespace tour

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QWidget>
+
+/// What a user sees of the program: its windows and what stands in them. Found by the names of the controls, in the
+/// newest window that has one; nothing here changes anything.
+namespace tour::screen {
+
+/// The visible windows with this title, oldest first.
+[[nodiscard]] QList<QWidget*> Windows(const QString& title);
+
+/// The visible part with this name, in the newest window that has one; nullptr if there is none.
+[[nodiscard]] QWidget* Find(const QString& name);
+
+/// As Find(), for a part of this kind.
+template <typename Kind>
+Kind* FindAs(const QString& name) {
+  return qobject_cast<Kind*>(Find(name));
+}
+
+/// The message box that stands; nullptr if none does.
+[[nodiscard]] QWidget* Box();
+
+/// The text of a label, a field, a button or a message.
+[[nodiscard]] QString TextOf(const QWidget& part);
+
+/// The cell of a list as it is shown; empty if there is none.
+[[nodiscard]] QString Cell(const QString& list, int row, int column);
+
+/// How many rows a list shows; -1 if there is no such list.
+[[nodiscard]] int RowCount(const QString& list);
+
+/// The row of a list whose first cell is `name`; -1 if there is none.
+[[nodiscard]] int RowNamed(const QString& list, const QString& name);
+
+/// The row that is selected in a list; -1 if none is.
+[[nodiscard]] int SelectedRow(const QString& list);
+
+/// The window that a user would look at: the message box if one stands, else the one with the keyboard,
+/// else the newest.
+[[nodiscard]] QWidget* Front();
+
+/// Writes a picture of Front() to `path`: from the screen where that can be read, else as the window paints itself.
+[[nodiscard]] bool SavePicture(const QString& path);
+
+}  // namespace tour::screen

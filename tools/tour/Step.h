@@ -1,0 +1,31 @@
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <vector>
+
+#include <QString>
+
+#include "tour/Hands.h"
+
+namespace tour {
+
+/// What must be seen; answers with what is wrong, or with nothing once it is as it must be.
+using Condition = std::function<QString()>;
+
+/// How a step ends.
+enum class Ending { GoesOn, ProgramEnds };
+
+/// One step of the tour: what the user does, how, and what must then come true.
+struct Step {
+  QString what;
+  Inputs inputs;
+  std::vector<Condition> then;
+  /// The picture that is then taken, by the name of its file; empty: none.
+  QString picture{};
+  std::chrono::seconds limit{15};
+  Ending ending = Ending::GoesOn;
+};
+using Steps = std::vector<Step>;
+
+}  // namespace tour

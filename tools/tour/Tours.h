@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QString>
+
+#include "tour/Step.h"
+
+/// What is played. Each part goes on where the one before it has ended.
+namespace tour {
+
+/// The server that is visited.
+struct Visit {
+  QString host;
+  QString user;
+  QString password;
+};
+
+inline const QString mainTitle = QStringLiteral("Corvane");
+inline const QString serverTitle = QStringLiteral("Corvane - Server Control Panel");
+inline const QString logTitle = QStringLiteral("Corvane - Container Logs");
+
+/// The main window, up to a server in its list.
+[[nodiscard]] Steps MainWindowSteps(const Visit& visit);
+/// A server's window and its tab "Overview".
+[[nodiscard]] Steps OverviewSteps();
+/// Its tab "Containers".
+[[nodiscard]] Steps ContainerSteps();
+/// Log windows.
+[[nodiscard]] Steps LogSteps();
+/// Several windows, and the end of the program.
+[[nodiscard]] Steps ClosingSteps();
+
+/// Everything.
+[[nodiscard]] Steps FullTour(const Visit& visit);
+/// Each window once, for its picture.
+[[nodiscard]] Steps PictureTour(const Visit& visit);
+
+}  // namespace tour
