@@ -31,7 +31,7 @@ class Desktop::Watch final : public toolkit::HTTPTransfer, public toolkit::HTTPT
       watch->transfer_ = std::make_unique<MemoryTransfer>(body, *watch);
       return watch;
     }
-    watch->transfer_ = desktop.qt_.StartTransfer(std::move(request), *watch);
+    watch->transfer_ = desktop.Qt.StartTransfer(std::move(request), *watch);
     return watch;
   }
 

@@ -15,12 +15,18 @@
 
 namespace bench {
 
+/// Comes first in the desktop, since the platform that is made last is the one that the program uses.
+struct QtBelow {
+  QtBelow(int& argumentCount, char** arguments) : Qt(argumentCount, arguments) {}
+  toolkit::qt::QtPlatform Qt;
+};
+
 /// The program's own platform on Qt, with a watch on its transfers. These can go to another service than the one they
 /// name, or be answered from memory, so that the program's real windows run without port 1701 or without any service.
 /// A dialog ends the benchmark, since none belongs there.
-class Desktop final : public toolkit::Platform {
+class Desktop final : private QtBelow, public toolkit::Platform {
  public:
-  Desktop(int& argumentCount, char** arguments) : qt_(argumentCount, arguments) {}
+  Desktop(int& argumentCount, char** arguments) : QtBelow(argumentCount, arguments) {}
   ~Desktop() override { ForgetWindows(); }
 
   /// Requests for "https://…:1701/path" go to `baseURL` and their path from now on.
@@ -39,20 +45,19 @@ class Desktop final : public toolkit::Platform {
                                                        toolkit::HTTPTransferEvents& events) override;
   toolkit::DialogButton ShowDialog(const toolkit::MessageDialog& dialog) override;
   bool OpenURL(const std::string& /*url*/) override { return false; }
-  int RunLoop(const std::function<void()>& start) override { return qt_.RunLoop(start); }
+  int RunLoop(const std::function<void()>& start) override { return Qt.RunLoop(start); }
   void Quit(int /*status*/) override {}
-  [[nodiscard]] toolkit::FolderItem ApplicationDataFolder() const override { return qt_.ApplicationDataFolder(); }
-  [[nodiscard]] toolkit::FolderItem DesktopFolder() const override { return qt_.DesktopFolder(); }
+  [[nodiscard]] toolkit::FolderItem ApplicationDataFolder() const override { return Qt.ApplicationDataFolder(); }
+  [[nodiscard]] toolkit::FolderItem DesktopFolder() const override { return Qt.DesktopFolder(); }
 
  protected:
-  void Present(toolkit::Window& window) override { qt_.Open(window.shared_from_this()); }
-  void BringToFront(toolkit::Window& window) override { qt_.Open(window.shared_from_this()); }
-  void Withdraw(toolkit::Window& window) override { qt_.Close(window); }
+  void Present(toolkit::Window& window) override { Qt.Open(window.shared_from_this()); }
+  void BringToFront(toolkit::Window& window) override { Qt.Open(window.shared_from_this()); }
+  void Withdraw(toolkit::Window& window) override { Qt.Close(window); }
 
  private:
   class Watch;
 
-  toolkit::qt::QtPlatform qt_;
   std::string service_;
   std::map<std::string, std::shared_ptr<const std::string>> answers_;
   Clock::time_point headersAt_;
