@@ -10,7 +10,7 @@ const QString countMessage =
 const QString logs = "btn_containers_logs";
 const QString count = "txt_containers_logs";
 const QString lines = "list_logs";
-const QString wanted = "orders";
+const QString wanted = "worker";
 
 Steps OpeningSteps() {
   return {
@@ -22,20 +22,20 @@ Steps OpeningSteps() {
        PressInBox("OK"),
        {NoMessage(), Says(count, "abc"), WindowsOpen(logTitle, 0)}},
       {"Logs with 20 opens a window with the last twenty lines",
-       Fill(count, "20") + Click(logs),
+       Fill(count, "20") + Click(logs) + BringToFront(logTitle),
        {WindowsOpen(logTitle, 1), Rows(lines, 20), NoCellEmpty(lines, 1), NoMessage()},
        "log"},
       {"Logs with 0 opens a second window, with all lines",
        Fill(count, "0") + Click(logs),
-       {WindowsOpen(logTitle, 2), MoreRowsThan(lines, 20), NoMessage()},
-       "log-all"},
+       {WindowsOpen(logTitle, 2), MoreRowsThan(lines, 20), NoMessage()}},
+      {"the second window comes to the front", BringToFront(logTitle), {HasKeyboard(lines)}, "log-all"},
   };
 }
 
 Steps SearchSteps() {
   return {
       {"Ctrl+F finds a text: the bar counts its rows, and the first is selected",
-       BringToFront(logTitle) + ClickRow(lines, 0) + Key(Qt::Key_F, Qt::ControlModifier) + Keys(wanted),
+       ClickRow(lines, 0) + Key(Qt::Key_F, Qt::ControlModifier) + Keys(wanted),
        {Visible("findBar"), FoundFirst(lines, wanted)},
        "log-find"},
       {"Escape closes the bar; the keyboard is back in the list",

@@ -16,7 +16,7 @@ const QString facts = "list_overview";
 Steps FirstLookSteps() {
   return {
       {"a double click on the server opens its window, and the overview fills with nineteen rows",
-       DoubleClickRow("listServers", 0),
+       DoubleClickRow("listServers", 0) + BringToFront(serverTitle),
        {WindowsOpen(serverTitle, 1), Rows(facts, 19), NoCellEmpty(facts, 2),
         Enabled({refresh, restart, reload, webPanel}), Hidden(wheel), Hidden("list_containers"), NoMessage()},
        "server-overview"},
