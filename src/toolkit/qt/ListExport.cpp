@@ -47,7 +47,8 @@ void SaveRows(const Listbox& list, const std::string& path) {
     isFine = file.write(lines.data(), static_cast<qint64>(lines.size())) == static_cast<qint64>(lines.size());
     lines.clear();
   }
-  if (isFine && file.commit()) return;
+  // commit() alone does not notice that the disk was full when it wrote out what was buffered.
+  if (isFine && file.flush() && file.commit()) return;
   throw RuntimeException("The list could not be saved to " + path + ": " + FromQt(file.errorString()) + ".");
 }
 
