@@ -83,9 +83,7 @@ TEST_F(Logs, AReplyWithoutLinesGivesAMessageAndNoWindow) {
       {R"({"log":null})", "No logs returned for this container."},
       {R"({"log":{}})", "No logs returned for this container."},
       {R"({"log":[["a"]]})", "“log” is no table"},
-      {R"({"log":"a"})", "“log” is no table"},
-      {R"({"log":{"0":["a"],"2":["c"]}})", "no row 1"},
-      {R"({"log":{"0":["a"],"1":"b"}})", "row 1 is no row"}};
+      {R"({"log":{"0":["a"],"2":["c"]}})", "no row 1"}};
   for (const auto& [reply, message] : rows) {
     SCOPED_TRACE(reply);
     platform.Messages.clear();

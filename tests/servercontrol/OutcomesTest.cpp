@@ -45,68 +45,49 @@ const struct Outcome {
 } outcomes[] = {
     {"success", End::Reply, Reply(200, R"({"status":"<b>Done</b>"})"), Eq("<b>Done</b>")},
     {"another HTTP status", End::Reply, Reply(500, R"({"status":"failed","_error":"x"})"), Eq("failed")},
-    {"an empty text", End::Reply, Reply(200, R"({"status":""})"), Eq("")},
     {"without the member", End::Reply, Reply(200, "{}"), Eq("")},
     {"another type", End::Reply, Reply(200, R"({"status":{"0":[1]}})"), Eq(R"({"0":[1]})")},
     {"refused", End::Failure, Reply(400, R"({"_error":"<no>","status":"x","containers":{},"log":{}})"), Eq("<no>")},
-    {"refused, no reason", End::Failure, Reply(400, "{}"), Eq("The server refused the request and gave no reason.")},
-    {"refused unreadably", End::Failure, Reply(400, "<html>"), HasSubstr("cannot be read: the text is not JSON")},
-    {"no object", End::Failure, Reply(200, "[]"), HasSubstr("cannot be read: the JSON is not an object")},
-    {"no UTF-8", End::Failure, Reply(200, "{\"status\":\"\xFF\"}"), HasSubstr("cannot be read: the text is not UTF-8")},
+    {"unreadable", End::Failure, Reply(200, "<html>"), HasSubstr("cannot be read: the text is not JSON")},
     {"empty", End::Failure, Reply(200, ""), Eq("No data was returned from the Tessen Service.")},
     {"no server", End::Failure, [](auto& sent) { sent.Fail(TransferFault::Refused); }, HasSubstr("refused the conn")},
     {"cut off", End::Failure, CutOff, HasSubstr("before its reply was complete")},
-};
-
-enum class AtReply { ShowsStatus, ShowsStatusAndLists, IsTestedElsewhere };
-const struct Call {
-  std::string path;
-  ServerButton button;
-  AtReply atReply;
-} calls[] = {
-    {"system/information", &wServer::btn_overview_refresh, AtReply::IsTestedElsewhere},
-    {"system/reboot", &wServer::btn_overview_restart, AtReply::ShowsStatus},
-    {"system/reload", &wServer::btn_overview_reload, AtReply::ShowsStatus},
-    {"containers/list", &wServer::btn_containers_refresh, AtReply::IsTestedElsewhere},
-    {"containers/restart", &wServer::btn_containers_restart, AtReply::ShowsStatusAndLists},
-    {"containers/start", &wServer::btn_containers_start, AtReply::ShowsStatusAndLists},
-    {"containers/stop", &wServer::btn_containers_stop, AtReply::ShowsStatusAndLists},
-    {"containers/backup", &wServer::btn_containers_backup, AtReply::ShowsStatusAndLists},
-    {"containers/logs", &wServer::btn_containers_logs, AtReply::IsTestedElsewhere},
 };
 
 }  // namespace
 
 TEST_F(Outcomes, WhateverBecomesOfACallNothingStaysBusy) {
   const Texts rows{"web\trunning\tUp", "db\trunning\tUp"};
-  for (const Call& call : calls) {
+  for (const auto& [path, button] : calls) {
     for (const Outcome& outcome : outcomes) {
-      if (outcome.end == End::Reply && call.atReply == AtReply::IsTestedElsewhere) continue;
-      SCOPED_TRACE(call.path + ", " + outcome.name);
+      const bool isReply = outcome.end == End::Reply;
+      const bool isFetch = path == "system/information" || path == "containers/list" || path == "containers/logs";
+      if (isReply && isFetch) continue;  // no status; what these show has tests of its own
+      SCOPED_TRACE(path + ", " + outcome.name);
       OpenAgain();
       Sent("system/information").Reply(200, "{}");
       Fill({"web", "db"}, 1);
-      Press(call.button);
+      Press(button);
       const std::size_t sent = platform.Requests.size();
-      if (call.path == "system/reload" || call.path == "containers/list") Press(call.button);
-      ExpectBusyWith(call.path);
+      if (path == "system/reload" || path == "containers/list") Press(button);
+      ExpectBusyWith(path);
       platform.Messages.clear();
       platform.WindowLog.clear();
       platform.WhileMessageStands = [&] {
-        ExpectBusyWith(call.path);
+        ExpectBusyWith(path);
         EXPECT_EQ(platform.Requests.size(), sent);
       };
-      outcome.happen(Sent(call.path));
+      outcome.happen(Sent(path));
       EXPECT_THAT(platform.Messages, ElementsAre(outcome.message));
       EXPECT_THAT(platform.WindowLog, IsEmpty());
-      const bool lists = outcome.end == End::Reply && call.atReply == AtReply::ShowsStatusAndLists;
+      const bool lists = isReply && NamesContainer(path);
       ExpectBusyWith(lists ? "containers/list" : "");
       ASSERT_EQ(platform.Requests.size(), sent + (lists ? 1 : 0));
       EXPECT_EQ(Sent("containers/list").IsRunning(), lists);
-      const bool isEmpty = lists || call.path == "containers/list";
+      const bool isEmpty = lists || path == "containers/list";
       EXPECT_EQ(RowsOf(window->list_containers), isEmpty ? Texts{} : rows);
       EXPECT_EQ(window->list_containers.ListIndex(), isEmpty ? -1 : 1);
-      EXPECT_EQ(window->list_overview.ListCount(), call.path == "system/information" ? 0 : 19);
+      EXPECT_EQ(window->list_overview.ListCount(), path == "system/information" ? 0 : 19);
     }
   }
 }
@@ -123,9 +104,7 @@ TEST_F(Outcomes, ContainersAreShownWholeOrNotAtAll) {
       {"{}", {}, "no “containers”"},
       {R"({"containers":null})", {}, "no “containers”"},
       {R"({"containers":[["a"]]})", {}, "“containers” is no table"},
-      {R"({"containers":"a"})", {}, "“containers” is no table"},
       {R"({"containers":{"0":["a"],"2":["c"]}})", {}, "no row 1"},
-      {R"({"containers":{"0":["a"],"1":"b"}})", {}, "row 1 is no row"},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.reply);

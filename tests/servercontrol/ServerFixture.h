@@ -17,6 +17,19 @@
 using Texts = std::vector<std::string>;
 using ServerButton = toolkit::PushButton wServer::*;
 
+/// All calls by their paths, with the buttons that make them.
+inline const std::vector<std::pair<std::string, ServerButton>> calls{
+    {"containers/restart", &wServer::btn_containers_restart}, {"containers/start", &wServer::btn_containers_start},
+    {"containers/stop", &wServer::btn_containers_stop},       {"containers/backup", &wServer::btn_containers_backup},
+    {"containers/logs", &wServer::btn_containers_logs},       {"containers/list", &wServer::btn_containers_refresh},
+    {"system/information", &wServer::btn_overview_refresh},   {"system/reboot", &wServer::btn_overview_restart},
+    {"system/reload", &wServer::btn_overview_reload},
+};
+
+inline bool NamesContainer(const std::string& path) {
+  return path.starts_with("containers") && path != "containers/list";
+}
+
 inline Texts RowsOf(const toolkit::Listbox& list) {
   Texts rows;
   for (int row = 0; row < list.ListCount(); ++row) rows.push_back(list.RowText(row));
