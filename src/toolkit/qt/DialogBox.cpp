@@ -1,6 +1,7 @@
 #include "toolkit/qt/DialogBox.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include <QApplication>
 #include <QDialogButtonBox>
@@ -11,6 +12,7 @@
 #include <QScreen>
 #include <QStyle>
 #include <QTextBlock>
+#include <QTextLayout>
 #include <QVBoxLayout>
 
 #include "toolkit/qt/QtText.h"
@@ -39,15 +41,22 @@ int WidthOfText(const QFontMetrics& font, const QString& text) {
   return std::min(width, widestText);
 }
 
-/// How tall the text is at the width of `area`, but not taller than `tallest`.
-int HeightOfText(const QPlainTextEdit& area, int tallest) {
-  const int lineHeight = area.fontMetrics().lineSpacing();
-  int height = 2 * static_cast<int>(area.document()->documentMargin()) + 2;
-  for (QTextBlock block = area.document()->begin(); block.isValid() && height < tallest; block = block.next()) {
-    area.document()->documentLayout()->blockBoundingRect(block);  // lays the block out
-    height += lineHeight * std::max(block.layout()->lineCount(), 1);
+/// How tall the text of `area` is at a width of `width`, but not taller than `tallest`. The area's own layout has no
+/// width before it is shown.
+int HeightOfText(const QPlainTextEdit& area, int width, int tallest) {
+  const QTextDocument& document = *area.document();
+  qreal height = 2 * document.documentMargin() + 2;
+  for (QTextBlock block = document.begin(); block.isValid() && height < tallest; block = block.next()) {
+    QTextLayout layout(block.text(), area.font());
+    layout.setTextOption(document.defaultTextOption());
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid() && height < tallest; line = layout.createLine()) {
+      line.setLineWidth(width - 2 * document.documentMargin());
+      height += line.height();
+    }
+    layout.endLayout();
   }
-  return std::min(height, tallest);
+  return std::min(static_cast<int>(std::ceil(height)), tallest);
 }
 
 QPlainTextEdit* MakeTextArea(const QString& name, const QString& text, const QFont& font, QSize screen) {
@@ -66,9 +75,8 @@ QPlainTextEdit* MakeTextArea(const QString& name, const QString& text, const QFo
   area->setPalette(palette);
   area->setFont(font);
   area->setPlainText(text);
-  area->setFixedWidth(std::min(WidthOfText(area->fontMetrics(), text), screen.width() - 2 * iconSize));
-  area->resize(area->maximumWidth(), area->height());
-  area->setFixedHeight(HeightOfText(*area, screen.height() / 3));
+  const int width = std::min(WidthOfText(area->fontMetrics(), text), screen.width() - 2 * iconSize);
+  area->setFixedSize(width, HeightOfText(*area, width, screen.height() / 3));
   return area;
 }
 

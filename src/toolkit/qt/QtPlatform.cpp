@@ -49,31 +49,41 @@ std::unique_ptr<HTTPTransfer> QtPlatform::StartTransfer(HTTPRequest request, HTT
   return std::make_unique<QtTransfer>(*connections_, std::move(request), events);
 }
 
+// A call that is made while a dialog stands runs the loop on top of that dialog's own. It can end before the calls
+// under it only if it shows what comes before its own dialog as well.
 DialogButton QtPlatform::ShowDialog(const MessageDialog& dialog) {
-  const unsigned ticket = ++lastTicket_;
-  dialogs_.push_back(ticket);
-  WaitForTurn(ticket);
-  DialogButton pressed = DialogButton::Cancel;
-  if (!quitting_) {
-    DialogBox box(dialog);
-    // The next one may come as soon as this one is gone, even if code on the stack keeps exec() from returning.
-    QObject::connect(&box, &QDialog::finished, [this, ticket] { std::erase(dialogs_, ticket); });
-    box.exec();
-    pressed = box.Pressed();
+  AskedDialog asked{dialog};
+  dialogs_.push_back(&asked);
+  ++runningDialogCalls_;
+  while (!quitting_ && !asked.HasEnded) {
+    if (dialogStands_) {
+      QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    } else {
+      ShowNextDialog();
+    }
   }
-  std::erase(dialogs_, ticket);
-  DropClosedViews();
-  return pressed;
+  std::erase(dialogs_, &asked);
+  --runningDialogCalls_;
+  DropClosedViewsLater();
+  return asked.Pressed;
+}
+
+void QtPlatform::ShowNextDialog() {
+  AskedDialog& next = *dialogs_.front();
+  DialogBox box(next.Dialog);
+  // The one after it may come as soon as this one is gone, even if code on the stack keeps exec() from returning.
+  QObject::connect(&box, &QDialog::finished, [&] {
+    dialogStands_ = false;
+    next.HasEnded = true;
+    next.Pressed = box.Pressed();
+    std::erase(dialogs_, &next);
+  });
+  dialogStands_ = true;
+  box.exec();
+  dialogStands_ = false;
 }
 
 bool QtPlatform::OpenURL(const std::string& url) { return QDesktopServices::openUrl(QUrl(ToQt(url))); }
-
-// A dialog that is raised while another stands runs the loop itself, on top of the other's, until its turn comes.
-void QtPlatform::WaitForTurn(unsigned ticket) {
-  while (!quitting_ && dialogs_.front() != ticket) {
-    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-  }
-}
 
 int QtPlatform::RunLoop(const std::function<void()>& start) {
   QTimer::singleShot(0, [this, &start] { Dispatch(start); });
@@ -108,11 +118,13 @@ void QtPlatform::Withdraw(Window& window) {
   (*view)->hide();
   closedViews_.push_back(std::move(*view));
   views_.erase(view);
-  QTimer::singleShot(0, application_.get(), [this] { DropClosedViews(); });
+  DropClosedViewsLater();
 }
 
-void QtPlatform::DropClosedViews() {
-  if (dialogs_.empty()) closedViews_.clear();
+void QtPlatform::DropClosedViewsLater() {
+  QTimer::singleShot(0, application_.get(), [this] {
+    if (runningDialogCalls_ == 0) closedViews_.clear();
+  });
 }
 
 }  // namespace toolkit::qt

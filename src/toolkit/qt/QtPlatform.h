@@ -34,17 +34,24 @@ class QtPlatform final : public Platform {
   void Withdraw(Window& window) override;
 
  private:
-  void WaitForTurn(unsigned ticket);
-  void DropClosedViews();
+  struct AskedDialog {
+    const MessageDialog& Dialog;
+    DialogButton Pressed = DialogButton::Cancel;
+    bool HasEnded = false;
+  };
+
+  void ShowNextDialog();
+  void DropClosedViewsLater();
 
   std::unique_ptr<QApplication> application_;
   std::unique_ptr<ConnectionPool> connections_;
   std::vector<std::unique_ptr<QtWindow>> views_;
-  // Views whose window was closed; they may have code on the stack, so they go when no dialog is waiting.
+  // Views whose window was closed; they may have code on the stack, so they go when no dialog keeps any there.
   std::vector<std::unique_ptr<QtWindow>> closedViews_;
-  // The dialogs that stand or wait, the standing one first.
-  std::deque<unsigned> dialogs_;
-  unsigned lastTicket_ = 0;
+  // The dialogs that have not ended, in the order in which they were asked for. The first one may stand.
+  std::deque<AskedDialog*> dialogs_;
+  int runningDialogCalls_ = 0;
+  bool dialogStands_ = false;
   bool quitting_ = false;
 };
 
