@@ -14,6 +14,10 @@ constexpr std::size_t shortText = 2048;
 constexpr std::size_t blockSize = 512;
 constexpr int widestScroll = std::numeric_limits<int>::max() / 4;
 
+// Where the last block of a long text starts. It is wider than the screen and the only one that is always measured, so
+// that the text can be scrolled to its very end.
+std::size_t LastBlock(std::string_view text) { return (text.size() - shortText) / blockSize * blockSize; }
+
 QRect TextArea(const QRect& cell) { return cell.adjusted(cellMargin, 0, -cellMargin, 0); }
 
 /// The part of `text` that can matter in `width` pixels: every byte is taken to need half a pixel at least.
@@ -39,9 +43,10 @@ WideTextPainter::WideTextPainter(const QFontMetrics& font)
 
 int WideTextPainter::ScrollWidth(std::string_view text) const {
   if (text.size() <= shortText) return font_.horizontalAdvance(DisplayText(text)) + 2 * cellMargin;
-  // Its last characters may be wider than the average, so that more than one block stands beyond the last scroll step.
-  const std::size_t blocks = text.size() / blockSize + 2;
-  return static_cast<int>(std::min<std::size_t>(blocks * static_cast<std::size_t>(blockWidth_), widestScroll));
+  const std::size_t before = LastBlock(text) / blockSize * static_cast<std::size_t>(blockWidth_);
+  const QString last = DisplayText(WholeCharacters(text, LastBlock(text), text.size()));
+  const auto lastWidth = static_cast<std::size_t>(font_.horizontalAdvance(last) + 2 * cellMargin);
+  return static_cast<int>(std::min<std::size_t>(before + lastWidth, widestScroll));
 }
 
 int WideTextPainter::Paint(QPainter& painter, const QRect& cell, int offset, std::string_view text) const {
@@ -53,13 +58,15 @@ int WideTextPainter::Paint(QPainter& painter, const QRect& cell, int offset, std
     painter.drawText(QRect(area.left() - offset, area.top(), width + 1, area.height()), flags, shown);
     return width + 2 * cellMargin;
   }
-  std::size_t position = static_cast<std::size_t>(offset / blockWidth_) * blockSize;
+  const std::size_t first = std::min(static_cast<std::size_t>(offset / blockWidth_) * blockSize, LastBlock(text));
+  const int beyond = offset - static_cast<int>(first / blockSize) * blockWidth_;
   int left = area.left();
-  for (bool isFirst = true; left < cell.right() && position < text.size(); position += blockSize, isFirst = false) {
-    const QString block = DisplayText(WholeCharacters(text, position, blockSize));
+  for (std::size_t position = first; left < cell.right() && position <= LastBlock(text); position += blockSize) {
+    const bool isLast = position == LastBlock(text);
+    const QString block = DisplayText(WholeCharacters(text, position, isLast ? text.size() : blockSize));
     const int width = font_.horizontalAdvance(block);
-    // The further the scroll position is through the block's average width, the more of the block is off the screen.
-    if (isFirst) left -= static_cast<int>(static_cast<std::int64_t>(width) * (offset % blockWidth_) / blockWidth_);
+    // The further the scroll position is through a block's average width, the more of the block is off the screen.
+    if (position == first) left -= isLast ? beyond : static_cast<int>(std::int64_t{width} * beyond / blockWidth_);
     painter.drawText(QRect(left, area.top(), width + 1, area.height()), flags, block);
     left += width;
   }

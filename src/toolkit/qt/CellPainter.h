@@ -18,7 +18,7 @@ void PaintElided(QPainter& painter, const QRect& cell, std::string_view text);
 /// Draws what is visible of a text that may be wider than the screen, of any length.
 ///
 /// A long text is drawn in blocks. Only the blocks on the screen are measured: the one at the left edge stands where a
-/// text of average characters would have it, and the others follow it without a gap.
+/// text of average characters would have it, and the others follow it without a gap. The text's end is exact.
 class WideTextPainter {
  public:
   explicit WideTextPainter(const QFontMetrics& font);

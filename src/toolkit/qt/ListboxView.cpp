@@ -84,7 +84,7 @@ void ListboxView::FollowSelection() {
   const QModelIndexList selected = selectionModel()->selectedRows();
   if (row == (selected.isEmpty() ? -1 : selected.front().row())) return;
   if (row < 0) {
-    clearSelection();
+    selectionModel()->clear();
   } else {
     setCurrentIndex(model_.index(row, 0));
   }
@@ -245,7 +245,7 @@ void ListboxView::CopyRow() const {
 
 void ListboxView::mousePressEvent(QMouseEvent* event) {
   QListView::mousePressEvent(event);
-  if (!indexAt(event->position().toPoint()).isValid()) clearSelection();
+  if (!indexAt(event->position().toPoint()).isValid()) selectionModel()->clear();
 }
 
 void ListboxView::mouseDoubleClickEvent(QMouseEvent* event) {

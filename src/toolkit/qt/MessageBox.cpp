@@ -1,6 +1,7 @@
 #include "toolkit/qt/MessageBox.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include <QApplication>
 #include <QDialogButtonBox>
@@ -8,6 +9,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QTextBlock>
+#include <QTextLayout>
 #include <QVBoxLayout>
 
 namespace toolkit::qt {
@@ -22,15 +24,22 @@ QString Shorten(const QString& text) {
          QStringLiteral("\n… (%1 more characters are not shown)").arg(text.size() - longestText);
 }
 
-/// How tall the text is at the width of `edit`, but not taller than `tallest`.
-int HeightOfText(const QPlainTextEdit& edit, int tallest) {
-  const int lineHeight = edit.fontMetrics().lineSpacing();
-  int height = 2 * static_cast<int>(edit.document()->documentMargin()) + 2;
-  for (QTextBlock block = edit.document()->begin(); block.isValid() && height < tallest; block = block.next()) {
-    edit.document()->documentLayout()->blockBoundingRect(block);  // lays the block out
-    height += lineHeight * std::max(block.layout()->lineCount(), 1);
+/// How tall the text of `edit` is at a width of `width`, but not taller than `tallest`. The edit's own layout has no
+/// width before it is shown.
+int HeightOfText(const QPlainTextEdit& edit, int width, int tallest) {
+  const QTextDocument& document = *edit.document();
+  qreal height = 2 * document.documentMargin() + 2;
+  for (QTextBlock block = document.begin(); block.isValid() && height < tallest; block = block.next()) {
+    QTextLayout layout(block.text(), edit.font());
+    layout.setTextOption(document.defaultTextOption());
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid() && height < tallest; line = layout.createLine()) {
+      line.setLineWidth(width - 2 * document.documentMargin());
+      height += line.height();
+    }
+    layout.endLayout();
   }
-  return std::min(height, tallest);
+  return std::min(static_cast<int>(std::ceil(height)), tallest);
 }
 
 QPlainTextEdit* MakeTextArea(const QString& text, QWidget* parent) {
@@ -68,8 +77,7 @@ MessageBox::MessageBox(const QString& text) : QDialog(QApplication::activeWindow
   const int textWidth = area->fontMetrics().horizontalAdvance(Shorten(text).left(200).section('\n', 0, 0)) + 24;
   const int width = std::min(std::clamp(textWidth, 260, 480), screenSize.width() - 80);
   area->setFixedWidth(width);
-  area->resize(width, area->height());
-  area->setFixedHeight(HeightOfText(*area, screenSize.height() / 2));
+  area->setFixedHeight(HeightOfText(*area, width, screenSize.height() / 2));
   layout->setSizeConstraint(QLayout::SetFixedSize);
   buttons->button(QDialogButtonBox::Ok)->setFocus();
 }

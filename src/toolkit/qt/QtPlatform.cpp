@@ -51,25 +51,35 @@ std::unique_ptr<HTTPTransfer> QtPlatform::StartTransfer(HTTPRequest request, HTT
   return std::make_unique<QtTransfer>(*connections_, std::move(request), events);
 }
 
+// A call that is made while a box stands runs the loop on top of that box's own, and can end before the calls under it
+// only if it shows what comes before its own text as well.
 void QtPlatform::ShowMessage(const std::string& text) {
   const unsigned ticket = ++lastTicket_;
-  boxes_.push_back(ticket);
-  WaitForTurn(ticket);
-  if (!quitting_) {
-    MessageBox box(ToQt(text));
-    // The next box may come as soon as this one is gone, even if code on the stack keeps exec() from returning.
-    QObject::connect(&box, &QDialog::finished, [this, ticket] { std::erase(boxes_, ticket); });
-    box.exec();
+  messages_.emplace(ticket, text);
+  ++runningBoxCalls_;
+  while (!quitting_ && messages_.contains(ticket)) {
+    if (boxStands_) {
+      QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    } else {
+      ShowNextBox();
+    }
   }
-  std::erase(boxes_, ticket);
-  DropClosedViews();
+  messages_.erase(ticket);
+  --runningBoxCalls_;
+  DropClosedViewsLater();
 }
 
-// A box that is raised while another stands runs the loop itself, on top of the other's, until its turn comes.
-void QtPlatform::WaitForTurn(unsigned ticket) {
-  while (!quitting_ && boxes_.front() != ticket) {
-    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-  }
+void QtPlatform::ShowNextBox() {
+  const auto [ticket, text] = *messages_.begin();
+  MessageBox box(ToQt(text));
+  // The next box may come as soon as this one is gone, even if code on the stack keeps exec() from returning.
+  QObject::connect(&box, &QDialog::finished, [this, next = ticket] {
+    boxStands_ = false;
+    messages_.erase(next);
+  });
+  boxStands_ = true;
+  box.exec();
+  boxStands_ = false;
 }
 
 int QtPlatform::RunLoop(const std::function<void()>& start) {
@@ -105,11 +115,13 @@ void QtPlatform::Withdraw(Window& window) {
   (*view)->hide();
   closedViews_.push_back(std::move(*view));
   views_.erase(view);
-  QTimer::singleShot(0, application_.get(), [this] { DropClosedViews(); });
+  DropClosedViewsLater();
 }
 
-void QtPlatform::DropClosedViews() {
-  if (boxes_.empty()) closedViews_.clear();
+void QtPlatform::DropClosedViewsLater() {
+  QTimer::singleShot(0, application_.get(), [this] {
+    if (runningBoxCalls_ == 0) closedViews_.clear();
+  });
 }
 
 }  // namespace toolkit::qt

@@ -1,7 +1,8 @@
 #pragma once
 
-#include <deque>
+#include <map>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "toolkit/Platform.h"
@@ -33,17 +34,19 @@ class QtPlatform final : public Platform {
   void Withdraw(Window& window) override;
 
  private:
-  void WaitForTurn(unsigned ticket);
-  void DropClosedViews();
+  void ShowNextBox();
+  void DropClosedViewsLater();
 
   std::unique_ptr<QApplication> application_;
   std::unique_ptr<ConnectionPool> connections_;
   std::vector<std::unique_ptr<QtWindow>> views_;
-  // Views whose window was closed; they may have code on the stack, so they go when no box is waiting.
+  // Views whose window was closed; they may have code on the stack, so they go when no box keeps any there.
   std::vector<std::unique_ptr<QtWindow>> closedViews_;
-  // The message boxes that stand or wait, the standing one first.
-  std::deque<unsigned> boxes_;
+  // The texts whose box has not been closed yet, by the order in which they came. The first one's box may stand.
+  std::map<unsigned, std::string> messages_;
   unsigned lastTicket_ = 0;
+  int runningBoxCalls_ = 0;
+  bool boxStands_ = false;
   bool quitting_ = false;
 };
 

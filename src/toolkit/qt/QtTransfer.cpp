@@ -73,6 +73,12 @@ bool IsStatusOnly(QNetworkReply::NetworkError error) {
           error != QNetworkReply::ProtocolFailure && error != QNetworkReply::ProtocolUnknownError);
 }
 
+/// Qt wants to act on these statuses itself, and takes it for an error that it cannot; the reply is there, and whole.
+bool IsUnansweredStatus(QNetworkReply::NetworkError error, int status) {
+  return (error == QNetworkReply::ProxyAuthenticationRequiredError && status == 407) ||
+         (error == QNetworkReply::ContentReSendError && (status == 307 || status == 308));
+}
+
 /// OpenSSL's texts begin with error numbers and the names of its libraries: the reason follows the last "::".
 QString WithoutNumbers(const QString& text) { return text.contains("::") ? text.section("::", -1) : text; }
 
@@ -153,7 +159,8 @@ void QtTransfer::ReadBody() {
 void QtTransfer::Finish() {
   connectTimer_.stop();
   const auto error = reply_->error();
-  if (!IsStatusOnly(error)) {
+  const int status = reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+  if (!IsStatusOnly(error) && !IsUnansweredStatus(error, status)) {
     Fail(FaultOf(error), WithoutNumbers(reply_->errorString()));
     return;
   }

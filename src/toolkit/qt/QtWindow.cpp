@@ -28,6 +28,11 @@ QtWindow::QtWindow(std::shared_ptr<Window> window) : window_(std::move(window)) 
   PlaceControls();
 }
 
+// Views refer to controls, and this may be the last to hold the window with its controls.
+QtWindow::~QtWindow() {
+  for (const auto& [control, view] : views_) delete view;
+}
+
 void QtWindow::resizeEvent(QResizeEvent* /*event*/) {
   window_->Resize({.Width = width(), .Height = height()});
   PlaceControls();

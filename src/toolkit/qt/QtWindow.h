@@ -13,6 +13,9 @@ namespace toolkit::qt {
 class QtWindow final : public QWidget {
  public:
   explicit QtWindow(std::shared_ptr<Window> window);
+  QtWindow(const QtWindow&) = delete;
+  QtWindow& operator=(const QtWindow&) = delete;
+  ~QtWindow() override;
 
   [[nodiscard]] bool Shows(const Window& window) const { return window_.get() == &window; }
 
