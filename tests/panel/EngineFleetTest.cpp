@@ -114,23 +114,19 @@ TEST(EngineFleet, OnlyExactNamesReachTheEngine) {
 }
 
 TEST(EngineFleet, LogsOfBothForms) {
-  struct Row {
-    std::string facts;
-    std::string log;
-    std::uint64_t count;
-    std::string tail;
+  FakeEngine engine;
+  EngineFleet fleet(engine.path, "here");
+  std::vector<std::string> lines;
+  const auto readLog = [&](const char* facts, const std::string& log, std::uint64_t count) {
+    engine.answers["/containers/11/json"] = {200, facts};
+    engine.answers["/containers/11/logs"] = {200, log};
+    fleet.ReadLog("mail", count, [&](std::string_view line) { lines.emplace_back(line); });
+    return engine.asked.back();
   };
-  const std::vector<Row> rows{{R"({"Config":{"Tty":true}})", "hello\r\n", 0, "all"},
-                              {R"({"Config":{"Tty":false}})", std::string("\2\0\0\0\0\0\0\6hello\n", 14), 25, "25"}};
-  for (const Row& row : rows) {
-    FakeEngine engine;
-    engine.answers["/containers/11/json"] = {200, row.facts};
-    engine.answers["/containers/11/logs"] = {200, row.log};
-    std::vector<std::string> lines;
-    EngineFleet(engine.path, "").ReadLog("mail", row.count, [&](std::string_view line) { lines.emplace_back(line); });
-    EXPECT_EQ(lines, std::vector<std::string>{"hello"});
-    EXPECT_EQ(engine.asked.back(), "GET /containers/11/logs?stdout=true&stderr=true&timestamps=true&tail=" + row.tail);
-  }
+  const std::string asked = "GET /containers/11/logs?stdout=true&stderr=true&timestamps=true&tail=";
+  EXPECT_EQ(readLog(R"({"Config":{"Tty":true}})", "on a terminal\r\n", 0), asked + "all");
+  EXPECT_EQ(readLog(R"({"Config":{"Tty":false}})", std::string("\2\0\0\0\0\0\0\6error\n", 14), 25), asked + "25");
+  EXPECT_EQ(lines, (std::vector<std::string>{"on a terminal", "error"}));
 }
 
 TEST(EngineFleet, AnEngineThatIsGoneOrTalksNonsenseIsARefusal) {

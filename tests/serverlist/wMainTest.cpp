@@ -24,11 +24,15 @@ std::vector<std::string> FieldsOf(const CorvaneServer& server) {
   return {server.Network_Hostname, server.Network_IPv4, server.Password, server.System_Name, server.Username};
 }
 
+std::string Joined(char separator, const std::string& first, std::string_view second, std::string_view third) {
+  return std::string(first).append(1, separator).append(second).append(1, separator).append(third);
+}
+
 class MainWindowTest : public testing::Test {
  protected:
   MainWindowTest() { OpenWindow(); }
-  ~MainWindowTest() override { Servers.clear(); }
   void TearDown() override {
+    Servers.clear();
     for (const auto& message : platform.Messages) EXPECT_THAT(message, testing::Not(HasSubstr("pässw0rd")));
   }
 
@@ -47,7 +51,7 @@ class MainWindowTest : public testing::Test {
     return platform.LastRequest();
   }
   [[nodiscard]] std::string Form() const {
-    return window->txtHostname.Text() + "|" + window->txtUsername.Text() + "|" + window->txtPassword.Text();
+    return Joined('|', window->txtHostname.Text(), window->txtUsername.Text(), window->txtPassword.Text());
   }
   void ExpectNothingAdded() const {
     EXPECT_THAT(Servers, ElementsAre());
@@ -77,13 +81,13 @@ TEST_F(MainWindowTest, KeepsEveryControlInItsPlaceWhileItGrowsAndShrinks) {
       {"labelCopyright", 20, 560, 20, {474, 24, 860}},
   };
   ASSERT_EQ(window->Controls().size(), std::size(rows));
-  for (int size = 0; size < 3; ++size) {
+  for (std::size_t size = 0; size < 3; ++size) {
     window->Resize({size == 0 ? 600 : 700, std::array{514, 1, 900}[size]});  // kept to 600 points, and at least 64
-    for (int index = 0; const auto& row : rows) {
+    for (std::size_t index = 0; const auto& row : rows) {
       SCOPED_TRACE(row.name + " at height "s + std::to_string(window->ContentSize().Height));
       const toolkit::Control& control = *window->Controls()[index];
       EXPECT_EQ(control.Name(), row.name);
-      EXPECT_EQ(control.TabOrder(), index++);
+      EXPECT_EQ(control.TabOrder(), static_cast<int>(index++));
       EXPECT_EQ(window->PlaceOf(control), (toolkit::Rect{row.left, row.tops[size], row.width, row.height}));
     }
   }
@@ -114,7 +118,7 @@ TEST_F(MainWindowTest, ChecksTheHostnameFirstAndSendsNothingThatIsIncomplete) {
                                             : host.empty()
                                                 ? "You must provide your server hostname to continue."
                                                 : "You must provide both your username and password to continue.");
-        EXPECT_EQ(Form(), host + "|" + user + "|" + password);
+        EXPECT_EQ(Form(), Joined('|', host, user, password));
       }
     }
   }
@@ -164,7 +168,7 @@ TEST_F(MainWindowTest, TwoAdditionsOfOneServerAreTwoRowsWithTwoRecords) {
 TEST_F(MainWindowTest, AReplyWithoutAUsableKeyAddsNothingAndNamesTheKey) {
   for (const std::string key : {"networkHostname", "networkIPv4", "systemName"}) {
     for (const char* value : {"", "null", "true", R"({"0":"a"})", R"(["a"])"}) {
-      SCOPED_TRACE(key + ": " + value);
+      SCOPED_TRACE(testing::Message() << key << ": " << value);
       platform.Messages.clear();
       auto members = parse(reply).get_object();
       members.erase(key);
@@ -228,7 +232,7 @@ TEST_F(MainWindowTest, UnusualTextReachesServerRecordAndRowUnchanged) {
   const std::string texts[] = {" ",
                                "  blanks around  ",
                                "😀👩‍🚀",
-                               "\u202Eשלום عالم",
+                               "\u05E9\u05DC\u05D5\u05DD \u0639\u0627",
                                std::string(10'000, 'x'),
                                "<b>bold</b><img src=x>&amp;",
                                "NUL\0 tab\t line\r\nbreak"s,
@@ -245,7 +249,7 @@ TEST_F(MainWindowTest, UnusualTextReachesServerRecordAndRowUnchanged) {
                         boost::json::object{{"networkHostname", text}, {"networkIPv4", text}, {"systemName", text}}));
     ASSERT_FALSE(Servers.empty());
     EXPECT_THAT(FieldsOf(*Servers.back()), testing::Each(text));
-    EXPECT_EQ(window->listServers.RowText(window->listServers.ListCount() - 1), text + "\t" + text + "\t" + text);
+    EXPECT_EQ(window->listServers.RowText(window->listServers.ListCount() - 1), Joined('\t', text, text, text));
   }
   EXPECT_EQ(Servers.size(), std::size(texts));
   EXPECT_THAT(platform.Messages, ElementsAre());

@@ -16,7 +16,7 @@ TEST(RowStore, HoldsWhatATableOfStringsWouldHold) {
   std::vector<std::size_t> longest(5);
   std::mt19937 random(20);  // the same numbers in every run
   for (int step = 0; step < 6000; ++step) {
-    if (model.empty() || random() % 3 == 0) {
+    if (model.empty() || random() % 50 == 0) {
       store.AddRow();
       model.emplace_back();
     }

@@ -11,7 +11,12 @@ namespace {
 
 class Plain final : public toolkit::Window {
  public:
-  explicit Plain(const char* title) : Window(title, {100, 100}, {50, 50}, {200, 200}) {}
+  explicit Plain(const char* title) : Window(title, {100, 100}, {50, 50}, {200, 200}) { On(Open, &Plain::Opened); }
+
+  std::function<void()> WhenOpened;
+
+ private:
+  void Opened() { WhenOpened(); }
 };
 
 }  // namespace
@@ -30,14 +35,15 @@ TEST(Platform, OwnsOpenWindowsAndQuitsWithTheLast) {
   auto first = std::make_shared<Plain>("first");
   const auto second = std::make_shared<Plain>("second");
   int opened = 0;
-  first->Open = [&] { ++opened; };
+  first->WhenOpened = second->WhenOpened = [&] { ++opened; };
   first->Show();
   second->Show();
   first->Show();
-  EXPECT_EQ(opened, 1);
-  const std::weak_ptr<Plain> gone = std::exchange(first, nullptr);
+  EXPECT_EQ(opened, 2);
+  const std::weak_ptr<Plain> gone = first;
+  Plain& owned = *std::exchange(first, nullptr);
   ASSERT_FALSE(gone.expired());
-  gone.lock()->Close();
+  owned.Close();
   EXPECT_TRUE(gone.expired());
   EXPECT_THAT(platform.Quits, ElementsAre());
   second->Close();
@@ -45,4 +51,19 @@ TEST(Platform, OwnsOpenWindowsAndQuitsWithTheLast) {
   EXPECT_THAT(platform.Quits, ElementsAre(0));
   EXPECT_THAT(platform.WindowLog,
               ElementsAre("present first", "present second", "front first", "withdraw first", "withdraw second"));
+}
+
+TEST(Platform, AWindowThatClosesItselfLivesUntilItsHandlerEnds) {
+  const HandPlatform platform;
+  auto window = std::make_shared<Plain>("window");
+  const std::weak_ptr<Plain> weak = window;
+  bool livedOn = false;
+  window->WhenOpened = [&] {
+    std::exchange(window, nullptr)->Close();
+    livedOn = !weak.expired();
+  };
+  window->Show();
+  EXPECT_TRUE(livedOn);
+  EXPECT_TRUE(weak.expired());
+  EXPECT_EQ(platform.Quits.size(), 1U);
 }

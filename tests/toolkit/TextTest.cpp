@@ -19,6 +19,7 @@ TEST(Text, IsUTF8OnlyIfWellFormed) {
       "\xE2\x82",     "\xF0\x9F\x9B", "\xE2\x82\x41",     "\xF0\x9F\x41\x80", "caf\xE9 au lait"};
   for (const auto& bytes : wellFormed) EXPECT_TRUE(toolkit::IsUTF8("a" + bytes)) << testing::PrintToString(bytes);
   for (const auto& bytes : broken) EXPECT_FALSE(toolkit::IsUTF8("a" + bytes)) << testing::PrintToString(bytes);
+  EXPECT_FALSE(toolkit::IsUTF8(std::string_view("🛰").substr(0, 3))) << "what follows the text is not part of it";
 }
 
 TEST(Text, LowersTheLettersAToZOnly) { EXPECT_EQ(toolkit::LowerCase("@AZ[`az{ ÄÖ İI 09"), "@az[`az{ ÄÖ İi 09"); }

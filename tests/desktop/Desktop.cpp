@@ -1,0 +1,102 @@
+#include "tests/desktop/Desktop.h"
+
+#include <algorithm>
+
+#include <QApplication>
+#include <QDeadlineTimer>
+#include <QDialog>
+#include <QPlainTextEdit>
+#include <QWindow>
+
+namespace {
+
+void PressIn(const QWidget& window, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+  QTest::keyClick(window.windowHandle(), key, modifiers);
+}
+
+}  // namespace
+
+bool Desktop::Until(const std::function<bool()>& isSo) {
+  const QDeadlineTimer deadline(10'000);
+  QTimer awake;
+  awake.start(2);
+  while (!isSo()) {
+    if (deadline.hasExpired()) return false;
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  }
+  return true;
+}
+
+QWidget& Desktop::Open(const std::shared_ptr<toolkit::Window>& window) {
+  window->Show();
+  const auto tops = QApplication::topLevelWidgets();
+  const auto* top = *std::find_if(tops.begin(), tops.end(), [&](const QWidget* widget) {
+    return widget->isVisible() && widget->windowTitle().toStdString() == window->Title();
+  });
+  EXPECT_TRUE(QTest::qWaitForWindowActive(top->windowHandle()));
+  return *top->window();
+}
+
+void Desktop::ClickAt(const QWidget& widget, QPoint place) {
+  QWidget& window = *widget.window();
+  window.activateWindow();  // as a window manager does
+  EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+  QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, widget.mapTo(&window, place));
+}
+
+void Desktop::Press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+  PressIn(*QApplication::activeWindow(), key, modifiers);
+}
+
+void Desktop::TypeInto(const QString& name, const char* text) {
+  QWidget& field = Find(name);
+  Click(field);
+  for (const char* letter = text; *letter != '\0'; ++letter) QTest::keyClick(field.window()->windowHandle(), *letter);
+}
+
+BoxReader::BoxReader(std::function<void(QDialog&)> act) : act_(std::move(act)) {
+  if (!act_) act_ = [](const QDialog& box) { PressIn(box, Qt::Key_Return); };
+  QObject::connect(&timer_, &QTimer::timeout, [this] { Look(); });
+  timer_.start(5);
+}
+
+void BoxReader::Look() {
+  QDialog* newBox = nullptr;
+  std::size_t standing = 0;
+  for (QWidget* top : QApplication::topLevelWidgets()) {
+    auto* box = qobject_cast<QDialog*>(top);
+    if (box == nullptr || !box->isVisible()) continue;
+    ++standing;
+    if (!box->property("read").toBool()) newBox = box;
+  }
+  MostAtOnce = std::max(MostAtOnce, standing);
+  if (newBox == nullptr) return;
+  newBox->setProperty("read", true);
+  Texts.push_back(newBox->findChild<QPlainTextEdit*>()->toPlainText().toStdString());
+  QTimer::singleShot(20, newBox, [this, newBox] { act_(*newBox); });
+}
+
+int Contrast(const QImage& image) {
+  int darkest = 255;
+  int brightest = 0;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) {
+      darkest = std::min(darkest, qGray(image.pixel(x, y)));
+      brightest = std::max(brightest, qGray(image.pixel(x, y)));
+    }
+  }
+  return std::max(brightest - darkest, 0);
+}
+
+int InkWidth(const QImage& image) {
+  int first = image.width();
+  int last = -1;
+  for (int x = 0; x < image.width(); ++x) {
+    for (int y = 0; y < image.height(); ++y) {
+      if (image.pixel(x, y) == image.pixel(image.width() - 1, y)) continue;
+      first = std::min(first, x);
+      last = x;
+    }
+  }
+  return std::max(last - first + 1, 0);
+}

@@ -1,0 +1,73 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include <QImage>
+#include <QTest>
+#include <QTimer>
+#include <QWidget>
+#include <gtest/gtest.h>
+
+#include "shell/App.h"
+#include "toolkit/Window.h"
+#include "toolkit/qt/QtPlatform.h"
+
+class QDialog;
+
+/// A test on the real platform. Mouse and keys go to the window, as the desktop would send them, and find their widget
+/// themselves.
+class Desktop : public testing::Test {
+ protected:
+  /// Runs the event loop until `isSo`, for ten seconds at most. Returns whether it came to be so.
+  static bool Until(const std::function<bool()>& isSo);
+  /// Shows `window` and waits until the keyboard belongs to it.
+  static QWidget& Open(const std::shared_ptr<toolkit::Window>& window);
+  /// The widget of that object name in any window, of the type asked for. Throws if there is none.
+  template <typename Widget = QWidget>
+  static Widget& Find(const QString& name) {
+    for (QWidget* top : QApplication::topLevelWidgets()) {
+      if (auto* found = top->isVisible() ? top->findChild<Widget*>(name) : nullptr) return *found;
+    }
+    throw std::runtime_error("there is no widget " + name.toStdString());
+  }
+  static void Click(const QWidget& widget) { ClickAt(widget, widget.rect().center()); }
+  static void ClickAt(const QWidget& widget, QPoint place);
+  /// Presses a key in the active window.
+  static void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+  /// Puts the text field of that name into the focus by mouse and types ASCII text.
+  static void TypeInto(const QString& name, const char* text);
+
+  int argumentCount = 1;
+  std::string programName = "desktop-tests";
+  std::vector<char*> arguments{programName.data(), nullptr};
+  toolkit::qt::QtPlatform platform{argumentCount, arguments.data()};
+  App app{{1, 2, 3}};
+};
+
+/// An empty window, which keeps the program running.
+class OtherWindow final : public toolkit::Window {
+ public:
+  OtherWindow() : Window("Other", {100, 100}, {}, {100, 100}) {}
+};
+
+/// The user in front of the message boxes: acts on each box once, Return by default, and remembers what it said.
+class BoxReader {
+ public:
+  explicit BoxReader(std::function<void(QDialog&)> act = nullptr);
+
+  std::vector<std::string> Texts;
+  std::size_t MostAtOnce = 0;
+
+ private:
+  void Look();
+
+  std::function<void(QDialog&)> act_;
+  QTimer timer_;
+};
+
+/// The difference in brightness, 0 to 255, between the darkest and the brightest pixel.
+[[nodiscard]] int Contrast(const QImage& image);
+/// How many pixels there are from the first to the last column that is not as the right edge.
+[[nodiscard]] int InkWidth(const QImage& image);

@@ -1,0 +1,230 @@
+#include <QAbstractItemView>
+#include <QAccessible>
+#include <QApplication>
+#include <QClipboard>
+#include <QDialog>
+#include <QLineEdit>
+#include <gmock/gmock.h>
+
+#include "serverlist/CorvaneClient.h"
+#include "serverlist/wMain.h"
+#include "tests/desktop/Desktop.h"
+#include "tests/support/FaultServer.h"
+
+using test_servers::Answer;
+using test_servers::FaultServer;
+using test_servers::Reply;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+namespace {
+
+constexpr const char* information =
+    R"({"networkHostname":"<i>web</i>","networkIPv4":"10.0.0.5","systemName":"Web & co"})";
+
+class MainWindow : public Desktop {
+ protected:
+  MainWindow() { QApplication::clipboard()->setText("untouched"); }
+
+  /// Fills the form by mouse and keyboard. The window puts port 1701 behind the host, so the server's real port and a
+  /// path stand before it.
+  void Fill(const FaultServer& server) {
+    TypeInto("txtHostname", ("127.0.0.1:" + std::to_string(server.Port()) + "/x").c_str());
+    TypeInto("txtUsername", "admin");
+    TypeInto("txtPassword", "s3cret");
+  }
+  static std::string TextOf(const char* name) { return Find<QLineEdit>(name).text().toStdString(); }
+
+  std::vector<std::string> opened;
+  std::shared_ptr<wMain> main =
+      std::make_shared<wMain>([this](const auto& server) { opened.push_back(server->System_Name); });
+  QWidget& window = Open(main);
+};
+
+struct Place {
+  const char* name;
+  QRect designed;
+  bool followsBottom;
+};
+const Place places[] = {{"Canvas1", {0, 0, 600, 164}, false},       {"listServers", {0, 162, 600, 200}, false},
+                        {"txtHostname", {20, 374, 560, 22}, true},  {"txtUsername", {20, 408, 200, 22}, true},
+                        {"txtPassword", {232, 408, 200, 22}, true}, {"btnAddServer", {444, 408, 136, 20}, true},
+                        {"labelVersion", {20, 442, 560, 20}, true}, {"labelCopyright", {20, 474, 560, 20}, true}};
+
+TEST_F(MainWindow, ControlsKeepTheirPlacesWhileTheWindowGrowsAndShrinks) {
+  EXPECT_EQ(window.windowTitle(), "Corvane");
+  for (const auto& [wanted, height] : std::vector<std::pair<QSize, int>>{{{600, 514}, 514},
+                                                                         {{600, 700}, 700},
+                                                                         {{900, 515}, 515},
+                                                                         {{600, 10}, 64},
+                                                                         {{300, 2000}, 2000},
+                                                                         {{600, 514}, 514}}) {
+    window.resize(wanted);
+    QTest::qWait(10);
+    EXPECT_EQ(window.size(), QSize(600, height));
+    for (const Place& place : places) {
+      const QRect expected = place.designed.translated(0, place.followsBottom ? height - 514 : 0);
+      EXPECT_TRUE(Find(place.name).geometry() == expected) << place.name << " at height " << height;
+    }
+  }
+}
+
+TEST_F(MainWindow, EveryControlIsNamedAndTheKeyboardGoesThroughThemInOrder) {
+  for (const Place& place : places) EXPECT_FALSE(Find(place.name).accessibleName().isEmpty()) << place.name;
+  std::vector<std::string> order;
+  for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Backtab}) {
+    for (int step = 0; step < 5; ++step) {
+      order.push_back(QApplication::focusWidget()->objectName().toStdString());
+      Press(key, key == Qt::Key_Tab ? Qt::NoModifier : Qt::ShiftModifier);
+    }
+  }
+  EXPECT_THAT(order, ElementsAre("txtHostname", "txtUsername", "txtPassword", "btnAddServer", "listServers",  //
+                                 "txtHostname", "listServers", "btnAddServer", "txtPassword", "txtUsername"));
+  EXPECT_EQ(Find<QLineEdit>("txtHostname").placeholderText(), "Server Hostname or IP Address");
+  EXPECT_EQ(Find<QLineEdit>("txtUsername").placeholderText(), "Username");
+  EXPECT_EQ(Find<QLineEdit>("txtPassword").placeholderText(), "Password");
+}
+
+TEST_F(MainWindow, NothingGetsThePasswordOutOfItsField) {
+  TypeInto("txtPassword", "s3cret");
+  auto& field = Find<QLineEdit>("txtPassword");
+  EXPECT_EQ(main->txtPassword.Text(), "s3cret");
+  EXPECT_FALSE(field.displayText().contains("s3cret"));
+  QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(&field);
+  for (const auto kind : {QAccessible::Name, QAccessible::Value, QAccessible::Description, QAccessible::Help}) {
+    EXPECT_FALSE(accessible->text(kind).contains("s3cret")) << kind;
+  }
+  EXPECT_FALSE(accessible->textInterface()->text(0, 6).contains("s3cret"));
+  for (const Qt::Key key : {Qt::Key_A, Qt::Key_C, Qt::Key_X}) Press(key, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::clipboard()->text(), "untouched");
+}
+
+TEST_F(MainWindow, TypingAndClickingAddsTheServerThatAnswers) {
+  const FaultServer server({{{Reply(200, information)}}});
+  Fill(server);
+  Click(Find("txtUsername"));
+  const QString unusual = QString(QStringLiteral("grüß 🦊 שלום ")).repeated(800);
+  QApplication::clipboard()->setText(unusual);
+  Press(Qt::Key_A, Qt::ControlModifier);
+  Press(Qt::Key_V, Qt::ControlModifier);
+  Click(Find("btnAddServer"));
+  ASSERT_TRUE(Until([&] { return main->listServers.ListCount() == 1; }));
+  EXPECT_EQ(main->listServers.RowText(0), "Web & co\t10.0.0.5\t<i>web</i>");
+  ASSERT_THAT(server.Requests(), SizeIs(1));
+  EXPECT_THAT(server.Requests()[0],
+              testing::EndsWith(R"({"password":"s3cret","username":")" + unusual.toStdString() + "\"}"));
+  QTest::qWait(20);
+  for (const char* field : {"txtHostname", "txtUsername", "txtPassword"}) EXPECT_EQ(TextOf(field), "") << field;
+
+  auto& list = Find<QAbstractItemView>("listServers");
+  ClickAt(*list.viewport(), list.visualRect(list.model()->index(0, 1)).center());
+  Press(Qt::Key_Return);
+  EXPECT_THAT(opened, ElementsAre("Web & co"));
+}
+
+TEST_F(MainWindow, WhatGoesWrongIsShownAndTheFormStays) {
+  BoxReader reader;
+  Click(Find("btnAddServer"));
+  TypeInto("txtHostname", "no such host");
+  Click(Find("btnAddServer"));
+  TypeInto("txtUsername", "admin");
+  TypeInto("txtPassword", "s3cret");
+  Click(Find("btnAddServer"));
+  ASSERT_TRUE(Until([&] { return reader.Texts.size() == 3; }));
+  EXPECT_EQ(TextOf("txtHostname"), "no such host");
+
+  Find<QLineEdit>("txtHostname").selectAll();
+  const FaultServer server({{{Reply(400, R"({"_error":"<b>Wrong</b> &amp; bad\nuser"})")}}});
+  for (const char* field : {"txtUsername", "txtPassword", "txtHostname"}) {
+    Click(Find(field));
+    Press(Qt::Key_A, Qt::ControlModifier);
+    Press(Qt::Key_Delete);
+  }
+  Fill(server);
+  Find("btnAddServer").setFocus();
+  Press(Qt::Key_Space);
+  ASSERT_TRUE(Until([&] { return reader.Texts.size() == 4; }));
+  EXPECT_THAT(reader.Texts,
+              ElementsAre("You must provide your server hostname to continue.",
+                          "You must provide both your username and password to continue.",
+                          HasSubstr("The address of the server is not a valid one."), "<b>Wrong</b> &amp; bad\nuser"));
+  EXPECT_EQ(TextOf("txtPassword"), "s3cret");
+  EXPECT_THAT(server.Requests(), SizeIs(1));
+  EXPECT_EQ(main->listServers.ListCount(), 0);
+}
+
+TEST_F(MainWindow, AReplyToAClosedWindowDoesNothing) {
+  std::make_shared<OtherWindow>()->Show();
+  FaultServer server({{{Reply(400, R"({"_error":"late"})")}, Answer::Then::Keep, Answer::Start::WhenReleased}});
+  Fill(server);
+  Click(Find("btnAddServer"));
+  ASSERT_TRUE(Until([&] { return server.Requests().size() == 1; }));
+  BoxReader reader;
+  const std::weak_ptr<wMain> closed = main;
+  main.reset();
+  window.close();
+  QTest::qWait(30);
+  EXPECT_TRUE(closed.expired());
+  server.Release();
+  QTest::qWait(100);
+  EXPECT_THAT(reader.Texts, IsEmpty());
+  EXPECT_THAT(platform.OpenWindows(), SizeIs(1));
+}
+
+/// The main window with a row and a typed name, as the desktop's settings make it look.
+class Looks : public MainWindow {
+ protected:
+  QImage Picture(const QPalette& palette) {
+    QApplication::setPalette(palette);
+    main->listServers.AddRow({"Name", "Address", "Host"});
+    TypeInto("txtHostname", "typed");
+    QTest::qWait(30);
+    return window.grab().toImage();
+  }
+};
+
+TEST_F(Looks, EverythingCanBeReadOnADarkDesktop) {
+  QPalette dark(QColor(30, 30, 30));
+  dark.setColor(QPalette::Base, QColor(20, 20, 20));
+  const QImage picture = Picture(dark);
+  auto& list = Find<QAbstractItemView>("listServers");
+  std::vector<std::pair<const char*, QRect>> areas{
+      {"row", list.visualRect(list.model()->index(0, 0)).translated(list.viewport()->mapTo(&window, QPoint()))},
+      {"heading", QRect(10, 166, 100, 14)}};
+  for (const Place& place : places) {
+    if (place.designed.top() > 162) areas.emplace_back(place.name, place.designed.adjusted(3, 3, -3, -3));
+  }
+  for (const auto& [name, area] : areas) {
+    const QImage part = picture.copy(area);
+    EXPECT_GT(Contrast(part), 90) << name;
+    EXPECT_LT(qGray(part.pixel(part.width() - 1, part.height() / 2)), 100) << name << " has a bright background";
+  }
+}
+
+struct DoubleScale {
+  DoubleScale() { qputenv("QT_SCALE_FACTOR", "2"); }
+  ~DoubleScale() { qunsetenv("QT_SCALE_FACTOR"); }
+};
+class AtDoubleScale : private DoubleScale, public Looks {};
+
+TEST_F(AtDoubleScale, EverythingIsTwiceAsFineAndStandsWhereItDid) {
+  const QImage picture = Picture(QApplication::palette());
+  EXPECT_EQ(picture.size(), QSize(1200, 1028));
+  QImage banner;
+  const auto encoded = Logo_Banner_600x164()->Encoded();
+  ASSERT_TRUE(banner.loadFromData(reinterpret_cast<const uchar*>(encoded.data()), static_cast<int>(encoded.size())));
+  for (const QPoint point : {QPoint(5, 5), QPoint(595, 5), QPoint(300, 80), QPoint(5, 155), QPoint(595, 155)}) {
+    const QColor shown = picture.pixelColor(point * 2);
+    const QColor drawn = banner.pixelColor(point);
+    EXPECT_LT(std::abs(qGray(shown.rgb()) - qGray(drawn.rgb())), 40) << point.x() << " " << point.y();
+  }
+  for (const Place& place : places) {
+    EXPECT_TRUE(Find(place.name).geometry() == place.designed) << place.name;
+    const QRect area(place.designed.topLeft() * 2, place.designed.size() * 2);
+    EXPECT_GT(InkWidth(picture.copy(area.adjusted(8, 8, -8, -8))), 30) << place.name << " is empty";
+  }
+}
+
+}  // namespace
