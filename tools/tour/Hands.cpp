@@ -41,7 +41,7 @@ QString CannotPoint(const Spot& spot, const QString& name) {
   QWidget& window = *spot.part->window();
   if (!spot.part->isEnabled()) return Called(name) + " is disabled";
   if (screen::Box() != nullptr && screen::Box() != &window) return "a message box stands in front of " + Called(name);
-  if (const QString trouble = NotInFront(window); !window.windowFlags().testFlag(Qt::Popup) && !trouble.isEmpty()) {
+  if (QString trouble = NotInFront(window); !window.windowFlags().testFlag(Qt::Popup) && !trouble.isEmpty()) {
     return trouble;
   }
   const QPoint place = spot.part->mapTo(&window, spot.place);

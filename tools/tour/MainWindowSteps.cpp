@@ -12,7 +12,7 @@ Condition FormSays(const QString& host, const QString& user, const QString& pass
   return [=]() -> QString {
     for (const Condition& condition :
          {Says("txtHostname", host), Says("txtUsername", user), Says("txtPassword", password)}) {
-      if (const QString wrong = condition(); !wrong.isEmpty()) return wrong;
+      if (QString wrong = condition(); !wrong.isEmpty()) return wrong;
     }
     return {};
   };

@@ -11,7 +11,7 @@ namespace tour {
 /// on inside the loop of a message box that a step has brought up.
 class Player {
  public:
-  /// The names of pictures get `pictureSuffix`, as in "main-dark.png".
+  /// The last step must end the program. The names of pictures get `pictureSuffix`, as in "main-dark.png".
   Player(Steps steps, QString pictureFolder, QString pictureSuffix);
 
   /// Plays from the next turn of the event loop on. At the first step that fails, the program is told to quit.

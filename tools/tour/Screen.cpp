@@ -36,10 +36,11 @@ QList<QWidget*> Windows(const QString& title) {
 }
 
 QWidget* Find(const QString& name) {
-  const QList<QWidget*> windows = AllWindows();
-  for (auto window = windows.crbegin(); window != windows.crend(); ++window) {
-    if ((*window)->objectName() == name) return *window;
-    for (auto* part : (*window)->findChildren<QWidget*>(name)) {
+  QList<QWidget*> windows = AllWindows();
+  std::reverse(windows.begin(), windows.end());
+  for (QWidget* window : windows) {
+    if (window->objectName() == name) return window;
+    for (auto* part : window->findChildren<QWidget*>(name)) {
       if (part->isVisible()) return part;
     }
   }

@@ -45,7 +45,7 @@ Steps ClosingSteps() {
 }
 
 Steps FullTour(const Visit& visit) {
-  return Join({MainWindowSteps(visit), OverviewSteps(), ContainerSteps(), LogSteps(), ClosingSteps()});
+  return Join({MainWindowSteps(visit), OverviewSteps(), ContainerSteps(), LogSteps(), RebootSteps(), ClosingSteps()});
 }
 
 Steps PictureTour(const Visit& visit) {

@@ -26,6 +26,8 @@ inline const QString logTitle = QStringLiteral("Corvane - Container Logs");
 [[nodiscard]] Steps ContainerSteps();
 /// Log windows.
 [[nodiscard]] Steps LogSteps();
+/// The reboot of the server, cancelled and confirmed.
+[[nodiscard]] Steps RebootSteps();
 /// Several windows, and the end of the program.
 [[nodiscard]] Steps ClosingSteps();
 
