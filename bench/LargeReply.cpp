@@ -27,6 +27,7 @@ namespace {
 
 using bench::Clock;
 using bench::Desktop;
+using bench::Readable;
 using bench::Unit;
 
 constexpr int manyLines = 1'000'000;
@@ -98,18 +99,20 @@ Shown MeasureShowing(Desktop& desktop, const std::shared_ptr<const std::string>&
 }
 
 void MeasureGrowth(Desktop& desktop, bench::CurlConnection& curl, const std::string& baseURL, bench::Report& report) {
-  double perLine = 0;
-  double perLineBefore = 0;
+  Shown last;
+  Shown before;
   for (int lines = 1000; lines <= manyLines; lines *= 10) {
     const auto reply = curl.Post(baseURL + "/api/v1/containers/logs", bench::LogRequestBody(lines));
-    const auto [seconds, parseSeconds] = MeasureShowing(desktop, std::make_shared<std::string>(reply.Body), lines);
-    perLineBefore = std::exchange(perLine, seconds / lines);
-    report.Note("  last byte to painted, " + std::to_string(lines) + " lines",
-                bench::Readable(Unit::Seconds, seconds) + ", " + bench::Readable(Unit::Seconds, perLine) + " a line");
-    if (lines < manyLines) continue;
-    report.Ratio("1,000,000 log lines, last byte to painted", Unit::Seconds, seconds, {"Boost.JSON", parseSeconds}, 2);
+    before = std::exchange(last, MeasureShowing(desktop, std::make_shared<std::string>(reply.Body), lines));
+    report.Note("  " + std::to_string(lines) + " log lines, last byte to painted",
+                Readable(Unit::Seconds, last.Seconds) + ", " + Readable(Unit::Seconds, last.Seconds / lines) +
+                    " a line; Boost.JSON " + Readable(Unit::Seconds, last.ParseSeconds / lines) + " a line");
   }
-  report.Ratio("time a line at 1,000,000 lines", Unit::Seconds, perLine, {"at 100,000 lines", perLineBefore}, 1.25);
+  report.Ratio("1,000,000 log lines, last byte to painted", Unit::Seconds, last.Seconds,
+               {"Boost.JSON", last.ParseSeconds}, 2);
+  // The floor grows faster than the lines: what fits the processor's caches is read faster.
+  report.Ratio("growth from 100,000 lines to 1,000,000", Unit::Times, last.Seconds / before.Seconds,
+               {"Boost.JSON", last.ParseSeconds / before.ParseSeconds}, 1.25);
 }
 
 // The memory is that of a process of its own, which does what the program does and nothing else.
@@ -130,7 +133,7 @@ void MeasureMemory(const std::string& self, const std::string& baseURL, double b
   program.Wait();
   report.Ratio("peak memory, one request for 1,000,000 lines", Unit::Bytes, peaks.front(),
                {"the reply's body", bodySize}, 4.5);
-  report.Note("  peak memory after the second request", bench::Readable(Unit::Bytes, peaks[1]));
+  report.Note("  peak memory after the second request", Readable(Unit::Bytes, peaks[1]));
   report.Ratio("peak memory after ten requests", Unit::Bytes, peaks.back(), {"after the first", peaks.front()},
                tolerableGrowth);
 }

@@ -13,6 +13,7 @@
 #include "support/Measure.h"
 #include "support/PanelService.h"
 #include "support/Report.h"
+#include "support/VirtualScreen.h"
 
 namespace {
 
@@ -21,30 +22,39 @@ using bench::Desktop;
 constexpr int rounds = 20;
 constexpr int requestsOfRound = 100;
 
+/// Presses one button over and over, the next time as soon as the reply is there.
 class Requests {
  public:
   explicit Requests(std::string url) : url_(std::move(url)) {
-    client_.ButtonPressed = [this] { ++replies_; };
-    client_.Error = [](const toolkit::RuntimeException& error) {
-      std::cerr << error.Message() << std::endl;
-      std::_Exit(EXIT_FAILURE);
+    client_.ButtonPressed = [this] {
+      seconds_.push_back(bench::SecondsSince(pressedAt_));
+      if (--left_ > 0) Press();
     };
+    client_.Error = [](const toolkit::RuntimeException& error) { throw error; };
   }
 
-  double SecondsOfOne() {
-    const int before = replies_;
-    return bench::SecondsOf([&] {
-      client_.Operator_Lookup("username", bench::PanelService::User);
-      client_.Operator_Lookup("password", bench::PanelService::Password);
-      client_.PressButton(url_, "information");
-      Desktop::RunUntil([&] { return replies_ > before; });
-    });
+  /// The seconds that each of `count` requests took.
+  std::vector<double> Make(int count) {
+    seconds_.clear();
+    left_ = count;
+    Press();
+    Desktop::RunUntil([this] { return left_ == 0; });
+    return seconds_;
   }
 
  private:
+  void Press() {
+    pressedAt_ = bench::Clock::now();
+    client_.Operator_Lookup("username", bench::PanelService::User);
+    client_.Operator_Lookup("password", bench::PanelService::Password);
+    client_.PressButton(url_, "information");
+  }
+
   std::string url_;
   TessenServicesClient client_;
-  int replies_ = 0;
+  bench::Clock::time_point pressedAt_;
+  std::vector<double> seconds_;
+  int left_ = 0;
 };
 
 int Measure(int argc, char** argv) {
@@ -61,8 +71,7 @@ int Measure(int argc, char** argv) {
   std::vector<double> ofCurl;
   for (int round = 0; round <= rounds; ++round) {
     const bool isWarm = round > 0;
-    for (int request = 0; request < requestsOfRound; ++request) {
-      const double seconds = requests.SecondsOfOne();
+    for (const double seconds : requests.Make(requestsOfRound)) {
       if (isWarm) ofClient.push_back(seconds);
     }
     for (int request = 0; request < requestsOfRound; ++request) {
@@ -80,7 +89,7 @@ int Measure(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   try {
-    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    const bench::VirtualScreen screen;
     return Measure(argc, argv);
   } catch (const std::exception& exception) {
     std::cerr << "bench-round-trip: " << exception.what() << std::endl;

@@ -28,7 +28,7 @@ using Picture = std::vector<std::uint32_t>;
 constexpr int starts = 21;
 // A text cursor that blinks covers fewer pixels than this.
 constexpr int changingPixels = 60;
-constexpr auto settlingTime = 1500ms;
+constexpr auto settlingTime = 1000ms;
 constexpr auto longestStart = 20s;
 
 struct Figures {

@@ -32,6 +32,7 @@ std::string ThreeDigits(double value) {
 }  // namespace
 
 std::string Readable(Unit unit, double value) {
+  if (unit == Unit::Times) return ThreeDigits(value) + " times";
   const std::span<const Scale> scales = unit == Unit::Seconds ? std::span<const Scale>(timeScales) : sizeScales;
   for (const Scale& scale : scales) {
     if (std::abs(value) >= scale.Factor) return ThreeDigits(value / scale.Factor) + " " + scale.Name;

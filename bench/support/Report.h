@@ -4,7 +4,7 @@
 
 namespace bench {
 
-enum class Unit { Seconds, Bytes };
+enum class Unit { Seconds, Bytes, Times };
 
 /// The same work at its least: what a figure is divided by.
 struct Floor {
