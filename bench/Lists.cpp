@@ -157,6 +157,7 @@ void MeasureManyRows(Desktop& desktop, const std::string& reply, bench::Report& 
                LongestFrame([&](PaintWatch& watch) { return ResizeWindow(watch, *list.window()); }), longestFrame);
   const auto window = std::dynamic_pointer_cast<wContainerLogs>(desktop.OpenWindows().back());
   MeasureSearch(window->list_logs, report);
+  window->Close();
 }
 
 void MeasureContainers(Desktop& desktop, const std::string& reply, bench::Report& report) {
@@ -166,15 +167,19 @@ void MeasureContainers(Desktop& desktop, const std::string& reply, bench::Report
   watch.ExpectRows(manyContainers);
   std::vector<double> shown;
   std::vector<double> parsed;
+  std::vector<double> painted;
   for (int opening = 0; opening <= openings; ++opening) {
     server.Window().btn_containers_refresh.Press();
     watch.Wait();
     const double seconds = bench::SecondsSince(desktop.LastByteAt());
     const double floor = bench::SecondsToParse(reply);
+    const double frame = watch.SecondsToPaint([&] { watch.Painted()->viewport()->update(); });
     if (opening == 0) continue;
     shown.push_back(seconds);
     parsed.push_back(floor);
+    painted.push_back(frame);
   }
+  report.Note("  of which painting alone", bench::Readable(Unit::Seconds, bench::Median(painted)));
   report.Ratio("10,000 containers, last byte to painted", Unit::Seconds, bench::Median(shown),
                {"Boost.JSON", bench::Median(parsed)}, 3);
 }

@@ -5,6 +5,8 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QElapsedTimer>
+#include <QPlainTextEdit>
+#include <QScrollBar>
 
 #include "tour/Screen.h"
 
@@ -15,10 +17,17 @@ QString Quoted(const QString& text) { return "“" + text + "”"; }
 
 QString If(bool isWrong, const QString& text) { return isWrong ? text : QString(); }
 
-/// The standing box's message, or what to say where none stands.
+/// The message of the box that stands; empty if none does.
 QString StandingMessage() {
-  const auto* message = screen::Box() == nullptr ? nullptr : screen::Box()->findChild<QWidget*>("message");
+  const QWidget* message = screen::Box() == nullptr ? nullptr : screen::Find("message");
   return message == nullptr ? QString() : screen::TextOf(*message);
+}
+
+/// None of the messages of the tour is so long that it has to scroll.
+QString HiddenPart() {
+  const auto* message = screen::FindAs<QPlainTextEdit>("message");
+  const bool isWhole = message != nullptr && message->verticalScrollBar()->maximum() == 0;
+  return If(!isWhole, "a part of the message is out of sight");
 }
 
 Condition EachIs(const std::vector<QString>& names, bool enabled) {
@@ -148,14 +157,14 @@ Condition SelectedRowCopied(const QString& list) {
 Condition Message(const QString& text) {
   return [text] {
     const QString said = StandingMessage();
-    return If(said != text, "the message box says " + Quoted(said) + ", not " + Quoted(text));
+    return said == text ? HiddenPart() : "the message box says " + Quoted(said) + ", not " + Quoted(text);
   };
 }
 
 Condition MessageWith(const QString& part) {
   return [part] {
     const QString said = StandingMessage();
-    return If(!said.contains(part), "the message box says " + Quoted(said) + ", without " + Quoted(part));
+    return said.contains(part) ? HiddenPart() : "the message box says " + Quoted(said) + ", without " + Quoted(part);
   };
 }
 

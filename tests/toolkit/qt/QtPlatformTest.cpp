@@ -12,7 +12,7 @@
 
 #include "tests/desktop/Desktop.h"
 #include "toolkit/Label.h"
-#include "toolkit/MsgBox.h"
+#include "toolkit/MessageDialog.h"
 #include "toolkit/PushButton.h"
 
 using testing::ElementsAre;
