@@ -42,7 +42,7 @@ class ListOnScreen : public Desktop {
   double Cost(const std::function<void()>& work) {
     const std::clock_t start = std::clock();
     work();
-    QTest::qWait(1);
+    QTest::qWait(10);
     window.grab();
     return 1000.0 * static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
   }
@@ -151,14 +151,11 @@ TEST_F(ListOnScreen, AMillionRowsAndAMillionCharactersCostWhatIsOnTheScreen) {
   };
   for (const auto& row : rows) {
     EXPECT_LT(Cost(row.act), quick) << row.what;
-    window.grab().save(QString("/tmp/g-%1.png").arg(row.what));
     if (row.rowSeen < 0) continue;
     EXPECT_TRUE(Cell(row.rowSeen, 2).intersects(view.viewport()->rect())) << row.what << ": the row is not in sight";
     if (view.horizontalScrollBar()->value() > 0 && row.rowSeen == many / 2) continue;  // a short text
     const QRect seen = Cell(row.rowSeen, 2) & view.viewport()->rect();
-    const QImage ink = view.viewport()->grab(seen).toImage();
-    if (InkWidth(ink) <= 3) { ink.save("/tmp/ink.png"); view.grab().save("/tmp/ink2.png"); qWarning() << seen << Cell(row.rowSeen, 2) << view.horizontalScrollBar()->value(); }
-    EXPECT_GT(InkWidth(ink), 3) << row.what;
+    EXPECT_GT(InkWidth(view.viewport()->grab(seen).toImage()), 3) << row.what;
   }
   Fill(3);
   EXPECT_EQ(Cell(0, 0).topLeft(), QPoint(0, 0));
