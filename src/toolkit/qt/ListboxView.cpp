@@ -176,9 +176,11 @@ void ListboxView::updateGeometries() {
   horizontalScrollBar()->setPageStep(area.width());
   horizontalScrollBar()->setSingleStep(fontMetrics().averageCharWidth() * 8);
   horizontalScrollBar()->setRange(0, std::max(contentWidth - area.width(), 0));
-  verticalScrollBar()->setPageStep(area.height());
+  // The horizontal scroll bar, if it has just appeared, has made the viewport lower.
+  const int height = viewport()->height();
+  verticalScrollBar()->setPageStep(height);
   verticalScrollBar()->setSingleStep(RowHeight());
-  verticalScrollBar()->setRange(0, std::max(model_.rowCount() * RowHeight() - area.height(), 0));
+  verticalScrollBar()->setRange(0, std::max(model_.rowCount() * RowHeight() - height, 0));
   header_->setOffset(horizontalOffset());
   QAbstractItemView::updateGeometries();
 }
