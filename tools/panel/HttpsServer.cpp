@@ -47,6 +47,11 @@ void Send(Reply reply, httplib::Response& response) {
                                 });
 }
 
+std::string ExplainStatus(int status) {
+  if (status == 404) return "There is no such call.";
+  return status < 500 ? "The request cannot be understood." : "The service failed.";
+}
+
 }  // namespace
 
 HttpsServer::HttpsServer(const Options& options, Service& service)
@@ -81,11 +86,10 @@ void HttpsServer::SetUpReplies() {
     Print(request, reply);
     Send(std::move(reply), response);
   });
-  // For all that does not get so far: other methods, and what is no proper HTTP.
+  // For all that does not get so far: other methods, what is no proper HTTP, and failures.
   server_.set_error_handler([](const httplib::Request& request, httplib::Response& response) {
     if (response.has_header("Content-Type")) return;
-    Reply reply = MakeRefusal(response.status,
-                              response.status == 404 ? "There is no such call." : "The request cannot be understood.");
+    Reply reply = MakeRefusal(response.status, ExplainStatus(response.status));
     Print(request, reply);
     Send(std::move(reply), response);
   });

@@ -13,7 +13,7 @@ namespace panel {
 /// Serves a Service over HTTPS and prints one line for each request on the standard output.
 class HttpsServer {
  public:
-  /// `service` must outlive the server. Throws std::runtime_error if the certificate cannot be used.
+  /// Both must outlive the server. Throws std::runtime_error if the certificate cannot be used.
   HttpsServer(const Options& options, Service& service);
 
   /// Starts to listen and prints where. Throws std::runtime_error if that address and port cannot be had.

@@ -144,25 +144,30 @@ void ListboxView::updateGeometries() {
   const int headingHeight = Shown().HasHeading() ? header_->sizeHint().height() : 0;
   const int barHeight = findBar_.isVisibleTo(this) ? findBar_.sizeHint().height() : 0;
   setViewportMargins(0, headingHeight, 0, barHeight);
+  LayOutRows();
+  // The horizontal scroll bar, if it has just appeared, has made the viewport lower.
   const QRect area = viewport()->geometry();
-  findBar_.setGeometry(area.left(), area.bottom() + 1, area.width(), barHeight);
+  verticalScrollBar()->setPageStep(area.height());
+  verticalScrollBar()->setSingleStep(geometry_.RowHeight);
+  verticalScrollBar()->setRange(0, std::max(geometry_.ContentHeight() - area.height(), 0));
   header_->setGeometry(area.left(), area.top() - headingHeight, area.width(), headingHeight);
+  findBar_.setGeometry(area.left(), area.bottom() + 1, area.width(), barHeight);
+  FollowScrollBars();
+  QAbstractItemView::updateGeometries();  // NOLINT(bugprone-parent-virtual-call): QListView's is what this replaces
+}
 
+void ListboxView::LayOutRows() {
+  const int available = viewport()->width();
   geometry_.RowHeight = fontMetrics().height() + rowPadding;
   geometry_.RowCount = model_.rowCount();
-  geometry_.ColumnWidths = LayOutColumns(Shown().ColumnWidths(), Shown().ColumnCount(), area.width());
+  geometry_.ColumnWidths = LayOutColumns(Shown().ColumnWidths(), Shown().ColumnCount(), available);
   if (LastColumnIsWide()) geometry_.ColumnWidths.back() = std::max(geometry_.ColumnWidths.back(), widestText_);
   for (int column = 0; column < header_->count(); ++column) {
     header_->resizeSection(column, geometry_.ColumnWidths[static_cast<std::size_t>(column)]);
   }
-  horizontalScrollBar()->setPageStep(area.width());
+  horizontalScrollBar()->setPageStep(available);
   horizontalScrollBar()->setSingleStep(fontMetrics().averageCharWidth() * 8);
-  horizontalScrollBar()->setRange(0, std::max(geometry_.ContentWidth() - area.width(), 0));
-  verticalScrollBar()->setPageStep(area.height());
-  verticalScrollBar()->setSingleStep(geometry_.RowHeight);
-  verticalScrollBar()->setRange(0, std::max(geometry_.ContentHeight() - area.height(), 0));
-  FollowScrollBars();
-  QAbstractItemView::updateGeometries();  // NOLINT(bugprone-parent-virtual-call): QListView's is what this replaces
+  horizontalScrollBar()->setRange(0, std::max(geometry_.ContentWidth() - available, 0));
 }
 
 void ListboxView::scrollContentsBy(int /*dx*/, int /*dy*/) {

@@ -54,6 +54,7 @@ class ListboxView final : public ViewOf<QListView, Listbox> {
   void FollowSelection();
   void FollowScrollBars();
   void LayOut();
+  void LayOutRows();
   void UserSelects(int row);
   void PaintRow(QPainter& painter, int row, int top);
   void WidenTo(int width);
