@@ -39,6 +39,7 @@ constexpr int manyLines = 1'000'000;
 constexpr int manyContainers = 10'000;
 constexpr int passes = 3;
 constexpr int openings = 20;
+constexpr int refreshes = 100;
 constexpr double longestFrame = 0.050;
 constexpr double longestPause = 0.100;
 constexpr double longestOpening = 0.060;
@@ -160,7 +161,7 @@ void MeasureManyRows(Desktop& desktop, const std::string& reply, bench::Report& 
   window->Close();
 }
 
-void MeasureContainers(Desktop& desktop, const std::string& reply, bench::Report& report) {
+void MeasureContainers(Desktop& desktop, const std::string& reply, const std::string& subject, bench::Report& report) {
   desktop.Answer("/api/v1/containers/list", std::make_shared<std::string>(reply));
   bench::ServerWindow server;
   PaintWatch watch("list_containers");
@@ -168,20 +169,19 @@ void MeasureContainers(Desktop& desktop, const std::string& reply, bench::Report
   std::vector<double> shown;
   std::vector<double> parsed;
   std::vector<double> painted;
-  for (int opening = 0; opening <= openings; ++opening) {
+  for (int refresh = 0; refresh <= refreshes; ++refresh) {
     server.Window().btn_containers_refresh.Press();
     watch.Wait();
     const double seconds = bench::SecondsSince(desktop.LastByteAt());
     const double floor = bench::SecondsToParse(reply);
     const double frame = watch.SecondsToPaint([&] { watch.Painted()->viewport()->update(); });
-    if (opening == 0) continue;
+    if (refresh == 0) continue;
     shown.push_back(seconds);
     parsed.push_back(floor);
     painted.push_back(frame);
   }
+  report.Ratio(subject, Unit::Seconds, bench::Median(shown), {"Boost.JSON", bench::Median(parsed)}, 3);
   report.Note("  of which painting alone", bench::Readable(Unit::Seconds, bench::Median(painted)));
-  report.Ratio("10,000 containers, last byte to painted", Unit::Seconds, bench::Median(shown),
-               {"Boost.JSON", bench::Median(parsed)}, 3);
 }
 
 void MeasureOpening(bench::Report& report) {
@@ -208,15 +208,17 @@ int Measure(int argc, char** argv) {
   const bench::PanelService service({"--log-lines", std::to_string(manyLines)});
   const bench::PanelService largeFleet({"--containers", std::to_string(manyContainers)});
   bench::AnswerOpening(desktop, curl, service);
+  const std::string log = curl.Post(service.BaseURL() + "/api/v1/containers/logs", bench::LogRequestBody(0)).Body;
+  const std::string containers = curl.Post(largeFleet.BaseURL() + "/api/v1/containers/list", bench::RequestBody()).Body;
 
   bench::Report report;
   MeasureOpening(report);
+  MeasureContainers(desktop, containers, "10,000 containers, last byte to painted", report);
   MeasureLongLines(desktop, report, "one log line of 1 MB", 1, 1'000'000);
   MeasureLongLines(desktop, report, "100 log lines of 100 kB", 100, 100'000);
-  MeasureManyRows(desktop, curl.Post(service.BaseURL() + "/api/v1/containers/logs", bench::LogRequestBody(0)).Body,
-                  report);
-  MeasureContainers(desktop, curl.Post(largeFleet.BaseURL() + "/api/v1/containers/list", bench::RequestBody()).Body,
-                    report);
+  MeasureManyRows(desktop, log, report);
+  // By now the memory is there for both, and what is not parsing weighs more.
+  MeasureContainers(desktop, containers, "10,000 containers again, after the long log", report);
   return report.Status();
 }
 

@@ -16,17 +16,18 @@ namespace {
 constexpr int statusOfNoProgram = 127;
 constexpr int pipeSize = 1 << 20;
 
-[[noreturn]] void Become(const std::vector<char*>& arguments, int output, pid_t parent) {
+[[noreturn]] void Become(const std::vector<char*>& arguments, int output, ErrorOutput errors, pid_t parent) {
   prctl(PR_SET_PDEATHSIG, SIGTERM);
   if (getppid() != parent) std::_Exit(EXIT_FAILURE);
   dup2(output, STDOUT_FILENO);
+  if (errors == ErrorOutput::Dropped) dup2(open("/dev/null", O_WRONLY | O_CLOEXEC), STDERR_FILENO);
   execvp(arguments.front(), arguments.data());
   std::_Exit(statusOfNoProgram);
 }
 
 }  // namespace
 
-ChildProcess::ChildProcess(const std::vector<std::string>& command) {
+ChildProcess::ChildProcess(const std::vector<std::string>& command, ErrorOutput errors) {
   std::vector<char*> arguments;
   for (const std::string& argument : command) arguments.push_back(const_cast<char*>(argument.c_str()));
   arguments.push_back(nullptr);
@@ -36,7 +37,7 @@ ChildProcess::ChildProcess(const std::vector<std::string>& command) {
   fcntl(pipe[1], F_SETPIPE_SZ, pipeSize);
   const pid_t parent = getpid();
   id_ = fork();
-  if (id_ == 0) Become(arguments, pipe[1], parent);
+  if (id_ == 0) Become(arguments, pipe[1], errors, parent);
   close(pipe[1]);
   output_ = pipe[0];
   if (id_ < 0) throw std::runtime_error(command.front() + " cannot be started");

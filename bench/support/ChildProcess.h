@@ -6,11 +6,13 @@
 
 namespace bench {
 
+enum class ErrorOutput { Shown, Dropped };
+
 /// A program of ours under way. It ends with this object, and with this process however that ends.
 class ChildProcess {
  public:
   /// Starts the program `command.front()`, looked up in PATH if it has no slash. Throws if it cannot be started.
-  explicit ChildProcess(const std::vector<std::string>& command);
+  explicit ChildProcess(const std::vector<std::string>& command, ErrorOutput errors = ErrorOutput::Shown);
   ChildProcess(const ChildProcess&) = delete;
   ChildProcess& operator=(const ChildProcess&) = delete;
   /// Tells the program to end and waits until it has.

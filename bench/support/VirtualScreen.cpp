@@ -32,8 +32,10 @@ std::filesystem::path MakeFolder() {
 }  // namespace
 
 VirtualScreen::VirtualScreen() : folder_(MakeFolder()) {
-  server_ = std::make_unique<ChildProcess>(std::vector<std::string>{
-      "Xvfb", "-displayfd", "1", "-screen", "0", "1280x1024x24", "-nolisten", "tcp", "-fbdir", folder_});
+  const std::vector<std::string> command{"Xvfb",         "-displayfd", "1",   "-screen", "0",
+                                         "1280x1024x24", "-nolisten",  "tcp", "-fbdir",  folder_};
+  // It complains of each display number that is taken, before it finds a free one.
+  server_ = std::make_unique<ChildProcess>(command, ErrorOutput::Dropped);
   const std::string display = std::string(":").append(server_->ReadLine());
   setenv("DISPLAY", display.c_str(), 1);
   setenv("QT_QPA_PLATFORM", "xcb", 1);
