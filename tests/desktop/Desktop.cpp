@@ -51,6 +51,7 @@ void Desktop::Press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
 void Desktop::TypeInto(const QString& name, const char* text) {
   QWidget& field = Find(name);
   Click(field);
+  Press(Qt::Key_A, Qt::ControlModifier);
   for (const char* letter = text; *letter != '\0'; ++letter) QTest::keyClick(field.window()->windowHandle(), *letter);
 }
 

@@ -36,7 +36,7 @@ class Desktop : public testing::Test {
   static void ClickAt(const QWidget& widget, QPoint place);
   /// Presses a key in the active window.
   static void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
-  /// Puts the text field of that name into the focus by mouse and types ASCII text.
+  /// Clicks the text field of that name and types ASCII text over what it holds.
   static void TypeInto(const QString& name, const char* text);
 
   int argumentCount = 1;

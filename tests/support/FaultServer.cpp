@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <csignal>
 #include <netinet/in.h>
 #include <stdexcept>
@@ -36,11 +35,8 @@ std::size_t SizeOfRequest(const std::string& bytes) {
   if (bytes.starts_with('\x16')) return bytes.size();
   const std::size_t end = bytes.find("\r\n\r\n");
   if (end == std::string::npos) return bytes.size() + 1;
-  std::string head = bytes.substr(0, end);
-  std::transform(head.begin(), head.end(), head.begin(),
-                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-  const std::size_t length = head.find("\r\ncontent-length:");
-  return end + 4 + (length == std::string::npos ? 0 : std::stoul(head.substr(length + 17)));
+  const std::size_t length = bytes.find("\r\nContent-Length:");
+  return end + 4 + (length < end ? std::stoul(bytes.substr(length + 17, 20)) : 0);
 }
 
 }  // namespace
