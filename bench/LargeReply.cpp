@@ -129,6 +129,7 @@ void RequestLogs(Desktop& desktop, const std::string& baseURL, int requests) {
 void MeasureMemory(const std::string& self, const std::string& baseURL, double bodySize, bench::Report& report) {
   bench::ChildProcess program({self, "--requests", std::to_string(repeatedRequests), baseURL});
   std::vector<double> peaks;
+  peaks.reserve(repeatedRequests);
   for (int request = 0; request < repeatedRequests; ++request) peaks.push_back(std::stod(program.ReadLine()));
   program.Wait();
   report.Ratio("peak memory, one request for 1,000,000 lines", Unit::Bytes, peaks.front(),

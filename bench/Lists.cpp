@@ -51,6 +51,7 @@ using Pass = std::function<double(PaintWatch&)>;
 double LongestFrame(const Pass& pass) {
   PaintWatch watch("list_logs");
   std::vector<double> longest;
+  longest.reserve(passes);
   for (int count = 0; count < passes; ++count) longest.push_back(pass(watch));
   return bench::Median(longest);
 }

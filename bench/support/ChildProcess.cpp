@@ -27,9 +27,10 @@ constexpr int pipeSize = 1 << 20;
 
 }  // namespace
 
-ChildProcess::ChildProcess(const std::vector<std::string>& command, ErrorOutput errors) {
+ChildProcess::ChildProcess(std::vector<std::string> command, ErrorOutput errors) {
   std::vector<char*> arguments;
-  for (const std::string& argument : command) arguments.push_back(const_cast<char*>(argument.c_str()));
+  arguments.reserve(command.size() + 1);
+  for (std::string& argument : command) arguments.push_back(argument.data());
   arguments.push_back(nullptr);
   std::array<int, 2> pipe{};
   if (pipe2(pipe.data(), O_CLOEXEC) != 0) throw std::runtime_error("no pipe can be made");

@@ -12,7 +12,7 @@ enum class ErrorOutput { Shown, Dropped };
 class ChildProcess {
  public:
   /// Starts the program `command.front()`, looked up in PATH if it has no slash. Throws if it cannot be started.
-  explicit ChildProcess(const std::vector<std::string>& command, ErrorOutput errors = ErrorOutput::Shown);
+  explicit ChildProcess(std::vector<std::string> command, ErrorOutput errors = ErrorOutput::Shown);
   ChildProcess(const ChildProcess&) = delete;
   ChildProcess& operator=(const ChildProcess&) = delete;
   /// Tells the program to end and waits until it has.

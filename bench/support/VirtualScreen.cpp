@@ -14,7 +14,7 @@ namespace {
 // A file of the X Window Dump format begins with 32-bit numbers, the highest byte first: the size of what stands before
 // the colours comes first, and the number of colours, 12 bytes each, is the 20th.
 constexpr std::size_t placeOfHeaderSize = 0;
-constexpr std::size_t placeOfColourCount = 19 * 4;
+constexpr std::size_t placeOfColourCount = 76;
 constexpr std::size_t bytesOfColour = 12;
 
 std::size_t ReadNumber(const unsigned char* bytes, std::size_t place) {
