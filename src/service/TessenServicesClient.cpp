@@ -1,5 +1,6 @@
 #include "service/TessenServicesClient.h"
 
+#include <optional>
 #include <utility>
 
 #include "toolkit/JSON.h"
@@ -13,20 +14,20 @@ namespace {
 
 constexpr int statusOfRefusal = 400;
 
-/// The members of a reply. Throws a RuntimeException for the user if the reply cannot be taken.
-Dictionary ReadReply(int status, const std::string& content) {
-  if (content.empty()) throw RuntimeException("No data was returned from the Tessen Service.");
-  Dictionary reply;
+/// Why the reply is refused, for the user; nothing if it can be taken.
+std::optional<std::string> Refusal(int status, std::string_view content) {
+  if (content.empty()) return "No data was returned from the Tessen Service.";
   try {
-    reply = toolkit::ParseJSON(content);
+    if (status != statusOfRefusal) {
+      toolkit::CheckJSON(content);
+      return std::nullopt;
+    }
+    const Dictionary reply = toolkit::ParseJSON(content);
+    const auto reason = reply.find("_error");
+    return reason == reply.end() ? "The server refused the request and gave no reason." : reason->second.Text();
   } catch (const RuntimeException& exception) {
-    throw RuntimeException("The server's reply cannot be read: " + exception.Message() + ".");
+    return "The server's reply cannot be read: " + exception.Message() + ".";
   }
-  if (status != statusOfRefusal) return reply;
-
-  const auto reason = reply.find("_error");
-  if (reason == reply.end()) throw RuntimeException("The server refused the request and gave no reason.");
-  throw RuntimeException(reason->second.Text());
 }
 
 }  // namespace
@@ -74,13 +75,15 @@ void TessenServicesClient::PressButton(std::string_view url, std::string_view bu
   Send("POST", std::string(url) + "/" + toolkit::LowerCase(buttonName));
 }
 
+// A reply may be large, so the values it replaces go before its own are built, and its text before the handler runs.
 void TessenServicesClient::Event_PageReceived(const std::string& /*url*/, int status, std::string content) {
-  try {
-    pDictionary_Properties = ReadReply(status, content);
-  } catch (const RuntimeException& exception) {
-    Error(exception);
+  if (const auto refusal = Refusal(status, content)) {
+    Error(RuntimeException(*refusal));
     return;
   }
+  pDictionary_Properties.clear();
+  pDictionary_Properties = toolkit::ParseJSON(content);
+  content = std::string();
   ButtonPressed();
 }
 

@@ -1,7 +1,10 @@
 #include "toolkit/JSON.h"
 
+#include <cmath>
+#include <cstdint>
 #include <memory>
 
+#include <boost/json/basic_parser_impl.hpp>
 #include <boost/json/monotonic_resource.hpp>
 #include <boost/json/object.hpp>
 #include <boost/json/parse.hpp>
@@ -23,15 +26,64 @@ constexpr std::size_t deepestNesting = 64;
   throw RuntimeException("the text is not JSON (" + error.message() + ")");
 }
 
-}  // namespace
-
-Dictionary ParseJSON(std::string_view text) {
+json::parse_options Options() {
   json::parse_options options;
   options.max_depth = deepestNesting;
+  return options;
+}
+
+/// Takes what the parser reads and keeps only whether the whole is an object.
+struct Ignore {
+  using Error = json::error_code;
+  static constexpr std::size_t max_object_size = -1;
+  static constexpr std::size_t max_array_size = -1;
+  static constexpr std::size_t max_key_size = -1;
+  static constexpr std::size_t max_string_size = -1;
+
+  bool isObject = false;
+
+  // clang-format off
+  static bool on_document_begin(Error&) { return true; }
+  static bool on_document_end(Error&) { return true; }
+  static bool on_object_begin(Error&) { return true; }
+  bool on_object_end(std::size_t, Error&) { return isObject = true; }
+  static bool on_array_begin(Error&) { return true; }
+  bool on_array_end(std::size_t, Error&) { isObject = false; return true; }
+  static bool on_key_part(json::string_view, std::size_t, Error&) { return true; }
+  static bool on_key(json::string_view, std::size_t, Error&) { return true; }
+  static bool on_string_part(json::string_view, std::size_t, Error&) { return true; }
+  static bool on_string(json::string_view, std::size_t, Error&) { return true; }
+  static bool on_number_part(json::string_view, Error&) { return true; }
+  static bool on_int64(std::int64_t, json::string_view, Error&) { return true; }
+  static bool on_uint64(std::uint64_t, json::string_view, Error&) { return true; }
+  static bool on_double(double number, json::string_view, Error& error) {
+    if (std::isfinite(number)) return true;
+    error = json::error::exponent_overflow;  // it could not be written out again
+    return false;
+  }
+  static bool on_bool(bool, Error&) { return true; }
+  static bool on_null(Error&) { return true; }
+  static bool on_comment_part(json::string_view, Error&) { return true; }
+  static bool on_comment(json::string_view, Error&) { return true; }
+  // clang-format on
+};
+
+}  // namespace
+
+void CheckJSON(std::string_view text) {
+  json::basic_parser<Ignore> parser(Options());
+  json::error_code error;
+  const std::size_t used = parser.write_some(false, text.data(), text.size(), error);
+  if (!error && used < text.size()) error = json::error::extra_data;
+  if (error) ExplainFailure(text, error);
+  if (!parser.handler().isObject) throw RuntimeException("the JSON is not an object");
+}
+
+Dictionary ParseJSON(std::string_view text) {
   // One block of memory for the whole tree: it is built once, read, and dropped as one.
   const json::storage_ptr storage = json::make_shared_resource<json::monotonic_resource>();
   json::error_code error;
-  json::value tree = json::parse(text, error, storage, options);
+  json::value tree = json::parse(text, error, storage, Options());
   if (error) ExplainFailure(text, error);
 
   json::object* object = tree.if_object();

@@ -13,6 +13,10 @@ namespace toolkit {
 /// Throws a RuntimeException that tells what is wrong: not UTF-8, not JSON, nested too deep, not an object.
 [[nodiscard]] Dictionary ParseJSON(std::string_view text);
 
+/// Throws as ParseJSON(text) would, but builds nothing: for a text so large that its values should not stand in memory
+/// beside those that they replace.
+void CheckJSON(std::string_view text);
+
 /// `members` as one JSON object in UTF-8, without line breaks, "{}" if there are none.
 [[nodiscard]] std::string GenerateJSON(const Dictionary& members);
 

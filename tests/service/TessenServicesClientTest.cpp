@@ -88,6 +88,7 @@ TEST_F(ClientTest, EachOutcomeRaisesOneEventAndOnlyAnAcceptedReplyTouchesTheStor
       {"a key is not UTF-8", 200, "{\"\xC0\xAF\":1}", unread + "text is not UTF-8."},
       {"not UTF-8 behind the object", 400, "{\"_error\":1}\xFF", unread + "text is not UTF-8."},
       {"not JSON", 200, "<html>new</html>", noJSON},
+      {"a number beyond all bounds", 200, R"({"new":1e400})", noJSON},
       {"cut off", 200, R"({"new":1)", noJSON},
       {"two objects", 200, R"({"new":1}{})", noJSON},
       {"half a surrogate", 200, R"({"new":"\ud800"})", noJSON},
