@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <cstdint>
+#include <limits>
 #include <memory>
 
 #include <boost/json/basic_parser_impl.hpp>
@@ -35,10 +36,10 @@ json::parse_options Options() {
 /// Takes what the parser reads and keeps only whether the whole is an object.
 struct Ignore {
   using Error = json::error_code;
-  static constexpr std::size_t max_object_size = -1;
-  static constexpr std::size_t max_array_size = -1;
-  static constexpr std::size_t max_key_size = -1;
-  static constexpr std::size_t max_string_size = -1;
+  static constexpr std::size_t max_object_size = std::numeric_limits<std::size_t>::max();
+  static constexpr std::size_t max_array_size = std::numeric_limits<std::size_t>::max();
+  static constexpr std::size_t max_key_size = std::numeric_limits<std::size_t>::max();
+  static constexpr std::size_t max_string_size = std::numeric_limits<std::size_t>::max();
 
   bool isObject = false;
 

@@ -50,9 +50,9 @@ class MainWindow : public Desktop {
 };
 
 struct Place {
-  const char* name;
+  const char* name = nullptr;
   QRect designed;
-  bool followsBottom;
+  bool followsBottom = false;
 };
 const Place places[] = {{"Canvas1", {0, 0, 600, 164}, false},       {"listServers", {0, 162, 600, 200}, false},
                         {"txtHostname", {20, 374, 560, 22}, true},  {"txtUsername", {20, 408, 200, 22}, true},

@@ -48,10 +48,10 @@ class ServerWindowOnScreen : public Desktop {
 
 TEST_F(ServerWindowOnScreen, OnlyTheListsGrowAndOnlyOneTabShows) {
   const struct {
-    const char* name;
-    int panel;
+    const char* name = nullptr;
+    int panel = 0;
     QRect place;
-    bool grows;
+    bool grows = false;
   } rows[] = {
       // clang-format off
       {"tabs", 0, {20, 0, 760, 480}, true},

@@ -73,7 +73,7 @@ TEST_F(Outcomes, WhateverBecomesOfACallNothingStaysBusy) {
       ExpectBusyWith(path);
       platform.Messages.clear();
       platform.WindowLog.clear();
-      platform.WhileMessageStands = [&] {
+      platform.WhileMessageStands = [&, &path = path] {
         ExpectBusyWith(path);
         EXPECT_EQ(platform.Requests.size(), sent);
       };

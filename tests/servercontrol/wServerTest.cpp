@@ -42,7 +42,7 @@ TEST_F(ServerWindow, EveryCallSendsItsKeysAndWhatItsLastReplyLeft) {
       json::parse(R"({"status":"s","kept":[{},2.5,null,true],"username":"x","password":null,"log":[]})").as_object();
   for (const auto& [path, button] : calls) {
     SCOPED_TRACE(path);
-    const auto send = [&]() -> SentRequest& {
+    const auto send = [&, &path = path, &button = button]() -> SentRequest& {
       if (NamesContainer(path)) Fill({"other", "wéb \"1\" 🦊"}, 1);
       const std::size_t before = platform.Requests.size();
       Press(button);

@@ -89,7 +89,7 @@ class FaultServer::Stream {
   void Reset() const {
     sockaddr nowhere{};
     nowhere.sa_family = AF_UNSPEC;
-    connect(socket_, &nowhere, sizeof nowhere);
+    static_cast<void>(connect(socket_, &nowhere, sizeof nowhere));
   }
 
  private:

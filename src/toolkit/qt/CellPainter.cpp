@@ -45,8 +45,8 @@ int WideTextPainter::ScrollWidth(std::string_view text) const {
   if (text.size() <= shortText) return font_.horizontalAdvance(DisplayText(text)) + 2 * cellMargin;
   const std::size_t before = LastBlock(text) / blockSize * static_cast<std::size_t>(blockWidth_);
   const QString last = DisplayText(WholeCharacters(text, LastBlock(text), text.size()));
-  const auto lastWidth = static_cast<std::size_t>(font_.horizontalAdvance(last) + 2 * cellMargin);
-  return static_cast<int>(std::min<std::size_t>(before + lastWidth, widestScroll));
+  const int lastWidth = font_.horizontalAdvance(last) + 2 * cellMargin;
+  return static_cast<int>(std::min<std::size_t>(before, widestScroll)) + lastWidth;
 }
 
 int WideTextPainter::Paint(QPainter& painter, const QRect& cell, int offset, std::string_view text) const {
