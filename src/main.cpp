@@ -6,7 +6,7 @@
 
 int main(int argc, char** argv) {
   toolkit::qt::QtPlatform platform(argc, argv);
-  App app({product::versionMajor, product::versionMinor, product::versionBug});
+  App app(product::version);
 
   std::shared_ptr<wMain> mainWindow;
   return app.Run([&] {

@@ -44,6 +44,15 @@ class Desktop final : private QtBelow, public toolkit::Platform {
   std::unique_ptr<toolkit::HTTPTransfer> StartTransfer(toolkit::HTTPRequest request,
                                                        toolkit::HTTPTransferEvents& events) override;
   toolkit::DialogButton ShowDialog(const toolkit::MessageDialog& dialog) override;
+  void RunEventsUntil(const std::function<bool()>& isDone) override { Qt.RunEventsUntil(isDone); }
+  void RunDueEvents() override { Qt.RunDueEvents(); }
+  void TrustAuthority(std::string_view certificate) override { Qt.TrustAuthority(certificate); }
+  std::optional<toolkit::Size> SizeOfPicture(std::span<const std::byte> encoded) override {
+    return Qt.SizeOfPicture(encoded);
+  }
+  std::optional<std::string> Translation(const std::string& key, const std::string& language) override {
+    return Qt.Translation(key, language);
+  }
   bool OpenURL(const std::string& /*url*/) override { return false; }
   int RunLoop(const std::function<void()>& start) override { return Qt.RunLoop(start); }
   void Quit(int /*status*/) override {}

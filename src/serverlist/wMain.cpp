@@ -9,6 +9,7 @@
 #include "shell/MenuBar1.h"
 #include "shell/Product.h"
 #include "toolkit/MessageDialog.h"
+#include "toolkit/SpecialFolder.h"
 
 using toolkit::Locks;
 
@@ -18,10 +19,20 @@ constexpr Locks topAndSides{.Left = true, .Top = true, .Right = true, .Bottom = 
 constexpr Locks bottomAndSides{.Left = true, .Top = false, .Right = true, .Bottom = true};
 constexpr Locks bottomRight{.Left = false, .Top = false, .Right = true, .Bottom = true};
 
+/// The final stage, unless a file on the user's desktop asks for earlier ones; what is in it does not count.
+int AllowedUpdateStage() {
+  const toolkit::FolderItem desktop = toolkit::SpecialFolder::Desktop();
+  if (desktop.Child("corvane_beta.txt").Exists()) return static_cast<int>(toolkit::Stage::Beta);
+  if (desktop.Child("corvane_alpha.txt").Exists()) return static_cast<int>(toolkit::Stage::Alpha);
+  return static_cast<int>(toolkit::Stage::Final);
+}
+
 }  // namespace
 
-wMain::wMain(ServerOpener openServer)
-    : Window("Corvane", {600, 514}, {600, 64}, {600, 32000}), openServer_(std::move(openServer)) {
+wMain::wMain(ServerOpener openServer, std::shared_ptr<Kaju::UpdatePresenter> presenter)
+    : Window("Corvane", {600, 514}, {600, 64}, {600, 32000}),
+      openServer_(std::move(openServer)),
+      presenter_(std::move(presenter)) {
   BuildControls();
   WireEvents();
   OpenControls();
@@ -43,6 +54,7 @@ void wMain::BuildControls() {
 }
 
 void wMain::WireEvents() {
+  On(Open, &wMain::Event_Open);
   On(listServers.Open, &wMain::listServers_Open);
   On(listServers.DoubleClick, &wMain::listServers_DoubleClick);
   On(btnAddServer.Action, &wMain::btnAddServer_Action);
@@ -50,6 +62,18 @@ void wMain::WireEvents() {
   On(labelCopyright.Open, &wMain::labelCopyright_Open);
   On(client.ButtonPressed, &wMain::client_ButtonPressed);
   On(client.Error, &wMain::client_Error);
+}
+
+// The check runs the event loop, so the window may be gone before it is over.
+void wMain::Event_Open() {
+  const auto checker =
+      std::make_shared<Kaju::UpdateChecker>(App::Current().KajuPrefFolder(), "Kaju_Preferences", presenter_);
+  pKaju = checker;
+  checker->AllowedInteraction = Kaju::UpdateChecker::kAllowUpdateWindow;
+  checker->ServerPublicRSAKey = product::updatePublicKey;
+  checker->UpdateURL = product::updateURL;
+  checker->AllowedStage = AllowedUpdateStage();
+  checker->Execute();
 }
 
 void wMain::listServers_Open() {

@@ -11,6 +11,7 @@
 #include "toolkit/PushButton.h"
 #include "toolkit/TextField.h"
 #include "toolkit/Window.h"
+#include "update/check/UpdateChecker.h"
 
 /// The main window: the servers that were added, and the form that adds one. A server is added by asking it for its
 /// information, so one that does not answer valid credentials never gets a row.
@@ -19,7 +20,8 @@ class wMain final : public toolkit::Window {
   /// Opens the window of one server.
   using ServerOpener = std::function<void(const std::shared_ptr<CorvaneServer>&)>;
 
-  explicit wMain(ServerOpener openServer);
+  /// Offers of the update check, which starts when the window has been painted, go to `presenter`.
+  explicit wMain(ServerOpener openServer, std::shared_ptr<Kaju::UpdatePresenter> presenter = nullptr);
 
   toolkit::Canvas Canvas1;
   toolkit::Listbox listServers;
@@ -30,11 +32,14 @@ class wMain final : public toolkit::Window {
   toolkit::Label labelVersion;
   toolkit::Label labelCopyright;
   TessenServicesClient client;
+  /// Looks for updates of the program; nullptr until the window is open.
+  std::shared_ptr<Kaju::UpdateChecker> pKaju;
 
  private:
   void BuildControls();
   void WireEvents();
 
+  void Event_Open();
   void listServers_Open();
   void listServers_DoubleClick();
   void btnAddServer_Action();
@@ -44,4 +49,5 @@ class wMain final : public toolkit::Window {
   void client_Error(const toolkit::RuntimeException& err);
 
   ServerOpener openServer_;
+  std::shared_ptr<Kaju::UpdatePresenter> presenter_;
 };

@@ -1,5 +1,8 @@
 #include "toolkit/Application.h"
 
+#include <filesystem>
+#include <system_error>
+
 #include "toolkit/Platform.h"
 
 namespace toolkit {
@@ -20,6 +23,11 @@ int Application::Run(const std::function<void()>& lateStartup) {
   const int status = Platform::Current().RunLoop(lateStartup);
   Event_Close();
   return status;
+}
+
+FolderItem Application::ExecutableFile() {
+  std::error_code error;
+  return FolderItem(std::filesystem::read_symlink("/proc/self/exe", error));
 }
 
 void Quit(int status) { Platform::Current().Quit(status); }

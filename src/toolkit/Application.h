@@ -3,13 +3,20 @@
 #include <functional>
 #include <string>
 
+#include "toolkit/FolderItem.h"
+
 namespace toolkit {
 
-/// Three numbers that name a release.
+/// How finished a release is.
+enum class Stage { Development = 0, Alpha = 1, Beta = 2, Final = 3 };
+
+/// What names a release: three numbers, a stage, and the number of the build in that stage.
 struct ReleaseNumbers {
   int Major = 0;
   int Minor = 0;
   int Bug = 0;
+  Stage StageCode = Stage::Final;
+  int NonRelease = 0;
 };
 
 /// The program as one object: its version, its life from the start of the event loop to the end.
@@ -27,6 +34,11 @@ class Application {
   [[nodiscard]] int MajorVersion() const { return version_.Major; }
   [[nodiscard]] int MinorVersion() const { return version_.Minor; }
   [[nodiscard]] int BugVersion() const { return version_.Bug; }
+  /// 0 to 3 for development, alpha, beta and final.
+  [[nodiscard]] int StageCode() const { return static_cast<int>(version_.StageCode); }
+  [[nodiscard]] int NonReleaseVersion() const { return version_.NonRelease; }
+  /// The file of the running program, with all links followed.
+  [[nodiscard]] static FolderItem ExecutableFile();
 
   /// Runs the event loop, `lateStartup` first. Returns the process's exit status once the program has been told to
   /// quit and Event_Close is done.

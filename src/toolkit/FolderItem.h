@@ -1,25 +1,48 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace toolkit {
 
-/// A reference to a file or folder by its path, whether it exists or not.
+/// A reference to a file or folder by its path, whether it exists or not. A symbolic link is an entry of its own: it
+/// is no folder, and what is done to it is not done to what it points to.
 class FolderItem {
  public:
   explicit FolderItem(std::filesystem::path path) : path_(std::move(path)) {}
 
+  [[nodiscard]] const std::filesystem::path& Path() const { return path_; }
+  /// The last component of the path, in UTF-8.
+  [[nodiscard]] std::string Name() const { return path_.filename().string(); }
+  /// The folder that holds the entry; the root is its own parent.
+  [[nodiscard]] FolderItem Parent() const { return FolderItem(path_.parent_path()); }
   /// The entry of that name (UTF-8) in this folder, existing or not.
   [[nodiscard]] FolderItem Child(std::string_view name) const;
-  /// Whether there is an entry at the path. An entry that cannot be looked at does not exist.
+  /// The entries of this folder by name; none if it is no folder or cannot be read.
+  [[nodiscard]] std::vector<FolderItem> Children() const;
+
+  /// Whether there is an entry at the path, a link that points nowhere included. An entry that cannot be looked at does
+  /// not exist.
   [[nodiscard]] bool Exists() const;
+  [[nodiscard]] bool IsFolder() const;
+  [[nodiscard]] bool IsReadable() const;
+  /// Whether this user may change the entry: a file's bytes, a folder's list of entries. A running program's file
+  /// counts by its permissions. A link counts as writeable: it is replaced, never written through.
+  [[nodiscard]] bool IsWriteable() const;
+
   /// Creates the entry as a folder, and its parents as far as they are missing. Does not tell whether that worked.
   void CreateAsFolder() const;
-  [[nodiscard]] const std::filesystem::path& Path() const { return path_; }
+  /// Removes the file, link or empty folder. Does not tell whether that worked.
+  void Delete() const;
 
  private:
   std::filesystem::path path_;
 };
+
+/// Makes a new, empty folder of an unguessable name that only this user can enter (mode 0700). Throws a
+/// RuntimeException if none can be made.
+[[nodiscard]] FolderItem MakeTemporaryFolder();
 
 }  // namespace toolkit

@@ -31,7 +31,9 @@ std::string HTTPSocket::RequestHeader(std::string_view name) const { return Head
 
 void HTTPSocket::RequestHeader(std::string_view name, std::string_view value) {
   const auto header = FindHeader(requestHeaders_, name);
-  if (header == requestHeaders_.end()) {
+  if (value.empty()) {
+    if (header != requestHeaders_.end()) requestHeaders_.erase(header);
+  } else if (header == requestHeaders_.end()) {
     requestHeaders_.emplace_back(name, value);
   } else {
     header->second = value;
@@ -64,6 +66,7 @@ void HTTPSocket::Start(std::string_view method, std::string_view url) {
   Disconnect();
   url_ = url;
   status_ = 0;
+  fault_.reset();
   responseHeaders_.clear();
   announcedLength_.reset();
   receivedLength_ = 0;
@@ -76,6 +79,7 @@ void HTTPSocket::Start(std::string_view method, std::string_view url) {
   std::ranges::move(std::exchange(contentHeaders_, {}), std::back_inserter(request.Headers));
   request.Body = std::exchange(requestContent_, {});
   request.Certificates = ValidateCertificates ? CertificateCheck::Required : CertificateCheck::Skipped;
+  request.InactivityTimeout = InactivityTimeout;
   transfer_ = Platform::Current().StartTransfer(std::move(request), *this);
 }
 
@@ -83,6 +87,10 @@ void HTTPSocket::HeadersReceived(int status, HTTPHeaders headers, std::optional<
   status_ = status;
   responseHeaders_ = std::move(headers);
   announcedLength_ = length;
+  if (length.value_or(0) > LargestBody) {
+    FailAsTooLarge();
+    return;
+  }
   if (file_ && !OpenFile()) return;
   if (!file_ && length) content_.reserve(std::min(*length, largestReserve));
   Event_HeadersReceived(std::string(url_), status);
@@ -90,10 +98,14 @@ void HTTPSocket::HeadersReceived(int status, HTTPHeaders headers, std::optional<
 
 void HTTPSocket::BodyReceived(std::string_view bytes) {
   receivedLength_ += bytes.size();
+  if (receivedLength_ > LargestBody) {
+    FailAsTooLarge();
+    return;
+  }
   if (!file_) {
     content_ += bytes;
   } else if (!fileStream_.write(bytes.data(), static_cast<std::streamsize>(bytes.size()))) {
-    FailWith("The file " + file_->Path().string() + " could not be written.");
+    FailToWrite("written");
     return;
   }
   Event_ReceiveProgress(receivedLength_, announcedLength_);
@@ -112,22 +124,32 @@ void HTTPSocket::Finished() {
   const FolderItem file = *file_;
   fileStream_.close();
   if (fileStream_.fail()) {
-    FailWith("The file " + file.Path().string() + " could not be written.");
+    FailToWrite("written");
   } else {
     Event_FileReceived(url, status_, file);
   }
 }
 
-void HTTPSocket::Failed(const TransferFailure& failure) { FailWith(DescribeFailure(failure)); }
+void HTTPSocket::Failed(const TransferFailure& failure) { FailWith(failure.Fault, DescribeFailure(failure)); }
 
 bool HTTPSocket::OpenFile() {
   fileStream_ = std::ofstream(file_->Path(), std::ios::binary | std::ios::trunc);
   if (fileStream_.is_open()) return true;
-  FailWith("The file " + file_->Path().string() + " could not be created.");
+  FailToWrite("created");
   return false;
 }
 
-void HTTPSocket::FailWith(const std::string& message) {
+void HTTPSocket::FailAsTooLarge() {
+  FailWith(TransferFault::TooLarge, "The reply is larger than " + std::to_string(LargestBody) + " bytes.");
+}
+
+void HTTPSocket::FailToWrite(std::string_view what) {
+  FailWith(TransferFault::FileNotWritten,
+           "The file " + file_->Path().string() + " could not be " + std::string(what) + ".");
+}
+
+void HTTPSocket::FailWith(TransferFault fault, const std::string& message) {
+  fault_ = fault;
   const auto ended = std::exchange(transfer_, nullptr);
   fileStream_.close();
   content_ = std::string();

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <fstream>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <string>
@@ -24,13 +26,19 @@ class HTTPSocket : private HTTPTransferEvents {
 
   /// Whether a server must show a certificate that the system trusts. TLS is used either way.
   bool ValidateCertificates = true;
+  /// How long a request may go without any progress before it fails; 0 sets no limit but that for connecting.
+  std::chrono::milliseconds InactivityTimeout{0};
+  /// A reply whose body is longer than this, announced or received, fails before it is held whole.
+  std::uint64_t LargestBody = std::numeric_limits<std::uint64_t>::max();
 
   void ClearRequestHeaders();
   /// The value that was set for a header of the next request; empty if none was.
   [[nodiscard]] std::string RequestHeader(std::string_view name) const;
+  /// The empty value takes the header away.
   void RequestHeader(std::string_view name, std::string_view value);
   /// A header of the last reply; empty if it had none of that name.
   [[nodiscard]] std::string ResponseHeader(std::string_view name) const;
+  [[nodiscard]] const HTTPHeaders& ResponseHeaders() const { return responseHeaders_; }
 
   /// Makes `data` the body of the next request, and of that one only.
   void SetRequestContent(std::string data, std::string_view mimeType);
@@ -42,6 +50,10 @@ class HTTPSocket : private HTTPTransferEvents {
   void Send(std::string_view method, std::string_view url, const FolderItem& file);
   /// Abandons the request under way, if there is one, without any event.
   void Disconnect();
+  /// Whether a request is under way.
+  [[nodiscard]] bool IsConnected() const { return transfer_ != nullptr; }
+  /// Why the last request failed; nothing if it has not.
+  [[nodiscard]] std::optional<TransferFault> LastFault() const { return fault_; }
 
  protected:
   /// The transfer failed: no reply, or not a whole one. The message tells the host and the kind of failure.
@@ -56,7 +68,9 @@ class HTTPSocket : private HTTPTransferEvents {
  private:
   void Start(std::string_view method, std::string_view url);
   bool OpenFile();
-  void FailWith(const std::string& message);
+  void FailWith(TransferFault fault, const std::string& message);
+  void FailAsTooLarge();
+  void FailToWrite(std::string_view what);
 
   void HeadersReceived(int status, HTTPHeaders headers, std::optional<std::uint64_t> length) override;
   void BodyReceived(std::string_view bytes) override;
@@ -70,6 +84,7 @@ class HTTPSocket : private HTTPTransferEvents {
 
   std::string url_;
   int status_ = 0;
+  std::optional<TransferFault> fault_;
   HTTPHeaders responseHeaders_;
   std::optional<std::uint64_t> announcedLength_;
   std::uint64_t receivedLength_ = 0;

@@ -25,6 +25,8 @@ struct HTTPRequest {
   CertificateCheck Certificates = CertificateCheck::Required;
   /// How long connecting may take, name lookup and TLS included; the reply may take as long as it likes.
   std::chrono::milliseconds ConnectTimeout = std::chrono::seconds(30);
+  /// How long nothing at all may happen, connecting included, before the transfer fails; 0 sets no limit.
+  std::chrono::milliseconds InactivityTimeout{0};
 };
 
 /// Why a transfer failed. An HTTP status is no failure.
@@ -35,9 +37,12 @@ enum class TransferFault {
   Unreachable,
   TLSFailed,
   ConnectTimedOut,
+  Inactive,
   ClosedEarly,
   NotHTTP,
   Proxy,
+  TooLarge,
+  FileNotWritten,
   Other,
 };
 

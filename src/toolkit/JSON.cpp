@@ -69,6 +69,15 @@ struct Ignore {
   // clang-format on
 };
 
+json::value Parse(std::string_view text) {
+  // One block of memory for the whole tree: it is built once, read, and dropped as one.
+  const json::storage_ptr storage = json::make_shared_resource<json::monotonic_resource>();
+  json::error_code error;
+  json::value tree = json::parse(text, error, storage, Options());
+  if (error) ExplainFailure(text, error);
+  return tree;
+}
+
 }  // namespace
 
 void CheckJSON(std::string_view text) {
@@ -80,13 +89,14 @@ void CheckJSON(std::string_view text) {
   if (!parser.handler().isObject) throw RuntimeException("the JSON is not an object");
 }
 
-Dictionary ParseJSON(std::string_view text) {
-  // One block of memory for the whole tree: it is built once, read, and dropped as one.
-  const json::storage_ptr storage = json::make_shared_resource<json::monotonic_resource>();
-  json::error_code error;
-  json::value tree = json::parse(text, error, storage, Options());
-  if (error) ExplainFailure(text, error);
+JSONItem ParseJSONItem(std::string_view text) {
+  JSONItem item = Parse(text);
+  if (!item.is_structured()) throw RuntimeException("the JSON is neither an object nor an array");
+  return item;
+}
 
+Dictionary ParseJSON(std::string_view text) {
+  json::value tree = Parse(text);
   json::object* object = tree.if_object();
   if (object == nullptr) throw RuntimeException("the JSON is not an object");
   Dictionary members;

@@ -17,6 +17,12 @@ namespace toolkit {
 /// beside those that they replace.
 void CheckJSON(std::string_view text);
 
+/// A JSON object or array with all that is in it.
+using JSONItem = boost::json::value;
+
+/// The object or array in `text`, under the rules of ParseJSON().
+[[nodiscard]] JSONItem ParseJSONItem(std::string_view text);
+
 /// `members` as one JSON object in UTF-8, without line breaks, "{}" if there are none.
 [[nodiscard]] std::string GenerateJSON(const Dictionary& members);
 

@@ -1,11 +1,27 @@
 #include "toolkit/Picture.h"
 
+#include <cstdint>
+#include <optional>
 #include <string>
 
 #include "resources/Resource.h"
+#include "toolkit/Platform.h"
 #include "toolkit/RuntimeException.h"
 
 namespace toolkit {
+namespace {
+
+constexpr std::int64_t mostPixels = 50'000'000;
+
+}  // namespace
+
+std::shared_ptr<const Picture> Picture::FromData(std::string encoded) {
+  const std::shared_ptr<const Picture> picture(new Picture(std::move(encoded)));
+  const std::optional<Size> size = Platform::Current().SizeOfPicture(picture->Encoded());
+  if (!size) throw RuntimeException("The picture cannot be read.");
+  if (std::int64_t{size->Width} * size->Height > mostPixels) throw RuntimeException("The picture is too large.");
+  return picture;
+}
 
 std::shared_ptr<const Picture> OpenPictureResource(std::string_view name) {
   const auto encoded = resources::Find(name);

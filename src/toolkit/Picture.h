@@ -3,19 +3,31 @@
 #include <cstddef>
 #include <memory>
 #include <span>
+#include <string>
 #include <string_view>
 
 namespace toolkit {
 
-/// A picture in its encoded form (PNG); the desktop decodes it when it paints it.
+/// A picture in its encoded form, such as PNG; the desktop decodes it when it paints it. It never changes, so any
+/// number of owners may share it.
 class Picture {
  public:
   /// `encoded` must outlive the picture.
   explicit Picture(std::span<const std::byte> encoded) : encoded_(encoded) {}
+  Picture(const Picture&) = delete;
+  Picture& operator=(const Picture&) = delete;
+  ~Picture() = default;
+
+  /// The picture in `encoded`. Throws a RuntimeException if that is none that the desktop can show, or one of more than
+  /// 50 million pixels.
+  [[nodiscard]] static std::shared_ptr<const Picture> FromData(std::string encoded);
 
   [[nodiscard]] std::span<const std::byte> Encoded() const { return encoded_; }
 
  private:
+  explicit Picture(std::string encoded) : owned_(std::move(encoded)), encoded_(std::as_bytes(std::span(owned_))) {}
+
+  std::string owned_;
   std::span<const std::byte> encoded_;
 };
 

@@ -1,13 +1,18 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <memory>
+#include <optional>
+#include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "toolkit/FolderItem.h"
 #include "toolkit/HTTPTransfer.h"
 #include "toolkit/MessageDialog.h"
+#include "toolkit/Size.h"
 
 namespace toolkit {
 
@@ -41,6 +46,17 @@ class Platform {
   /// Shows a dialog and waits for the button that ends it. Other events run meanwhile. Dialogs stand one at a time, in
   /// the order in which they were asked for.
   virtual DialogButton ShowDialog(const MessageDialog& dialog) = 0;
+  /// Runs the event loop until `isDone`, which is asked after each round of events, or until the program quits.
+  virtual void RunEventsUntil(const std::function<bool()>& isDone) = 0;
+  /// Runs the events that are due, without waiting for any: for the breaks in long work.
+  virtual void RunDueEvents() = 0;
+  /// Lets servers show certificates of another authority than those that the system trusts. `certificate` is in PEM.
+  virtual void TrustAuthority(std::string_view certificate) = 0;
+  /// The size in pixels of a picture in its encoded form, or nothing if it is none that the desktop can show.
+  virtual std::optional<Size> SizeOfPicture(std::span<const std::byte> encoded) = 0;
+  /// The text for `key` in `language`, an IETF tag, or in the user's languages if that is empty; nothing where the
+  /// text in the program serves.
+  virtual std::optional<std::string> Translation(const std::string& key, const std::string& language) = 0;
   /// Opens an address in the user's browser. Returns whether the desktop has one.
   virtual bool OpenURL(const std::string& url) = 0;
   /// Runs the event loop, `start` first, until Quit(). Returns the status given there.

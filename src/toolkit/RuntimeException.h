@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 namespace toolkit {
 
@@ -10,11 +11,26 @@ class RuntimeException : public std::runtime_error {
  public:
   explicit RuntimeException(const std::string& message) : std::runtime_error(message), message_(message) {}
 
+  /// Where it was raised, as far as that is told; the last entry is the place itself.
+  std::vector<std::string> Stack;
+
   /// The whole text; what() ends at its first NUL.
   [[nodiscard]] const std::string& Message() const { return message_; }
 
  private:
   std::string message_;
+};
+
+/// A name was looked up that does not exist.
+class KeyNotFoundException : public RuntimeException {
+ public:
+  using RuntimeException::RuntimeException;
+};
+
+/// A value is of a kind that cannot be converted to the one that is needed.
+class TypeMismatchException : public RuntimeException {
+ public:
+  using RuntimeException::RuntimeException;
 };
 
 }  // namespace toolkit

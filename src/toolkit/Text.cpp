@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <cstddef>
+
+#include <openssl/evp.h>
 
 namespace toolkit {
 namespace {
@@ -67,9 +70,67 @@ std::string LowerCase(std::string_view text) {
 }
 
 bool StartsWithIgnoringCase(std::string_view text, std::string_view prefix) {
-  return text.size() >= prefix.size() && std::equal(prefix.begin(), prefix.end(), text.begin(), [](char a, char b) {
-           return LowerCaseLetter(a) == LowerCaseLetter(b);
-         });
+  return EqualIgnoringCase(text.substr(0, prefix.size()), prefix);
+}
+
+bool EqualIgnoringCase(std::string_view a, std::string_view b) {
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [](char one, char other) { return LowerCaseLetter(one) == LowerCaseLetter(other); });
+}
+
+std::string_view Trim(std::string_view text) {
+  const auto isBlank = [](char letter) { return static_cast<unsigned char>(letter) <= ' '; };
+  while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
+  return text;
+}
+
+std::string DecodeURLComponent(std::string_view text) {
+  std::string decoded;
+  for (std::size_t place = 0; place < text.size(); ++place) {
+    const auto byte = text[place] == '%' ? DecodeHex(text.substr(place + 1, 2)) : std::nullopt;
+    if (byte && byte->size() == 1) {
+      decoded += *byte;
+      place += 2;
+    } else {
+      decoded += text[place];
+    }
+  }
+  return decoded;
+}
+
+std::optional<std::string> DecodeHex(std::string_view text) {
+  std::string bytes;
+  if (text.size() % 2 != 0) return std::nullopt;
+  bytes.reserve(text.size() / 2);
+  for (; !text.empty(); text.remove_prefix(2)) {
+    unsigned char byte = 0;
+    const char* const end = text.data() + 2;
+    const auto read = std::from_chars(text.data(), end, byte, 16);
+    if (read.ec != std::errc() || read.ptr != end) return std::nullopt;
+    bytes += static_cast<char>(byte);
+  }
+  return bytes;
+}
+
+std::string EncodeHex(std::string_view bytes) {
+  constexpr std::string_view digits = "0123456789abcdef";
+  std::string text;
+  for (const char letter : bytes) {
+    const auto byte = static_cast<unsigned char>(letter);
+    text += digits[byte / 16];
+    text += digits[byte % 16];
+  }
+  return text;
+}
+
+std::string EncodeBase64(std::string_view bytes) {
+  std::string text(4 * ((bytes.size() + 2) / 3) + 1, '\0');  // OpenSSL ends it with a NUL
+  const int length =
+      EVP_EncodeBlock(reinterpret_cast<unsigned char*>(text.data()),
+                      reinterpret_cast<const unsigned char*>(bytes.data()), static_cast<int>(bytes.size()));
+  text.resize(static_cast<std::size_t>(length));
+  return text;
 }
 
 }  // namespace toolkit

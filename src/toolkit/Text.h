@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -13,5 +14,22 @@ namespace toolkit {
 
 /// Whether `text` begins with `prefix`, the letters A to Z in either case.
 [[nodiscard]] bool StartsWithIgnoringCase(std::string_view text, std::string_view prefix);
+
+/// Whether the texts are the same, the letters A to Z in either case.
+[[nodiscard]] bool EqualIgnoringCase(std::string_view a, std::string_view b);
+
+/// `text` without the blanks, tabs, line breaks and other control characters at its ends.
+[[nodiscard]] std::string_view Trim(std::string_view text);
+
+/// `text` with each "%" and two hexadecimal digits turned into the byte they stand for (RFC 3986). A "%" without them
+/// stays as it is.
+[[nodiscard]] std::string DecodeURLComponent(std::string_view text);
+
+/// The bytes that `text` stands for, two hexadecimal digits a byte; nothing if it holds anything else.
+[[nodiscard]] std::optional<std::string> DecodeHex(std::string_view text);
+/// `bytes` as hexadecimal text in small letters, two digits a byte.
+[[nodiscard]] std::string EncodeHex(std::string_view bytes);
+/// `bytes` in Base64 (RFC 4648, section 4).
+[[nodiscard]] std::string EncodeBase64(std::string_view bytes);
 
 }  // namespace toolkit

@@ -29,12 +29,16 @@ std::string DescribeFailure(const TransferFailure& failure) {
     case TransferFault::ConnectTimedOut:
       return "The server " + host + " did not answer" + AtPort(failure) +
              ": the connection was not made within the time allowed.";
+    case TransferFault::Inactive:
+      return "The server " + host + " stopped answering" + AtPort(failure) + ": nothing came within the time allowed.";
     case TransferFault::ClosedEarly:
       return "The server " + host + " closed the connection before its reply was complete.";
     case TransferFault::NotHTTP:
       return "The server " + host + " answered" + AtPort(failure) + " with something that is not HTTP.";
     case TransferFault::Proxy:
       return "The proxy on the way to the server " + host + " could not be used" + Because(failure);
+    case TransferFault::TooLarge:
+    case TransferFault::FileNotWritten:
     case TransferFault::Other:
       break;
   }

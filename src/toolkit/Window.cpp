@@ -35,8 +35,10 @@ Rect Window::PlaceOf(const Control& control) const {
 void Window::Show() {
   closed_ = false;
   Platform::Current().Open(shared_from_this());
-  if (std::exchange(opened_, true)) return;
-  Open();
+}
+
+void Window::TellPainted() {
+  if (!std::exchange(opened_, true)) Open();
 }
 
 void Window::Close() {

@@ -7,17 +7,10 @@
 #include "toolkit/Control.h"
 #include "toolkit/Event.h"
 #include "toolkit/MenuBar.h"
+#include "toolkit/Size.h"
 #include "toolkit/TabPanel.h"
 
 namespace toolkit {
-
-/// A size in points.
-struct Size {
-  int Width = 0;
-  int Height = 0;
-
-  friend bool operator==(const Size&, const Size&) = default;
-};
 
 /// Shows a window on the screen. Belongs to the desktop.
 class WindowView {
@@ -35,7 +28,7 @@ class Window : public std::enable_shared_from_this<Window> {
   Window& operator=(const Window&) = delete;
   virtual ~Window() = default;
 
-  /// Raised once, when the window is first shown.
+  /// Raised once, when the window has been shown and painted for the first time.
   Event<> Open;
 
   [[nodiscard]] const std::string& Title() const { return title_; }
@@ -51,6 +44,8 @@ class Window : public std::enable_shared_from_this<Window> {
   [[nodiscard]] Rect PlaceOf(const Control& control) const;
 
   void Show();
+  /// For the desktop: the window has been painted. Raises Open, if it was not raised before.
+  void TellPainted();
   /// Takes the window off the screen and ends its handlers. Safe at any time, also in a handler of the window.
   void Close();
   [[nodiscard]] bool IsClosed() const { return closed_; }

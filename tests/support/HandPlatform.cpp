@@ -89,6 +89,18 @@ toolkit::DialogButton HandPlatform::ShowDialog(const toolkit::MessageDialog& dia
   return answer;
 }
 
+void HandPlatform::RunEventsUntil(const std::function<bool()>& isDone) {
+  while (!isDone() && Quits.empty()) {
+    if (!WhileWaiting) throw std::logic_error("The program waits for something that never happens.");
+    Dispatch(WhileWaiting);
+  }
+}
+
+std::optional<std::string> HandPlatform::Translation(const std::string& key, const std::string& language) {
+  const auto text = Translations.find(language + " " + key);
+  return text == Translations.end() ? std::nullopt : std::optional(text->second);
+}
+
 bool HandPlatform::OpenURL(const std::string& url) {
   OpenedURLs.push_back(url);
   return HasBrowser;

@@ -4,6 +4,7 @@
 #include <deque>
 #include <filesystem>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -74,12 +75,23 @@ class HandPlatform final : public toolkit::Platform {
   std::vector<std::string> WindowLog;
   /// Looks at each window in the state in which it comes on the screen.
   std::function<void(toolkit::Window&)> WhenPresented;
+  /// What the world does in each round of a wait that the program makes; without it, a wait is a fault of the test.
+  std::function<void()> WhileWaiting;
+  /// The translations that there are, by language, a blank and the key.
+  std::map<std::string, std::string> Translations;
+  /// What every picture measures; nothing makes all pictures unreadable.
+  std::optional<toolkit::Size> PictureSize;
   /// Runs in RunLoop(), after what was posted before.
   void Post(std::function<void()> work) { posted_.push_back(std::move(work)); }
 
   std::unique_ptr<toolkit::HTTPTransfer> StartTransfer(toolkit::HTTPRequest request,
                                                        toolkit::HTTPTransferEvents& events) override;
   toolkit::DialogButton ShowDialog(const toolkit::MessageDialog& dialog) override;
+  void RunEventsUntil(const std::function<bool()>& isDone) override;
+  void RunDueEvents() override {}
+  void TrustAuthority(std::string_view /*certificate*/) override {}
+  std::optional<toolkit::Size> SizeOfPicture(std::span<const std::byte> /*encoded*/) override { return PictureSize; }
+  std::optional<std::string> Translation(const std::string& key, const std::string& language) override;
   bool OpenURL(const std::string& url) override;
   /// Ends when the program quits, or with -1 when there is nothing left to do.
   int RunLoop(const std::function<void()>& start) override;
@@ -91,6 +103,7 @@ class HandPlatform final : public toolkit::Platform {
   void Present(toolkit::Window& window) override {
     Log("present ", window);
     if (WhenPresented) WhenPresented(window);
+    Dispatch([&] { window.TellPainted(); });
   }
   void BringToFront(toolkit::Window& window) override { Log("front ", window); }
   void Withdraw(toolkit::Window& window) override { Log("withdraw ", window); }

@@ -77,7 +77,7 @@ QPalette DarkPalette() {
 bool Play(const Options& options, int& argumentCount, char** arguments) {
   toolkit::qt::QtPlatform platform(argumentCount, arguments);
   if (options.dark) QApplication::setPalette(DarkPalette());
-  App app({product::versionMajor, product::versionMinor, product::versionBug});
+  App app(product::version);
 
   tour::Player player(options.IsForPictures() ? tour::PictureTour(options.visit) : tour::FullTour(options.visit),
                       options.output, options.Suffix());

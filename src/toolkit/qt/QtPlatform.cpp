@@ -7,6 +7,8 @@
 #include <QEventLoop>
 #include <QIcon>
 #include <QPixmap>
+#include <QSslCertificate>
+#include <QSslConfiguration>
 #include <QStandardPaths>
 #include <QTimer>
 #include <QUrl>
@@ -19,6 +21,7 @@
 #include "toolkit/qt/QtText.h"
 #include "toolkit/qt/QtTransfer.h"
 #include "toolkit/qt/QtWindow.h"
+#include "toolkit/qt/Translations.h"
 
 namespace toolkit::qt {
 namespace {
@@ -54,7 +57,7 @@ std::unique_ptr<HTTPTransfer> QtPlatform::StartTransfer(HTTPRequest request, HTT
 DialogButton QtPlatform::ShowDialog(const MessageDialog& dialog) {
   AskedDialog asked{dialog};
   dialogs_.push_back(&asked);
-  ++runningDialogCalls_;
+  ++nestedLoops_;
   while (!quitting_ && !asked.HasEnded) {
     if (dialogStands_) {
       QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
@@ -63,7 +66,7 @@ DialogButton QtPlatform::ShowDialog(const MessageDialog& dialog) {
     }
   }
   std::erase(dialogs_, &asked);
-  --runningDialogCalls_;
+  --nestedLoops_;
   DropClosedViewsLater();
   return asked.Pressed;
 }
@@ -81,6 +84,33 @@ void QtPlatform::ShowNextDialog() {
   dialogStands_ = true;
   box.exec();
   dialogStands_ = false;
+}
+
+void QtPlatform::RunEventsUntil(const std::function<bool()>& isDone) {
+  ++nestedLoops_;
+  while (!quitting_ && !isDone()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  --nestedLoops_;
+  DropClosedViewsLater();
+}
+
+void QtPlatform::RunDueEvents() {
+  ++nestedLoops_;
+  QCoreApplication::processEvents();
+  --nestedLoops_;
+  DropClosedViewsLater();
+}
+
+void QtPlatform::TrustAuthority(std::string_view certificate) {
+  QSslConfiguration tls = QSslConfiguration::defaultConfiguration();
+  tls.addCaCertificates(QSslCertificate::fromData(QByteArray(certificate.data(), qsizetype(certificate.size()))));
+  QSslConfiguration::setDefaultConfiguration(tls);
+}
+
+std::optional<Size> QtPlatform::SizeOfPicture(std::span<const std::byte> encoded) { return SizeOf(encoded); }
+
+std::optional<std::string> QtPlatform::Translation(const std::string& key, const std::string& language) {
+  if (!translations_) translations_ = std::make_unique<Translations>();
+  return translations_->Find(key, language);
 }
 
 bool QtPlatform::OpenURL(const std::string& url) { return QDesktopServices::openUrl(QUrl(ToQt(url))); }
@@ -123,7 +153,7 @@ void QtPlatform::Withdraw(Window& window) {
 
 void QtPlatform::DropClosedViewsLater() {
   QTimer::singleShot(0, application_.get(), [this] {
-    if (runningDialogCalls_ == 0) closedViews_.clear();
+    if (nestedLoops_ == 0) closedViews_.clear();
   });
 }
 

@@ -11,6 +11,7 @@ class QApplication;
 namespace toolkit::qt {
 
 class ConnectionPool;
+class Translations;
 class QtWindow;
 
 /// The platform on Qt: real windows, one event loop for everything. To be made first in main, and before any window.
@@ -22,6 +23,11 @@ class QtPlatform final : public Platform {
 
   std::unique_ptr<HTTPTransfer> StartTransfer(HTTPRequest request, HTTPTransferEvents& events) override;
   DialogButton ShowDialog(const MessageDialog& dialog) override;
+  void RunEventsUntil(const std::function<bool()>& isDone) override;
+  void RunDueEvents() override;
+  void TrustAuthority(std::string_view certificate) override;
+  std::optional<Size> SizeOfPicture(std::span<const std::byte> encoded) override;
+  std::optional<std::string> Translation(const std::string& key, const std::string& language) override;
   bool OpenURL(const std::string& url) override;
   int RunLoop(const std::function<void()>& start) override;
   void Quit(int status) override;
@@ -45,12 +51,13 @@ class QtPlatform final : public Platform {
 
   std::unique_ptr<QApplication> application_;
   std::unique_ptr<ConnectionPool> connections_;
+  std::unique_ptr<Translations> translations_;
   std::vector<std::unique_ptr<QtWindow>> views_;
   // Views whose window was closed; they may have code on the stack, so they go when no dialog keeps any there.
   std::vector<std::unique_ptr<QtWindow>> closedViews_;
   // The dialogs that have not ended, in the order in which they were asked for. The first one may stand.
   std::deque<AskedDialog*> dialogs_;
-  int runningDialogCalls_ = 0;
+  int nestedLoops_ = 0;
   bool dialogStands_ = false;
   bool quitting_ = false;
 };

@@ -113,14 +113,32 @@ void QtTransfer::Start(ConnectionPool& pool, const QUrl& url, HTTPRequest reques
     made.setHeader(QNetworkRequest::ContentLengthHeader, static_cast<qulonglong>(bodySize));
     body = new OneTimeBody(std::move(request.Body));
   }
-  reply_ = manager_->sendCustomRequest(made, QByteArray::fromStdString(request.Method), body);
+  // A HEAD under any other name would be waited on for a body that never comes.
+  reply_ = request.Method == "HEAD"
+               ? manager_->head(made)
+               : manager_->sendCustomRequest(made, QByteArray::fromStdString(request.Method), body);
   if (body != nullptr) body->setParent(reply_);
   if (request.Certificates == CertificateCheck::Skipped) reply_->ignoreSslErrors();
+  LimitTime(request);
+  Listen(bodySize);
+}
 
+void QtTransfer::LimitTime(const HTTPRequest& request) {
   connectTimer_.setSingleShot(true);
   connect(&connectTimer_, &QTimer::timeout, this, [this] { Fail(TransferFault::ConnectTimedOut); });
   connectTimer_.start(request.ConnectTimeout);
-  Listen(bodySize);
+
+  if (request.InactivityTimeout <= std::chrono::milliseconds(0)) return;
+  inactivityTimer_.setSingleShot(true);
+  connect(&inactivityTimer_, &QTimer::timeout, this, [this] { Fail(TransferFault::Inactive); });
+  inactivityTimer_.start(request.InactivityTimeout);
+  const auto restart = [this] { inactivityTimer_.start(); };
+  connect(reply_, &QNetworkReply::socketStartedConnecting, this, restart);
+  connect(reply_, &QNetworkReply::encrypted, this, restart);
+  connect(reply_, &QNetworkReply::requestSent, this, restart);
+  connect(reply_, &QNetworkReply::uploadProgress, this, restart);
+  connect(reply_, &QNetworkReply::metaDataChanged, this, restart);
+  connect(reply_, &QNetworkReply::downloadProgress, this, restart);
 }
 
 void QtTransfer::Listen(std::uint64_t bodySize) {
@@ -159,6 +177,7 @@ void QtTransfer::ReadBody() {
 
 void QtTransfer::Finish() {
   connectTimer_.stop();
+  inactivityTimer_.stop();
   const auto error = reply_->error();
   const int status = reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
   if (!IsStatusOnly(error) && !IsUnansweredStatus(error, status)) {

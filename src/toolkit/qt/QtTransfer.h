@@ -24,6 +24,7 @@ class QtTransfer final : public QObject, public HTTPTransfer {
 
  private:
   void Start(ConnectionPool& pool, const QUrl& url, HTTPRequest request);
+  void LimitTime(const HTTPRequest& request);
   void Listen(std::uint64_t bodySize);
   void ReadHeaders();
   void ReadBody();
@@ -34,6 +35,7 @@ class QtTransfer final : public QObject, public HTTPTransfer {
   std::shared_ptr<QNetworkAccessManager> manager_;
   QNetworkReply* reply_ = nullptr;
   QTimer connectTimer_;
+  QTimer inactivityTimer_;
   QUrl url_;
   bool headersRead_ = false;
 };

@@ -5,6 +5,8 @@
 #include <vector>
 
 #include <QCloseEvent>
+#include <QCoreApplication>
+#include <QTimer>
 
 #include "toolkit/Platform.h"
 #include "toolkit/TextField.h"
@@ -49,6 +51,13 @@ void QtWindow::LayOut() {
 void QtWindow::closeEvent(QCloseEvent* event) {
   event->accept();
   Platform::Current().Dispatch([this] { window_->Close(); });
+}
+
+// The controls are painted after their window, and all of it reaches the screen before the next event.
+void QtWindow::paintEvent(QPaintEvent* /*event*/) {
+  if (std::exchange(painted_, true)) return;
+  QTimer::singleShot(0, QCoreApplication::instance(),
+                     [window = window_] { Platform::Current().Dispatch([&] { window->TellPainted(); }); });
 }
 
 void QtWindow::PlaceControls() {

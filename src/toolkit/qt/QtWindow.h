@@ -21,6 +21,7 @@ class QtWindow final : public QWidget {
  protected:
   void resizeEvent(QResizeEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
 
  private:
   void LayOut();
@@ -31,6 +32,7 @@ class QtWindow final : public QWidget {
   QWidget* menus_ = nullptr;
   QWidget* content_;
   std::map<const Control*, QWidget*> views_;
+  bool painted_ = false;
 };
 
 }  // namespace toolkit::qt

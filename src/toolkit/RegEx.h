@@ -1,0 +1,52 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace toolkit {
+
+/// What a search found: the whole match as subexpression 0, then the groups of the pattern. The texts refer to the
+/// subject that was searched.
+class RegExMatch {
+ public:
+  explicit RegExMatch(std::vector<std::string_view> subExpressions) : subExpressions_(std::move(subExpressions)) {}
+
+  /// One more than the number of the last group that took part in the match.
+  [[nodiscard]] std::size_t SubExpressionCount() const { return subExpressions_.size(); }
+  /// Empty for a group that took no part.
+  [[nodiscard]] std::string_view SubExpression(std::size_t index) const {
+    return index < subExpressions_.size() ? subExpressions_[index] : std::string_view();
+  }
+
+ private:
+  std::vector<std::string_view> subExpressions_;
+};
+
+/// A regular expression of the Perl kind (PCRE2), compiled once and searched for many times. Letters match in either
+/// case unless the pattern says otherwise; a line ends with CR, LF or both. Bytes that are not UTF-8 match nothing.
+class RegEx {
+ public:
+  enum class Meaning { Pattern, PlainText };
+
+  /// Throws a RuntimeException if `pattern` (UTF-8) is not a regular expression.
+  explicit RegEx(std::string_view pattern, Meaning meaning = Meaning::Pattern);
+  RegEx(RegEx&&) noexcept;
+  RegEx& operator=(RegEx&&) noexcept;
+  ~RegEx();
+
+  /// The first match in `subject`, if there is one.
+  [[nodiscard]] std::optional<RegExMatch> Search(std::string_view subject) const;
+  /// Whether there is a match, for less work than Search().
+  [[nodiscard]] bool IsIn(std::string_view subject) const;
+
+ private:
+  struct Compiled;
+
+  [[nodiscard]] int Match(std::string_view subject) const;
+
+  std::unique_ptr<Compiled> compiled_;
+};
+
+}  // namespace toolkit

@@ -1,0 +1,54 @@
+#include "toolkit/qt/Translations.h"
+
+#include <QCoreApplication>
+#include <QLocale>
+#include <QStringList>
+#include <QTranslator>
+
+#include "toolkit/qt/QtText.h"
+
+namespace toolkit::qt {
+namespace {
+
+/// The texts in the program are in this language.
+constexpr QLatin1String ownLanguage("en");
+
+/// The language itself, then without its region, as in "pt-BR" and "pt".
+QStringList WithParents(QString language) {
+  QStringList names;
+  for (language.replace('_', '-'); !language.isEmpty(); language.truncate(language.lastIndexOf('-'))) {
+    names.append(language);
+    if (!language.contains('-')) break;
+  }
+  return names;
+}
+
+}  // namespace
+
+Translations::Translations() : folder_(QCoreApplication::applicationDirPath() + QStringLiteral("/translations/")) {}
+
+Translations::~Translations() = default;
+
+std::optional<std::string> Translations::Find(const std::string& key, const std::string& language) {
+  const QStringList wanted = language.empty() ? QLocale().uiLanguages() : QStringList(ToQt(language));
+  for (const QString& one : wanted) {
+    for (const QString& name : WithParents(one)) {
+      if (name == ownLanguage) return std::nullopt;
+      const QTranslator* file = FileFor(name);
+      const QString text = file == nullptr ? QString() : file->translate("", key.c_str());
+      if (!text.isEmpty()) return FromQt(text);
+    }
+  }
+  return std::nullopt;
+}
+
+const QTranslator* Translations::FileFor(const QString& language) {
+  const auto [place, isNew] = files_.try_emplace(language);
+  if (isNew && !language.contains('/')) {
+    auto file = std::make_unique<QTranslator>();
+    if (file->load(folder_ + language + QStringLiteral(".qm"))) place->second = std::move(file);
+  }
+  return place->second.get();
+}
+
+}  // namespace toolkit::qt

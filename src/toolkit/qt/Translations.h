@@ -1,0 +1,33 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include <QString>
+
+class QTranslator;
+
+namespace toolkit::qt {
+
+/// The translation files beside the program: translations/LANGUAGE.qm, in Qt's own format with the keys as message ids.
+/// A file is looked for once, when the first text is asked for in its language.
+class Translations {
+ public:
+  Translations();
+  Translations(const Translations&) = delete;
+  Translations& operator=(const Translations&) = delete;
+  ~Translations();
+
+  /// As Platform::Translation().
+  [[nodiscard]] std::optional<std::string> Find(const std::string& key, const std::string& language);
+
+ private:
+  const QTranslator* FileFor(const QString& language);
+
+  QString folder_;
+  std::map<QString, std::unique_ptr<QTranslator>> files_;
+};
+
+}  // namespace toolkit::qt

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <string>
+
+#include "update/check/Information.h"
+
+namespace Kaju {
+
+/// A downloadable file of an update.
+class BinaryInformation final : public Information {
+ public:
+  std::string ExecutableName;
+  /// MD5 of the file, in hexadecimal text of either case.
+  std::string Hash;
+  std::string URL;
+
+  explicit BinaryInformation(bool isExecutableNameRequired) : IsExecutableNameRequired(isExecutableNameRequired) {}
+  /// From the members "ExecutableName", "Hash" and "URL" of an object. Throws a toolkit::RuntimeException if `data` is
+  /// no object or a member does not convert.
+  BinaryInformation(bool isExecutableNameRequired, const toolkit::JSONItem& data);
+  /// A copy of a record of this type; throws a KajuException for another one.
+  explicit BinaryInformation(const Information& other) : BinaryInformation(RequireLike<BinaryInformation>(other)) {}
+  BinaryInformation(const BinaryInformation&) = default;
+  BinaryInformation& operator=(const BinaryInformation&) = default;
+  ~BinaryInformation() override = default;
+
+  /// The last component of the URL, decoded; empty if there is no URL. May be any text, a dangerous one included.
+  [[nodiscard]] std::string FileName() const;
+  /// Whether FileName() names an entry of the folder in which it is used: neither empty, "." nor "..", and without "/"
+  /// and NUL.
+  [[nodiscard]] bool HasUsableFileName() const;
+
+  [[nodiscard]] toolkit::JSONItem ConvertToJSON() const override;
+
+ protected:
+  bool Event_IsInvalid(std::string& reason) const override;
+
+ private:
+  bool IsExecutableNameRequired;
+};
+
+}  // namespace Kaju

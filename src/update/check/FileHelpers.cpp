@@ -1,0 +1,75 @@
+#include "update/check/FileHelpers.h"
+
+#include <algorithm>
+#include <fstream>
+#include <vector>
+
+#include "toolkit/Application.h"
+#include "toolkit/Cryptography.h"
+#include "toolkit/Platform.h"
+#include "toolkit/Text.h"
+
+using toolkit::FolderItem;
+
+namespace Kaju {
+namespace {
+
+constexpr std::size_t bytesAtOnce = 1'000'000;
+
+void YieldToEvents() { toolkit::Platform::Current().RunDueEvents(); }
+
+}  // namespace
+
+std::string HashOfFile(const FolderItem& file) {
+  if (file.IsFolder() || !file.IsReadable()) return "";
+  std::ifstream stream(file.Path(), std::ios::binary);
+  std::vector<char> chunk(bytesAtOnce);
+  toolkit::MD5Digest digest;
+  while (stream) {
+    stream.read(chunk.data(), static_cast<std::streamsize>(chunk.size()));
+    digest.Process({chunk.data(), static_cast<std::size_t>(stream.gcount())});
+    YieldToEvents();
+  }
+  return stream.eof() ? toolkit::EncodeHex(digest.Value()) : "";
+}
+
+void DeleteRecursive(const FolderItem& item) {
+  if (!item.Exists() || !item.IsWriteable()) return;
+  std::vector<FolderItem> entries = item.Children();
+  const auto files = std::ranges::stable_partition(entries, [](const FolderItem& entry) { return entry.IsFolder(); });
+  for (auto folder = entries.begin(); folder != files.begin(); ++folder) DeleteRecursive(*folder);
+  for (const FolderItem& file : files) file.Delete();
+  item.Delete();
+  YieldToEvents();
+}
+
+bool IsWriteableRecursive(const FolderItem& item) {
+  if (!item.IsFolder() || !item.IsWriteable()) return item.IsWriteable();
+  std::vector<FolderItem> folders{item};
+  for (std::size_t index = 0; index < folders.size(); ++index) {
+    for (FolderItem& entry : folders[index].Children()) {
+      if (!entry.IsWriteable()) return false;
+      if (entry.IsFolder()) folders.push_back(std::move(entry));
+    }
+    YieldToEvents();
+  }
+  return true;
+}
+
+FolderItem GetTemporaryFolder() { return toolkit::MakeTemporaryFolder(); }
+
+FolderItem TrueExecutableFile() {
+  return TrueExecutableFile(toolkit::Application::ExecutableFile(), BuildTarget::Running().Platform);
+}
+
+FolderItem TrueExecutableFile(const FolderItem& executable, System system) {
+  if (system != System::Mac) return executable;
+  FolderItem folder = executable.Parent();
+  while (folder.Path().has_relative_path()) {
+    if (toolkit::EqualIgnoringCase(folder.Name(), "Contents")) return folder.Parent();
+    folder = folder.Parent();
+  }
+  return executable;
+}
+
+}  // namespace Kaju

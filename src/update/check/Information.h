@@ -1,0 +1,46 @@
+#pragma once
+
+#include <string>
+#include <typeinfo>
+
+#include "toolkit/JSON.h"
+#include "update/check/KajuException.h"
+
+namespace Kaju {
+
+/// A record of an update document: it can be written back as JSON, and tells whether it makes sense.
+class Information {
+ public:
+  virtual ~Information() = default;
+
+  [[nodiscard]] virtual toolkit::JSONItem ConvertToJSON() const = 0;
+  [[nodiscard]] toolkit::JSONItem ToJSON() const { return ConvertToJSON(); }
+
+  /// Tests the record anew.
+  [[nodiscard]] bool IsValid() const {
+    mInvalidReason.clear();
+    return !Event_IsInvalid(mInvalidReason);
+  }
+  /// What the last test found; empty if it found nothing or there was none.
+  [[nodiscard]] const std::string& InvalidReason() const { return mInvalidReason; }
+
+ protected:
+  Information() = default;
+  Information(const Information&) = default;
+  Information& operator=(const Information&) = default;
+
+  /// Returns whether the record is invalid, and why.
+  virtual bool Event_IsInvalid(std::string& reason) const = 0;
+
+  /// `other` as the type of the record that copies it. Throws a KajuException if it is of another one.
+  template <typename Record>
+  static const Record& RequireLike(const Information& other) {
+    if (typeid(other) == typeid(Record)) return static_cast<const Record&>(other);
+    throw KajuException("Must clone from like types", "Kaju.Information.Constructor");
+  }
+
+ private:
+  mutable std::string mInvalidReason;
+};
+
+}  // namespace Kaju

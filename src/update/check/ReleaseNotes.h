@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+
+namespace Kaju {
+
+/// The release notes to show, as HTML in UTF-8. Notes that begin with the address of a page, bare or in an HTML
+/// comment, are replaced by that page or, where it cannot be had, by the text behind the address. Notes without any
+/// text give a bold sentence that says so. Fetching runs the event loop for up to 5 seconds without progress a request.
+[[nodiscard]] std::string ProcessReleaseNotes(std::string notes);
+
+}  // namespace Kaju

@@ -1,0 +1,173 @@
+#include "update/check/UpdateChecker.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "toolkit/DebugLog.h"
+#include "toolkit/MessageDialog.h"
+#include "toolkit/RuntimeException.h"
+#include "toolkit/Text.h"
+#include "update/check/FileHelpers.h"
+#include "update/check/HTTPSSocket.h"
+#include "update/check/KajuException.h"
+#include "update/check/KajuLocale.h"
+#include "update/check/UpdatePacket.h"
+#include "update/check/Versions.h"
+
+namespace Kaju {
+namespace {
+
+constexpr int timeoutSeconds = 5;
+constexpr int mostRedirects = 5;
+constexpr int notFound = 404;
+constexpr std::uint64_t largestDocument = std::uint64_t{64} << 20U;
+constexpr double beforeAllVersions = -1.0;
+
+std::string BadData(const std::string& reason) {
+  return KajuLocale::kErrorBadUpdateData() + (reason.empty() ? "" : " - " + reason);
+}
+
+/// The elements of the document. An object has none that could be an offer, but an empty one has none at all.
+boost::json::array Elements(toolkit::JSONItem document) {
+  if (auto* array = document.if_array()) return std::move(*array);
+  if (document.get_object().empty()) return {};
+  throw toolkit::TypeMismatchException("the document is not an array");
+}
+
+}  // namespace
+
+UpdateChecker::UpdateChecker(const toolkit::FolderItem& preferencesFolder, std::string_view preferencesFilename,
+                             std::shared_ptr<UpdatePresenter> presenter)
+    : PrefFile(preferencesFolder.Child(preferencesFilename)),
+      presenter_(std::move(presenter)),
+      preferences_(LoadPreferences(PrefFile)),
+      savedPreferences_(preferences_) {}
+
+UpdateChecker::~UpdateChecker() {
+  if (preferences_ == savedPreferences_ && PrefFile.Exists()) return;
+  try {
+    SavePreferences(PrefFile, preferences_);
+  } catch (const std::exception& exception) {
+    toolkit::DebugLog(exception.what());
+  }
+}
+
+void UpdateChecker::Execute() {
+  if (UpdateWindowIsOpen() || !OSIsSupported() || !MayReplaceProgram()) {
+    mResult = UpdateWindowIsOpen() ? ResultType::UpdateWindowOpen
+              : OSIsSupported()    ? ResultType::NoWritePermission
+                                   : ResultType::UnsupportedOS;
+    return;
+  }
+  mDryRun = false;
+  if (toolkit::Trim(UpdateURL).empty()) {
+    throw KajuException(KajuException::kErrorMissingUpdateURL(), "Kaju.UpdateChecker.Execute");
+  }
+  std::string url = UpdateURL;
+  if (AllowRedirection) url = HTTPSSocket().GetRedirectAddress(url, timeoutSeconds, mostRedirects);
+  while (FetchAndProcess(url) == Next::FetchAgain) continue;
+}
+
+void UpdateChecker::TestUpdate(const std::string& jsonString) {
+  if (UpdateWindowIsOpen()) {
+    mResult = ResultType::UpdateWindowOpen;
+    return;
+  }
+  mDryRun = true;
+  while (ProcessUpdateData(jsonString) == Next::FetchAgain) continue;
+}
+
+void UpdateChecker::IgnoreVersion(const std::string& version) {
+  if (!version.empty() && !IsIgnored(version)) preferences_.IgnoreVersionsPref.push_back(version);
+}
+
+bool UpdateChecker::MayReplaceProgram() const {
+  const toolkit::FolderItem program = TrueExecutableFile();
+  return program.Parent().IsWriteable() && IsWriteableRecursive(program);
+}
+
+UpdateChecker::Next UpdateChecker::FetchAndProcess(const std::string& url) {
+  HTTPSSocket socket;
+  socket.LargestBody = largestDocument;
+  const std::string body = socket.Get(url, timeoutSeconds);
+  if (socket.HTTPStatusCode() == notFound) {
+    mResult = ResultType::NoUpdateAvailable;
+    return Next::Return;
+  }
+  if (socket.WasTooLarge()) return HandleError(BadData("the document is too large"));
+  if (body.empty()) return HandleError(KajuLocale::kErrorNoUpdateData());
+
+  const UpdatePacket packet = SeparatePacket(body);
+  switch (VerifyPacket(packet, ServerPublicRSAKey)) {
+    case PacketVerdict::WrongMarker:
+      return HandleError(KajuLocale::kErrorIncorrectPacketMarker());
+    case PacketVerdict::WrongSignature:
+      return HandleError(KajuLocale::kErrorIncorrectPacketSignature());
+    case PacketVerdict::Genuine:
+      break;
+  }
+  return ProcessUpdateData(packet.Payload);
+}
+
+UpdateChecker::Next UpdateChecker::ProcessUpdateData(std::string_view raw) {
+  try {
+    Decide(raw);
+    return Next::Return;
+  } catch (const toolkit::RuntimeException& exception) {
+    toolkit::DebugLog(exception.Message());
+    return HandleError(BadData(exception.Message()));
+  }
+}
+
+void UpdateChecker::Decide(std::string_view raw) {
+  mResult = ResultType::NoUpdateAvailable;
+  const double currentVersion = mDryRun ? beforeAllVersions : VersionToDouble(AppVersionString());
+  Offers offers;
+  bool requiredFound = false;
+  for (const toolkit::JSONItem& element : Elements(toolkit::ParseJSONItem(raw))) {
+    auto update = std::make_shared<UpdateInformation>(element);
+    if (!Concerns(*update, currentVersion)) continue;
+    const bool isRequired =
+        VersionToDouble(update->MinimumRequiredVersion) > currentVersion && !update->MinimumRequiredVersion.empty();
+    requiredFound = requiredFound || isRequired;
+    if (!isRequired && HonorIgnored && IsIgnored(update->Version)) {
+      mResult = ResultType::IgnoredUpdateAvailable;
+    } else {
+      offers.push_back(std::move(update));
+    }
+  }
+  if (offers.empty()) return;
+  mResult = requiredFound ? ResultType::RequiredUpdateAvailable : ResultType::UpdateAvailable;
+  if (presenter_ && IsAllowed(kAllowUpdateWindow)) presenter_->ChooseUpdate(shared_from_this(), std::move(offers));
+}
+
+/// Whether there is a file of it for this build, of a stage that is allowed, and it is newer.
+bool UpdateChecker::Concerns(const UpdateInformation& update, double currentVersion) const {
+  const bool anyWidth = Target.Bits == Width::Bits32 && Allow32bitTo64bitUpdates;
+  const auto binary = anyWidth ? update.PlatformBinaryAny(Target.Platform) : update.PlatformBinarySameBitness(Target);
+  return binary && update.StageCode() >= AllowedStage && currentVersion < update.VersionAsDouble();
+}
+
+bool UpdateChecker::IsIgnored(const std::string& version) const {
+  return std::ranges::any_of(preferences_.IgnoreVersionsPref,
+                             [&](const std::string& ignored) { return toolkit::EqualIgnoringCase(ignored, version); });
+}
+
+UpdateChecker::Next UpdateChecker::HandleError(const std::string& message) {
+  if (IsAllowed(kAllowErrorDialog)) {
+    toolkit::MessageDialog dialog;
+    dialog.ActionButton = {.Caption = KajuLocale::kTryAgainButton(), .Visible = true};
+    dialog.CancelButton = {.Caption = KajuLocale::kLaterButton(), .Visible = true};
+    dialog.Message = KajuLocale::kErrorOccurredMessage();
+    dialog.Explanation = message;
+    if (dialog.ShowModal() == toolkit::DialogButton::Action) return Next::FetchAgain;
+  }
+  mResult = ResultType::Error;
+  return Next::Return;
+}
+
+bool UpdateChecker::IsAllowed(std::uint32_t value) const {
+  return value == 0 ? AllowedInteraction == 0 : (AllowedInteraction & value) == value;
+}
+
+}  // namespace Kaju

@@ -1,0 +1,87 @@
+#pragma once
+
+#include <array>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "toolkit/Picture.h"
+#include "toolkit/Variant.h"
+#include "update/check/BinaryInformation.h"
+#include "update/check/BuildTarget.h"
+
+namespace Kaju {
+
+/// One offered version: an element of the update document. The public fields are the members of its JSON object, whose
+/// other members are the files for the platforms; what is unknown is passed over.
+class UpdateInformation final : public Information {
+ public:
+  using BinaryPointer = std::shared_ptr<BinaryInformation>;
+
+  std::string AppName;
+  std::string ImageURL;
+  std::string MinimumRequiredVersion;
+  std::string ReleaseNotes;
+  bool RequiresPayment = false;
+  bool UseTransparency = true;
+  std::string Version;
+
+  /// The keys of the files, in the order in which they are written.
+  static constexpr std::array<std::string_view, 5> BinaryNames{"MacBinary", "WindowsBinary", "LinuxBinary",
+                                                               "WindowsBinary64bit", "LinuxBinary64bit"};
+
+  UpdateInformation() = default;
+  /// From an element of the document. Throws a toolkit::RuntimeException if it is no object, or a member is of a kind
+  /// that it cannot be. Whether the values make sense is not looked at.
+  explicit UpdateInformation(const toolkit::JSONItem& data);
+  /// A deep copy of a record of this type; throws a KajuException for another one.
+  explicit UpdateInformation(const Information& other) : UpdateInformation(RequireLike<UpdateInformation>(other)) {}
+  UpdateInformation(const UpdateInformation& other);
+  UpdateInformation& operator=(const UpdateInformation&) = delete;
+  ~UpdateInformation() override = default;
+
+  /// 0 to 3 for development, alpha, beta and final, by the letter in Version.
+  [[nodiscard]] int StageCode() const;
+  /// Throws a KajuException if Version is malformed.
+  [[nodiscard]] double VersionAsDouble() const;
+
+  /// The picture at ImageURL, fetched when it is first asked for; nullptr if there is none or it cannot be had, and
+  /// then fetched again the next time. Runs the event loop for up to 5 seconds without progress a request.
+  [[nodiscard]] std::shared_ptr<const toolkit::Picture> Image() const;
+
+  /// The file for a platform; nullptr if there is none. On macOS one file serves both widths.
+  [[nodiscard]] BinaryPointer PlatformBinary32bit(System system = BuildTarget::Running().Platform) const;
+  [[nodiscard]] BinaryPointer PlatformBinary64bit(System system = BuildTarget::Running().Platform) const;
+  /// That of the 32-bit platform only if there is none for 64 bits.
+  [[nodiscard]] BinaryPointer PlatformBinaryAny(System system = BuildTarget::Running().Platform) const;
+  [[nodiscard]] BinaryPointer PlatformBinarySameBitness(BuildTarget target = BuildTarget::Running()) const;
+
+  /// The files by their keys.
+  [[nodiscard]] const std::map<std::string_view, BinaryPointer>& Binaries() const { return mBinaries; }
+  /// The file of one of BinaryNames; a missing one is made, and is empty. Throws a toolkit::KeyNotFoundException for
+  /// another name.
+  BinaryPointer FetchBinary(std::string_view name);
+  void RemoveBinary(std::string_view name) { mBinaries.erase(name); }
+
+  /// A stored property by its name, or one of "StageCode" and "VersionAsDouble". Throws a toolkit::KeyNotFoundException
+  /// for another name.
+  [[nodiscard]] toolkit::Variant GetByName(std::string_view name) const;
+  /// Sets a stored property by its name. A Boolean is true for the text "yes" as well. Throws a
+  /// toolkit::KeyNotFoundException for another name, and a toolkit::TypeMismatchException for a value that does not
+  /// convert; nothing is changed then.
+  void SetByName(std::string_view name, const toolkit::JSONItem& value);
+
+  [[nodiscard]] toolkit::JSONItem ConvertToJSON() const override;
+
+ protected:
+  bool Event_IsInvalid(std::string& reason) const override;
+
+ private:
+  [[nodiscard]] BinaryPointer Find(std::string_view name) const;
+
+  std::map<std::string_view, BinaryPointer> mBinaries;  // the keys are entries of BinaryNames
+  mutable std::shared_ptr<const toolkit::Picture> mImage;
+};
+
+}  // namespace Kaju

@@ -1,0 +1,28 @@
+#include "update/check/UpdatePacket.h"
+
+#include "toolkit/Cryptography.h"
+#include "toolkit/RegEx.h"
+#include "toolkit/Text.h"
+
+namespace Kaju {
+namespace {
+
+constexpr std::string_view marker = "KAJU ";
+
+}  // namespace
+
+UpdatePacket SeparatePacket(std::string_view data) {
+  static const toolkit::RegEx form(R"(\A([^\r\n]*)\R([\s\S]*)\z)");
+  const auto match = form.Search(data);
+  if (!match) return {.SignatureLine = data, .Payload = {}};
+  return {.SignatureLine = match->SubExpression(1), .Payload = match->SubExpression(2)};
+}
+
+PacketVerdict VerifyPacket(const UpdatePacket& packet, std::string_view publicKey) {
+  if (!packet.SignatureLine.starts_with(marker)) return PacketVerdict::WrongMarker;
+  const auto signature = toolkit::DecodeHex(packet.SignatureLine.substr(marker.size()));
+  const bool isGenuine = signature && toolkit::RSAVerifySignature(packet.Payload, *signature, publicKey);
+  return isGenuine ? PacketVerdict::Genuine : PacketVerdict::WrongSignature;
+}
+
+}  // namespace Kaju
