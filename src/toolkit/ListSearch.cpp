@@ -1,6 +1,7 @@
 #include "toolkit/ListSearch.h"
 
 #include "toolkit/RegEx.h"
+#include "toolkit/Text.h"
 
 namespace toolkit {
 namespace {
@@ -16,7 +17,7 @@ bool RowContains(const Listbox& list, int row, const RegEx& wanted) {
 
 std::vector<int> RowsContaining(const Listbox& list, std::string_view text) {
   std::vector<int> rows;
-  if (text.empty()) return rows;
+  if (text.empty() || !IsUTF8(text)) return rows;
   const RegEx wanted(text, RegEx::Meaning::PlainText);
   for (int row = 0; row < list.ListCount(); ++row) {
     if (RowContains(list, row, wanted)) rows.push_back(row);

@@ -46,13 +46,16 @@ std::string ReadFile(const FolderItem& file) {
 }
 
 void ReplaceFile(const FolderItem& file, std::string_view bytes) {
-  std::string fresh = file.Path().string() + ".XXXXXX";
+  // Where the path is a link, what it points to is replaced, not the link.
+  std::error_code ignored;
+  const std::string path = std::filesystem::weakly_canonical(file.Path(), ignored).string();
+  std::string fresh = path + ".XXXXXX";
   const int descriptor = mkstemp(fresh.data());
   if (descriptor < 0) ThrowFor(file, "written", errno);
   bool isWritten = WriteAll(descriptor, bytes) && fchmod(descriptor, ModeOf(file)) == 0;
   int error = errno;
   isWritten = close(descriptor) == 0 && isWritten;
-  if (isWritten && std::rename(fresh.c_str(), file.Path().c_str()) == 0) return;
+  if (isWritten && std::rename(fresh.c_str(), path.c_str()) == 0) return;
   if (isWritten) error = errno;
   unlink(fresh.c_str());
   ThrowFor(file, "written", error);

@@ -103,7 +103,6 @@ class HandPlatform final : public toolkit::Platform {
   void Present(toolkit::Window& window) override {
     Log("present ", window);
     if (WhenPresented) WhenPresented(window);
-    Dispatch([&] { window.TellPainted(); });
   }
   void BringToFront(toolkit::Window& window) override { Log("front ", window); }
   void Withdraw(toolkit::Window& window) override { Log("withdraw ", window); }

@@ -1,0 +1,19 @@
+// The product's facts for tests, which give their own address and key, or else one that refuses every connection.
+
+#include <cstdlib>
+
+#include "shell/Product.h"
+
+namespace {
+
+const char* Given(const char* name, const char* otherwise) {
+  const char* value = std::getenv(name);
+  return value == nullptr ? otherwise : value;
+}
+
+}  // namespace
+
+const toolkit::ReleaseNumbers product::version{.Major = 1, .Minor = 2, .Bug = 3};
+const char* const product::copyright = "Copyright © The testers";
+const char* const product::updateURL = Given("CORVANE_TEST_UPDATE_URL", "http://127.0.0.1:9/UpdateInformation.json");
+const char* const product::updatePublicKey = Given("CORVANE_TEST_UPDATE_KEY", "");

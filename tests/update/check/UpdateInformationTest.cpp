@@ -1,0 +1,176 @@
+#include <boost/json/parse.hpp>
+#include <boost/json/serialize.hpp>
+#include <gmock/gmock.h>
+
+#include "tests/support/HandPlatform.h"
+#include "update/check/KajuLocale.h"
+#include "update/check/UpdateInformation.h"
+
+using boost::json::parse;
+using boost::json::serialize;
+using Kaju::BinaryInformation;
+using Kaju::UpdateInformation;
+using namespace std::string_literals;
+
+namespace {
+
+constexpr const char* whole =
+    R"({"AppName":"A","ImageURL":"i","MinimumRequiredVersion":"1","ReleaseNotes":"n","RequiresPayment":true,)"
+    R"("UseTransparency":false,"Version":"2","MacBinary":{"Hash":"h","URL":"u"},)"
+    R"("LinuxBinary64bit":{"Hash":"h","URL":"u","ExecutableName":"e"}})";
+
+class UpdateInformationTest : public testing::Test {
+ protected:
+  HandPlatform platform;
+};
+
+}  // namespace
+
+TEST_F(UpdateInformationTest, IsReadWrittenAndCopiedMemberByMember) {
+  const UpdateInformation read(parse(whole));
+  const UpdateInformation copy(static_cast<const Kaju::Information&>(read));
+  read.Binaries().at("MacBinary")->URL = "changed";
+  EXPECT_EQ(serialize(copy.ToJSON()), whole);
+  const UpdateInformation sparse(parse(R"({"version":"2","Other":[1],"AppName":{"a":1},"LinuxBinary":{"url":"u"}})"));
+  EXPECT_EQ(serialize(sparse.ToJSON()),
+            R"({"AppName":"","ImageURL":"","MinimumRequiredVersion":"","ReleaseNotes":"","RequiresPayment":false,)"
+            R"("UseTransparency":true,"Version":"","LinuxBinary":{"Hash":"","URL":""}})");
+  EXPECT_THROW(UpdateInformation(*copy.Binaries().at("MacBinary")), Kaju::KajuException);
+}
+
+TEST_F(UpdateInformationTest, ConvertsSimpleValuesAndRefusesTheRest) {
+  const struct {
+    const char* json;
+    const char* name;
+    const char* payment;
+  } rows[] = {
+      {R"({"AppName":5})", "5", "false"},          {R"({"AppName":12.5})", "12.5", "false"},
+      {R"({"AppName":true})", "true", "false"},    {R"({"AppName":null})", "", "false"},
+      {R"({"RequiresPayment":1})", "", "true"},    {R"({"RequiresPayment":"TRUE"})", "", "true"},
+      {R"({"RequiresPayment":0})", "", "false"},   {R"({"RequiresPayment":null})", "", "false"},
+      {R"({"RequiresPayment":[1]})", "", "false"},
+  };
+  for (const auto& row : rows) {
+    const UpdateInformation update(parse(row.json));
+    EXPECT_EQ(update.AppName, row.name) << row.json;
+    EXPECT_EQ(update.GetByName("RequiresPayment").Text(), row.payment) << row.json;
+  }
+  for (const char* json :
+       {"[]", "5", "null", R"({"RequiresPayment":"yes"})", R"({"UseTransparency":""})", R"({"AppName":1e400})",
+        R"({"MacBinary":5})", R"({"MacBinary":null})", R"({"MacBinary":[]})", R"({"LinuxBinary":"x"})"}) {
+    EXPECT_THROW(UpdateInformation(parse(json)), toolkit::RuntimeException) << json;
+  }
+}
+
+TEST_F(UpdateInformationTest, ReachesPropertiesAndFilesByName) {
+  UpdateInformation update;
+  update.SetByName("RequiresPayment", "Yes");
+  update.SetByName("Version", "1.2b4");
+  EXPECT_EQ(update.GetByName("RequiresPayment").Text(), "true");
+  EXPECT_EQ(update.GetByName("StageCode").Text(), "2");
+  EXPECT_THROW((void)update.GetByName("version"), toolkit::KeyNotFoundException);
+  EXPECT_THROW(update.SetByName("Binaries", 1), toolkit::KeyNotFoundException);
+  EXPECT_THROW(update.SetByName("UseTransparency", "maybe"), toolkit::TypeMismatchException);
+  EXPECT_TRUE(update.UseTransparency);
+
+  const auto file = update.FetchBinary("LinuxBinary");
+  EXPECT_EQ(update.FetchBinary("LinuxBinary"), file);
+  EXPECT_THROW(update.FetchBinary("AmigaBinary"), toolkit::KeyNotFoundException);
+  file->Hash = file->URL = "x";
+  EXPECT_FALSE(file->IsValid());
+  *update.FetchBinary("MacBinary") = BinaryInformation(false, parse(R"({"Hash":"x","URL":"x"})"));
+  EXPECT_TRUE(update.FetchBinary("MacBinary")->IsValid());
+  for (int round = 0; round < 2; ++round) update.RemoveBinary("LinuxBinary");
+  EXPECT_THAT(update.Binaries(), testing::SizeIs(1));
+}
+
+TEST_F(UpdateInformationTest, TellsWhatMakesItInvalid) {
+  const std::string form =
+      "Version must be in one of these forms: 1, 1.2, 1.2.3, 1.2d4, 1.2a4, 1.2b4, 1.2.4b4, "
+      "1.3.4 (232), etc.";
+  const struct {
+    const char* version;
+    const char* app;
+    const char* binaryName;
+    const char* binary;
+    std::string reason;
+  } rows[] = {
+      {"1.3.4 (232)", "A", "MacBinary", R"({"Hash":"h","URL":"u"})", ""},
+      {"1", "A", "LinuxBinary", R"({"Hash":"h","URL":"u","ExecutableName":"e"})", ""},
+      {"1.2.3.4", "", "MacBinary", "{}", form},
+      {"1..2", "A", "MacBinary", "{}", form},
+      {"1\n", "A", "MacBinary", "{}", form},
+      {"1", " \t", "MacBinary", "{}", "Missing app name"},
+      {"1", "A", "MacBinary", R"({"URL":"u"})", "Mac Binary information is not valid: Missing Hash"},
+      {"1", "A", "WindowsBinary64bit", R"({"Hash":"h","URL":" "})",
+       "Windows Binary information is not valid: Missing URL"},
+      {"1", "A", "LinuxBinary64bit", R"({"Hash":"h","URL":"u"})",
+       "Linux Binary information is not valid: Missing Executable Name"},
+  };
+  for (const auto& row : rows) {
+    const UpdateInformation update(parse(R"({"Version":")"s + (row.version == "1\n"s ? "1\\n" : row.version) +
+                                         R"(","AppName":")" + (row.app == " \t"s ? " \\t" : row.app) + R"(",")" +
+                                         row.binaryName + R"(":)" + row.binary + "}"));
+    EXPECT_EQ(update.IsValid(), row.reason.empty()) << row.reason;
+    EXPECT_EQ(update.InvalidReason(), row.reason);
+  }
+}
+
+TEST_F(UpdateInformationTest, NamesTheDownloadByTheLastPartOfItsAddress) {
+  const struct {
+    const char* url;
+    std::string name;
+    bool isUsable;
+  } rows[] = {
+      {"", "", false},
+      {"http://h/my%20app.zip", "my app.zip", true},
+      {"app.zip", "app.zip", true},
+      {"http://h/", "", false},
+      {"http://h/%2e%2E", "..", false},
+      {"http://h/%2fetc%2fx", "/etc/x", false},
+      {"http://h/.", ".", false},
+      {"http://h/a%00b", "a\0b"s, false},
+      {"http://h/100%", "100%", true},
+      {"http://h/..%2f..%2fx", "../../x", false},
+      {"http://h/%zz%4", "%zz%4", true},
+  };
+  for (const auto& row : rows) {
+    BinaryInformation binary(false);
+    binary.URL = row.url;
+    EXPECT_EQ(binary.FileName(), row.name);
+    EXPECT_EQ(binary.HasUsableFileName(), row.isUsable) << row.url;
+  }
+}
+
+TEST_F(UpdateInformationTest, FetchesItsPictureOnceItCanBeHad) {
+  UpdateInformation update;
+  EXPECT_EQ(update.Image(), nullptr);
+  update.ImageURL = "http://pictures/a.png";
+  int asked = 0;
+  platform.WhileWaiting = [&] {
+    if (++asked % 2 == 0) {
+      platform.LastRequest().Reply(200, "picture");
+    } else {
+      platform.LastRequest().Reply(200, "");  // the look-up of redirects
+    }
+  };
+  EXPECT_EQ(update.Image(), nullptr);  // no picture
+  platform.PictureSize = toolkit::Size{10'000, 5'001};
+  EXPECT_EQ(update.Image(), nullptr);  // too many pixels
+  platform.PictureSize = toolkit::Size{10'000, 5'000};
+  const auto picture = update.Image();
+  ASSERT_NE(picture, nullptr);
+  EXPECT_EQ(picture->Encoded().size(), 7U);
+  EXPECT_EQ(update.Image(), picture);
+  EXPECT_EQ(asked, 6);
+}
+
+TEST_F(UpdateInformationTest, EveryTextIsInEnglishUnlessThereIsATranslation) {
+  for (const Kaju::LocalizedText& text : KajuLocale::All) EXPECT_EQ(text(), text.Default);
+  EXPECT_EQ(KajuLocale::kQuitButton(), "Quit && Install");
+  EXPECT_EQ(KajuLocale::kExplain64bitMessage(),
+            "Your system may not be able to run the 64-bit version. If you’re not sure, do not select it.");
+  platform.Translations["de KajuLocale.kLaterButton"] = "Später";
+  EXPECT_EQ(KajuLocale::kLaterButton("de"), "Später");
+  EXPECT_EQ(KajuLocale::kLaterButton("fr"), "Later");
+}
