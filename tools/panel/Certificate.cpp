@@ -5,6 +5,7 @@
 #include <string>
 
 #include <openssl/ec.h>
+#include <openssl/x509v3.h>
 
 namespace panel {
 namespace {
@@ -24,6 +25,13 @@ void SetName(X509* x509) {
   Require(X509_set_issuer_name(x509, name) == 1);
 }
 
+// Those who trust the certificate on this machine may use either name of it.
+void SetAddresses(X509* x509) {
+  const std::unique_ptr<X509_EXTENSION, decltype(&X509_EXTENSION_free)> addresses(
+      X509V3_EXT_conf_nid(nullptr, nullptr, NID_subject_alt_name, "DNS:localhost,IP:127.0.0.1"), X509_EXTENSION_free);
+  Require(addresses != nullptr && X509_add_ext(x509, addresses.get(), -1) == 1);
+}
+
 // Browsers remember certificates by issuer and number, so each start needs a number of its own.
 void SetSerialNumber(X509* x509) {
   Require(ASN1_INTEGER_set_uint64(X509_get_serialNumber(x509), std::random_device()()) == 1);
@@ -40,6 +48,7 @@ Certificate MakeSelfSignedCertificate() {
   Require(X509_gmtime_adj(X509_getm_notBefore(x509), 0) != nullptr);
   Require(X509_gmtime_adj(X509_getm_notAfter(x509), yearInSeconds) != nullptr);
   SetName(x509);
+  SetAddresses(x509);
   Require(X509_set_pubkey(x509, made.key.get()) == 1);
   Require(X509_sign(x509, made.key.get(), EVP_sha256()) != 0);
   return made;

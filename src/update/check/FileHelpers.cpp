@@ -36,9 +36,10 @@ std::string HashOfFile(const FolderItem& file) {
 void DeleteRecursive(const FolderItem& item) {
   if (!item.Exists() || !item.IsWriteable()) return;
   std::vector<FolderItem> entries = item.Children();
-  const auto files = std::ranges::stable_partition(entries, [](const FolderItem& entry) { return entry.IsFolder(); });
-  for (auto folder = entries.begin(); folder != files.begin(); ++folder) DeleteRecursive(*folder);
-  for (const FolderItem& file : files) file.Delete();
+  const auto firstFile =
+      std::stable_partition(entries.begin(), entries.end(), [](const FolderItem& entry) { return entry.IsFolder(); });
+  std::for_each(entries.begin(), firstFile, DeleteRecursive);
+  std::for_each(firstFile, entries.end(), [](const FolderItem& file) { file.Delete(); });
   item.Delete();
   YieldToEvents();
 }
