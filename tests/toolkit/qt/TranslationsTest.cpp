@@ -52,26 +52,24 @@ struct Translated {
     QXmlStreamReader reader(file);
     QString key;
     QString source;
-    const auto complain = [&](const QString& of, const char* what) {
-      Problems.push_back(of.section('.', -1).toStdString() + what);
+    const auto refuse = [&](bool isWrong, const QString& of, const char* what) {
+      if (isWrong) Problems.push_back(of.section('.', -1).toStdString() + what);
     };
     while (!reader.atEnd()) {
       if (reader.readNext() != QXmlStreamReader::StartElement) continue;
       if (reader.name() == QLatin1String("message")) key = reader.attributes().value("id").toString();
       if (reader.name() == QLatin1String("source")) source = reader.readElementText();
       if (reader.name() != QLatin1String("translation")) continue;
-      if (reader.attributes().hasAttribute("type")) complain(key, " is unfinished");
-      if (!english.contains(key)) complain(key, " is unknown");
-      if (Texts.contains(key)) complain(key, " comes twice");
-      if (english.contains(key) && source != english[key]) complain(key, " translates another text");
+      refuse(reader.attributes().hasAttribute("type"), key, " is unfinished");
+      refuse(!english.contains(key), key, " is unknown");
+      refuse(Texts.contains(key), key, " comes twice");
+      refuse(source != english.value(key, source), key, " translates another text");
       Texts[key] = reader.readElementText();
-      if (Texts[key].trimmed().isEmpty()) complain(key, " is empty");
-      if (Marks(Texts[key]) != Marks(source)) complain(key, " has other marks");
+      refuse(Texts[key].trimmed().isEmpty(), key, " is empty");
+      refuse(Marks(Texts[key]) != Marks(source), key, " has other marks");
     }
-    if (reader.hasError()) complain({}, "no XML");
-    for (const QString& expected : english.keys()) {
-      if (!Texts.contains(expected)) complain(expected, " is missing");
-    }
+    refuse(reader.hasError(), {}, "no XML");
+    for (const QString& expected : english.keys()) refuse(!Texts.contains(expected), expected, " is missing");
   }
 };
 
@@ -86,8 +84,8 @@ QString GoodFile() {
 
 TEST(TranslationFiles, EveryFaultIsFound) {
   const struct {
-    const char* text;
-    const char* instead;
+    const char* text = "";
+    const char* instead = "";
     std::vector<std::string> problems;
   } rows[] = {
       // clang-format off
@@ -131,8 +129,8 @@ TEST_F(TranslatedProgram, HasEveryTextOfEveryFaultlessFile) {
 TEST_F(TranslatedProgram, SpeaksTheFirstLanguageThatItKnows) {
   const struct {
     QStringList userLanguages;
-    const char* language;
-    const char* later;
+    const char* language = "";
+    const char* later = nullptr;
   } rows[] = {
       // clang-format off
       {{}, "de", "Später"},       {{}, "de-AT", "Später"},      {{}, "pt-BR", "Mais tarde"},
