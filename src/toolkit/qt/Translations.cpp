@@ -1,8 +1,9 @@
 #include "toolkit/qt/Translations.h"
 
+#include <utility>
+
 #include <QCoreApplication>
 #include <QLocale>
-#include <QStringList>
 #include <QTranslator>
 
 #include "toolkit/qt/QtText.h"
@@ -25,12 +26,16 @@ QStringList WithParents(QString language) {
 
 }  // namespace
 
-Translations::Translations() : folder_(QCoreApplication::applicationDirPath() + QStringLiteral("/translations/")) {}
+Translations::Translations()
+    : Translations(QCoreApplication::applicationDirPath() + QStringLiteral("/translations"), QLocale().uiLanguages()) {}
+
+Translations::Translations(QString folder, QStringList userLanguages)
+    : folder_(std::move(folder)), userLanguages_(std::move(userLanguages)) {}
 
 Translations::~Translations() = default;
 
 std::optional<std::string> Translations::Find(const std::string& key, const std::string& language) {
-  const QStringList wanted = language.empty() ? QLocale().uiLanguages() : QStringList(ToQt(language));
+  const QStringList wanted = language.empty() ? userLanguages_ : QStringList(ToQt(language));
   for (const QString& one : wanted) {
     for (const QString& name : WithParents(one)) {
       if (name == ownLanguage) return std::nullopt;
@@ -46,7 +51,7 @@ const QTranslator* Translations::FileFor(const QString& language) {
   const auto [place, isNew] = files_.try_emplace(language);
   if (isNew && !language.contains('/')) {
     auto file = std::make_unique<QTranslator>();
-    if (file->load(folder_ + language + QStringLiteral(".qm"))) place->second = std::move(file);
+    if (file->load(folder_ + QLatin1Char('/') + language + QStringLiteral(".qm"))) place->second = std::move(file);
   }
   return place->second.get();
 }

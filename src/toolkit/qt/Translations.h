@@ -6,6 +6,7 @@
 #include <string>
 
 #include <QString>
+#include <QStringList>
 
 class QTranslator;
 
@@ -15,7 +16,9 @@ namespace toolkit::qt {
 /// A file is looked for once, when the first text is asked for in its language.
 class Translations {
  public:
+  /// The folder beside the program, and the user's languages as they are now.
   Translations();
+  Translations(QString folder, QStringList userLanguages);
   Translations(const Translations&) = delete;
   Translations& operator=(const Translations&) = delete;
   ~Translations();
@@ -27,6 +30,7 @@ class Translations {
   const QTranslator* FileFor(const QString& language);
 
   QString folder_;
+  QStringList userLanguages_;
   std::map<QString, std::unique_ptr<QTranslator>> files_;
 };
 
