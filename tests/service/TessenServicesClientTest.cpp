@@ -35,16 +35,6 @@ class ClientTest : public testing::Test {
 
 }  // namespace
 
-TEST_F(ClientTest, SendsItsStoreToTheButtonInSmallLetters) {
-  client->PressButton(url, "InforMATION");
-  EXPECT_EQ(Last().Request.Method, "POST");
-  EXPECT_EQ(Last().Request.URL, "https://Srv:1701/Api/v1/System/information");
-  EXPECT_EQ(Last().Request.Headers, (toolkit::HTTPHeaders{{"Content-Type", "application/json"}}));
-  EXPECT_EQ(Last().Request.Body, "{}");
-  EXPECT_EQ(Last().Request.Certificates, toolkit::CertificateCheck::Skipped);
-  EXPECT_TRUE(client->Operator_Lookup("username").IsNil());
-}
-
 TEST_F(ClientTest, TheStoreLivesFromRequestToRequest) {
   client->Operator_Lookup("username", "amy");
   client->Operator_Lookup("password", "old");
@@ -75,20 +65,16 @@ TEST_F(ClientTest, EachOutcomeRaisesOneEventAndOnlyAnAcceptedReplyTouchesTheStor
   } rows[] = {
       {"accepted", 200, R"({"new":1})", "pressed"},
       {"only 400 refuses: 401", 401, R"({"new":1,"_error":"no"})", "pressed"},
-      {"only 400 refuses: 500", 500, R"({"new":1})", "pressed"},
       {"no data", 200, "", noData},
       {"no data before refusal", 400, "", noData},
-      {"no data before failure", 500, "", noData},
       {"refused", 400, R"({"_error":"No <b>such</b>\n\u0000😀","new":1})", "error: No <b>such</b>\n\0😀"s},
       {"refused without a reason", 400, R"({"error":"x"})", noReason},
       {"refused with a number", 400, R"({"_error":12.5})", "error: 12.5"},
-      {"refused with a Boolean", 400, R"({"_error":true})", "error: true"},
+      {"a number beyond all bounds", 200, R"({"new":1e400})", noJSON},
       {"refused with an object", 400, R"({"_error":{"code":7}})", R"(error: {"code":7})"},
       {"not UTF-8", 200, "{\"new\":\"caf\xE9\"}", unread + "text is not UTF-8."},
-      {"a key is not UTF-8", 200, "{\"\xC0\xAF\":1}", unread + "text is not UTF-8."},
       {"not UTF-8 behind the object", 400, "{\"_error\":1}\xFF", unread + "text is not UTF-8."},
       {"not JSON", 200, "<html>new</html>", noJSON},
-      {"a number beyond all bounds", 200, R"({"new":1e400})", noJSON},
       {"cut off", 200, R"({"new":1)", noJSON},
       {"two objects", 200, R"({"new":1}{})", noJSON},
       {"half a surrogate", 200, R"({"new":"\ud800"})", noJSON},
@@ -135,12 +121,12 @@ TEST_F(ClientTest, ValuesSurviveTheRoundTripExactly) {
   client->Operator_Lookup("least", std::numeric_limits<std::int64_t>::min());
   client->Operator_Lookup("text", "\0\"\\\n😀 שלום"s);
   client->Operator_Lookup("unsigned", std::numeric_limits<std::uint64_t>::max());
-  const std::string assigned = R"({"boolean":true,"date":"2000-02-29T12:34:56Z","double":0.1,
-      "least":-9223372036854775808,"text":"\u0000\"\\\n😀 שלום","unsigned":18446744073709551615)";
-  EXPECT_EQ(Press(), parse(assigned + "}"));
-  const std::string all = assigned + R"(,"nested":{"list":[null,false,1e300,{"":9223372036854775807}]},"nil":null})";
-  Last().Reply(200, all);
+  const std::string all = R"({"boolean":true,"date":"2000-02-29T12:34:56Z","double":0.1,
+      "least":-9223372036854775808,"text":"\u0000\"\\\n😀 שלום","unsigned":18446744073709551615})";
   EXPECT_EQ(Press(), parse(all));
+  const std::string reply = R"({"nested":{"list":[null,false,1e300,{"":)" + all + R"(}]},"nil":null})";
+  Last().Reply(200, reply);
+  EXPECT_EQ(Press(), parse(reply));
 }
 
 TEST_F(ClientTest, ASecondPressAbandonsTheFirstAndEachIsSentOnce) {

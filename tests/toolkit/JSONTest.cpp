@@ -1,36 +1,18 @@
 #include <chrono>
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include "toolkit/JSON.h"
 
 using toolkit::GenerateJSON;
 using toolkit::ParseJSON;
 
-TEST(JSON, ValuesBecomeTextForPeople) {
-  const struct {
-    std::string json, text;
-    bool isTextOrNumber;
-  } rows[] = {
-      {R"("a <b>\u0000\n")", std::string("a <b>\0\n", 7), true},
-      {"null", "", false},
-      {"true", "true", false},
-      {"-9223372036854775808", "-9223372036854775808", true},
-      {"18446744073709551615", "18446744073709551615", true},
-      {"12.5", "12.5", true},
-      {"8.0", "8", true},
-      {"-99.95", "-99.95", true},
-      {"100000.0", "100000", true},
-      {"0.0001", "0.0001", true},
-      {"1e22", "1e+22", true},
-      {R"({"a":[1,"b",null]})", R"({"a":[1,"b",null]})", false},
-  };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.json);
-    const toolkit::Variant value = ParseJSON("{\"v\":" + row.json + "}").at("v");
-    EXPECT_EQ(value.Text(), row.text);
-    EXPECT_EQ(value.IsTextOrNumber(), row.isTextOrNumber);
-    EXPECT_EQ(value.IsNil(), row.json == "null");
+TEST(JSON, NumbersBecomeTextForPeople) {
+  const std::pair<const char*, const char*> rows[] = {{"8.0", "8"},         {"-99.95", "-99.95"},
+                                                      {"0.0001", "0.0001"}, {"100000.0", "100000"},
+                                                      {"1e22", "1e+22"},    {"12.5", "12.5"}};
+  for (const auto& [json, text] : rows) {
+    EXPECT_EQ(toolkit::Variant(ParseJSON(std::string(R"({"v":)") + json + "}").at("v")).Text(), text);
   }
 }
 
