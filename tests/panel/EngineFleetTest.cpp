@@ -12,8 +12,6 @@
 namespace panel {
 namespace {
 
-using namespace std::string_literals;
-
 /// An engine with two containers on a Unix socket, which notes what it is asked, and the panel service before it.
 class Engine : public testing::Test {
  protected:
@@ -38,7 +36,7 @@ class Engine : public testing::Test {
   void TearDown() override { Stop(); }
 
   /// The body of the service's reply, or its "_error".
-  std::string Call(const std::string& call, const std::string& container = "", const std::string& count = "0") {
+  std::string Call(const std::string& call, const std::string& container = "", const std::string& count = "") {
     const boost::json::object request{
         {"containerName", container}, {"logCount", count}, {"username", ""}, {"password", ""}};
     return service.Answer("/api/v1/containers/" + call, boost::json::serialize(request)).body;
@@ -51,7 +49,7 @@ class Engine : public testing::Test {
                  {"Id":"11","Names":["/mail"],"State":"exited","Status":"Exited (0) 2 days ago"}])"}},
       {"/images/json",
        {200, R"([{"RepoTags":["localhost/corvane-backup:web-20240501-123456","corvane-backup:web-20231231-235959"]},
-                 {"RepoTags":null},{"RepoTags":["corvane-backup:web-mail-20250101-000000","busybox:latest"]}])"}},
+                 {"RepoTags":null},{"RepoTags":["corvane-backup:web-mail-20250101-000000"]}])"}},
   };
   std::string asked;
   httplib::Server server;
@@ -66,22 +64,13 @@ TEST_F(Engine, ContainersAreListedByNameWithTheirNewestBackup) {
 }
 
 TEST_F(Engine, ActionsAskForTheContainerOfExactlyThatNameAndTellTheAnswer) {
-  const struct {
-    std::string call, path;
-    int status;
-    std::string asked, told;
-  } rows[] = {
-      {"start", "/containers/22/start", 204, "POST /containers/22/start", "web has been started."},
-      {"stop", "/containers/22/stop", 304, "POST /containers/22/stop?t=10", "web is stopped already."},
-      {"stop", "/containers/22/stop", 500, "POST /containers/22/stop?t=10", "The container engine refused: broken"},
-      {"restart", "/containers/22/restart", 204, "POST /containers/22/restart?t=10", "web has been restarted."},
-      {"backup", "/commit", 201, "POST /commit?container=22&repo=corvane-backup&tag=web-2", "web has been backed up"},
-  };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.told);
-    answers[row.path] = {row.status, row.status < 400 ? "" : R"({"message":"broken"})"};
-    EXPECT_NE(Call(row.call, "web").find(":\"" + row.told), std::string::npos);
-    EXPECT_TRUE(asked.starts_with(row.asked)) << asked;
+  const std::pair<int, std::string> rows[] = {{204, R"({"status":"web has been stopped."})"},
+                                              {304, R"({"status":"web is stopped already."})"},
+                                              {500, R"({"_error":"The container engine refused: broken"})"}};
+  for (const auto& [status, reply] : rows) {
+    answers["/containers/22/stop"] = {status, status < 400 ? "" : R"({"message":"broken"})"};
+    EXPECT_EQ(Call("stop", "web"), reply);
+    EXPECT_EQ(asked, "POST /containers/22/stop?t=10");
   }
   for (const std::string name : {"", "22", "we", "../web", "web/alias", "WEB"}) {
     EXPECT_NE(Call("stop", name).find("There is no container named"), std::string::npos) << name;
@@ -93,29 +82,22 @@ TEST_F(Engine, LogLinesComeOutWholeAndInUtf8) {
   const auto frame = [](char output, const std::string& text) {
     return std::string{output, 0, 0, 0, 0, 0, 0, static_cast<char>(text.size())} + text;
   };
-  const struct {
-    const char* facts;
-    std::string log;
-    boost::json::value reply;
-  } rows[] = {
-      {R"({"Config":{"Tty":true}})",
-       "on a\r\n\"terminal\"\\\n",
-       {{"log", {{"0", {"on a"}}, {"1", {"\"terminal\"\\"}}}}}},
-      {R"({"Config":{"Tty":true}})", "€𝄞\xc3(\xff\x01", {{"log", {{"0", {"€𝄞\uFFFD(\uFFFD\u0001"}}}}}},
-      {R"({"Config":{"Tty":false}})",
-       frame(1, "be") + frame(2, "err\n") + frame(1, "gun Zo\xc3") + frame(1, "\xab\n\nx\r\n"),
-       {{"log", {{"0", {"err"}}, {"1", {"begun Zoë"}}, {"2", {""}}, {"3", {"x"}}}}}},
-      {R"({"Config":{"Tty":false}})",
-       frame(1, "whole\n") + frame(1, "x\n").substr(0, 9),
-       {{"_error", "The container engine's log is cut off."}}},
+  const char* const terminal = R"({"Config":{"Tty":true}})";
+  const char* const frames = R"({"Config":{"Tty":false}})";
+  const std::string begun = frame(1, "be") + frame(2, "err\n");
+  const std::tuple<const char*, std::string, std::string> rows[] = {
+      {terminal, "a\r\n\"b\"\\\x01", R"({"log":{"0":["a"],"1":["\"b\"\\\u0001"]}})"},
+      {terminal, "€𝄞\xc3(\xff", R"({"log":{"0":["€𝄞�(�"]}})"},
+      {frames, begun + frame(1, "gun Zo\xc3") + frame(1, "\xab\n\n"),
+       R"({"log":{"0":["err"],"1":["begun Zoë"],"2":[""]}})"},
+      {frames, begun + frame(1, "x\n").substr(0, 9), R"({"_error":"The container engine's log is cut off."})"},
   };
-  for (const auto& row : rows) {
-    answers["/containers/11/json"] = {200, row.facts};
-    answers["/containers/11/logs"] = {200, row.log};
-    EXPECT_EQ(boost::json::parse(Call("logs", "mail")), row.reply);
+  for (const auto& [facts, log, reply] : rows) {
+    answers["/containers/11/json"] = {200, facts};
+    answers["/containers/11/logs"] = {200, log};
+    EXPECT_EQ(Call("logs", "mail", "25"), reply);
+    EXPECT_EQ(asked, "GET /containers/11/logs?stdout=true&stderr=true&timestamps=true&tail=25");
   }
-  Call("logs", "mail", "25");
-  EXPECT_EQ(asked, "GET /containers/11/logs?stdout=true&stderr=true&timestamps=true&tail=25");
 }
 
 TEST_F(Engine, WhenItIsGoneOrTalksNonsenseThatIsARefusal) {

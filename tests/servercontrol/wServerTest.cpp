@@ -131,7 +131,7 @@ TEST_F(ServerWindow, ARebootIsAskedAboutFirst) {
   for (const auto& row : rows) {
     SCOPED_TRACE(&row - rows);
     platform.Requests.clear();
-    platform.Answers = {row.answer};
+    platform.Answer = row.answer;
     platform.WhileMessageStands = [&] {
       EXPECT_THAT(platform.Requests, IsEmpty());
       if (row.closes) window->Close();

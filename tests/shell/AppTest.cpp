@@ -19,18 +19,3 @@ TEST(App, CreatesThePreferenceFolderOnceAndChangesNothingLater) {
   EXPECT_EQ(fs::file_size(folder / "kept"), 9U);
   EXPECT_EQ(std::distance(fs::recursive_directory_iterator(folder.parent_path().parent_path()), {}), 3);
 }
-
-TEST(App, DropsAPendingUpdateAtItsEndAndNotBefore) {
-  HandPlatform platform;
-  App app({1, 0, 0});
-  auto update = std::make_shared<int>();
-  const std::weak_ptr<int> pending = update;
-  app.UpdateInitiater = {update, reinterpret_cast<Kaju::UpdateInitiater*>(update.get())};
-  update.reset();
-  const int status = app.Run([&] {
-    EXPECT_FALSE(pending.expired());
-    toolkit::Quit(4);
-  });
-  EXPECT_EQ(status, 4);
-  EXPECT_TRUE(pending.expired());
-}

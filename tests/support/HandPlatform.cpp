@@ -53,10 +53,6 @@ void SentRequest::Fail(toolkit::TransferFault fault) {
   Tell(std::exchange(events_, nullptr), [&](auto& events) { events.Failed(failure); });
 }
 
-void SentRequest::Abandon() {
-  if (std::exchange(events_, nullptr) != nullptr) abandoned_ = true;
-}
-
 void SentRequest::Tell(toolkit::HTTPTransferEvents* events, const Telling& telling) {
   if (events != nullptr) toolkit::Platform::Current().Dispatch([&] { telling(*events); });
 }
@@ -82,10 +78,7 @@ toolkit::DialogButton HandPlatform::ShowDialog(const toolkit::MessageDialog& dia
   Messages.push_back(dialog.Message);
   LastDialog = dialog;
   if (const auto meanwhile = std::exchange(WhileMessageStands, nullptr)) Dispatch(meanwhile);
-  if (Answers.empty()) return toolkit::DialogButton::Action;
-  const toolkit::DialogButton answer = Answers.front();
-  Answers.pop_front();
-  return answer;
+  return Answer;
 }
 
 bool HandPlatform::OpenURL(const std::string& url) {

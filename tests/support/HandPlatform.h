@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <deque>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -19,10 +18,8 @@ class SentRequest {
       : Request(std::move(request)), events_(&events) {}
 
   const toolkit::HTTPRequest Request;
+  /// Whether it has neither ended nor been abandoned.
   [[nodiscard]] bool IsRunning() const { return events_ != nullptr; }
-  /// Whether the program let go of the transfer before it ended.
-  [[nodiscard]] bool IsAbandoned() const { return abandoned_; }
-
   /// A whole reply.
   void Reply(int status, std::string_view body);
   /// A reply in pieces: these three, the second as often as wanted.
@@ -32,14 +29,13 @@ class SentRequest {
   /// No reply, or no more of it. The failure names the host of the request and port 1701.
   void Fail(toolkit::TransferFault fault);
   /// For the platform: the program let go of the transfer.
-  void Abandon();
+  void Abandon() { events_ = nullptr; }
 
  private:
   using Telling = std::function<void(toolkit::HTTPTransferEvents&)>;
   static void Tell(toolkit::HTTPTransferEvents* events, const Telling& telling);
 
   toolkit::HTTPTransferEvents* events_;
-  bool abandoned_ = false;
 };
 
 /// A platform without screen, network or time: what it is asked for is written down here, and the test plays the world.
@@ -55,8 +51,8 @@ class HandPlatform final : public toolkit::Platform {
   /// The messages of all dialogs, in order, and the last dialog.
   std::vector<std::string> Messages;
   toolkit::MessageDialog LastDialog;
-  /// How the next dialogs are answered, the first one first; further ones with the action button.
-  std::deque<toolkit::DialogButton> Answers;
+  /// How dialogs are answered.
+  toolkit::DialogButton Answer = toolkit::DialogButton::Action;
   /// What happens while the next dialog stands; forgotten then.
   std::function<void()> WhileMessageStands;
   /// The addresses that were to be opened, and whether the desktop can.

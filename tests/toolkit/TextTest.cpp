@@ -18,5 +18,3 @@ TEST(Text, IsUTF8OnlyIfWellFormed) {
   for (const auto& bytes : wellFormed) EXPECT_TRUE(toolkit::IsUTF8("a" + bytes)) << testing::PrintToString(bytes);
   for (const auto& bytes : broken) EXPECT_FALSE(toolkit::IsUTF8("a" + bytes)) << testing::PrintToString(bytes);
 }
-
-TEST(Text, LowersTheLettersAToZOnly) { EXPECT_EQ(toolkit::LowerCase("@AZ[`az{ ÄÖ İI 09"), "@az[`az{ ÄÖ İi 09"); }
