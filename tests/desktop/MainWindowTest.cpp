@@ -163,13 +163,6 @@ class AtDoubleScale : private DoubleScale, public MainWindow {};
 TEST_F(AtDoubleScale, EverythingIsTwiceAsFineAndStandsWhereItDid) {
   const QImage picture = Picture(QApplication::palette());
   EXPECT_EQ(picture.size(), QSize(1200, 1028));
-  QImage banner;
-  const auto encoded = Logo_Banner_600x164()->Encoded();
-  ASSERT_TRUE(banner.loadFromData(reinterpret_cast<const uchar*>(encoded.data()), static_cast<int>(encoded.size())));
-  EXPECT_EQ(banner.size(), QSize(600, 164));
-  for (const QPoint point : {QPoint(5, 5), QPoint(595, 5), QPoint(300, 80), QPoint(5, 155), QPoint(595, 155)}) {
-    EXPECT_NEAR(qGray(picture.pixel(point * 2)), qGray(banner.pixel(point)), 40) << point.x() << " " << point.y();
-  }
   for (const Place& place : places) {
     EXPECT_TRUE(Find(place.name).geometry() == place.designed) << place.name;
     const QRect area(place.designed.topLeft() * 2, place.designed.size() * 2);

@@ -15,8 +15,6 @@ namespace {
 constexpr auto closes = Answer::Then::Close;
 constexpr auto keeps = Answer::Then::Keep;
 constexpr auto resets = Answer::Then::Reset;
-constexpr auto whenReleased = Answer::Start::WhenReleased;
-constexpr auto checked = toolkit::CertificateCheck::Required;
 const std::string chunked = "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n";
 const std::string ten = "HTTP/1.1 200 OK\r\nContent-Length: 10\r\n\r\n";
 
@@ -198,49 +196,39 @@ TEST_F(Transport, AConnectionThatWasClosedWhileIdleIsReplaced) {
 TEST_F(Transport, CertificatesAreCheckedWhereThatIsAskedForOnAKeptConnectionToo) {
   const FaultServer server({{{Reply(200, "{}")}}});
   EXPECT_EQ(Outcome(server.URL()), "page 200 {}");
-  EXPECT_THAT(Outcome(server.URL(), "{}", checked),
+  EXPECT_THAT(Outcome(server.URL(), "{}", toolkit::CertificateCheck::Required),
               StartsWith("error No secure connection (TLS) could be made to the server “127.0.0.1”"));
   EXPECT_THAT(server.Requests(), SizeIs(1));
 }
 
 TEST_F(Transport, NothingIsToldOfATransferThatWasDropped) {
-  for (const std::string when : {"at once", "requested", "sent", "headers", "received", "page", "error"}) {
+  for (const std::string when : {"sent", "headers", "received", "page", "error"}) {
     SCOPED_TRACE(when);
-    const bool isAtRequest = when == "requested";
-    FaultServer server({{{ten, "01234", when == "error" ? "" : "56789"},
-                         when == "error" ? closes : keeps,
-                         isAtRequest ? whenReleased : Answer::Start::AtOnce}});
+    const bool fails = when == "error";
+    const FaultServer server({{{ten, "01234", fails ? "" : "56789"}, fails ? closes : keeps}});
     Exchange exchange(server.URL());
     exchange.OnNote = [&](const std::string& note) {
       EXPECT_TRUE(exchange.Transfer) << note;
       if (note.starts_with(when)) exchange.Transfer.reset();
     };
-    EXPECT_TRUE(!isAtRequest || Until([&] { return server.Requests().size() == 1; }));
-    if (isAtRequest || when == "at once") exchange.Transfer.reset();
     EXPECT_TRUE(Until([&] { return !exchange.Transfer; }));
-    server.Release();
     QTest::qWait(100);
     EXPECT_THAT(server.Requests(), SizeIs(Le(1U)));
   }
 }
 
 TEST_F(Transport, ManyRequestsAreUnderWayAtOnce) {
-  std::set<std::string> wanted;
-  FaultServer server({{{Reply(200, "{}")}, keeps, whenReleased}});
-  std::vector<std::unique_ptr<Exchange>> exchanges;
-  for (int number = 0; number < 20; ++number) {
-    wanted.insert(std::to_string(number));
-    exchanges.push_back(std::make_unique<Exchange>(server.URL(), std::to_string(number)));
-  }
-  EXPECT_TRUE(Until([&] { return server.Requests().size() == wanted.size(); })) << server.Requests().size();
-  server.Release();
-  for (const auto& exchange : exchanges) {
-    EXPECT_TRUE(Until([&] { return exchange->IsOver(); }));
-    EXPECT_EQ(exchange->Notes.back(), "page 200 {}");
-  }
+  FaultServer server({{{Reply(200, "{}")}, keeps, Answer::Start::WhenReleased}});
   std::set<std::string> bodies;
+  std::vector<std::unique_ptr<Exchange>> exchanges;
+  for (char body = 'a'; body < 'u'; ++body) {
+    exchanges.push_back(std::make_unique<Exchange>(server.URL(), std::string(1, body)));
+  }
+  EXPECT_TRUE(Until([&] { return server.Requests().size() == exchanges.size(); })) << server.Requests().size();
   for (const std::string& request : server.Requests()) bodies.insert(BodyOf(request));
-  EXPECT_EQ(bodies, wanted);
+  EXPECT_EQ(bodies.size(), exchanges.size());
+  server.Release();
+  for (const auto& exchange : exchanges) EXPECT_TRUE(Until([&] { return exchange->IsOver(); }));
 }
 
 }  // namespace
