@@ -3,21 +3,9 @@
 #include <algorithm>
 
 #include <QApplication>
-#include <QDeadlineTimer>
 #include <QDialog>
 #include <QPlainTextEdit>
 #include <QWindow>
-
-bool Desktop::Until(const std::function<bool()>& isSo) {
-  const QDeadlineTimer deadline(10'000);
-  QTimer awake;
-  awake.start(2);
-  while (!isSo()) {
-    if (deadline.hasExpired()) return false;
-    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-  }
-  return true;
-}
 
 QWidget& Desktop::Open(const std::shared_ptr<toolkit::Window>& window) {
   window->Show();

@@ -21,7 +21,7 @@ class QDialog;
 class Desktop : public testing::Test {
  protected:
   /// Runs the event loop until `isSo`, for ten seconds at most. Returns whether it came to be so.
-  static bool Until(const std::function<bool()>& isSo);
+  static bool Until(const std::function<bool()>& isSo) { return QTest::qWaitFor(isSo, 10'000); }
   /// Shows `window` and waits until the keyboard belongs to it.
   static QWidget& Open(const std::shared_ptr<toolkit::Window>& window);
   /// The widget of that object name in any window, of the type asked for. Throws if there is none.

@@ -2,7 +2,6 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
-#include <QDialog>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <gmock/gmock.h>
@@ -117,21 +116,6 @@ TEST_F(MainWindow, TypingAndClickingAddsTheServerThatAnswers) {
   ClickAt(*list.viewport(), list.visualRect(list.model()->index(0, 1)).center());
   Press(Qt::Key_Return);
   EXPECT_THAT(opened, ElementsAre("Web & co"));
-}
-
-TEST_F(MainWindow, WhatGoesWrongIsShownAndTheFormStays) {
-  BoxReader reader;
-  Click(Find("btnAddServer"));
-  const FaultServer server({{{Reply(400, R"({"_error":"<b>Wrong</b> &amp; bad\nuser"})")}}});
-  Fill(server);
-  Find("btnAddServer").setFocus();
-  Press(Qt::Key_Space);
-  ASSERT_TRUE(Until([&] { return reader.Texts.size() == 2; }));
-  EXPECT_THAT(reader.Texts,
-              ElementsAre("You must provide your server hostname to continue.", "<b>Wrong</b> &amp; bad\nuser"));
-  EXPECT_EQ(TextOf("txtPassword"), "s3cret");
-  EXPECT_THAT(server.Requests(), SizeIs(1));
-  EXPECT_EQ(main->listServers.ListCount(), 0);
 }
 
 TEST_F(MainWindow, EverythingCanBeReadOnADarkDesktop) {

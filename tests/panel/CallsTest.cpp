@@ -36,14 +36,12 @@ TEST_F(Calls, EachAnswersWithItsMembersAndIgnoresUnknownOnes) {
 
 TEST_F(Calls, RefusalsSayWhyAndChangeNothing) {
   const std::string wrong = "The username or the password is wrong.";
-  const std::string noNumber = "The number of log lines is no number.";
   const std::vector<std::tuple<std::string, json::object, std::string>> rows{
       {"containers/stop", {{"password", "S3cret"}, {"containerName", "web"}}, wrong},
       {"containers/stop", {{"username", "bob"}, {"containerName", "web"}}, wrong},
       {"containers/stop", {{"password", nullptr}, {"containerName", "web"}}, wrong},
       {"containers/stop", {{"containerName", "Web"}}, "There is no container named \"Web\"."},
-      {"containers/logs", {{"containerName", "web"}, {"logCount", "7x"}}, noNumber},
-      {"containers/logs", {{"containerName", "web"}, {"logCount", "9223372036854775808"}}, noNumber},
+      {"containers/logs", {{"containerName", "web"}, {"logCount", "7x"}}, "The number of log lines is no number."},
       {"system/stop", {{"containerName", "web"}}, "There is no such call."},
   };
   for (const auto& [call, members, error] : rows) {

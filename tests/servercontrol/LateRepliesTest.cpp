@@ -26,13 +26,11 @@ TEST_F(LateReplies, OnlyTheSecondOfTwoPressesCounts) {
   Press(&wServer::btn_containers_start);
   SentRequest& start = Sent("containers/start");
   EXPECT_FALSE(first.IsRunning());
-  EXPECT_TRUE(start.IsRunning());
   EXPECT_EQ(Body(Sent("containers/stop")).at("containerName"), "db");
   first.Reply(200, R"({"status":"first"})");
   EXPECT_EQ(window->list_containers.ListIndex(), 1);
   Sent("containers/stop").Reply(200, R"({"status":"second"})");
   SentRequest& list = Sent("containers/list");
-  EXPECT_TRUE(list.IsRunning());
   start.Reply(200, R"({"status":"third"})");
   EXPECT_THAT(platform.Messages, ElementsAre("second", "third"));
   EXPECT_FALSE(list.IsRunning());

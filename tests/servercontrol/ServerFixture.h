@@ -5,10 +5,7 @@
 #include <string>
 #include <vector>
 
-#include <boost/json/array.hpp>
-#include <boost/json/object.hpp>
-#include <boost/json/parse.hpp>
-#include <boost/json/serialize.hpp>
+#include <boost/json.hpp>
 #include <gmock/gmock.h>
 
 #include "servercontrol/wServer.h"

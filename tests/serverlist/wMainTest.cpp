@@ -1,5 +1,4 @@
-#include <boost/json/parse.hpp>
-#include <boost/json/serialize.hpp>
+#include <boost/json.hpp>
 #include <gmock/gmock.h>
 
 #include "serverlist/CorvaneClient.h"

@@ -87,17 +87,12 @@ TEST(Controls, ObeyTheUserOnlyWhileEnabledAndVisible) {
 }
 
 TEST(Listbox, LaysOutColumnsAsAsked) {
-  const struct {
-    const char* widths;
-    int available;
-    std::vector<int> expected;
-  } rows[] = {
+  const std::tuple<const char*, int, std::vector<int>> rows[] = {
       {"200,150,400", 600, {200, 150, 400}}, {"200,*", 150, {200, 0}},   {"200, 100, 200, 200", 900, {200, 100}},
       {"200, *", 600, {200, 200, 200}},      {"", 600, {200, 200, 200}}, {"*,*,*", 100, {33, 33, 34}},
       {"abc,,50", 300, {125, 125, 50}},      {"-5,*", 100, {0, 100}},
   };
-  for (const auto& row : rows) {
-    const int count = static_cast<int>(row.expected.size());
-    EXPECT_EQ(toolkit::LayOutColumns(row.widths, count, row.available), row.expected) << row.widths;
+  for (const auto& [widths, available, expected] : rows) {
+    EXPECT_EQ(toolkit::LayOutColumns(widths, static_cast<int>(expected.size()), available), expected) << widths;
   }
 }
