@@ -22,7 +22,9 @@ class Counter final : public Kaju::UpdatePresenter {
       static_cast<void>(offer->IsValid());
       const Kaju::UpdateInformation again(offer->ToJSON());
       Require(again.ToJSON() == offer->ToJSON(), "a record that is written is read back the same");
-      for (const auto& [name, binary] : offer->Binaries()) static_cast<void>(binary->HasUsableFileName());
+      for (const auto& binary : offer->Binaries()) {
+        if (binary) static_cast<void>(binary->HasUsableFileName());
+      }
     }
   }
 };

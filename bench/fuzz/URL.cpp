@@ -12,6 +12,6 @@ void FuzzOne(std::string_view input) {
   Require(socket.Get(std::string(input), 5) == "x", "a request is sent");
   const std::string& url = platform.LastRequest().Request.URL;
   Require(url.starts_with(socket.Secure ? "https://" : "http://"), "the scheme follows the connection");
-  const bool isLogin = input.starts_with("http://u:s3cret@") && input.find_first_of("\r\n") == std::string_view::npos;
-  Require(!isLogin || !url.starts_with("http://u:"), "credentials do not stay in the address");
+  const bool isLogin = input.starts_with("http://u:s3cret@") && input.find("s3cret", 15) == std::string_view::npos;
+  Require(!isLogin || url.find("s3cret") == std::string::npos, "credentials do not stay in the address");
 }

@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <iconv.h>
 
+#include "toolkit/Text.h"
+
 namespace toolkit {
 namespace {
 
@@ -64,7 +66,7 @@ std::optional<std::string> ConvertToUTF8(std::string_view bytes, std::string_vie
   if (!IsPlainName(characterSet)) return std::nullopt;
   Converter converter{std::string(characterSet)};
   if (!converter.IsKnown()) return std::nullopt;
-  return converter.Convert(bytes);
+  return RepairUTF8(converter.Convert(bytes));  // iconv lets through what is beyond Unicode
 }
 
 }  // namespace toolkit

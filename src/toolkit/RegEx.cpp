@@ -2,6 +2,7 @@
 
 #include "toolkit/RegEx.h"
 
+#include <algorithm>
 #include <array>
 #include <pcre2.h>
 #include <string>
@@ -56,13 +57,12 @@ std::optional<RegExMatch> RegEx::Search(std::string_view subject) const {
   const int count = Match(subject);
   if (count <= 0) return std::nullopt;
   const PCRE2_SIZE* places = pcre2_get_ovector_pointer(compiled_->Result.get());
-  std::vector<std::string_view> found(static_cast<std::size_t>(count));
-  for (std::string_view& part : found) {
-    const PCRE2_SIZE start = *places++;
-    const PCRE2_SIZE end = *places++;
-    if (start != PCRE2_UNSET) part = subject.substr(start, end - start);
+  RegExMatch::SubExpressions found;
+  for (std::size_t index = 0; index < std::min(found.size(), static_cast<std::size_t>(count)); ++index) {
+    const PCRE2_SIZE start = places[2 * index];
+    if (start != PCRE2_UNSET) found[index] = subject.substr(start, places[2 * index + 1] - start);
   }
-  return RegExMatch(std::move(found));
+  return RegExMatch(found);
 }
 
 bool RegEx::IsIn(std::string_view subject) const { return Match(subject) > 0; }

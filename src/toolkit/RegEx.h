@@ -1,27 +1,26 @@
 #pragma once
 
+#include <array>
 #include <memory>
 #include <optional>
 #include <string_view>
-#include <vector>
 
 namespace toolkit {
 
-/// What a search found: the whole match as subexpression 0, then the groups of the pattern. The texts refer to the
-/// subject that was searched.
+/// What a search found: the whole match as subexpression 0, then the first four groups of the pattern. The texts refer
+/// to the subject that was searched.
 class RegExMatch {
  public:
-  explicit RegExMatch(std::vector<std::string_view> subExpressions) : subExpressions_(std::move(subExpressions)) {}
+  /// The match and its first groups; of those that took no part, empty texts.
+  static constexpr std::size_t MostSubExpressions = 5;
+  using SubExpressions = std::array<std::string_view, MostSubExpressions>;
 
-  /// One more than the number of the last group that took part in the match.
-  [[nodiscard]] std::size_t SubExpressionCount() const { return subExpressions_.size(); }
-  /// Empty for a group that took no part.
-  [[nodiscard]] std::string_view SubExpression(std::size_t index) const {
-    return index < subExpressions_.size() ? subExpressions_[index] : std::string_view();
-  }
+  explicit RegExMatch(const SubExpressions& subExpressions) : subExpressions_(subExpressions) {}
+
+  [[nodiscard]] std::string_view SubExpression(std::size_t index) const { return subExpressions_.at(index); }
 
  private:
-  std::vector<std::string_view> subExpressions_;
+  SubExpressions subExpressions_;
 };
 
 /// A regular expression of the Perl kind (PCRE2), compiled once and searched for many times. Letters match in either

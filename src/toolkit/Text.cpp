@@ -63,6 +63,17 @@ bool IsUTF8(std::string_view bytes) {
   return true;
 }
 
+std::string RepairUTF8(std::string_view bytes) {
+  std::string repaired;
+  repaired.reserve(bytes.size());
+  while (!bytes.empty()) {
+    const std::size_t length = SequenceLength(bytes);
+    repaired += length == 0 ? "\xEF\xBF\xBD" : bytes.substr(0, length);
+    bytes.remove_prefix(std::max<std::size_t>(length, 1));
+  }
+  return repaired;
+}
+
 std::string LowerCase(std::string_view text) {
   std::string lower(text);
   std::transform(lower.begin(), lower.end(), lower.begin(), LowerCaseLetter);

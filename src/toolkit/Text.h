@@ -9,6 +9,9 @@ namespace toolkit {
 /// Whether `bytes` are well-formed UTF-8 (RFC 3629): no overlong form, no surrogate, nothing cut off.
 [[nodiscard]] bool IsUTF8(std::string_view bytes);
 
+/// `bytes` with each byte that is no part of a character in UTF-8 replaced by U+FFFD.
+[[nodiscard]] std::string RepairUTF8(std::string_view bytes);
+
 /// `text` with the letters A to Z made small; every other character stays, whatever the user's locale.
 [[nodiscard]] std::string LowerCase(std::string_view text);
 

@@ -3,29 +3,9 @@
 #include <algorithm>
 
 #include <QApplication>
-#include <QDeadlineTimer>
 #include <QDialog>
 #include <QPlainTextEdit>
 #include <QWindow>
-
-namespace {
-
-void PressIn(const QWidget& window, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-  QTest::keyClick(window.windowHandle(), key, modifiers);
-}
-
-}  // namespace
-
-bool Desktop::Until(const std::function<bool()>& isSo) {
-  const QDeadlineTimer deadline(10'000);
-  QTimer awake;
-  awake.start(2);
-  while (!isSo()) {
-    if (deadline.hasExpired()) return false;
-    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-  }
-  return true;
-}
 
 QWidget& Desktop::Open(const std::shared_ptr<toolkit::Window>& window) {
   window->Show();
@@ -45,18 +25,23 @@ void Desktop::ClickAt(const QWidget& widget, QPoint place) {
 }
 
 void Desktop::Press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
-  PressIn(*QApplication::activeWindow(), key, modifiers);
+  QTest::keyClick(QApplication::activeWindow()->windowHandle(), key, modifiers);
 }
 
-void Desktop::TypeInto(const QString& name, const char* text) {
-  QWidget& field = Find(name);
-  Click(field);
+std::string Desktop::Focused() { return QApplication::focusWidget()->objectName().toStdString(); }
+
+void Desktop::Type(const std::string& text) {
+  for (const char letter : text) QTest::keyClick(QApplication::activeWindow()->windowHandle(), letter);
+}
+
+void Desktop::TypeInto(const QString& name, const std::string& text) {
+  Click(Find(name));
   Press(Qt::Key_A, Qt::ControlModifier);
-  for (const char* letter = text; *letter != '\0'; ++letter) QTest::keyClick(field.window()->windowHandle(), *letter);
+  Type(text);
 }
 
 BoxReader::BoxReader(std::function<void(QDialog&)> act) : act_(std::move(act)) {
-  if (!act_) act_ = [](const QDialog& box) { PressIn(box, Qt::Key_Return); };
+  if (!act_) act_ = [](const QDialog& box) { QTest::keyClick(box.windowHandle(), Qt::Key_Return); };
   QObject::connect(&timer_, &QTimer::timeout, [this] { Look(); });
   timer_.start(5);
 }
@@ -75,18 +60,6 @@ void BoxReader::Look() {
   newBox->setProperty("read", true);
   Texts.push_back(newBox->findChild<QPlainTextEdit*>()->toPlainText().toStdString());
   QTimer::singleShot(20, newBox, [this, newBox] { act_(*newBox); });
-}
-
-int Contrast(const QImage& image) {
-  int darkest = 255;
-  int brightest = 0;
-  for (int y = 0; y < image.height(); ++y) {
-    for (int x = 0; x < image.width(); ++x) {
-      darkest = std::min(darkest, qGray(image.pixel(x, y)));
-      brightest = std::max(brightest, qGray(image.pixel(x, y)));
-    }
-  }
-  return std::max(brightest - darkest, 0);
 }
 
 int InkWidth(const QImage& image) {

@@ -21,7 +21,7 @@ class QDialog;
 class Desktop : public testing::Test {
  protected:
   /// Runs the event loop until `isSo`, for ten seconds at most. Returns whether it came to be so.
-  static bool Until(const std::function<bool()>& isSo);
+  static bool Until(const std::function<bool()>& isSo) { return QTest::qWaitFor(isSo, 10'000); }
   /// Shows `window` and waits until the keyboard belongs to it.
   static QWidget& Open(const std::shared_ptr<toolkit::Window>& window);
   /// The widget of that object name in any window, of the type asked for. Throws if there is none.
@@ -36,8 +36,12 @@ class Desktop : public testing::Test {
   static void ClickAt(const QWidget& widget, QPoint place);
   /// Presses a key in the active window.
   static void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
-  /// Clicks the text field of that name and types ASCII text over what it holds.
-  static void TypeInto(const QString& name, const char* text);
+  /// The name of the widget that has the keyboard.
+  static std::string Focused();
+  /// Types ASCII text where the keyboard is; "\b" is the backspace key.
+  static void Type(const std::string& text);
+  /// Clicks the text field of that name and types over what it holds.
+  static void TypeInto(const QString& name, const std::string& text);
 
   int argumentCount = 1;
   std::string programName = "desktop-tests";
@@ -67,7 +71,5 @@ class BoxReader {
   QTimer timer_;
 };
 
-/// The difference in brightness, 0 to 255, between the darkest and the brightest pixel.
-[[nodiscard]] int Contrast(const QImage& image);
 /// How many pixels there are from the first to the last column that is not as the right edge.
 [[nodiscard]] int InkWidth(const QImage& image);

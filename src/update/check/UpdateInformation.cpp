@@ -44,10 +44,26 @@ std::string PlatformWord(std::string_view binaryName) {
   throw KajuException("Unknown platform", "Kaju.UpdateInformation.IsInvalid");
 }
 
-std::string_view BinaryName(System system, Width width) {
-  if (system == System::Mac) return "MacBinary";
-  if (system == System::Windows) return width == Width::Bits64 ? "WindowsBinary64bit" : "WindowsBinary";
-  return width == Width::Bits64 ? "LinuxBinary64bit" : "LinuxBinary";
+/// Where a name stands in BinaryNames.
+std::size_t IndexOf(std::string_view name) {
+  const auto* const known = std::ranges::find(UpdateInformation::BinaryNames, name);
+  if (known == UpdateInformation::BinaryNames.end()) {
+    throw toolkit::KeyNotFoundException("There is no file " + std::string(name) + ".");
+  }
+  return static_cast<std::size_t>(known - UpdateInformation::BinaryNames.begin());
+}
+
+std::size_t IndexOf(BuildTarget target) {
+  const bool isWide = target.Bits == Width::Bits64;
+  switch (target.Platform) {
+    case System::Mac:
+      return IndexOf("MacBinary");
+    case System::Windows:
+      return IndexOf(isWide ? "WindowsBinary64bit" : "WindowsBinary");
+    case System::Linux:
+      return IndexOf(isWide ? "LinuxBinary64bit" : "LinuxBinary");
+  }
+  throw KajuException("Unknown platform", "Kaju.UpdateInformation.PlatformBinary");
 }
 
 std::shared_ptr<const toolkit::Picture> FetchPicture(const std::string& url) {
@@ -66,17 +82,19 @@ std::shared_ptr<const toolkit::Picture> FetchPicture(const std::string& url) {
 UpdateInformation::UpdateInformation(const toolkit::JSONItem& data) {
   JSONToProperties<UpdateInformation>(data, properties, *this);
   const boost::json::object& members = RequireObject(data);
-  for (const std::string_view name : BinaryNames) {
-    const toolkit::JSONItem* binary = members.if_contains(name);
+  for (std::size_t index = 0; index < mBinaries.size(); ++index) {
+    const toolkit::JSONItem* binary = members.if_contains(BinaryNames[index]);
     if (binary == nullptr) continue;
-    mBinaries[name] = std::make_shared<BinaryInformation>(BinaryNeedsExecutableName(name), *binary);
+    mBinaries[index] = std::make_shared<BinaryInformation>(BinaryNeedsExecutableName(BinaryNames[index]), *binary);
   }
 }
 
 // The picture never changes, so the copy shares it.
 UpdateInformation::UpdateInformation(const UpdateInformation& other) : Information(other), mImage(other.mImage) {
   for (const Row& row : properties) std::visit([&](auto member) { this->*member = other.*member; }, row.Member);
-  for (const auto& [name, binary] : other.mBinaries) mBinaries[name] = std::make_shared<BinaryInformation>(*binary);
+  std::ranges::transform(other.mBinaries, mBinaries.begin(), [](const BinaryPointer& binary) {
+    return binary ? std::make_shared<BinaryInformation>(*binary) : nullptr;
+  });
 }
 
 int UpdateInformation::StageCode() const {
@@ -94,11 +112,11 @@ std::shared_ptr<const toolkit::Picture> UpdateInformation::Image() const {
 }
 
 UpdateInformation::BinaryPointer UpdateInformation::PlatformBinary32bit(System system) const {
-  return Find(BinaryName(system, Width::Bits32));
+  return mBinaries.at(IndexOf({system, Width::Bits32}));
 }
 
 UpdateInformation::BinaryPointer UpdateInformation::PlatformBinary64bit(System system) const {
-  return Find(BinaryName(system, Width::Bits64));
+  return mBinaries.at(IndexOf({system, Width::Bits64}));
 }
 
 UpdateInformation::BinaryPointer UpdateInformation::PlatformBinaryAny(System system) const {
@@ -107,21 +125,16 @@ UpdateInformation::BinaryPointer UpdateInformation::PlatformBinaryAny(System sys
 }
 
 UpdateInformation::BinaryPointer UpdateInformation::PlatformBinarySameBitness(BuildTarget target) const {
-  return Find(BinaryName(target.Platform, target.Bits));
+  return mBinaries.at(IndexOf(target));
 }
 
 UpdateInformation::BinaryPointer UpdateInformation::FetchBinary(std::string_view name) {
-  const auto* const known = std::ranges::find(BinaryNames, name);
-  if (known == BinaryNames.end()) throw toolkit::KeyNotFoundException("There is no file " + std::string(name) + ".");
-  BinaryPointer& binary = mBinaries[*known];
+  BinaryPointer& binary = mBinaries.at(IndexOf(name));
   if (!binary) binary = std::make_shared<BinaryInformation>(BinaryNeedsExecutableName(name));
   return binary;
 }
 
-UpdateInformation::BinaryPointer UpdateInformation::Find(std::string_view name) const {
-  const auto place = mBinaries.find(name);
-  return place == mBinaries.end() ? nullptr : place->second;
-}
+void UpdateInformation::RemoveBinary(std::string_view name) { mBinaries.at(IndexOf(name)) = nullptr; }
 
 toolkit::Variant UpdateInformation::GetByName(std::string_view name) const {
   if (name == "StageCode") return toolkit::JSONItem(StageCode());
@@ -142,8 +155,8 @@ void UpdateInformation::SetByName(std::string_view name, const toolkit::JSONItem
 
 toolkit::JSONItem UpdateInformation::ConvertToJSON() const {
   toolkit::JSONItem json = PropertiesToJSON<UpdateInformation>(properties, *this);
-  for (const std::string_view name : BinaryNames) {
-    if (const BinaryPointer binary = Find(name)) json.get_object()[name] = binary->ToJSON();
+  for (std::size_t index = 0; index < mBinaries.size(); ++index) {
+    if (mBinaries[index]) json.get_object()[BinaryNames[index]] = mBinaries[index]->ToJSON();
   }
   return json;
 }
@@ -159,10 +172,11 @@ bool UpdateInformation::Event_IsInvalid(std::string& reason) const {
     reason = KajuLocale::kMissingAppNameReason();
     return true;
   }
-  for (const std::string_view name : BinaryNames) {
-    const BinaryPointer binary = Find(name);
+  for (std::size_t index = 0; index < mBinaries.size(); ++index) {
+    const BinaryPointer& binary = mBinaries[index];
     if (!binary || binary->IsValid()) continue;
-    reason = PlatformWord(name) + " " + KajuLocale::kBinaryInfoInvalidReason() + ": " + binary->InvalidReason();
+    reason = PlatformWord(BinaryNames[index]) + " " + KajuLocale::kBinaryInfoInvalidReason() + ": " +
+             binary->InvalidReason();
     return true;
   }
   return false;

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -57,12 +56,13 @@ class UpdateInformation final : public Information {
   [[nodiscard]] BinaryPointer PlatformBinaryAny(System system = BuildTarget::Running().Platform) const;
   [[nodiscard]] BinaryPointer PlatformBinarySameBitness(BuildTarget target = BuildTarget::Running()) const;
 
-  /// The files by their keys.
-  [[nodiscard]] const std::map<std::string_view, BinaryPointer>& Binaries() const { return mBinaries; }
+  /// The files in the order of BinaryNames; nullptr for those that are not there.
+  [[nodiscard]] const std::array<BinaryPointer, 5>& Binaries() const { return mBinaries; }
   /// The file of one of BinaryNames; a missing one is made, and is empty. Throws a toolkit::KeyNotFoundException for
   /// another name.
   BinaryPointer FetchBinary(std::string_view name);
-  void RemoveBinary(std::string_view name) { mBinaries.erase(name); }
+  /// As FetchBinary(), but the file is not there afterwards.
+  void RemoveBinary(std::string_view name);
 
   /// A stored property by its name, or one of "StageCode" and "VersionAsDouble". Throws a toolkit::KeyNotFoundException
   /// for another name.
@@ -78,9 +78,7 @@ class UpdateInformation final : public Information {
   bool Event_IsInvalid(std::string& reason) const override;
 
  private:
-  [[nodiscard]] BinaryPointer Find(std::string_view name) const;
-
-  std::map<std::string_view, BinaryPointer> mBinaries;  // the keys are entries of BinaryNames
+  std::array<BinaryPointer, BinaryNames.size()> mBinaries;
   mutable std::shared_ptr<const toolkit::Picture> mImage;
 };
 

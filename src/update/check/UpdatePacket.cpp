@@ -12,10 +12,10 @@ constexpr std::string_view marker = "KAJU ";
 }  // namespace
 
 UpdatePacket SeparatePacket(std::string_view data) {
-  static const toolkit::RegEx form(R"(\A([^\r\n]*)\R([\s\S]*)\z)");
-  const auto match = form.Search(data);
+  static const toolkit::RegEx firstLine(R"(\A([^\r\n]*)\R)");
+  const auto match = firstLine.Search(data);
   if (!match) return {.SignatureLine = data, .Payload = {}};
-  return {.SignatureLine = match->SubExpression(1), .Payload = match->SubExpression(2)};
+  return {.SignatureLine = match->SubExpression(1), .Payload = data.substr(match->SubExpression(0).size())};
 }
 
 PacketVerdict VerifyPacket(const UpdatePacket& packet, std::string_view publicKey) {

@@ -1,7 +1,9 @@
 #include "update/check/Versions.h"
 
+#include <algorithm>
 #include <array>
-#include <cstdlib>
+#include <charconv>
+#include <limits>
 
 #include "toolkit/Application.h"
 #include "toolkit/RegEx.h"
@@ -14,7 +16,11 @@ namespace {
 constexpr int finalStage = 3;
 
 /// The number that the digits stand for; 0 if there are none.
-double Val(std::string_view digits) { return std::strtod(std::string(digits).c_str(), nullptr); }
+double Val(std::string_view digits) {
+  double value = 0;
+  const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+  return read.ec == std::errc::result_out_of_range ? std::numeric_limits<double>::infinity() : value;
+}
 
 /// The first three of the numbers between the points, those that are missing empty.
 std::array<std::string_view, 3> SplitNumbers(std::string_view dotted) {

@@ -1,17 +1,20 @@
-#include <ctime>
+#include <fstream>
+#include <iterator>
 
 #include <QAbstractItemView>
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
 #include <QHelpEvent>
-#include <QScrollBar>
+#include <QLabel>
+#include <QTemporaryDir>
 #include <QTextDocument>
 #include <QToolTip>
-#include <gmock/gmock.h>
 
 #include "tests/desktop/Desktop.h"
 #include "toolkit/Listbox.h"
+#include "toolkit/RuntimeException.h"
+#include "toolkit/qt/ListExport.h"
 
 namespace {
 
@@ -28,22 +31,13 @@ class ListOnScreen : public Desktop {
   ListOnScreen() {
     list.Change = [this] { log.push_back("change " + std::to_string(list.ListIndex())); };
     list.DoubleClick = [this] { log.push_back("open " + std::to_string(list.ListIndex())); };
-    QApplication::clipboard()->setText("untouched");
   }
-  void Add(std::initializer_list<std::string> cells, int times = 1) {
-    for (int row = 0; row < times; ++row) list.AddRow(cells);
+  void AddRows(int count, std::initializer_list<std::string> cells) {
+    for (int row = 0; row < count; ++row) list.AddRow(cells);
     EXPECT_TRUE(Until([&] { return view.model()->rowCount() == list.ListCount(); }));
   }
   [[nodiscard]] QRect Cell(int row, int column) const { return view.visualRect(view.model()->index(row, column)); }
   [[nodiscard]] int Ink(const QRect& area) const { return InkWidth(view.viewport()->grab(area).toImage()); }
-  /// What the CPU spends on `work` and on painting what came of it, in milliseconds.
-  double Cost(const std::function<void()>& work) {
-    const std::clock_t start = std::clock();
-    work();
-    QTest::qWait(10);
-    window.grab();
-    return 1000.0 * static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
-  }
 
   std::shared_ptr<ListWindow> model = std::make_shared<ListWindow>();
   toolkit::Listbox& list = model->List;
@@ -53,14 +47,13 @@ class ListOnScreen : public Desktop {
 };
 
 TEST_F(ListOnScreen, MouseAndKeysDoWhatTheUserMeans) {
-  Add({"a", "<i>&amp;\x1B[1m", "c"}, 5);
-  const auto click = [&](QPoint place) { ClickAt(*view.viewport(), place); };
-  const auto doubleClick = [&](Qt::MouseButton button) {
-    QTest::mouseDClick(window.windowHandle(), button, {}, view.viewport()->mapTo(&window, Cell(1, 2).center()));
+  AddRows(5, {"a", "<i>&amp;\x1B[1m", "c"});
+  const auto click = [this](QPoint place) { return [=, this] { ClickAt(*view.viewport(), place); }; };
+  const auto key = [](Qt::Key pressed, Qt::KeyboardModifier modifier = Qt::NoModifier) {
+    return [=] { Press(pressed, modifier); };
   };
-  const auto copy = [&] {
-    Press(Qt::Key_C, Qt::ControlModifier);
-    log.push_back(QApplication::clipboard()->text().toStdString());
+  const auto doubleClick = [this] {
+    QTest::mouseDClick(window.windowHandle(), Qt::LeftButton, {}, view.viewport()->mapTo(&window, Cell(1, 2).center()));
   };
   const struct {
     const char* what;
@@ -68,42 +61,21 @@ TEST_F(ListOnScreen, MouseAndKeysDoWhatTheUserMeans) {
     std::function<void()> act;
     std::vector<std::string> expected;
   } rows[] = {
-      {"copy without a row", -1, copy, {"untouched"}},
-      {"copy", 1, copy, {"a\t<i>&amp;\x1B[1m\tc"}},
-      {"click", -1, [&] { click(Cell(2, 1).center()); }, {"change 2"}},
-      {"click the selected row", 2, [&] { click(Cell(2, 0).center()); }, {}},
-      {"click beside the rows",
-       2,
-       [&] {
-         click({50, 200});
-       },
-       {"change -1"}},
-      {"double click", -1, [&] { doubleClick(Qt::LeftButton); }, {"change 1", "open 1"}},
-      {"double click, right",
-       1,
-       [&] {
-         doubleClick(Qt::RightButton);
-         if (QWidget* menu = QApplication::activePopupWidget()) menu->close();
-         window.activateWindow();
-         QTest::qWait(5);
-       },
-       {}},
-      {"Return", 1, [] { Press(Qt::Key_Return); }, {"open 1"}},
-      {"Enter", 1, [] { Press(Qt::Key_Enter, Qt::KeypadModifier); }, {"open 1"}},
-      {"Return without a row", -1, [] { Press(Qt::Key_Return); }, {}},
-      {"Down", 1, [] { Press(Qt::Key_Down); }, {"change 2"}},
-      {"Up", 1, [] { Press(Qt::Key_Up); }, {"change 0"}},
-      {"Up at the top", 0, [] { Press(Qt::Key_Up); }, {}},
-      {"Down without a row", -1, [] { Press(Qt::Key_Down); }, {"change 0"}},
-      {"End", 0, [] { Press(Qt::Key_End); }, {"change 4"}},
-      {"Home", 3, [] { Press(Qt::Key_Home); }, {"change 0"}},
-      {"page down", 0, [] { Press(Qt::Key_PageDown); }, {"change 4"}},
-      {"page up", 4, [] { Press(Qt::Key_PageUp); }, {"change 0"}},
-      {"select all", 1, [] { Press(Qt::Key_A, Qt::ControlModifier); }, {}},
-      {"rows removed",
-       1,
-       [&] { list.DeleteAllRows(), QTest::qWait(30), copy(); },
-       {"change -1", "a\t<i>&amp;\x1B[1m\tc"}},
+      {"click", -1, click(Cell(2, 1).center()), {"change 2"}},
+      {"click the selected row", 2, click(Cell(2, 0).center()), {}},
+      {"click beside the rows", 2, click({50, 200}), {"change -1"}},
+      {"double click", -1, doubleClick, {"change 1", "open 1"}},
+      {"Return", 1, key(Qt::Key_Return), {"open 1"}},
+      {"Enter", 1, key(Qt::Key_Enter, Qt::KeypadModifier), {"open 1"}},
+      {"Return without a row", -1, key(Qt::Key_Return), {}},
+      {"Down", 1, key(Qt::Key_Down), {"change 2"}},
+      {"Up at the top", 0, key(Qt::Key_Up), {}},
+      {"Down without a row", -1, key(Qt::Key_Down), {"change 0"}},
+      {"End", 0, key(Qt::Key_End), {"change 4"}},
+      {"select all", 1, key(Qt::Key_A, Qt::ControlModifier), {}},
+      {"copy", 1, key(Qt::Key_C, Qt::ControlModifier), {}},
+      {"rows removed", 1, [this] { list.DeleteAllRows(); }, {"change -1"}},
+      {"copy without rows", -1, key(Qt::Key_C, Qt::ControlModifier), {}},
   };
   for (const auto& row : rows) {
     list.ListIndex(row.selectedBefore);
@@ -112,62 +84,64 @@ TEST_F(ListOnScreen, MouseAndKeysDoWhatTheUserMeans) {
     row.act();
     EXPECT_EQ(log, row.expected) << row.what;
   }
-}
-
-TEST_F(ListOnScreen, AMillionRowsAndAMillionCharactersCostWhatIsOnTheScreen) {
-  constexpr int many = 1'000'000;
-  EXPECT_LT(Cost([&] { Add({"name", "b", "c"}, many); }), 8000);
-  const std::string text = std::string(many, 'm') + "W end";
-  list.Cell(many - 1, 0, text);
-  list.Cell(many - 1, 2, text);
-  QScrollBar& across = *view.horizontalScrollBar();
-  ASSERT_TRUE(Until([&] { return across.maximum() > 0; }));
-  const auto middle = [&] { view.verticalScrollBar()->setValue(view.verticalScrollBar()->maximum() / 2); };
-  const struct {
-    const char* what;
-    std::function<void()> act;
-    int rowSeen;
-  } rows[] = {{"painting", [] {}, 0},
-              {"End key", [] { Press(Qt::Key_End); }, many - 1},
-              {"page up", [] { Press(Qt::Key_PageUp); }, many - 12},
-              {"middle", middle, many / 2},
-              {"end of the long text", [&] { Press(Qt::Key_End), across.setValue(across.maximum()); }, many - 1},
-              {"one more row",
-               [&] {
-                 Add({"x", "y", "z"});
-               },
-               many - 1},
-              {"change of size", [&] { window.resize(500, 400); }, many - 1}};
-  for (const auto& row : rows) {
-    EXPECT_LT(Cost(row.act), 200) << row.what;
-    const QRect seen = Cell(row.rowSeen, 2) & view.viewport()->rect();
-    EXPECT_EQ(seen.height(), Cell(row.rowSeen, 2).height()) << row.what << ": the row is not wholly in sight";
-    EXPECT_GT(Ink(seen), 3) << row.what;
-  }
-  EXPECT_LT(Cost([&] { list.DeleteAllRows(); }), 200);
-  Add({"a", "b", "c"}, 3);
-  EXPECT_EQ(Cell(0, 0).topLeft(), QPoint(0, 0));
-  EXPECT_GT(Ink(Cell(2, 0)), 3);
+  EXPECT_EQ(QApplication::clipboard()->text(), "a\t<i>&amp;\x1B[1m\tc");
 }
 
 TEST_F(ListOnScreen, TextIsShownAsItIsAndAScreenReaderFindsIt) {
   const std::string marked = "<b>" + std::string(200, 'x') + "</b>";
-  Add({marked, "bold", "c"});
-  Add({"line\nbreak \x1B[31m", "<b>bold</b>", "c"});
+  AddRows(1, {marked, "bold", "c"});
+  AddRows(1, {"line\nbreak \x1B[31m", "<b>bold</b>", "c"});
   EXPECT_GT(Ink(Cell(1, 1)), Ink(Cell(0, 1)) * 3 / 2) << "the markup was not drawn";
-  const auto toolTipAt = [&](int row, int column) {
-    QHelpEvent help(QEvent::ToolTip, Cell(row, column).center(), view.viewport()->mapToGlobal(QPoint(1, 1)));
-    QApplication::sendEvent(view.viewport(), &help);
-    QTextDocument shown;
-    shown.setHtml(QToolTip::text());
-    return shown.toPlainText().toStdString();
-  };
-  EXPECT_EQ(toolTipAt(0, 0), marked);
-  toolTipAt(0, 1);
-  EXPECT_TRUE(Until([] { return !QToolTip::isVisible(); })) << "a text that is not cut needs no tool tip";
+  QHelpEvent help(QEvent::ToolTip, Cell(0, 0).center(), view.viewport()->mapToGlobal(QPoint(1, 1)));
+  QApplication::sendEvent(view.viewport(), &help);
+  QTextDocument shown;
+  shown.setHtml(QToolTip::text());
+  EXPECT_EQ(shown.toPlainText().toStdString(), marked);
   QAccessibleInterface* cell = QAccessible::queryAccessibleInterface(&view)->child(3);
   ASSERT_NE(cell, nullptr);
   EXPECT_EQ(cell->text(QAccessible::Name).toStdString(), "line␊break ␛[31m");
+}
+
+TEST_F(ListOnScreen, FindGoesRoundTheRowsThatMatch) {
+  AddRows(1, {"Error: disk", "a", "", "hidden"});
+  AddRows(1, {"fine", "b"});
+  AddRows(1, {"ERROR", "grün [x]*"});
+  Click(view);
+  list.ListIndex(1);
+  QTest::qWait(5);
+  Press(Qt::Key_F, Qt::ControlModifier);
+  const std::tuple<const char*, int, const char*> rows[] = {{"eRRor", 2, "2 of 2 rows"},
+                                                            {"", 0, "1 of 2 rows"},
+                                                            {":", 0, "1 of 1 rows"},
+                                                            {"x", 0, "No rows"},
+                                                            {"\b\b\b\b\b\b\b[X]", 2, "1 of 1 rows"},
+                                                            {"\b\b\bhidden", 2, "No rows"},
+                                                            {"\b\b\b\b\b\b", 2, ""}};
+  for (const auto& [typed, row, count] : rows) {
+    Type(typed);
+    Press(Qt::Key_Return);
+    EXPECT_TRUE(Until([&, &row = row, &count = count] {
+      return list.ListIndex() == row && Find<QLabel>("findCount").text() == count;
+    })) << typed;
+  }
+  EXPECT_FALSE(view.viewport()->geometry().intersects(Find("findBar").geometry())) << "the bar covers rows";
+  Press(Qt::Key_Escape);
+  EXPECT_EQ(QApplication::focusWidget(), &view);
+}
+
+TEST_F(ListOnScreen, CopyAllAndSaveWriteEveryRowOnALineOfItsOwn) {
+  AddRows(2, {"fine", "b\r\nc\rd\te", "grün", "hidden"});
+  const std::string expected = "fine\tb  c d\te\tgrün\nfine\tb  c d\te\tgrün\n";
+  Click(view);
+  Press(Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(QApplication::clipboard()->text().toStdString(), expected);
+  const QTemporaryDir folder;
+  const std::filesystem::path file = folder.filePath("grün list.txt").toStdString();
+  std::ofstream(file) << std::string(5000, 'x');
+  toolkit::qt::SaveRows(list, file);
+  std::ifstream saved(file, std::ios::binary);
+  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(saved), {}), expected);
+  EXPECT_THROW(toolkit::qt::SaveRows(list, file / "no folder"), toolkit::RuntimeException);
 }
 
 }  // namespace

@@ -15,8 +15,6 @@ namespace {
 constexpr auto closes = Answer::Then::Close;
 constexpr auto keeps = Answer::Then::Keep;
 constexpr auto resets = Answer::Then::Reset;
-constexpr auto whenReleased = Answer::Start::WhenReleased;
-constexpr auto checked = toolkit::CertificateCheck::Required;
 const std::string chunked = "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n";
 const std::string ten = "HTTP/1.1 200 OK\r\nContent-Length: 10\r\n\r\n";
 
@@ -98,8 +96,7 @@ TEST_F(Transport, SendsExactlyThisAndSharesTheConnection) {
 }
 
 TEST_F(Transport, EveryWholeReplyArrivesAsItIsAndIsAskedForOnce) {
-  const FaultServer elsewhere({{{Reply(200, "elsewhere")}}}, Wire::Plain);
-  const std::string large(8'000'000, 'x');
+  const std::string large(2'000'000, 'x');
   const struct {
     const char* what;
     Answer answer;
@@ -109,31 +106,24 @@ TEST_F(Transport, EveryWholeReplyArrivesAsItIsAndIsAskedForOnce) {
       {"no body", {{Reply(200, "")}}, "page 200 "},
       {"refusal", {{Reply(400, "no")}}, "page 400 no"},
       {"challenge", {{Reply(401, "who?", "WWW-Authenticate: Basic realm=\"r\"\r\n")}}, "page 401 who?"},
-      {"proxy challenge", {{Reply(407, "who?", "Proxy-Authenticate: Basic realm=\"r\"\r\n")}}, "page 407 who?"},
-      {"not found", {{Reply(404, "none")}}, "page 404 none"},
-      {"redirect", {{Reply(302, "away", "Location: " + elsewhere.URL() + "/\r\n")}}, "page 302 away"},
+      {"redirect", {{Reply(302, "away", "Location: /other\r\n")}}, "page 302 away"},
       {"redirect, method kept", {{Reply(307, "away", "Location: /other\r\n")}}, "page 307 away"},
       {"asked again", {{Reply(408, "late", "Connection: close\r\n")}, closes}, "page 408 late"},
       {"server error", {{Reply(500, "oh")}}, "page 500 oh"},
       {"slow", {ByteByByte(Reply(200, "slow")), keeps, {}, std::chrono::milliseconds(5)}, "page 200 slow"},
-      {"too much", {{Reply(200, "a"), "no part of it"}, closes}, "page 200 a"},
       {"chunks", {{chunked, "3\r\nabc\r\n", "2\r\nde\r\n0\r\n\r\n"}}, "page 200 abcde"},
       {"until the end", {{"HTTP/1.1 200 OK\r\n\r\nab", "cd"}, closes}, "page 200 abcd"},
-      {"continued", {{"HTTP/1.1 100 Continue\r\n\r\n" + Reply(200, "a")}}, "page 200 a"},
       {"called packed", {{Reply(200, "plain", "Content-Encoding: gzip\r\n")}}, "page 200 plain"},
       {"large", {{Reply(200, large)}}, "page 200 " + large, large},
   };
   for (const auto& row : rows) {
-    for (const Wire wire : {Wire::TLS, Wire::Plain}) {
-      SCOPED_TRACE(std::string(row.what) + (wire == Wire::TLS ? " over TLS" : ""));
-      const FaultServer server({row.answer}, wire);
-      const std::string outcome = Outcome(server.URL() + "/path", row.sent);
-      EXPECT_TRUE(outcome == row.expected) << outcome.substr(0, 200);  // may be too long to be printed whole
-      ASSERT_THAT(server.Requests(), SizeIs(1));
-      EXPECT_TRUE(BodyOf(server.Requests()[0]) == row.sent);
-    }
+    SCOPED_TRACE(row.what);
+    const FaultServer server({row.answer});
+    const std::string outcome = Outcome(server.URL() + "/path", row.sent);
+    EXPECT_TRUE(outcome == row.expected) << outcome.substr(0, 200);  // may be too long to be printed whole
+    ASSERT_THAT(server.Requests(), SizeIs(1));
+    EXPECT_TRUE(BodyOf(server.Requests()[0]) == row.sent);
   }
-  EXPECT_EQ(elsewhere.Connections(), 0U);
 }
 
 TEST_F(Transport, WhatWasPressedOnceReachesABrokenServerAtMostOnceAndIsToldAsAnError) {
@@ -141,28 +131,24 @@ TEST_F(Transport, WhatWasPressedOnceReachesABrokenServerAtMostOnceAndIsToldAsAnE
       {"closed after the request", {{}, closes}},
       {"reset after the request", {{}, resets}},
       {"closed in the head", {{"HTTP/1.1 200 OK\r\nContent-"}, closes}},
-      {"announced, none sent", {{ten}, closes}},
       {"shorter than announced", {{ten, "abc"}, closes}},
       {"reset in the body", {{ten, "abc"}, resets}},
       {"between two chunks", {{chunked + "3\r\nabc\r\n"}, closes}},
-      {"within a chunk", {{chunked + "a\r\nabc"}, closes}},
       {"another protocol", {{"SSH-2.0-Server\r\n"}}},
       {"bytes of no meaning", {{std::string("\0\1\2\xFF\r\n\r\n\0", 9)}, closes}},
   };
   const Answer good{{Reply(200, "{}")}};
   for (const auto& [what, fault] : faults) {
-    for (const Wire wire : {Wire::TLS, Wire::Plain}) {
-      for (const bool isKept : {false, true}) {
-        SCOPED_TRACE(std::string(what) + (isKept ? " when kept" : "") + (wire == Wire::TLS ? " over TLS" : ""));
-        const FaultServer server(isKept ? std::vector{good, fault, good} : std::vector{fault, good}, wire);
-        EXPECT_TRUE(!isKept || Outcome(server.URL()) == "page 200 {}");
-        EXPECT_EQ(Outcome(server.URL(), "restart"),
-                  "error The server “127.0.0.1” closed the connection before its reply was complete.");
-        QTest::qWait(60);
-        EXPECT_THAT(server.Requests(), SizeIs(isKept ? 2 : 1));
-        EXPECT_EQ(BodyOf(server.Requests().back()), "restart");
-        EXPECT_EQ(server.Connections(), 1U);
-      }
+    for (const bool isKept : {false, true}) {
+      SCOPED_TRACE(std::string(what) + (isKept ? " when kept" : ""));
+      const FaultServer server(isKept ? std::vector{good, fault, good} : std::vector{fault, good});
+      EXPECT_TRUE(!isKept || Outcome(server.URL()) == "page 200 {}");
+      EXPECT_EQ(Outcome(server.URL(), "restart"),
+                "error The server “127.0.0.1” closed the connection before its reply was complete.");
+      QTest::qWait(60);
+      EXPECT_THAT(server.Requests(), SizeIs(isKept ? 2 : 1));
+      EXPECT_EQ(BodyOf(server.Requests().back()), "restart");
+      EXPECT_EQ(server.Connections(), 1U);
     }
   }
 }
@@ -176,11 +162,8 @@ TEST_F(Transport, WhoCannotBeReachedIsToldInWordsThatNameTheHost) {
       {closing.URL(), "error The server “127.0.0.1” closed the connection"},
       {"https://127.0.0.1:" + std::to_string(UnusedPort()), "error The server “127.0.0.1” refused the connection on"},
       {"https://no-such-host.invalid:1701/a", "error There is no server with the name “no-such-host.invalid”"},
-      {"https://two words:1701/a", notValid},
       {"https://:1701/a", notValid},
-      {"https://host:port/a", notValid},
       {"file:///etc/hostname", notValid},
-      {"", notValid},
   };
   const auto hasNumbersOfALibrary = AnyOf(HasSubstr("::"), HasSubstr("error:"));
   for (const auto& [url, expected] : rows) {
@@ -208,58 +191,42 @@ TEST_F(Transport, AConnectionThatWasClosedWhileIdleIsReplaced) {
   }
 }
 
-TEST_F(Transport, CertificatesAreCheckedWhereThatIsAskedFor) {
+TEST_F(Transport, CertificatesAreCheckedWhereThatIsAskedForOnAKeptConnectionToo) {
   const FaultServer server({{{Reply(200, "{}")}}});
-  const auto refusal = StartsWith("error No secure connection (TLS) could be made to the server “127.0.0.1”");
-  EXPECT_THAT(Outcome(server.URL(), "{}", checked), refusal);
-  EXPECT_THAT(server.Requests(), IsEmpty());
   EXPECT_EQ(Outcome(server.URL()), "page 200 {}");
-  EXPECT_THAT(Outcome(server.URL(), "{}", checked), refusal);
+  EXPECT_THAT(Outcome(server.URL(), "{}", toolkit::CertificateCheck::Required),
+              StartsWith("error No secure connection (TLS) could be made to the server “127.0.0.1”"));
   EXPECT_THAT(server.Requests(), SizeIs(1));
 }
 
 TEST_F(Transport, NothingIsToldOfATransferThatWasDropped) {
-  for (const std::string when : {"at once", "connected", "requested", "sent", "headers", "received", "page", "error"}) {
+  for (const std::string when : {"sent", "headers", "received", "page", "error"}) {
     SCOPED_TRACE(when);
-    const auto start = when == "connected" || when == "requested" ? whenReleased : Answer::Start::AtOnce;
-    FaultServer server({{{ten, "01234", when == "error" ? "" : "56789"}, when == "error" ? closes : keeps, start},
-                        {{Reply(200, "next")}}});
+    const bool fails = when == "error";
+    const FaultServer server({{{ten, "01234", fails ? "" : "56789"}, fails ? closes : keeps}});
     Exchange exchange(server.URL());
-    const auto drop = [&] { exchange.Transfer.reset(); };
     exchange.OnNote = [&](const std::string& note) {
       EXPECT_TRUE(exchange.Transfer) << note;
-      if (note.starts_with(when)) drop();
+      if (note.starts_with(when)) exchange.Transfer.reset();
     };
-    if (when == "at once") drop();
-    if (start == whenReleased) {
-      EXPECT_TRUE(Until([&] { return (when == "connected" ? server.Connections() : server.Requests().size()) == 1; }));
-      drop();
-    }
     EXPECT_TRUE(Until([&] { return !exchange.Transfer; }));
-    server.Release();
     QTest::qWait(100);
     EXPECT_THAT(server.Requests(), SizeIs(Le(1U)));
-    EXPECT_THAT(Outcome(server.URL()), StartsWith("page 200"));
   }
 }
 
 TEST_F(Transport, ManyRequestsAreUnderWayAtOnce) {
-  constexpr std::size_t many = 20;
-  FaultServer server({{{Reply(200, "{}")}, keeps, whenReleased}});
-  std::vector<std::unique_ptr<Exchange>> exchanges;
-  while (exchanges.size() < many) {
-    exchanges.push_back(std::make_unique<Exchange>(server.URL(), std::to_string(exchanges.size())));
-  }
-  EXPECT_TRUE(Until([&] { return server.Requests().size() == many; })) << server.Requests().size();
-  server.Release();
-  for (const auto& exchange : exchanges) {
-    EXPECT_TRUE(Until([&] { return exchange->IsOver(); }));
-    EXPECT_EQ(exchange->Notes.back(), "page 200 {}");
-  }
+  FaultServer server({{{Reply(200, "{}")}, keeps, Answer::Start::WhenReleased}});
   std::set<std::string> bodies;
+  std::vector<std::unique_ptr<Exchange>> exchanges;
+  for (char body = 'a'; body < 'u'; ++body) {
+    exchanges.push_back(std::make_unique<Exchange>(server.URL(), std::string(1, body)));
+  }
+  EXPECT_TRUE(Until([&] { return server.Requests().size() == exchanges.size(); })) << server.Requests().size();
   for (const std::string& request : server.Requests()) bodies.insert(BodyOf(request));
-  EXPECT_THAT(bodies, SizeIs(many));
-  EXPECT_THAT(server.Requests(), SizeIs(many));
+  EXPECT_EQ(bodies.size(), exchanges.size());
+  server.Release();
+  for (const auto& exchange : exchanges) EXPECT_TRUE(Until([&] { return exchange->IsOver(); }));
 }
 
 }  // namespace

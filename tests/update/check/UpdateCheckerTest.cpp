@@ -196,7 +196,10 @@ TEST_F(UpdateCheckerTest, TellsOfEachFailureOnlyWhereItMayAndAsksWhetherToTryAga
     EXPECT_THAT(platform.Messages, ElementsAre());
 
     checker->AllowedInteraction = UpdateChecker::kAllowErrorDialog;
-    platform.Answers = {toolkit::DialogButton::Action, toolkit::DialogButton::Cancel};
+    platform.Answer = toolkit::DialogButton::Action;
+    platform.WhileMessageStands = [&] {
+      platform.WhileMessageStands = [&] { platform.Answer = toolkit::DialogButton::Cancel; };
+    };
     EXPECT_EQ(RunOnReply(row.status, row.body), Result::Error);
     EXPECT_EQ(std::exchange(platform.Messages, {}).size(), 2U);
     EXPECT_EQ(platform.Requests.size(), 2U);
