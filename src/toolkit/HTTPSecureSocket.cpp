@@ -100,7 +100,8 @@ bool HTTPSecureSocket::SendAndWait(std::string_view method, std::string url, con
 }
 
 // A proxy's challenge, or one of another scheme, is left to the caller as the reply that it is.
-bool HTTPSecureSocket::Authenticate() {
+bool HTTPSecureSocket::SendAgainWithCredentials() {
+  if (status_ != unauthorized) return false;
   static const RegEx challenge("(?:^|,)\\s*Basic(?:\\s+(?:.*\\brealm=\"([^\"]*)\")?|$)");
   const InternetHeaders headers = PageHeaders();
   const std::string asked = headers.Value("WWW-Authenticate");
@@ -110,12 +111,12 @@ bool HTTPSecureSocket::Authenticate() {
   std::string password;
   if (!Event_AuthenticationRequired(std::string(basic->SubExpression(1)), headers, name, password)) return false;
   HTTPSocket::RequestHeader("Authorization", "Basic " + EncodeBase64(name + ":" + password));
+  Transmit();
   return true;
 }
 
 void HTTPSecureSocket::Event_HeadersReceived(const std::string& /*url*/, int status) {
   status_ = status;
-  if (status == unauthorized && Authenticate()) Transmit();
 }
 
 void HTTPSecureSocket::Event_Error(const RuntimeException& /*error*/) {
@@ -123,11 +124,13 @@ void HTTPSecureSocket::Event_Error(const RuntimeException& /*error*/) {
 }
 
 void HTTPSecureSocket::Event_FileReceived(const std::string& /*url*/, int status, const FolderItem& file) {
+  if (SendAgainWithCredentials()) return;
   hasReply_ = true;
   if (report_ == Report::ByEvents) DownloadComplete(status, file);
 }
 
 void HTTPSecureSocket::Event_PageReceived(const std::string& /*url*/, int status, std::string content) {
+  if (SendAgainWithCredentials()) return;
   hasReply_ = true;
   body_ = std::move(content);
   if (report_ == Report::ByEvents) PageReceived(status, std::exchange(body_, {}));

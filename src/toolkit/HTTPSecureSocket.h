@@ -78,7 +78,7 @@ class HTTPSecureSocket : private HTTPSocket {
              Report report);
   bool SendAndWait(std::string_view method, std::string url, const FolderItem* file, int timeoutSeconds);
   void Transmit();
-  bool Authenticate();
+  bool SendAgainWithCredentials();
 
   void Event_Error(const RuntimeException& error) override;
   void Event_FileReceived(const std::string& url, int status, const FolderItem& file) override;

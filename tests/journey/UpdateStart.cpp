@@ -32,12 +32,19 @@ int main(int argc, char** argv) {
   const auto isChecked = [&] {
     return window->pKaju && window->pKaju->Result() != Kaju::UpdateChecker::ResultType::NotYetChecked;
   };
+  bool quitsEarly = false;
   const int status = app.Run([&] {
-    if (argc > 1) QTimer::singleShot(std::atoi(argv[1]), [&] { platform.Quit(earlyStatus); });
+    if (argc > 1) {
+      QTimer::singleShot(std::atoi(argv[1]), [&] {
+        quitsEarly = true;
+        platform.Quit(earlyStatus);
+      });
+    }
     window->Show();
     platform.RunEventsUntil(isChecked);
-    if (isChecked()) std::cout << "result " << static_cast<int>(window->pKaju->Result()) << '\n';
-    platform.Quit(isChecked() ? EXIT_SUCCESS : earlyStatus);
+    if (quitsEarly) return;
+    std::cout << "result " << static_cast<int>(window->pKaju->Result()) << '\n';
+    platform.Quit(EXIT_SUCCESS);
   });
   window = nullptr;
   return status;
