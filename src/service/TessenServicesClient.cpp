@@ -83,7 +83,7 @@ void TessenServicesClient::Event_PageReceived(const std::string& /*url*/, int st
   }
   pDictionary_Properties.clear();
   pDictionary_Properties = toolkit::ParseJSON(content);
-  content = std::string();
+  std::string().swap(content);
   ButtonPressed();
 }
 
