@@ -22,16 +22,20 @@ RowStore::Longest RowStore::LongestIn(std::size_t column) const {
   return column < longest_.size() ? longest_[column] : Longest{};
 }
 
-void RowStore::AddRow() { rows_.push_back({.firstCell = cells_.size(), .cellCount = 0}); }
+void RowStore::AddRow(std::span<const std::string_view> cells) {
+  rows_.push_back({.firstCell = cells_.size(), .cellCount = cells.size()});
+  for (std::size_t column = 0; column < cells.size(); ++column) {
+    cells_.push_back(Keep(cells[column]));
+    NoteLength(rows_.size() - 1, column, cells[column].size());
+  }
+}
 
 void RowStore::SetCell(std::size_t row, std::size_t column, std::string_view text) {
   if (column >= rows_[row].cellCount) MakeRoom(rows_[row], column + 1);
   std::string_view& cell = cells_[rows_[row].firstCell + column];
   overwrittenBytes_ += cell.size();
   cell = Keep(text);
-
-  if (column >= longest_.size()) longest_.resize(column + 1);
-  if (text.size() > longest_[column].size) longest_[column] = {.row = row, .size = text.size()};
+  NoteLength(row, column, text.size());
   if (overwrittenBytes_ > std::max(tolerableWaste, keptBytes_ / 2)) DropOverwritten();
 }
 
@@ -49,6 +53,11 @@ void RowStore::MakeRoom(Row& row, std::size_t cellCount) {
   }
   cells_.resize(row.firstCell + cellCount);
   row.cellCount = cellCount;
+}
+
+void RowStore::NoteLength(std::size_t row, std::size_t column, std::size_t size) {
+  if (column >= longest_.size()) longest_.resize(column + 1);
+  if (size > longest_[column].size) longest_[column] = {.row = row, .size = size};
 }
 
 std::string_view RowStore::Keep(std::string_view text) {

@@ -30,7 +30,7 @@ class ListOnScreen : public Desktop {
     list.DoubleClick = [this] { log.push_back("open " + std::to_string(list.ListIndex())); };
     QApplication::clipboard()->setText("untouched");
   }
-  void Add(std::initializer_list<std::string> cells, int times = 1) {
+  void Add(std::initializer_list<std::string_view> cells, int times = 1) {
     for (int row = 0; row < times; ++row) list.AddRow(cells);
     EXPECT_TRUE(Until([&] { return view.model()->rowCount() == list.ListCount(); }));
   }
