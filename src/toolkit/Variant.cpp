@@ -71,7 +71,7 @@ void Variant::AppendJSON(std::string& text) const {
   }
   json::serializer serializer;
   serializer.reset(JSON());
-  std::array<char, 16384> part{};
+  std::array<char, 1024> part{};  // cleared each time, and most values are short
   while (!serializer.done()) text += serializer.read(part.data(), part.size());
 }
 
