@@ -24,8 +24,12 @@ RowStore::Longest RowStore::LongestIn(std::size_t column) const {
 
 void RowStore::AddRow(std::span<const std::string_view> cells) {
   rows_.push_back({.firstCell = cells_.size(), .cellCount = cells.size()});
+  std::size_t size = 0;
+  for (const std::string_view cell : cells) size += cell.size();
+  char* place = Allocate(size);
   for (std::size_t column = 0; column < cells.size(); ++column) {
-    cells_.push_back(Keep(cells[column]));
+    char* end = std::copy(cells[column].begin(), cells[column].end(), place);
+    cells_.emplace_back(std::exchange(place, end), cells[column].size());
     NoteLength(rows_.size() - 1, column, cells[column].size());
   }
 }
@@ -62,10 +66,14 @@ void RowStore::NoteLength(std::size_t row, std::size_t column, std::size_t size)
 
 std::string_view RowStore::Keep(std::string_view text) {
   if (text.empty()) return {};
-  keptBytes_ += text.size();
-  auto* bytes = static_cast<char*>(texts_->allocate(text.size(), 1));
+  char* bytes = Allocate(text.size());
   std::copy(text.begin(), text.end(), bytes);
   return {bytes, text.size()};
+}
+
+char* RowStore::Allocate(std::size_t size) {
+  keptBytes_ += size;
+  return static_cast<char*>(texts_->allocate(size, 1));
 }
 
 void RowStore::DropOverwritten() {

@@ -39,6 +39,7 @@ class RowStore {
 
   void MakeRoom(Row& row, std::size_t cellCount);
   void NoteLength(std::size_t row, std::size_t column, std::size_t size);
+  char* Allocate(std::size_t size);
   std::string_view Keep(std::string_view text);
   void DropOverwritten();
 
