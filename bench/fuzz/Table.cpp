@@ -9,8 +9,8 @@
 void FuzzOne(std::string_view input) {
   static HandPlatform platform;
   try {
-    const toolkit::JSONItem item = toolkit::ParseJSONItem(input);
-    const boost::json::object* table = item.if_object();
+    const auto item = toolkit::ParseJSONItem(input);
+    const boost::json::object* table = item->if_object();
     if (table == nullptr) return;
     for (const bool hasHeadings : {true, false}) {
       toolkit::Listbox list;

@@ -143,7 +143,7 @@ void wServer::btn_containers_backup_Action() { mContainers_backup(); }
 
 void wServer::info_ButtonPressed() {
   for (const auto& [label, key] : ControlAPI::facts) {
-    list_overview.AddRow({std::string(label), info.Operator_Lookup(key).Text()});
+    list_overview.AddRow({label, info.Operator_Lookup(key).Text()});
   }
 }
 

@@ -1,5 +1,6 @@
 // Service tables: the two operations of TessenServicesClient that read them.
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 
@@ -50,12 +51,12 @@ void TessenServicesClient::TessenListBox_FillDesktopListBox(toolkit::Listbox& li
   for (std::size_t column = 0; headings != nullptr && column < headings->size(); ++column) {
     list.Heading(static_cast<int>(column), toolkit::ToText((*headings)[column]));
   }
-  std::string buffer;
-  int target = 0;
+  std::vector<std::string> converted;
+  std::vector<std::string_view> cells;
   for (const json::array* row : rows) {
-    list.AddRow({});
-    int column = 0;
-    for (const json::value& cell : *row) list.Cell(target, column++, toolkit::ToText(cell, buffer));
-    ++target;
+    converted.resize(std::max(converted.size(), row->size()));
+    cells.clear();
+    for (const json::value& cell : *row) cells.push_back(toolkit::ToText(cell, converted[cells.size()]));
+    list.AddRow(cells);
   }
 }

@@ -14,20 +14,12 @@ namespace {
 
 constexpr int statusOfRefusal = 400;
 
-/// Why the reply is refused, for the user; nothing if it can be taken.
-std::optional<std::string> Refusal(int status, std::string_view content) {
-  if (content.empty()) return "No data was returned from the Tessen Service.";
-  try {
-    if (status != statusOfRefusal) {
-      toolkit::CheckJSON(content);
-      return std::nullopt;
-    }
-    const Dictionary reply = toolkit::ParseJSON(content);
-    const auto reason = reply.find("_error");
-    return reason == reply.end() ? "The server refused the request and gave no reason." : reason->second.Text();
-  } catch (const RuntimeException& exception) {
-    return "The server's reply cannot be read: " + exception.Message() + ".";
-  }
+// Beside a reply of this many bytes, the values of the one before should not stand in memory.
+constexpr std::size_t largeReply = std::size_t{16} << 20U;
+
+std::string ReasonOf(const Dictionary& refusal) {
+  const auto reason = refusal.find("_error");
+  return reason == refusal.end() ? "The server refused the request and gave no reason." : reason->second.Text();
 }
 
 }  // namespace
@@ -75,16 +67,28 @@ void TessenServicesClient::PressButton(std::string_view url, std::string_view bu
   Send("POST", std::string(url) + "/" + toolkit::LowerCase(buttonName));
 }
 
-// A reply may be large, so the values it replaces go before its own are built, and its text before the handler runs.
 void TessenServicesClient::Event_PageReceived(const std::string& /*url*/, int status, std::string content) {
-  if (const auto refusal = Refusal(status, content)) {
+  if (const auto refusal = Accept(status, content)) {
     Error(RuntimeException(*refusal));
     return;
   }
-  pDictionary_Properties.clear();
-  pDictionary_Properties = toolkit::ParseJSON(content);
-  content = std::string();
+  std::string().swap(content);  // which may be large, and which no handler needs
   ButtonPressed();
+}
+
+std::optional<std::string> TessenServicesClient::Accept(int status, std::string_view content) {
+  if (content.empty()) return "No data was returned from the Tessen Service.";
+  try {
+    if (status == statusOfRefusal) return ReasonOf(toolkit::ParseJSON(content));
+    if (content.size() >= largeReply) {
+      toolkit::CheckJSON(content);
+      pDictionary_Properties.clear();
+    }
+    pDictionary_Properties = toolkit::ParseJSON(content);
+    return std::nullopt;
+  } catch (const RuntimeException& exception) {
+    return "The server's reply cannot be read: " + exception.Message() + ".";
+  }
 }
 
 void TessenServicesClient::Event_Error(const RuntimeException& error) { Error(error); }

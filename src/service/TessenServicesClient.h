@@ -60,6 +60,8 @@ class TessenServicesClient final : public toolkit::HTTPSocket {
   void Event_SendProgress(std::uint64_t bytesSent, std::uint64_t totalBytes) override;
 
  private:
+  /// Makes the reply's values the store. Returns why it is refused, for the user; nothing if it was taken.
+  std::optional<std::string> Accept(int status, std::string_view content);
   void Store(std::string_view key, toolkit::Variant value);
 
   toolkit::Dictionary pDictionary_Properties;

@@ -8,8 +8,9 @@
 #include <boost/json/basic_parser_impl.hpp>
 #include <boost/json/monotonic_resource.hpp>
 #include <boost/json/object.hpp>
-#include <boost/json/parse.hpp>
+#include <boost/json/parse_options.hpp>
 #include <boost/json/serialize.hpp>
+#include <boost/json/value_stack.hpp>
 
 #include "toolkit/RuntimeException.h"
 #include "toolkit/Text.h"
@@ -33,74 +34,96 @@ json::parse_options Options() {
   return options;
 }
 
-/// Takes what the parser reads and keeps only whether the whole is an object.
-struct Ignore {
+/// Takes what the parser reads: builds the values, if it is given a place for them, and keeps what the whole is.
+struct Reader {
   using Error = json::error_code;
+  using Text = json::string_view;
   static constexpr std::size_t max_object_size = std::numeric_limits<std::size_t>::max();
   static constexpr std::size_t max_array_size = std::numeric_limits<std::size_t>::max();
   static constexpr std::size_t max_key_size = std::numeric_limits<std::size_t>::max();
   static constexpr std::size_t max_string_size = std::numeric_limits<std::size_t>::max();
 
+  json::value_stack* values = nullptr;
   bool isObject = false;
+
+  bool Push(auto push) {
+    isObject = false;
+    if (values != nullptr) push(*values);
+    return true;
+  }
 
   // clang-format off
   static bool on_document_begin(Error&) { return true; }
   static bool on_document_end(Error&) { return true; }
   static bool on_object_begin(Error&) { return true; }
-  bool on_object_end(std::size_t, Error&) { return isObject = true; }
+  bool on_object_end(std::size_t size, Error&) { Push([=](auto& stack) { stack.push_object(size); }); return isObject = true; }
   static bool on_array_begin(Error&) { return true; }
-  bool on_array_end(std::size_t, Error&) { isObject = false; return true; }
-  static bool on_key_part(json::string_view, std::size_t, Error&) { return true; }
-  static bool on_key(json::string_view, std::size_t, Error&) { return true; }
-  static bool on_string_part(json::string_view, std::size_t, Error&) { return true; }
-  static bool on_string(json::string_view, std::size_t, Error&) { return true; }
-  static bool on_number_part(json::string_view, Error&) { return true; }
-  static bool on_int64(std::int64_t, json::string_view, Error&) { return true; }
-  static bool on_uint64(std::uint64_t, json::string_view, Error&) { return true; }
-  static bool on_double(double number, json::string_view, Error& error) {
-    if (std::isfinite(number)) return true;
+  bool on_array_end(std::size_t size, Error&) { return Push([=](auto& stack) { stack.push_array(size); }); }
+  bool on_key_part(Text text, std::size_t, Error&) { return Push([=](auto& stack) { stack.push_chars(text); }); }
+  bool on_key(Text text, std::size_t, Error&) { return Push([=](auto& stack) { stack.push_key(text); }); }
+  bool on_string_part(Text text, std::size_t, Error&) { return Push([=](auto& stack) { stack.push_chars(text); }); }
+  bool on_string(Text text, std::size_t, Error&) { return Push([=](auto& stack) { stack.push_string(text); }); }
+  static bool on_number_part(Text, Error&) { return true; }
+  bool on_int64(std::int64_t number, Text, Error&) { return Push([=](auto& stack) { stack.push_int64(number); }); }
+  bool on_uint64(std::uint64_t number, Text, Error&) { return Push([=](auto& stack) { stack.push_uint64(number); }); }
+  bool on_double(double number, Text, Error& error) {
+    if (std::isfinite(number)) return Push([=](auto& stack) { stack.push_double(number); });
     error = json::error::exponent_overflow;  // it could not be written out again
     return false;
   }
-  static bool on_bool(bool, Error&) { return true; }
-  static bool on_null(Error&) { return true; }
-  static bool on_comment_part(json::string_view, Error&) { return true; }
-  static bool on_comment(json::string_view, Error&) { return true; }
+  bool on_bool(bool truth, Error&) { return Push([=](auto& stack) { stack.push_bool(truth); }); }
+  bool on_null(Error&) { return Push([=](auto& stack) { stack.push_null(); }); }
+  static bool on_comment_part(Text, Error&) { return true; }
+  static bool on_comment(Text, Error&) { return true; }
   // clang-format on
 };
 
-json::value Parse(std::string_view text) {
-  // One block of memory for the whole tree: it is built once, read, and dropped as one.
-  const json::storage_ptr storage = json::make_shared_resource<json::monotonic_resource>();
+/// Reads all of `text`. Returns whether it is an object.
+bool Read(std::string_view text, json::value_stack* values) {
+  json::basic_parser<Reader> parser(Options());
+  parser.handler().values = values;
   json::error_code error;
-  json::value tree = json::parse(text, error, storage, Options());
+  const std::size_t used = parser.write_some(false, text.data(), text.size(), error);
+  if (!error && used < text.size()) error = json::error::extra_data;
   if (error) ExplainFailure(text, error);
+  return parser.handler().isObject;
+}
+
+/// A text's values in one block of memory: it is built once, read, and dropped as one, without a visit to each value.
+struct Tree {
+  json::monotonic_resource Memory;
+  json::value Root = json::value(json::storage_ptr(&Memory));
+};
+
+std::shared_ptr<const Tree> Parse(std::string_view text) {
+  const auto tree = std::make_shared<Tree>();
+  json::value_stack values;
+  values.reset(&tree->Memory);
+  Read(text, &values);
+  tree->Root = values.release();
   return tree;
 }
 
 }  // namespace
 
 void CheckJSON(std::string_view text) {
-  json::basic_parser<Ignore> parser(Options());
-  json::error_code error;
-  const std::size_t used = parser.write_some(false, text.data(), text.size(), error);
-  if (!error && used < text.size()) error = json::error::extra_data;
-  if (error) ExplainFailure(text, error);
-  if (!parser.handler().isObject) throw RuntimeException("the JSON is not an object");
+  if (!Read(text, nullptr)) throw RuntimeException("the JSON is not an object");
 }
 
-JSONItem ParseJSONItem(std::string_view text) {
-  JSONItem item = Parse(text);
-  if (!item.is_structured()) throw RuntimeException("the JSON is neither an object nor an array");
-  return item;
+std::shared_ptr<const JSONItem> ParseJSONItem(std::string_view text) {
+  const auto tree = Parse(text);
+  if (!tree->Root.is_structured()) throw RuntimeException("the JSON is neither an object nor an array");
+  return {tree, &tree->Root};
 }
 
 Dictionary ParseJSON(std::string_view text) {
-  json::value tree = Parse(text);
-  json::object* object = tree.if_object();
+  const auto tree = Parse(text);
+  const json::object* object = tree->Root.if_object();
   if (object == nullptr) throw RuntimeException("the JSON is not an object");
   Dictionary members;
-  for (auto& member : *object) members.emplace(member.key(), std::move(member.value()));
+  for (const auto& member : *object) {
+    members.emplace(member.key(), std::shared_ptr<const json::value>(tree, &member.value()));
+  }
   return members;
 }
 

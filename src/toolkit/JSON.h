@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -21,7 +22,7 @@ void CheckJSON(std::string_view text);
 using JSONItem = boost::json::value;
 
 /// The object or array in `text`, under the rules of ParseJSON().
-[[nodiscard]] JSONItem ParseJSONItem(std::string_view text);
+[[nodiscard]] std::shared_ptr<const JSONItem> ParseJSONItem(std::string_view text);
 
 /// `members` as one JSON object in UTF-8, without line breaks, "{}" if there are none.
 [[nodiscard]] std::string GenerateJSON(const Dictionary& members);

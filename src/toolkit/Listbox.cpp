@@ -43,10 +43,8 @@ void Listbox::Heading(int column, std::string heading) {
   Changed();
 }
 
-void Listbox::AddRow(std::span<const std::string> cells) {
-  rows_.AddRow();
-  const std::size_t row = rows_.RowCount() - 1;
-  for (std::size_t column = 0; column < cells.size(); ++column) rows_.SetCell(row, column, cells[column]);
+void Listbox::AddRow(std::span<const std::string_view> cells) {
+  rows_.AddRow(cells);
   Changed();
 }
 

@@ -42,8 +42,8 @@ class Listbox final : public ControlOf<Listbox> {
   void Heading(int column, std::string heading);
 
   [[nodiscard]] int ListCount() const { return static_cast<int>(rows_.RowCount()); }
-  void AddRow(std::span<const std::string> cells);
-  void AddRow(std::initializer_list<std::string> cells) { AddRow(std::span(cells.begin(), cells.size())); }
+  void AddRow(std::span<const std::string_view> cells);
+  void AddRow(std::initializer_list<std::string_view> cells) { AddRow(std::span(cells.begin(), cells.size())); }
   /// Raises Change if a row was selected.
   void DeleteAllRows();
   /// The empty text for a cell that was never written. Valid until the next change of the list.

@@ -22,16 +22,24 @@ RowStore::Longest RowStore::LongestIn(std::size_t column) const {
   return column < longest_.size() ? longest_[column] : Longest{};
 }
 
-void RowStore::AddRow() { rows_.push_back({.firstCell = cells_.size(), .cellCount = 0}); }
+void RowStore::AddRow(std::span<const std::string_view> cells) {
+  rows_.push_back({.firstCell = cells_.size(), .cellCount = cells.size()});
+  std::size_t size = 0;
+  for (const std::string_view cell : cells) size += cell.size();
+  char* place = Allocate(size);
+  for (std::size_t column = 0; column < cells.size(); ++column) {
+    char* end = std::copy(cells[column].begin(), cells[column].end(), place);
+    cells_.emplace_back(std::exchange(place, end), cells[column].size());
+    NoteLength(rows_.size() - 1, column, cells[column].size());
+  }
+}
 
 void RowStore::SetCell(std::size_t row, std::size_t column, std::string_view text) {
   if (column >= rows_[row].cellCount) MakeRoom(rows_[row], column + 1);
   std::string_view& cell = cells_[rows_[row].firstCell + column];
   overwrittenBytes_ += cell.size();
   cell = Keep(text);
-
-  if (column >= longest_.size()) longest_.resize(column + 1);
-  if (text.size() > longest_[column].size) longest_[column] = {.row = row, .size = text.size()};
+  NoteLength(row, column, text.size());
   if (overwrittenBytes_ > std::max(tolerableWaste, keptBytes_ / 2)) DropOverwritten();
 }
 
@@ -51,12 +59,21 @@ void RowStore::MakeRoom(Row& row, std::size_t cellCount) {
   row.cellCount = cellCount;
 }
 
+void RowStore::NoteLength(std::size_t row, std::size_t column, std::size_t size) {
+  if (column >= longest_.size()) longest_.resize(column + 1);
+  if (size > longest_[column].size) longest_[column] = {.row = row, .size = size};
+}
+
 std::string_view RowStore::Keep(std::string_view text) {
   if (text.empty()) return {};
-  keptBytes_ += text.size();
-  auto* bytes = static_cast<char*>(texts_->allocate(text.size(), 1));
+  char* bytes = Allocate(text.size());
   std::copy(text.begin(), text.end(), bytes);
   return {bytes, text.size()};
+}
+
+char* RowStore::Allocate(std::size_t size) {
+  keptBytes_ += size;
+  return static_cast<char*>(texts_->allocate(size, 1));
 }
 
 void RowStore::DropOverwritten() {

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <memory>
 #include <memory_resource>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -25,7 +26,7 @@ class RowStore {
   };
   [[nodiscard]] Longest LongestIn(std::size_t column) const;
 
-  void AddRow();
+  void AddRow(std::span<const std::string_view> cells);
   /// `row` must exist. Cells left out between the last one and `column` become empty.
   void SetCell(std::size_t row, std::size_t column, std::string_view text);
   void Clear();
@@ -37,6 +38,8 @@ class RowStore {
   };
 
   void MakeRoom(Row& row, std::size_t cellCount);
+  void NoteLength(std::size_t row, std::size_t column, std::size_t size);
+  char* Allocate(std::size_t size);
   std::string_view Keep(std::string_view text);
   void DropOverwritten();
 

@@ -36,24 +36,32 @@ std::string ISO8601(Date date) {
 
 }  // namespace
 
+// Nothing if the value is a Date.
+const json::value* Variant::JSON() const {
+  static const json::value nil;
+  const auto* value = std::get_if<std::shared_ptr<const json::value>>(&value_);
+  if (value == nullptr) return nullptr;
+  return *value == nullptr ? &nil : value->get();
+}
+
 bool Variant::IsNil() const {
-  const auto* value = std::get_if<json::value>(&value_);
+  const json::value* value = JSON();
   return value != nullptr && value->is_null();
 }
 
 bool Variant::IsTextOrNumber() const {
-  const auto* value = std::get_if<json::value>(&value_);
+  const json::value* value = JSON();
   return value != nullptr && (value->is_string() || value->is_number());
 }
 
 const json::object* Variant::Object() const {
-  const auto* value = std::get_if<json::value>(&value_);
+  const json::value* value = JSON();
   return value == nullptr ? nullptr : value->if_object();
 }
 
 std::string Variant::Text() const {
   if (const auto* date = std::get_if<Date>(&value_)) return ISO8601(*date);
-  return ToText(std::get<json::value>(value_));
+  return ToText(*JSON());
 }
 
 void Variant::AppendJSON(std::string& text) const {
@@ -62,8 +70,8 @@ void Variant::AppendJSON(std::string& text) const {
     return;
   }
   json::serializer serializer;
-  serializer.reset(&std::get<json::value>(value_));
-  std::array<char, 16384> part{};
+  serializer.reset(JSON());
+  std::array<char, 1024> part{};  // cleared each time, and most values are short
   while (!serializer.done()) text += serializer.read(part.data(), part.size());
 }
 

@@ -4,6 +4,7 @@
 #include <concepts>
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -20,7 +21,9 @@ class Variant {
  public:
   /// Nil.
   Variant() = default;
-  Variant(boost::json::value value) : value_(std::move(value)) {}
+  Variant(boost::json::value value) : value_(std::make_shared<const boost::json::value>(std::move(value))) {}
+  /// A value that is a part of something larger, which lives as long as `part` or a copy of it does.
+  Variant(std::shared_ptr<const boost::json::value> part) : value_(std::move(part)) {}
   Variant(Date date) : value_(date) {}
 
   [[nodiscard]] bool IsNil() const;
@@ -34,7 +37,9 @@ class Variant {
   void AppendJSON(std::string& text) const;
 
  private:
-  std::variant<boost::json::value, Date> value_;
+  [[nodiscard]] const boost::json::value* JSON() const;
+
+  std::variant<std::shared_ptr<const boost::json::value>, Date> value_;
 };
 
 /// Values by their keys. Each key stands once.

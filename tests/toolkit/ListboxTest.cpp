@@ -17,7 +17,7 @@ TEST(RowStore, HoldsWhatATableOfStringsWouldHold) {
   std::mt19937 random(20);  // the same numbers in every run
   for (int step = 0; step < 6000; ++step) {
     if (model.empty() || random() % 50 == 0) {
-      store.AddRow();
+      store.AddRow({});
       model.emplace_back(longest.size());
     }
     const std::size_t row = random() % 2 == 0 ? model.size() - 1 : random() % model.size();

@@ -25,11 +25,13 @@ class WideTextPainter {
 
   /// The width in pixels that a text of `size` bytes needs at most; for a long text, the width it scrolls over.
   [[nodiscard]] int ScrollWidth(std::string_view text) const;
-  /// Draws `text` into `cell` as seen when it is scrolled by `offset` pixels. Returns the ScrollWidth it turned out to
-  /// need.
+  /// Draws `text` into `cell` as seen when it is scrolled by `offset` pixels. Returns its ScrollWidth; 0 if the end of
+  /// a long text is so far off that it was not measured.
   int Paint(QPainter& painter, const QRect& cell, int offset, std::string_view text) const;
 
  private:
+  [[nodiscard]] int ScrollWidthBefore(std::size_t block) const;
+
   QFontMetrics font_;
   int blockWidth_;
 };

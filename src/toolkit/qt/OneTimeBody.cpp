@@ -17,7 +17,7 @@ qint64 OneTimeBody::readData(char* data, qint64 maxSize) {
   std::copy_n(body_.data() + position_, count, data);
   position_ += count;
   if (position_ == body_.size()) {
-    body_ = std::string();  // a large body is not kept while the reply is awaited
+    std::string().swap(body_);  // a large body is not kept while the reply is awaited
     position_ = 0;
   }
   return static_cast<qint64>(count);

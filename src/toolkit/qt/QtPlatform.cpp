@@ -1,6 +1,7 @@
 #include "toolkit/qt/QtPlatform.h"
 
 #include <algorithm>
+#include <malloc.h>
 
 #include <QApplication>
 #include <QDesktopServices>
@@ -32,10 +33,20 @@ FolderItem Folder(QStandardPaths::StandardLocation location) {
   return FolderItem(FromQt(QStandardPaths::writableLocation(location)));
 }
 
+// The system's allocator would learn from the first large reply to keep blocks of up to 32 MB in its heap, between
+// others that live on, so that the heap grows with every further one. Blocks of this size go back to the system at
+// once.
+void ReturnLargeBlocks() {
+  constexpr int largeBlock = 4 << 20;
+  mallopt(M_MMAP_THRESHOLD, largeBlock);
+  mallopt(M_TRIM_THRESHOLD, 2 * largeBlock);
+}
+
 }  // namespace
 
 QtPlatform::QtPlatform(int& argumentCount, char** arguments)
     : application_(std::make_unique<QApplication>(argumentCount, arguments)) {
+  ReturnLargeBlocks();
   QApplication::setApplicationName("Corvane");
   QApplication::setDesktopFileName("corvane");
   QApplication::setQuitOnLastWindowClosed(false);

@@ -15,6 +15,8 @@ namespace {
 
 constexpr int portOfHTTPS = 443;
 constexpr int portOfHTTP = 80;
+// Qt's network thread may run ahead of the reader by this many bytes, so that a large body does not pile up there.
+constexpr std::uint64_t mostUnread = std::uint64_t{1} << 20U;
 
 QNetworkRequest MakeRequest(const QUrl& url, const HTTPRequest& request) {
   QNetworkRequest made(url);
@@ -162,6 +164,7 @@ void QtTransfer::ReadHeaders() {
   std::optional<std::uint64_t> length;
   const QVariant announced = reply_->header(QNetworkRequest::ContentLengthHeader);
   if (announced.isValid()) length = announced.toULongLong();
+  if (length.value_or(mostUnread) >= mostUnread) reply_->setReadBufferSize(mostUnread);
   Platform::Current().Dispatch([&] { events_.HeadersReceived(status.toInt(), std::move(headers), length); });
 }
 

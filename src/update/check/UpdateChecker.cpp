@@ -1,6 +1,7 @@
 #include "update/check/UpdateChecker.h"
 
 #include <algorithm>
+#include <span>
 #include <utility>
 
 #include "toolkit/DebugLog.h"
@@ -28,8 +29,8 @@ std::string BadData(const std::string& reason) {
 }
 
 /// The elements of the document. An object has none that could be an offer, but an empty one has none at all.
-boost::json::array Elements(toolkit::JSONItem document) {
-  if (auto* array = document.if_array()) return std::move(*array);
+std::span<const toolkit::JSONItem> Elements(const toolkit::JSONItem& document) {
+  if (const auto* array = document.if_array()) return {array->data(), array->size()};
   if (document.get_object().empty()) return {};
   throw toolkit::TypeMismatchException("the document is not an array");
 }
@@ -124,7 +125,8 @@ void UpdateChecker::Decide(std::string_view raw) {
   const double currentVersion = mDryRun ? beforeAllVersions : VersionToDouble(AppVersionString());
   Offers offers;
   bool requiredFound = false;
-  for (const toolkit::JSONItem& element : Elements(toolkit::ParseJSONItem(raw))) {
+  const auto document = toolkit::ParseJSONItem(raw);
+  for (const toolkit::JSONItem& element : Elements(*document)) {
     auto update = std::make_shared<UpdateInformation>(element);
     if (!Concerns(*update, currentVersion)) continue;
     const bool isRequired =

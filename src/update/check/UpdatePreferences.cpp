@@ -32,8 +32,8 @@ UpdatePreferences LoadPreferences(const toolkit::FolderItem& file) {
   if (!file.Exists()) return {};
   const std::string text = toolkit::ReadFile(file);
   try {
-    const JSONItem json = toolkit::ParseJSONItem(text);
-    const JSONItem* ignored = RequireObject(json).if_contains(ignoredKey);
+    const auto json = toolkit::ParseJSONItem(text);
+    const JSONItem* ignored = RequireObject(*json).if_contains(ignoredKey);
     return {.IgnoreVersionsPref = ignored == nullptr ? std::vector<std::string>() : JSONToStringArray(*ignored)};
   } catch (const toolkit::RuntimeException& exception) {
     throw toolkit::RuntimeException("The preferences in " + file.Path().string() +

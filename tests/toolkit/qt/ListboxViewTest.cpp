@@ -32,7 +32,7 @@ class ListOnScreen : public Desktop {
     list.Change = [this] { log.push_back("change " + std::to_string(list.ListIndex())); };
     list.DoubleClick = [this] { log.push_back("open " + std::to_string(list.ListIndex())); };
   }
-  void AddRows(int count, std::initializer_list<std::string> cells) {
+  void AddRows(int count, std::initializer_list<std::string_view> cells) {
     for (int row = 0; row < count; ++row) list.AddRow(cells);
     EXPECT_TRUE(Until([&] { return view.model()->rowCount() == list.ListCount(); }));
   }
