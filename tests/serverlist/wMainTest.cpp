@@ -4,7 +4,9 @@
 #include "serverlist/CorvaneClient.h"
 #include "serverlist/wMain.h"
 #include "shell/App.h"
+#include "shell/Product.h"
 #include "tests/support/HandPlatform.h"
+#include "toolkit/TextFile.h"
 
 using namespace std::string_literals;
 using boost::json::parse;
@@ -186,4 +188,47 @@ TEST_F(MainWindowTest, UnusualTextReachesServerRecordAndRowUnchanged) {
     EXPECT_EQ(window->listServers.Cell(window->listServers.ListCount() - 1, 0), text);
   }
   EXPECT_EQ(Servers.size(), std::size(texts));
+}
+
+TEST_F(MainWindowTest, LooksForUpdatesOnceItHasBeenPainted) {
+  const auto desktop = platform.DesktopFolder();
+  const struct {
+    std::vector<const char*> markers;
+    int stage;
+  } rows[] = {
+      {{}, 3}, {{"corvane_alpha.txt"}, 1}, {{"corvane_beta.txt"}, 2}, {{"corvane_alpha.txt", "corvane_beta.txt"}, 2}};
+  platform.WhileWaiting = [&] { platform.LastRequest().Reply(404, ""); };
+  for (const auto& row : rows) {
+    for (const char* marker : {"corvane_alpha.txt", "corvane_beta.txt"}) desktop.Child(marker).Delete();
+    for (const char* marker : row.markers) toolkit::ReplaceFile(desktop.Child(marker), "");
+    OpenWindow();
+    EXPECT_EQ(window->pKaju, nullptr);
+    platform.Requests.clear();
+    for (int painted = 0; painted < 2; ++painted) window->TellPainted();
+    ASSERT_EQ(platform.Requests.size(), 1U);
+    EXPECT_EQ(platform.LastRequest().Request.URL, product::updateURL);
+    EXPECT_EQ(window->pKaju->AllowedStage, row.stage);
+    EXPECT_EQ(window->pKaju->AllowedInteraction, 128U);
+    EXPECT_EQ(window->pKaju->Result(), Kaju::UpdateChecker::ResultType::NoUpdateAvailable);
+  }
+  platform.WhileWaiting = [&] {  // the window is closed while the check waits
+    window->Close();
+    window = nullptr;
+    platform.LastRequest().Reply(404, "");
+  };
+  OpenWindow();
+  toolkit::Window& closing = *window;
+  closing.TellPainted();
+}
+
+TEST_F(MainWindowTest, WorksOnWithPreferencesThatCannotBeRead) {
+  const auto file = app.KajuPrefFolder().Child("Kaju_Preferences");
+  toolkit::ReplaceFile(file, "nonsense");
+  platform.Dispatch([&] { window->TellPainted(); });
+  ASSERT_EQ(platform.Messages.size(), 1U);
+  EXPECT_THAT(platform.Messages[0], HasSubstr("Kaju_Preferences"));
+  EXPECT_EQ(toolkit::ReadFile(file), "nonsense");
+  EXPECT_THAT(platform.Requests, ElementsAre());
+  Add().Reply(200, reply);
+  EXPECT_EQ(Servers.size(), 1U);
 }

@@ -22,7 +22,9 @@ class SystemProxies final : public QNetworkProxyFactory {
 
 }  // namespace
 
-ConnectionPool::ConnectionPool() = default;
+// A request crosses several times between this thread and Qt's own for the network, whose event loop need not be
+// GLib's: the plain one takes less time.
+ConnectionPool::ConnectionPool() { qputenv("QT_NO_THREADED_GLIB", "1"); }
 ConnectionPool::~ConnectionPool() = default;
 
 std::shared_ptr<QNetworkAccessManager> ConnectionPool::Take(CertificateCheck certificates) {
