@@ -115,9 +115,7 @@ bool HTTPSecureSocket::SendAgainWithCredentials() {
   return true;
 }
 
-void HTTPSecureSocket::Event_HeadersReceived(const std::string& /*url*/, int status) {
-  status_ = status;
-}
+void HTTPSecureSocket::Event_HeadersReceived(const std::string& /*url*/, int status) { status_ = status; }
 
 void HTTPSecureSocket::Event_Error(const RuntimeException& /*error*/) {
   if (report_ == Report::ByEvents) Error(LastErrorCode());
