@@ -24,6 +24,23 @@ class ButtonWindow final : public toolkit::Window {
   toolkit::PushButton Button;
 };
 
+/// Sees whether a button was painted in any window but `other`.
+class PaintWatch final : public QObject {
+ public:
+  explicit PaintWatch(const QWidget& other) : other_(other) { qApp->installEventFilter(this); }
+  bool HasSeen = false;
+
+ protected:
+  bool eventFilter(QObject* object, QEvent* event) override {
+    const auto* button = qobject_cast<QPushButton*>(object);
+    HasSeen = HasSeen || (button != nullptr && event->type() == QEvent::Paint && button->window() != &other_);
+    return false;
+  }
+
+ private:
+  const QWidget& other_;
+};
+
 class Program : public Desktop {
  protected:
   std::shared_ptr<ButtonWindow> model = std::make_shared<ButtonWindow>();
@@ -51,6 +68,29 @@ TEST_F(Program, ABoxShowsAnyTextAsItIsWithinTheScreenAndAnyWayOfClosingClosesIt)
     ASSERT_EQ(reader.Texts.size(), 1U);
     EXPECT_EQ(reader.Texts[0].substr(0, 40'000), text.substr(0, 40'000));
   }
+}
+
+// A window whose handler waits must be seen first, and live on while it waits.
+TEST_F(Program, AWindowIsOpenOnceItHasBeenPaintedAndStaysAliveWhileItsHandlerWaits) {
+  const auto late = std::make_shared<ButtonWindow>();
+  const PaintWatch watch(window);
+  bool isPainted = false;
+  int opened = 0;
+  bool mayGoOn = false;
+  late->Open = [&] {
+    ++opened;
+    isPainted = watch.HasSeen;
+    platform.RunEventsUntil([&] { return mayGoOn; });
+  };
+  late->Show();
+  EXPECT_EQ(opened, 0);
+  QTimer::singleShot(50, [&] {
+    late->Close();
+    mayGoOn = true;
+  });
+  EXPECT_TRUE(Until([&] { return mayGoOn; }));
+  EXPECT_EQ(opened, 1);
+  EXPECT_TRUE(isPainted);
 }
 
 TEST_F(Program, BoxesComeOneAfterTheOtherInOrder) {
