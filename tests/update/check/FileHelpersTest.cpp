@@ -1,5 +1,4 @@
 #include <filesystem>
-#include <sys/stat.h>
 
 #include <gmock/gmock.h>
 
@@ -15,8 +14,7 @@ using toolkit::FolderItem;
 namespace {
 
 /// A tree with names of every kind, links inside and outside, and a link that leads back to its top.
-class FileHelpersTest : public testing::Test {
- protected:
+struct FileHelpersTest : testing::Test {
   FileHelpersTest() {
     for (const char* name : {"a\"b'c", "line\nbreak", "😀 $x", "-rf", ".hidden"}) {
       tree.Child(name).Child("deeper").CreateAsFolder();
@@ -98,9 +96,7 @@ TEST_F(FileHelpersTest, MakesTemporaryFoldersForThisUserAlone) {
   const FolderItem one = Kaju::GetTemporaryFolder();
   const FolderItem other = Kaju::GetTemporaryFolder();
   EXPECT_NE(one.Path(), other.Path());
-  struct stat status {};
-  ASSERT_EQ(stat(one.Path().c_str(), &status), 0);
-  EXPECT_EQ(status.st_mode & 07777, 0700U);
+  EXPECT_EQ(fs::status(one.Path()).permissions(), fs::perms(0700));
   EXPECT_THAT(one.Children(), testing::IsEmpty());
   one.Delete();
   other.Delete();
