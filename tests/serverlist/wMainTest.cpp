@@ -201,8 +201,7 @@ TEST_F(MainWindowTest, LooksForUpdatesOnceItHasBeenPainted) {
     platform.LastRequest().Reply(404, "");
   };
   OpenWindow();
-  toolkit::Window& closing = *window;
-  closing.TellPainted();
+  window->TellPainted();
 }
 
 TEST_F(MainWindowTest, WorksOnWithPreferencesThatCannotBeRead) {
