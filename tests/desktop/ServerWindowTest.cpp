@@ -8,10 +8,8 @@
 #include "tests/desktop/Desktop.h"
 #include "tests/support/FaultServer.h"
 
-using test_servers::Answer;
-using test_servers::FaultServer;
-using testing::ElementsAre;
-using testing::HasSubstr;
+using namespace test_servers;
+using namespace testing;
 
 namespace {
 
@@ -20,8 +18,7 @@ const Answer everything{{test_servers::Reply(
     200, R"({"status":"<b>Done</b>","systemName":"edge","containers":{"0":["web","running","Up"]}})")}};
 
 /// A server window that has loaded. What it asks for next is answered when the server is released.
-class ServerWindowOnScreen : public Desktop {
- protected:
+struct ServerWindowOnScreen : Desktop {
   ServerWindowOnScreen() {
     EXPECT_TRUE(Until([this] { return model->list_containers.ListCount() + model->list_overview.ListCount() == 20; }));
   }
@@ -45,12 +42,8 @@ class ServerWindowOnScreen : public Desktop {
 }  // namespace
 
 TEST_F(ServerWindowOnScreen, OnlyTheListsGrowAndOnlyOneTabShows) {
-  const struct {
-    const char* name = nullptr;
-    int panel = 0;
-    QRect place;
-    bool grows = false;
-  } rows[] = {
+  const std::tuple<const char*, int, QRect, bool> rows[] = {
+      // the panel, 0 for both and 3 for none; whether it grows
       // clang-format off
       {"tabs", 0, {20, 0, 760, 480}, true},
       {"list_overview", 1, {40, 70, 720, 390}, true}, {"btn_overview_refresh", 1, {40, 38, 160, 20}, false},
@@ -70,12 +63,12 @@ TEST_F(ServerWindowOnScreen, OnlyTheListsGrowAndOnlyOneTabShows) {
     for (const int panel : {1, 2}) {
       Find<QTabWidget>("tabs").setCurrentIndex(panel - 1);
       QTest::qWait(5);
-      for (const auto& row : rows) {
-        SCOPED_TRACE(row.name + std::to_string(panel));
-        const QWidget& view = Find(row.name);
+      for (const auto& [name, of, designed, grows] : rows) {
+        SCOPED_TRACE(name + std::to_string(panel));
+        const QWidget& view = Find(name);
         const QRect place(view.mapTo(&window, QPoint(0, -menus)), view.size());
-        EXPECT_TRUE(place == QRect(row.place.topLeft(), row.place.size() + (row.grows ? grown : QSize(0, 0))));
-        EXPECT_EQ(view.isVisible(), row.panel == 0 || row.panel == panel);
+        EXPECT_TRUE(place == QRect(designed.topLeft(), designed.size() + (grows ? grown : QSize(0, 0))));
+        EXPECT_EQ(view.isVisible(), of == 0 || of == panel);
         EXPECT_FALSE(view.accessibleName().isEmpty());
       }
     }

@@ -1,5 +1,6 @@
 // The sockets of the update check against a web server that does what servers do.
 
+#include <QSslConfiguration>
 #include <gmock/gmock.h>
 
 #include "tests/desktop/Desktop.h"
@@ -9,13 +10,11 @@
 
 using namespace test_servers;
 using namespace testing;
+using namespace std::literals;
 
 namespace {
 
-constexpr auto closes = Answer::Then::Close;
-constexpr auto resets = Answer::Then::Reset;
-
-class UpdateTraffic : public Desktop {};
+using UpdateTraffic = Desktop;
 
 std::string Moved(const std::string& where, int status = 302) {
   return Reply(status, "", "Location: " + where + "\r\n");
@@ -24,34 +23,30 @@ std::string Moved(const std::string& where, int status = 302) {
 }  // namespace
 
 TEST_F(UpdateTraffic, FollowsRedirectsByTheirHeadersAlone) {
-  const struct {
-    const char* what;
-    std::vector<Answer> script;
-    std::string leadsTo;  // "$" stands for the server's own address
-    std::size_t requests;
-  } rows[] = {
-      {"none", {{{Reply(200, "")}}}, "$/start", 1},
-      {"one", {{{Moved("$/b")}}, {{Reply(200, "")}}}, "$/b", 2},
-      {"any status", {{{Moved("$/b", 200)}}, {{Moved("$/c", 404)}}, {{Reply(500, "")}}}, "$/c", 3},
-      {"relative", {{{Moved("/b")}}}, "/b", 1},
-      {"loop", {{{Moved("$/start")}}}, "$/start", 5},
-      {"six in a chain",
-       {{{Moved("$/1")}}, {{Moved("$/2")}}, {{Moved("$/3")}}, {{Moved("$/4")}}, {{Moved("$/5")}}},
-       "$/5",
-       5},
-      {"nowhere", {{{Moved("")}}}, "$/start", 1},
+  using Script = std::vector<Answer>;
+  const std::tuple<const char*, Script, std::string, std::size_t> rows[] = {
+      // "$" stands for the server's own address
+      // clang-format off
+      {"none",           {{{Reply(200, "")}}},                                                "$/start", 1},
+      {"one",            {{{Moved("$/b")}}, {{Reply(200, "")}}},                              "$/b",     2},
+      {"any status",     {{{Moved("$/b", 200)}}, {{Moved("$/c", 404)}}, {{Reply(500, "")}}},  "$/c",     3},
+      {"relative",       {{{Moved("/b")}}},                                                   "/b",      1},
+      {"loop",           {{{Moved("$/start")}}},                                              "$/start", 5},
+      {"six in a chain", {{{Moved("$/1")}}, {{Moved("$/2")}}, {{Moved("$/3")}}, {{Moved("$/4")}}, {{Moved("$/5")}}}, "$/5", 5},
+      {"nowhere",        {{{Moved("")}}},                                                     "$/start", 1},
+      // clang-format on
   };
-  for (const auto& row : rows) {
-    const FaultServer server(row.script, Wire::Plain);
+  for (const auto& [what, script, leadsTo, requests] : rows) {
+    const FaultServer server(script, Wire::Plain);
     const std::string found = Kaju::HTTPSSocket().GetRedirectAddress(server.URL() + "/start", 5, 5);
-    EXPECT_EQ(found, row.leadsTo.starts_with('$') ? server.URL() + row.leadsTo.substr(1) : row.leadsTo) << row.what;
-    EXPECT_EQ(server.Requests().size(), row.requests) << row.what;
-    EXPECT_THAT(server.Requests(), Each(StartsWith("HEAD /"))) << row.what;
+    EXPECT_EQ(found, leadsTo.starts_with('$') ? server.URL() + leadsTo.substr(1) : leadsTo) << what;
+    EXPECT_THAT(server.Requests(), AllOf(SizeIs(requests), Each(StartsWith("HEAD /")))) << what;
   }
   EXPECT_EQ(Kaju::HTTPSSocket().GetRedirectAddress("", 5, 5), "");
 }
 
 TEST_F(UpdateTraffic, GoesFromPlainToSecureOnlyWithACertificateThatIsTrusted) {
+  const QSslConfiguration untrusting = QSslConfiguration::defaultConfiguration();
   for (const bool isTrusted : {false, true}) {
     if (isTrusted) toolkit::Platform::Current().TrustAuthority(FaultServer::Certificate());
     const FaultServer secure({{{Reply(200, "secret")}}});
@@ -64,84 +59,79 @@ TEST_F(UpdateTraffic, GoesFromPlainToSecureOnlyWithACertificateThatIsTrusted) {
     EXPECT_EQ(socket.Get("http" + secure.URL().substr(5), 5), isTrusted ? "secret" : "");
     EXPECT_EQ(socket.Get(plain.URL(), 5), "");
   }
+  QSslConfiguration::setDefaultConfiguration(untrusting);  // for the tests that follow in this process
 }
 
 TEST_F(UpdateTraffic, TellsEveryOutcomeByBodyStatusAndError) {
   const std::string ten = "HTTP/1.1 200 OK\r\nContent-Length: 10\r\n\r\n";
-  const struct {
-    const char* what;
-    Answer answer;
-    std::string body;
-    int status;
-    bool timesOut = false;
-    Greeting greeting = Greeting::Serve;
-  } rows[] = {
-      {"document", {{Reply(200, "KAJU")}}, "KAJU", 200},
-      {"missing", {{Reply(404, "no")}}, "no", 404},
-      {"broken", {{Reply(500, "oh")}}, "oh", 500},
-      {"empty", {{Reply(200, "")}}, "", 200},
-      {"moved", {{Moved("/x")}}, "", 302},
-      {"slow", {{ten, "01", "23", "45", "67", "89"}, closes, {}, std::chrono::milliseconds(400)}, "0123456789", 200},
-      {"stalls", {{ten, "0", "1"}, closes, {}, std::chrono::milliseconds(1500)}, "", 200, true},
-      {"short", {{ten + "123"}, closes}, "", 200},
-      {"reset", {{ten + "123"}, resets}, "", 200},
-      {"hangs up", {{}, closes}, "", 0},
-      {"never answers", {{}}, "", 0, true},
-      {"never speaks", {{}}, "", 0, true, Greeting::Silence},
-      {"too large", {{"HTTP/1.1 200 OK\r\nContent-Length: 99999999\r\n\r\nx"}}, "", 0},
-      {"larger than it says", {{"HTTP/1.1 200 OK\r\n\r\n" + std::string(2000, 'x')}, closes}, "", 200},
+  const std::string endless = "HTTP/1.1 200 OK\r\n\r\n" + std::string(2000, 'x');
+  const std::string huge = "HTTP/1.1 200 OK\r\nContent-Length: 99999999\r\n\r\nx";
+  enum Trouble { None, Failure, TimeOut, TooLarge };
+  using enum Answer::Then;
+  const std::tuple<const char*, Answer, std::string, int, Trouble> rows[] = {
+      // clang-format off
+      {"document",            {{Reply(200, "KAJU")}},        "KAJU", 200, None},
+      {"missing",             {{Reply(404, "no")}},          "no",   404, None},
+      {"broken",              {{Reply(500, "oh")}},          "oh",   500, None},
+      {"empty",               {{Reply(200, "")}},            "",     200, None},
+      {"moved",               {{Moved("/x")}},               "",     302, None},
+      {"slow",                {{ten, "01", "23", "45", "67", "89"}, Close, {}, 400ms}, "0123456789", 200, None},
+      {"stalls",              {{ten, "0", "1"}, Close, {}, 1500ms}, "", 200, TimeOut},
+      {"short",               {{ten + "123"}, Close},        "",     200, Failure},
+      {"reset",               {{ten + "123"}, Reset},        "",     200, Failure},
+      {"hangs up",            {{}, Close},                   "",     0,   Failure},
+      {"never answers",       {{}},                          "",     0,   TimeOut},
+      {"never speaks",        {{}},                          "",     0,   TimeOut},
+      {"too large",           {{huge}},                      "",     0,   TooLarge},
+      {"larger than it says", {{endless}, Close},            "",     200, TooLarge},
+      // clang-format on
   };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.what);
-    const FaultServer server({row.answer}, Wire::Plain, row.greeting);
+  for (const auto& [what, answer, body, status, trouble] : rows) {
+    SCOPED_TRACE(what);
+    const Greeting greeting = what == "never speaks"s ? Greeting::Silence : Greeting::Serve;
+    const FaultServer server({answer}, Wire::Plain, greeting);
     Kaju::HTTPSSocket socket;
     socket.LargestBody = 1000;
-    EXPECT_EQ(socket.Get(server.URL() + "/doc", 1), row.body);
-    EXPECT_EQ(socket.HTTPStatusCode(), row.status);
-    EXPECT_EQ(socket.LastErrorCode() == -1, row.timesOut);
-    EXPECT_EQ(socket.LastErrorCode() != 0, row.body.empty() && std::string(row.what) != "empty" && row.status != 302);
-    EXPECT_EQ(socket.WasTooLarge(), std::string(row.what).find("large") != std::string::npos);
+    EXPECT_EQ(socket.Get(server.URL() + "/doc", 1), body);
+    EXPECT_EQ(socket.HTTPStatusCode(), status);
+    EXPECT_EQ(socket.LastErrorCode() == -1, trouble == TimeOut);
+    EXPECT_EQ(socket.LastErrorCode() != 0, trouble != None);
+    EXPECT_EQ(socket.WasTooLarge(), trouble == TooLarge);
   }
 }
 
 TEST_F(UpdateTraffic, AnswersAChallengeOnceWithTheNamesInTheAddress) {
   const Answer asks{{Reply(401, "who?", "WWW-Authenticate: Basic realm=\"r\"\r\n")}};
   const Answer gives{{Reply(200, "yours")}};
-  const struct {
-    const char* user;
-    std::vector<Answer> script;
-    std::string body;
-    std::vector<std::string> sent;
-  } rows[] = {
+  const Answer refuses{{Reply(401, "no", "WWW-Authenticate: Digest realm=\"r\"\r\n")}};
+  const std::tuple<std::string, std::vector<Answer>, std::string, std::vector<std::string>> rows[] = {
+      // clang-format off
       {"a%40b:p%3aw@", {asks, gives}, "yours", {"", "Basic YUBiOnA6dw=="}},
-      {"a:@", {asks, gives}, "yours", {"", "Basic YTo="}},
-      {"a:wrong@", {asks}, "who?", {"", "Basic YTp3cm9uZw=="}},
-      {"", {asks}, "who?", {""}},
-      {":p@", {asks}, "who?", {""}},
-      {"a:p@", {{{Reply(401, "no", "WWW-Authenticate: Digest realm=\"r\"\r\n")}}}, "no", {""}},
+      {"a:@",          {asks, gives}, "yours", {"", "Basic YTo="}},
+      {"a:wrong@",     {asks},        "who?",  {"", "Basic YTp3cm9uZw=="}},
+      {"",             {asks},        "who?",  {""}},
+      {":p@",          {asks},        "who?",  {""}},
+      {"a:p@",         {refuses},     "no",    {""}},
+      // clang-format on
   };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.user);
-    const FaultServer server(row.script, Wire::Plain);
-    EXPECT_EQ(Kaju::HTTPSSocket().Get("http://" + std::string(row.user) + server.URL().substr(7) + "/x", 5), row.body);
+  for (const auto& [user, script, body, expected] : rows) {
+    SCOPED_TRACE(user);
+    const FaultServer server(script, Wire::Plain);
+    EXPECT_EQ(Kaju::HTTPSSocket().Get("http://" + user + server.URL().substr(7) + "/x", 5), body);
     std::vector<std::string> sent;
     for (const std::string& request : server.Requests()) {
       EXPECT_THAT(request, StartsWith("GET /x HTTP/1.1\r\nHost: 127.0.0.1:"));
-      const std::size_t place = request.find("Authorization: ");
-      sent.push_back(place == std::string::npos ? ""
-                                                : request.substr(place + 15, request.find('\r', place) - place - 15));
+      const QString rest = QString::fromStdString(request).section("Authorization: ", 1);
+      sent.push_back(rest.section("\r\n", 0, 0).toStdString());
     }
-    EXPECT_EQ(sent, row.sent);
+    EXPECT_EQ(sent, expected);
   }
 }
 
 TEST_F(UpdateTraffic, FetchesReleaseNotesInTheirEncodingOrFallsBack) {
   const std::string none = "<b>NO UPDATE INFORMATION</b>";
-  const struct {
-    std::string notes;  // "$" stands for the page's address
-    std::string page;
-    std::string shown;
-  } rows[] = {
+  const std::tuple<std::string, std::string, std::string> rows[] = {
+      // "$" stands for the page's address
       {"", "", none},
       {" \n\t", "", none},
       {"<p>plain</p>", "", "<p>plain</p>"},
@@ -159,14 +149,12 @@ TEST_F(UpdateTraffic, FetchesReleaseNotesInTheirEncodingOrFallsBack) {
       {"$\n", Reply(200, "<meta charset=\"unknown\">é\xE9!"), "<meta charset=\"unknown\">é\uFFFD!"},
       {"$\n", Reply(200, "é\xFF\xC3"), "é\uFFFD\uFFFD"},
   };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.notes + row.page);
-    const FaultServer server({{{Reply(200, "")}}, {{row.page}}}, Wire::Plain);
-    std::string notes = row.notes;
-    const std::size_t place = notes.find('$');
-    if (place != std::string::npos) notes.replace(place, 1, server.URL() + "/notes");
-    const bool isLink = place != std::string::npos && row.page != "unasked";
-    EXPECT_EQ(Kaju::ProcessReleaseNotes(notes), row.shown.empty() ? notes : row.shown);
-    EXPECT_EQ(server.Requests().size(), isLink ? 2U : 0U);
+  for (const auto& [written, page, shown] : rows) {
+    SCOPED_TRACE(written + page);
+    const FaultServer server({{{Reply(200, "")}}, {{page}}}, Wire::Plain);
+    const std::string notes =
+        QString::fromStdString(written).replace("$", (server.URL() + "/notes").c_str()).toStdString();
+    EXPECT_EQ(Kaju::ProcessReleaseNotes(notes), shown.empty() ? notes : shown);
+    EXPECT_EQ(server.Requests().size(), notes == written || page == "unasked" ? 0U : 2U);
   }
 }

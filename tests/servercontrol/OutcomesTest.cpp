@@ -1,16 +1,11 @@
-#include <functional>
-
 #include "tests/servercontrol/ServerFixture.h"
 
-using testing::ElementsAre;
-using testing::Eq;
-using testing::HasSubstr;
+using namespace testing;
 using toolkit::TransferFault;
 
 namespace {
 
-class Outcomes : public ServerFixture {
- protected:
+struct Outcomes : ServerFixture {
   /// Everything can be used but for what `path` takes while it is under way.
   void ExpectBusyWith(const std::string& path) const {
     EXPECT_EQ(window->btn_overview_reload.Enabled(), path != "system/reload");
@@ -32,21 +27,20 @@ void CutOff(SentRequest& sent) {
   sent.Fail(TransferFault::ClosedEarly);
 }
 
-enum class End { Reply, Failure };
 const struct Outcome {
   const char* name;
-  End end;
+  bool isReply;
   std::function<void(SentRequest&)> happen;
-  testing::Matcher<std::string> message;
+  Matcher<std::string> message;
 } outcomes[] = {
-    {"success", End::Reply, Reply(200, R"({"status":"<b>Done</b>"})"), Eq("<b>Done</b>")},
-    {"another HTTP status", End::Reply, Reply(500, R"({"status":"failed","_error":"x"})"), Eq("failed")},
-    {"another type", End::Reply, Reply(200, R"({"status":{"0":[1]}})"), Eq(R"({"0":[1]})")},
-    {"refused", End::Failure, Reply(400, R"({"_error":"<no>","status":"x","containers":{},"log":{}})"), Eq("<no>")},
-    {"unreadable", End::Failure, Reply(200, "<html>"), HasSubstr("cannot be read: the text is not JSON")},
-    {"empty", End::Failure, Reply(200, ""), Eq("No data was returned from the Tessen Service.")},
-    {"no server", End::Failure, [](auto& sent) { sent.Fail(TransferFault::Refused); }, HasSubstr("refused the conn")},
-    {"cut off", End::Failure, CutOff, HasSubstr("before its reply was complete")},
+    {"success", true, Reply(200, R"({"status":"<b>Done</b>"})"), Eq("<b>Done</b>")},
+    {"another HTTP status", true, Reply(500, R"({"status":"failed","_error":"x"})"), Eq("failed")},
+    {"another type", true, Reply(200, R"({"status":{"0":[1]}})"), Eq(R"({"0":[1]})")},
+    {"refused", false, Reply(400, R"({"_error":"<no>","status":"x","containers":{},"log":{}})"), Eq("<no>")},
+    {"unreadable", false, Reply(200, "<html>"), HasSubstr("cannot be read: the text is not JSON")},
+    {"empty", false, Reply(200, ""), Eq("No data was returned from the Tessen Service.")},
+    {"no server", false, [](auto& sent) { sent.Fail(TransferFault::Refused); }, HasSubstr("refused the conn")},
+    {"cut off", false, CutOff, HasSubstr("before its reply was complete")},
 };
 
 }  // namespace
@@ -55,9 +49,8 @@ TEST_F(Outcomes, WhateverBecomesOfACallNothingStaysBusy) {
   const Texts rows{"web\trunning\tUp", "db\trunning\tUp"};
   for (const auto& [path, button] : calls) {
     for (const Outcome& outcome : outcomes) {
-      const bool isReply = outcome.end == End::Reply;
       const bool isFetch = path == "system/information" || path == "containers/list" || path == "containers/logs";
-      if (isReply && isFetch) continue;  // no status; what these show has tests of its own
+      if (outcome.isReply && isFetch) continue;  // no status; what these show has tests of its own
       SCOPED_TRACE(path + ", " + outcome.name);
       OpenAgain();
       Sent("system/information").Reply(200, "{}");
@@ -75,7 +68,7 @@ TEST_F(Outcomes, WhateverBecomesOfACallNothingStaysBusy) {
       outcome.happen(Sent(path));
       EXPECT_THAT(platform.Messages, ElementsAre(outcome.message));
       EXPECT_EQ(platform.OpenWindows().size(), windows);
-      const bool lists = isReply && NamesContainer(path);
+      const bool lists = outcome.isReply && NamesContainer(path);
       ExpectBusyWith(lists ? "containers/list" : "");
       ASSERT_EQ(platform.Requests.size(), sent + (lists ? 1 : 0));
       EXPECT_EQ(Sent("containers/list").IsRunning(), lists);
@@ -88,23 +81,20 @@ TEST_F(Outcomes, WhateverBecomesOfACallNothingStaysBusy) {
 }
 
 TEST_F(Outcomes, ContainersAreShownWholeOrNotAtAll) {
-  const struct {
-    const char* reply;
-    Texts rows, messages;
-  } rows[] = {
+  const std::tuple<const char*, Texts, Texts> rows[] = {
       {R"({"containers":{}})", {}, {}},
       {R"({"containers":{"1":["b","c"],"0":["a",1.5,null,"beyond","far"]},"status":1})", {"a\t1.5\t", "b\tc\t"}, {}},
       {R"({"containers":null})", {}, {"The server's reply cannot be shown: it has no “containers”."}},
       {R"({"containers":[["a"]]})", {}, {"The server's reply cannot be shown: its “containers” is no table."}},
       {R"({"containers":{"0":["a"],"2":["c"]}})", {}, {"The server's table cannot be shown: it has no row 1."}},
   };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.reply);
+  for (const auto& [reply, shown, messages] : rows) {
+    SCOPED_TRACE(reply);
     platform.Messages.clear();
-    Sent("containers/list").Reply(200, row.reply);
+    Sent("containers/list").Reply(200, reply);
     ExpectBusyWith("");
-    EXPECT_EQ(RowsOf(window->list_containers), row.rows);
-    EXPECT_EQ(platform.Messages, row.messages);
+    EXPECT_EQ(RowsOf(window->list_containers), shown);
+    EXPECT_EQ(platform.Messages, messages);
     Press(&wServer::btn_containers_refresh);
   }
 }

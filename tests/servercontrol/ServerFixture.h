@@ -34,8 +34,7 @@ inline Texts RowsOf(const toolkit::Listbox& list) {
 }
 
 /// An open server window that is asking for both its tabs.
-class ServerFixture : public testing::Test {
- protected:
+struct ServerFixture : testing::Test {
   ServerFixture() { OpenAgain(); }
 
   void OpenAgain() {

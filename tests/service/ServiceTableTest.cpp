@@ -9,13 +9,7 @@
 using Rows = std::vector<std::string>;
 
 TEST(ServiceTable, IsReadByTheNumbersOfItsRowsWholeOrNotAtAll) {
-  const struct {
-    const char* table;
-    bool hasHeadings;
-    std::string headings;
-    Rows rows;
-    std::string fault;
-  } tables[] = {
+  const std::tuple<const char*, bool, std::string, Rows, std::string> tables[] = {
       // clang-format off
       {"{}", false, "as/were", {}, ""},
       {R"({"0":[null]})", true, "/were", {}, ""},
@@ -31,28 +25,28 @@ TEST(ServiceTable, IsReadByTheNumbersOfItsRowsWholeOrNotAtAll) {
       {R"({"0":["a"],"1":{"0":"b"}})", false, "", {}, "its row 1 is no row"},
       // clang-format on
   };
-  for (const auto& wanted : tables) {
-    SCOPED_TRACE(wanted.table);
-    const boost::json::object table = boost::json::parse(wanted.table).as_object();
+  for (const auto& [text, hasHeadings, headings, expected, complaint] : tables) {
+    SCOPED_TRACE(text);
+    const boost::json::object table = boost::json::parse(text).as_object();
     toolkit::Listbox list;
-    list.ColumnCount(2).HasHeading(!wanted.hasHeadings);
+    list.ColumnCount(2).HasHeading(!hasHeadings);
     list.Heading(0, "as");
     list.Heading(1, "were");
     std::string fault;
     try {
-      TessenServicesClient::TessenListBox_FillDesktopListBox(list, table, wanted.hasHeadings);
-      const auto rows = TessenServicesClient::TessenListBox_FillArray(table, wanted.hasHeadings);
-      ASSERT_EQ(rows.size(), wanted.rows.size());
-      EXPECT_TRUE(rows.empty() || rows[0] == &table.at(wanted.hasHeadings ? "1" : "0").as_array());
+      TessenServicesClient::TessenListBox_FillDesktopListBox(list, table, hasHeadings);
+      const auto rows = TessenServicesClient::TessenListBox_FillArray(table, hasHeadings);
+      ASSERT_EQ(rows.size(), expected.size());
+      EXPECT_TRUE(rows.empty() || rows[0] == &table.at(hasHeadings ? "1" : "0").as_array());
     } catch (const toolkit::RuntimeException& exception) {
       fault = exception.Message();
     }
-    const bool isTaken = wanted.fault.empty();
-    EXPECT_EQ(fault, isTaken ? "" : "The server's table cannot be shown: " + wanted.fault + ".");
+    const bool isTaken = complaint.empty();
+    EXPECT_EQ(fault, isTaken ? "" : "The server's table cannot be shown: " + complaint + ".");
     Rows shown;
     for (int row = 0; row < list.ListCount(); ++row) shown.push_back(list.RowText(row));
-    EXPECT_EQ(shown, wanted.rows);
-    EXPECT_EQ(list.Heading(0) + "/" + list.Heading(1), isTaken ? wanted.headings : "as/were");
-    EXPECT_EQ(list.HasHeading(), wanted.hasHeadings == isTaken);
+    EXPECT_EQ(shown, expected);
+    EXPECT_EQ(list.Heading(0) + "/" + list.Heading(1), isTaken ? headings : "as/were");
+    EXPECT_EQ(list.HasHeading(), hasHeadings == isTaken);
   }
 }

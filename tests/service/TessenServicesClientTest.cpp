@@ -15,8 +15,7 @@ boost::json::value parse(std::string_view text) { return boost::json::parse(text
 
 constexpr const char* url = "https://Srv:1701/Api/v1/System";
 
-class ClientTest : public testing::Test {
- protected:
+struct ClientTest : testing::Test {
   ClientTest() {
     client->ButtonPressed = [this] { events.emplace_back("pressed"); };
     client->Error = [this](const auto& error) { events.push_back("error: " + error.Message()); };
@@ -55,16 +54,11 @@ TEST_F(ClientTest, EachOutcomeRaisesOneEventAndOnlyAnAcceptedReplyTouchesTheStor
   const std::string unread = "error: The server's reply cannot be read: the ";
   const std::string noJSON = unread + "text is not JSON (";  // and what the parser says
   const std::string noReason = "error: The server refused the request and gave no reason.";
-  const struct {
-    const char* name;
-    int status;
-    std::string body, event;
-  } rows[] = {
+  const std::tuple<const char*, int, std::string, std::string> rows[] = {
       {"accepted", 200, R"({"new":1,"other":2,"new":3})", "pressed"},
       {"as deep as can be", 200, R"({"a":)" + std::string(63, '[') + std::string(63, ']') + "}", "pressed"},
       {"only 400 refuses: 401", 401, R"({"new":1,"_error":"no"})", "pressed"},
       {"no data", 200, "", "error: No data was returned from the Tessen Service."},
-      {"no data before refusal", 400, "", "error: No data was returned from the Tessen Service."},
       {"refused", 400, R"({"_error":"No <b>such</b>\n\u0000😀","new":1})", "error: No <b>such</b>\n\0😀"s},
       {"refused without a reason", 400, R"({"error":"x"})", noReason},
       {"a number beyond all bounds", 200, R"({"new":1e400})", noJSON},
@@ -72,23 +66,22 @@ TEST_F(ClientTest, EachOutcomeRaisesOneEventAndOnlyAnAcceptedReplyTouchesTheStor
       {"not UTF-8", 200, "{\"new\":\"caf\xE9\"}", unread + "text is not UTF-8."},
       {"not JSON", 200, "<html>new</html>", noJSON},
       {"cut off", 200, R"({"new":1)", noJSON},
-      {"two objects", 200, R"({"new":1}{})", noJSON},
       {"half a surrogate", 200, R"({"new":"\ud800"})", noJSON},
       {"too deep", 400, R"({"_error":)" + std::string(64, '[') + std::string(64, ']') + "}",
        unread + "JSON is nested too deep."},
       {"an array", 200, R"([{"new":1}])", unread + "JSON is not an object."},
   };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.name);
+  for (const auto& [name, status, body, event] : rows) {
+    SCOPED_TRACE(name);
     client->Operator_Lookup("kept", "as sent");
     const auto sent = Press();
     const std::size_t requests = platform.Requests.size();
     events.clear();
-    Last().Reply(row.status, row.body);
-    ASSERT_EQ(events.size(), 1U);
-    EXPECT_EQ(row.event == noJSON ? events[0].substr(0, noJSON.size()) : events[0], row.event);
+    Last().Reply(status, body);
+    EXPECT_THAT(events, ElementsAre(testing::StartsWith(event)));
+    EXPECT_TRUE(event == noJSON || events == std::vector{event});
     EXPECT_EQ(platform.Requests.size(), requests) << "sent again";
-    EXPECT_EQ(Press(), row.event == "pressed" ? parse(row.body) : sent);
+    EXPECT_EQ(Press(), event == "pressed" ? parse(body) : sent);
     Last().Reply(200, "{}");
   }
 }
@@ -121,23 +114,6 @@ TEST_F(ClientTest, ValuesSurviveTheRoundTripExactly) {
   const std::string reply = R"({"nested":{"list":[null,false,1e300,{"":)" + all + R"(}]},"nil":null})";
   Last().Reply(200, reply);
   EXPECT_EQ(Press(), parse(reply));
-}
-
-TEST_F(ClientTest, ASecondPressAbandonsTheFirst) {
-  client->Operator_Lookup("number", std::int64_t{1});
-  Press();
-  SentRequest& first = Last();
-  first.BeginReply(200);
-  first.ReplyPart(R"({"from":"the )");
-  client->Operator_Lookup("number", std::int64_t{2});
-  EXPECT_EQ(Press(), parse(R"({"number":2})"));
-  first.ReplyPart(R"(first"})");
-  first.EndReply();
-  EXPECT_THAT(events, ElementsAre());
-  Last().Reply(200, R"({"from":"the second"})");
-  EXPECT_THAT(events, ElementsAre("pressed"));
-  EXPECT_EQ(client->Operator_Lookup("from").Text(), "the second");
-  EXPECT_EQ(platform.Requests.size(), 2U);
 }
 
 TEST_F(ClientTest, ItsHandlersMayPressAgainOrDestroyTheClient) {

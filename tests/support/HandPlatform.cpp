@@ -86,13 +86,3 @@ std::optional<std::string> HandPlatform::Translation(const std::string& key, con
   const auto text = Translations.find(language + " " + key);
   return text == Translations.end() ? std::nullopt : std::optional(text->second);
 }
-
-bool HandPlatform::OpenURL(const std::string& url) {
-  OpenedURLs.push_back(url);
-  return HasBrowser;
-}
-
-int HandPlatform::RunLoop(const std::function<void()>& start) {
-  Dispatch(start);
-  return Quits.empty() ? -1 : Quits.back();
-}

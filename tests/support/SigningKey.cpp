@@ -16,20 +16,14 @@ void Require(bool worked) {
   if (!worked) throw std::runtime_error("OpenSSL could not make a key or a signature.");
 }
 
-std::string Digest(std::string_view data) {
+/// What PKCS #1 v1.5 signs, with a header or a tail that a strict reader does not accept.
+std::string EncodedMessage(std::string_view data, Padding padding, std::size_t size) {
   std::string digest(SHA256_DIGEST_LENGTH, '\0');
   SHA256(Bytes(data), data.size(), reinterpret_cast<unsigned char*>(digest.data()));
-  return digest;
-}
-
-/// What PKCS #1 v1.5 signs, with a header that a strict reader does not accept.
-std::string EncodedMessage(std::string_view data, Padding padding, std::size_t size) {
   const bool hasNull = padding != Padding::NoDigestNull;
-  const std::string header = *toolkit::DecodeHex(hasNull ? "3031300d060960864801650304020105000420"
-                                                         : "302f300b0609608648016503040201"
-                                                           "0420");
-  const std::string trailing(padding == Padding::TrailingBytes ? 16 : 0, 'x');
-  const std::string info = header + Digest(data) + trailing;
+  const std::string info = *toolkit::DecodeHex(hasNull ? "3031300d060960864801650304020105000420"  //
+                                                       : "302f300b06096086480165030402010420") +
+                           digest + std::string(padding == Padding::TrailingBytes ? 16 : 0, 'x');
   return std::string("\0\1", 2) + std::string(size - info.size() - 3, '\xFF') + '\0' + info;
 }
 
@@ -38,37 +32,33 @@ std::string EncodedMessage(std::string_view data, Padding padding, std::size_t s
 SigningKey::SigningKey(int bits) : key_(EVP_RSA_gen(static_cast<unsigned>(bits))) { Require(key_ != nullptr); }
 
 std::string SigningKey::PublicKey() const {
-  unsigned char* der = nullptr;
-  const int size = i2d_PUBKEY(key_.get(), &der);
-  Require(size > 0);
-  const std::string text = toolkit::EncodeHex({reinterpret_cast<char*>(der), static_cast<std::size_t>(size)});
-  OPENSSL_free(der);
-  return text;
+  std::string der(static_cast<std::size_t>(i2d_PUBKEY(key_.get(), nullptr)), '\0');
+  auto* end = reinterpret_cast<unsigned char*>(der.data());
+  Require(i2d_PUBKEY(key_.get(), &end) > 0);
+  return toolkit::EncodeHex(der);
 }
 
 std::string SigningKey::Sign(std::string_view data, Padding padding) const {
-  const bool isRaw = padding == Padding::NoDigestNull || padding == Padding::TrailingBytes;
-  std::string signature(static_cast<std::size_t>(EVP_PKEY_get_size(key_.get())), '\0');
-  std::size_t size = signature.size();
+  std::size_t size = static_cast<std::size_t>(EVP_PKEY_get_size(key_.get()));
+  std::string signature(size, '\0');
   auto* const out = reinterpret_cast<unsigned char*>(signature.data());
-  if (isRaw) {
-    const std::string message = EncodedMessage(data, padding, size);
-    const std::unique_ptr<EVP_PKEY_CTX, decltype(&EVP_PKEY_CTX_free)> context(EVP_PKEY_CTX_new(key_.get(), nullptr),
-                                                                              EVP_PKEY_CTX_free);
-    Require(EVP_PKEY_sign_init(context.get()) == 1 &&
-            EVP_PKEY_CTX_set_rsa_padding(context.get(), RSA_NO_PADDING) == 1 &&
-            EVP_PKEY_sign(context.get(), out, &size, Bytes(message), message.size()) == 1);
-    return signature;
-  }
   const std::unique_ptr<EVP_MD_CTX, decltype(&EVP_MD_CTX_free)> context(EVP_MD_CTX_new(), EVP_MD_CTX_free);
   EVP_PKEY_CTX* parameters = nullptr;
   const EVP_MD* digest = padding == Padding::WrongDigest ? EVP_sha1() : EVP_sha256();
   Require(EVP_DigestSignInit(context.get(), &parameters, digest, nullptr, key_.get()) == 1);
   if (padding == Padding::PSS) Require(EVP_PKEY_CTX_set_rsa_padding(parameters, RSA_PKCS1_PSS_PADDING) == 1);
-  Require(EVP_DigestSign(context.get(), out, &size, Bytes(data), data.size()) == 1);
+  if (padding == Padding::NoDigestNull || padding == Padding::TrailingBytes) {
+    const std::string message = EncodedMessage(data, padding, size);
+    const std::unique_ptr<EVP_PKEY_CTX, decltype(&EVP_PKEY_CTX_free)> raw(EVP_PKEY_CTX_new(key_.get(), nullptr),
+                                                                          EVP_PKEY_CTX_free);
+    Require(EVP_PKEY_sign_init(raw.get()) == 1 && EVP_PKEY_CTX_set_rsa_padding(raw.get(), RSA_NO_PADDING) == 1 &&
+            EVP_PKEY_sign(raw.get(), out, &size, Bytes(message), message.size()) == 1);
+  } else {
+    Require(EVP_DigestSign(context.get(), out, &size, Bytes(data), data.size()) == 1);
+  }
   return signature;
 }
 
-std::string SigningKey::Packet(std::string_view payload, std::string_view lineBreak) const {
-  return "KAJU " + toolkit::EncodeHex(Sign(payload)).append(lineBreak).append(payload);
+std::string SigningKey::Packet(std::string_view payload) const {
+  return "KAJU " + toolkit::EncodeHex(Sign(payload)).append("\n").append(payload);
 }

@@ -19,7 +19,7 @@ class SigningKey {
   /// The raw signature of `data`.
   [[nodiscard]] std::string Sign(std::string_view data, Padding padding = Padding::PKCS1) const;
   /// A whole packet.
-  [[nodiscard]] std::string Packet(std::string_view payload, std::string_view lineBreak = "\n") const;
+  [[nodiscard]] std::string Packet(std::string_view payload) const;
 
  private:
   struct Free {

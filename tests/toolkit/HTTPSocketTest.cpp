@@ -2,6 +2,7 @@
 
 #include "service/TessenServicesClient.h"
 #include "tests/support/HandPlatform.h"
+#include "toolkit/TextFile.h"
 
 using toolkit::FolderItem;
 
@@ -10,10 +11,7 @@ TEST(HTTPSocket, AFileTakesTheReplyOrTheErrorTellsWhyNot) {
   const FolderItem file = platform.DesktopFolder().Child("download");
   const FolderItem missing = platform.DesktopFolder().Child("none").Child("download");
   const std::string big(100'000, 'x');
-  const struct {
-    FolderItem file;
-    std::string body, error;
-  } rows[] = {
+  const std::tuple<FolderItem, std::string, std::string> rows[] = {
       {file, big, ""},
       {file, "", ""},
       {file, "half", "The server “srv” closed the connection before its reply was complete."},
@@ -21,19 +19,17 @@ TEST(HTTPSocket, AFileTakesTheReplyOrTheErrorTellsWhyNot) {
       {FolderItem("/dev/full"), big, "The file /dev/full could not be written."},
       {FolderItem("/dev/full"), "seen at the end", "The file /dev/full could not be written."},
   };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.error);
+  for (const auto& [target, body, error] : rows) {
+    SCOPED_TRACE(error);
     TessenServicesClient socket;
     std::string errors;
-    socket.Error = [&](const auto& error) { errors += error.Message(); };
-    socket.Send("GET", "https://srv:1701/file", row.file);
+    socket.Error = [&](const auto& exception) { errors += exception.Message(); };
+    socket.Send("GET", "https://srv:1701/file", target);
     platform.LastRequest().BeginReply(200);
-    platform.LastRequest().ReplyPart(row.body);
-    row.body == "half" ? platform.LastRequest().Fail(toolkit::TransferFault::ClosedEarly)
-                       : platform.LastRequest().EndReply();
-    EXPECT_EQ(errors, row.error);
-    if (!is_regular_file(row.file.Path())) continue;
-    std::ifstream stream(row.file.Path(), std::ios::binary);
-    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(stream), {}), row.body);
+    platform.LastRequest().ReplyPart(body);
+    body == "half" ? platform.LastRequest().Fail(toolkit::TransferFault::ClosedEarly)
+                   : platform.LastRequest().EndReply();
+    EXPECT_EQ(errors, error);
+    EXPECT_TRUE(!is_regular_file(target.Path()) || toolkit::ReadFile(target) == body);
   }
 }

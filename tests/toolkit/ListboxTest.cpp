@@ -43,11 +43,7 @@ TEST(Listbox, RaisesChangeWhenTheSelectionChangesAndOnlyThen) {
   for (const char* text : {"0", "1", "2"}) list.AddRow({text});
   int changes = 0;
   list.Change = [&] { ++changes; };
-  const struct {
-    const char* name;
-    std::function<void()> action;
-    int selected, changes;
-  } rows[] = {
+  const std::tuple<const char*, std::function<void()>, int, int> rows[] = {
       {"the program selects", [&] { list.ListIndex(1); }, 1, 1},
       {"the same row", [&] { list.ListIndex(1); }, 1, 0},
       {"the user selects", [&] { list.Select(2); }, 2, 1},
@@ -62,12 +58,12 @@ TEST(Listbox, RaisesChangeWhenTheSelectionChangesAndOnlyThen) {
       {"all rows go", [&] { list.DeleteAllRows(); }, -1, 1},
       {"no rows go", [&] { list.DeleteAllRows(); }, -1, 0},
   };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.name);
+  for (const auto& [name, act, selected, raised] : rows) {
+    SCOPED_TRACE(name);
     changes = 0;
-    row.action();
-    EXPECT_EQ(list.ListIndex(), row.selected);
-    EXPECT_EQ(changes, row.changes);
+    act();
+    EXPECT_EQ(list.ListIndex(), selected);
+    EXPECT_EQ(changes, raised);
   }
 }
 

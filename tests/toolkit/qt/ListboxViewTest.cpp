@@ -1,5 +1,4 @@
 #include <fstream>
-#include <iterator>
 
 #include <QAbstractItemView>
 #include <QAccessible>
@@ -14,20 +13,19 @@
 #include "tests/desktop/Desktop.h"
 #include "toolkit/Listbox.h"
 #include "toolkit/RuntimeException.h"
+#include "toolkit/TextFile.h"
 #include "toolkit/qt/ListExport.h"
 
 namespace {
 
-class ListWindow final : public toolkit::Window {
- public:
+struct ListWindow final : toolkit::Window {
   ListWindow() : Window("List", {400, 300}, {100, 100}, {4000, 4000}) {
     Add(List, "list", {0, 0, 400, 300}, {}, 0).ColumnCount(3).ColumnWidths("100,100,*").HasHeading(true);
   }
   toolkit::Listbox List;
 };
 
-class ListOnScreen : public Desktop {
- protected:
+struct ListOnScreen : Desktop {
   ListOnScreen() {
     list.Change = [this] { log.push_back("change " + std::to_string(list.ListIndex())); };
     list.DoubleClick = [this] { log.push_back("open " + std::to_string(list.ListIndex())); };
@@ -55,12 +53,7 @@ TEST_F(ListOnScreen, MouseAndKeysDoWhatTheUserMeans) {
   const auto doubleClick = [this] {
     QTest::mouseDClick(window.windowHandle(), Qt::LeftButton, {}, view.viewport()->mapTo(&window, Cell(1, 2).center()));
   };
-  const struct {
-    const char* what;
-    int selectedBefore;
-    std::function<void()> act;
-    std::vector<std::string> expected;
-  } rows[] = {
+  const std::tuple<const char*, int, std::function<void()>, std::vector<std::string>> rows[] = {
       {"click", -1, click(Cell(2, 1).center()), {"change 2"}},
       {"click the selected row", 2, click(Cell(2, 0).center()), {}},
       {"click beside the rows", 2, click({50, 200}), {"change -1"}},
@@ -77,12 +70,12 @@ TEST_F(ListOnScreen, MouseAndKeysDoWhatTheUserMeans) {
       {"rows removed", 1, [this] { list.DeleteAllRows(); }, {"change -1"}},
       {"copy without rows", -1, key(Qt::Key_C, Qt::ControlModifier), {}},
   };
-  for (const auto& row : rows) {
-    list.ListIndex(row.selectedBefore);
+  for (const auto& [what, selectedBefore, act, expected] : rows) {
+    list.ListIndex(selectedBefore);
     QTest::qWait(30);
     log.clear();
-    row.act();
-    EXPECT_EQ(log, row.expected) << row.what;
+    act();
+    EXPECT_EQ(log, expected) << what;
   }
   EXPECT_EQ(QApplication::clipboard()->text(), "a\t<i>&amp;\x1B[1m\tc");
 }
@@ -139,8 +132,7 @@ TEST_F(ListOnScreen, CopyAllAndSaveWriteEveryRowOnALineOfItsOwn) {
   const std::filesystem::path file = folder.filePath("grün list.txt").toStdString();
   std::ofstream(file) << std::string(5000, 'x');
   toolkit::qt::SaveRows(list, file);
-  std::ifstream saved(file, std::ios::binary);
-  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(saved), {}), expected);
+  EXPECT_EQ(toolkit::ReadFile(toolkit::FolderItem(file)), expected);
   EXPECT_THROW(toolkit::qt::SaveRows(list, file / "no folder"), toolkit::RuntimeException);
 }
 

@@ -1,11 +1,9 @@
 #include <filesystem>
-#include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <gmock/gmock.h>
 
 #include "tests/support/HandPlatform.h"
+#include "tests/support/OtherUser.h"
 #include "toolkit/RuntimeException.h"
 #include "toolkit/TextFile.h"
 #include "update/check/FileHelpers.h"
@@ -16,8 +14,7 @@ using toolkit::FolderItem;
 namespace {
 
 /// A tree with names of every kind, links inside and outside, and a link that leads back to its top.
-class FileHelpersTest : public testing::Test {
- protected:
+struct FileHelpersTest : testing::Test {
   FileHelpersTest() {
     for (const char* name : {"a\"b'c", "line\nbreak", "😀 $x", "-rf", ".hidden"}) {
       tree.Child(name).Child("deeper").CreateAsFolder();
@@ -30,17 +27,11 @@ class FileHelpersTest : public testing::Test {
     fs::create_symlink("nowhere", tree.Child("dangling").Path());
   }
 
-  /// Whether `check` holds for a user who is not root.
-  static bool HoldsForOthers(const std::function<bool()>& check) {
-    const pid_t child = fork();
-    if (child == 0) _exit(setgid(65534) == 0 && setuid(65534) == 0 && check() ? 0 : 1);
-    int status = -1;
-    return waitpid(child, &status, 0) == child && status == 0;
-  }
-  static void OpenToAll(const FolderItem& item, bool writeable) {
-    fs::permissions(item.Path(), fs::perms(writeable ? 0777 : 0555));
-    for (const FolderItem& entry : item.Children()) {
-      if (entry.IsFolder()) OpenToAll(entry, writeable);
+  /// Sets the permissions of a folder, the folders in it and the files in them.
+  static void Allow(const FolderItem& folder, int ofFolders, int ofFiles) {
+    fs::permissions(folder.Path(), fs::perms(ofFolders));
+    for (const auto& entry : fs::recursive_directory_iterator(folder.Path())) {
+      if (!entry.is_symlink()) fs::permissions(entry.path(), fs::perms(entry.is_directory() ? ofFolders : ofFiles));
     }
   }
 
@@ -63,6 +54,8 @@ TEST_F(FileHelpersTest, HashesWhatCanBeRead) {
   for (const FolderItem& other : {tree, tree.Child("missing"), tree.Child("dangling")}) {
     EXPECT_EQ(Kaju::HashOfFile(other), "") << other.Path();
   }
+  Allow(platform.DesktopFolder().Parent(), 0777, 0);
+  EXPECT_TRUE(HoldsForOtherUser([&] { return file.Exists() && Kaju::HashOfFile(file).empty(); }));
 }
 
 TEST_F(FileHelpersTest, DeletesTheWholeTreeAndNothingBehindItsLinks) {
@@ -73,64 +66,52 @@ TEST_F(FileHelpersTest, DeletesTheWholeTreeAndNothingBehindItsLinks) {
 }
 
 TEST_F(FileHelpersTest, LeavesAReadOnlyFolderWithAllThatIsInIt) {
-  OpenToAll(platform.DesktopFolder().Parent(), true);
-  OpenToAll(tree.Child("-rf"), false);
-  EXPECT_TRUE(HoldsForOthers([&] {
+  Allow(platform.DesktopFolder().Parent(), 0777, 0666);
+  Allow(tree.Child("-rf"), 0555, 0666);
+  EXPECT_TRUE(HoldsForOtherUser([&] {
     Kaju::DeleteRecursive(tree.Child("-rf"));
     return tree.Child("-rf").Child("deeper").Child("-rf").Exists();
   }));
 }
 
 TEST_F(FileHelpersTest, KnowsWhetherEverythingCanBeWritten) {
-  OpenToAll(platform.DesktopFolder().Parent(), true);
   const FolderItem file = tree.Child("-rf").Child("deeper").Child("-rf");
-  const auto isWriteable = [&](const FolderItem& item) {
-    return HoldsForOthers([&] { return Kaju::IsWriteableRecursive(item); });
+  const auto expectWriteable = [&](const FolderItem& item, bool expected) {
+    EXPECT_EQ(HoldsForOtherUser([&] { return Kaju::IsWriteableRecursive(item); }), expected) << item.Path();
   };
-  for (const FolderItem& folder : {tree, tree.Child("-rf"), outside}) {
-    for (const FolderItem& entry : folder.Children()) {
-      if (!entry.IsFolder() && fs::is_regular_file(entry.Path())) fs::permissions(entry.Path(), fs::perms(0666));
-    }
-  }
-  EXPECT_FALSE(isWriteable(tree));  // the files in the depth are not
-  for (const auto& entry : fs::recursive_directory_iterator(tree.Path())) {
-    if (entry.is_regular_file() && !entry.is_symlink()) fs::permissions(entry.path(), fs::perms(0666));
-  }
-  EXPECT_TRUE(isWriteable(tree));
-  EXPECT_TRUE(isWriteable(file));
+  Allow(platform.DesktopFolder().Parent(), 0777, 0666);
   fs::permissions(outside.Child("kept").Path(), fs::perms(0444));  // behind a link, so it does not count
-  EXPECT_TRUE(isWriteable(tree));
+  expectWriteable(tree, true);
+  expectWriteable(file, true);
+  expectWriteable(tree.Child("missing"), false);
   fs::permissions(file.Path(), fs::perms(0444));
-  EXPECT_FALSE(isWriteable(tree));
-  EXPECT_FALSE(isWriteable(file));
-  EXPECT_FALSE(isWriteable(tree.Child("missing")));
+  expectWriteable(tree, false);
+  expectWriteable(file, false);
+  Allow(tree.Child("-rf"), 0555, 0666);
+  expectWriteable(tree, false);
+  expectWriteable(file, true);
 }
 
 TEST_F(FileHelpersTest, MakesTemporaryFoldersForThisUserAlone) {
   const FolderItem one = Kaju::GetTemporaryFolder();
   const FolderItem other = Kaju::GetTemporaryFolder();
   EXPECT_NE(one.Path(), other.Path());
-  struct stat status {};
-  ASSERT_EQ(stat(one.Path().c_str(), &status), 0);
-  EXPECT_EQ(status.st_mode & 07777, 0700U);
+  EXPECT_EQ(fs::status(one.Path()).permissions(), fs::perms(0700));
   EXPECT_THAT(one.Children(), testing::IsEmpty());
   one.Delete();
   other.Delete();
 }
 
 TEST_F(FileHelpersTest, FindsWhatAnUpdateReplaces) {
-  const struct {
-    Kaju::System system;
-    const char* executable;
-    const char* replaced;
-  } rows[] = {
-      {Kaju::System::Mac, "/Applications/My App.app/Contents/MacOS/app", "/Applications/My App.app"},
-      {Kaju::System::Mac, "/a/cONTENTS/b/Contents/x/app", "/a/cONTENTS/b"},
-      {Kaju::System::Mac, "/opt/app", "/opt/app"},
-      {Kaju::System::Linux, "/opt/Contents/app", "/opt/Contents/app"},
+  using Kaju::System;
+  const std::tuple<System, const char*, const char*> rows[] = {
+      {System::Mac, "/Applications/My App.app/Contents/MacOS/app", "/Applications/My App.app"},
+      {System::Mac, "/a/cONTENTS/b/Contents/x/app", "/a/cONTENTS/b"},
+      {System::Mac, "/opt/app", "/opt/app"},
+      {System::Linux, "/opt/Contents/app", "/opt/Contents/app"},
   };
-  for (const auto& row : rows) {
-    EXPECT_EQ(Kaju::TrueExecutableFile(FolderItem(row.executable), row.system).Path(), row.replaced);
+  for (const auto& [system, executable, replaced] : rows) {
+    EXPECT_EQ(Kaju::TrueExecutableFile(FolderItem(executable), system).Path(), replaced);
   }
   EXPECT_EQ(Kaju::TrueExecutableFile().Path(), fs::canonical("/proc/self/exe"));
 }

@@ -1,11 +1,8 @@
-#include <fstream>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <gmock/gmock.h>
 
 #include "shell/App.h"
 #include "tests/support/HandPlatform.h"
+#include "tests/support/OtherUser.h"
 #include "tests/support/SigningKey.h"
 #include "toolkit/TextFile.h"
 #include "update/check/KajuException.h"
@@ -16,7 +13,7 @@ using Kaju::UpdateChecker;
 using Kaju::Width;
 using testing::ElementsAre;
 using Result = Kaju::UpdateChecker::ResultType;
-using namespace std::string_literals;
+using Versions = std::vector<std::string>;
 
 namespace {
 
@@ -28,19 +25,18 @@ const SigningKey& Publisher() {
 /// Remembers what it is to show.
 class Presenter final : public Kaju::UpdatePresenter {
  public:
-  std::vector<std::string> Versions;
+  Versions Shown;
   bool Shows = false;
 
   [[nodiscard]] bool IsOpen() const override { return Shows; }
   void ChooseUpdate(const std::shared_ptr<UpdateChecker>& /*checker*/, Kaju::Offers offers) override {
-    for (const auto& offer : offers) Versions.push_back(offer->Version);
+    for (const auto& offer : offers) Shown.push_back(offer->Version);
   }
 };
 
-std::string Offer(const std::string& version, const std::string& minimum = "", const std::string& binaries = "") {
-  const std::string all = R"("LinuxBinary64bit":{},"LinuxBinary":{},"MacBinary":{})";
-  return R"({"Version":")" + version + R"(","MinimumRequiredVersion":")" + minimum + R"(",)" +
-         (binaries.empty() ? all : binaries) + "}";
+std::string Offer(const std::string& version, const std::string& minimum = "",
+                  const std::string& binaries = R"("LinuxBinary64bit":{},"LinuxBinary":{},"MacBinary":{})") {
+  return R"({"Version":")" + version + R"(","MinimumRequiredVersion":")" + minimum + R"(",)" + binaries + "}";
 }
 
 class UpdateCheckerTest : public testing::Test {
@@ -62,6 +58,7 @@ class UpdateCheckerTest : public testing::Test {
     return RunOnReply(200, packet);
   }
   Result RunOnReply(int status, const std::string& body) {
+    presenter->Shown.clear();
     platform.Requests.clear();
     platform.WhileWaiting = [&] { platform.LastRequest().Reply(status, body); };
     checker->Execute();
@@ -81,42 +78,36 @@ class UpdateCheckerTest : public testing::Test {
 }  // namespace
 
 TEST_F(UpdateCheckerTest, OffersWhatIsNewerAllowedWantedAndFitsTheBuild) {
-  const struct {
-    const char* version;
-    int stage;
-    bool isNewer;
-  } versions[] = {{"1.2.2", 3, false},  {"1.2.3", 3, false},  {"1.2.3 (5)", 3, true},  {"1.2.4d1", 0, true},
-                  {"1.2.4a1", 1, true}, {"1.2.4b1", 2, true}, {"1.2.3b999", 2, false}, {"2", 3, true}};
-  const char* names[] = {"MacBinary", "WindowsBinary", "LinuxBinary", "WindowsBinary64bit", "LinuxBinary64bit"};
-  const struct {
-    Kaju::BuildTarget target;
-    const char* own;
-    const char* wider;
-  } builds[] = {
+  const std::tuple<const char*, int, bool> versions[] = {
+      {"1.2.2", 3, false},  {"1.2.3", 3, false},  {"1.2.3 (5)", 3, true},  {"1.2.4d1", 0, true},
+      {"1.2.4a1", 1, true}, {"1.2.4b1", 2, true}, {"1.2.3b999", 2, false}, {"2", 3, true}};
+  const std::string names[] = {"MacBinary", "WindowsBinary", "LinuxBinary", "WindowsBinary64bit", "LinuxBinary64bit"};
+  const std::tuple<Kaju::BuildTarget, std::string, std::string> builds[] = {
       {{System::Mac, Width::Bits32}, names[0], names[0]},     {{System::Mac, Width::Bits64}, names[0], names[0]},
       {{System::Windows, Width::Bits32}, names[1], names[3]}, {{System::Windows, Width::Bits64}, names[3], names[3]},
       {{System::Linux, Width::Bits32}, names[2], names[4]},   {{System::Linux, Width::Bits64}, names[4], names[4]}};
-  for (const auto& build : builds) {
-    checker->Target = build.target;
-    for (const std::string binary : names) {
+  const auto runOne = [&](const std::string& version, bool concerns, const std::string& binary, int rules) {
+    const bool isRequired = (rules & 1) != 0;
+    const bool isIgnored = (rules & 2) != 0;
+    checker->ResetIgnored();
+    if (isIgnored) checker->IgnoreVersion(version);
+    const Result expected = !concerns    ? Result::NoUpdateAvailable
+                            : isRequired ? Result::RequiredUpdateAvailable
+                            : isIgnored  ? Result::IgnoredUpdateAvailable
+                                         : Result::UpdateAvailable;
+    EXPECT_EQ(RunOn(Offer(version, isRequired ? "1.2.4" : "1.2.3", "\"" + binary + "\":{}")), expected)
+        << binary << ' ' << version << ' ' << rules;
+    EXPECT_EQ(presenter->Shown.size(), concerns && (isRequired || !isIgnored) ? 1U : 0U);
+  };
+  for (const auto& [target, own, wider] : builds) {
+    checker->Target = target;
+    for (const std::string& binary : names) {
       for (const auto& [version, stage, isNewer] : versions) {
         for (int rules = 0; rules < 32; ++rules) {
-          const bool isRequired = (rules & 1) != 0;
-          const bool isIgnored = (rules & 2) != 0;
-          checker->AllowedStage = rules >> 3;
           checker->Allow32bitTo64bitUpdates = (rules & 4) != 0;
-          checker->ResetIgnored();
-          if (isIgnored) checker->IgnoreVersion(version);
-          const bool fits = binary == build.own || (binary == build.wider && checker->Allow32bitTo64bitUpdates);
-          const bool concerns = fits && stage >= checker->AllowedStage && isNewer;
-          const Result expected = !concerns    ? Result::NoUpdateAvailable
-                                  : isRequired ? Result::RequiredUpdateAvailable
-                                  : isIgnored  ? Result::IgnoredUpdateAvailable
-                                               : Result::UpdateAvailable;
-          presenter->Versions.clear();
-          EXPECT_EQ(RunOn(Offer(version, isRequired ? "1.2.4" : "1.2.3", "\"" + binary + "\":{}")), expected)
-              << binary << ' ' << version << ' ' << rules;
-          EXPECT_EQ(presenter->Versions.size(), concerns && (isRequired || !isIgnored) ? 1U : 0U);
+          checker->AllowedStage = rules >> 3;
+          const bool fits = binary == own || (binary == wider && checker->Allow32bitTo64bitUpdates);
+          runOne(version, fits && stage >= checker->AllowedStage && isNewer, binary, rules);
         }
       }
     }
@@ -125,13 +116,13 @@ TEST_F(UpdateCheckerTest, OffersWhatIsNewerAllowedWantedAndFitsTheBuild) {
 
 TEST_F(UpdateCheckerTest, DecidesOverAllOffersOfADocument) {
   const std::string foreign = Offer("nonsense", "", "\"WindowsBinary\":{}");  // passed over before its version is read
-  const struct {
-    std::string offers;
-    Result result;
-    std::vector<std::string> shown;
-  } rows[] = {
+  std::string many;
+  for (int offer = 0; offer < 100'000; ++offer) many += "{\"LinuxBinary\":{}},";
+  const std::tuple<std::string, Result, Versions> rows[] = {
       {"", Result::NoUpdateAvailable, {}},
+      {many + "{}", Result::NoUpdateAvailable, {}},
       {Offer("1.2.3") + "," + foreign, Result::NoUpdateAvailable, {}},
+      {R"({"Version":"9","Version":"1","LinuxBinary64bit":{}})", Result::NoUpdateAvailable, {}},
       {Offer("3") + "," + Offer("1.3") + "," + Offer("2b4"), Result::UpdateAvailable, {"3", "1.3", "2b4"}},
       {Offer("5") + "," + Offer("4", "2") + "," + Offer("1.3B1"), Result::RequiredUpdateAvailable, {"5", "4", "1.3B1"}},
       {Offer("1.4b1") + "," + Offer("1.5"), Result::UpdateAvailable, {"1.5"}},
@@ -139,60 +130,45 @@ TEST_F(UpdateCheckerTest, DecidesOverAllOffersOfADocument) {
       {Offer("1.4b1", "1.2.3 (1)"), Result::RequiredUpdateAvailable, {"1.4b1"}},
   };
   checker->IgnoreVersion("1.4b1");
-  for (const auto& row : rows) {
-    presenter->Versions.clear();
-    EXPECT_EQ(RunOn(row.offers), row.result) << row.offers;
-    EXPECT_EQ(presenter->Versions, row.shown) << row.offers;
+  for (const auto& [offers, result, shown] : rows) {
+    EXPECT_EQ(RunOn(offers), result) << offers.substr(0, 200);
+    EXPECT_EQ(presenter->Shown, shown) << offers.substr(0, 200);
   }
   checker->HonorIgnored = false;
   EXPECT_EQ(RunOn(Offer("1.4b1")), Result::UpdateAvailable);
+  EXPECT_EQ(RunOnReply(200, Publisher().Packet("{}")), Result::NoUpdateAvailable);
 }
 
 TEST_F(UpdateCheckerTest, ABadElementSpoilsTheWholeDocument) {
-  std::vector<std::string> documents{"",
-                                     "nonsense",
-                                     "5",
-                                     "\"x\"",
-                                     "{\"0\":{}}",
-                                     "[[]]",
-                                     "[5]",
-                                     "[null]",
-                                     "[" + Offer("1.2 b4") + "]",
-                                     "[" + Offer("2", "x") + "]",
-                                     "[" + Offer("2") + "]x",
-                                     "[" + Offer("2") + ",",
-                                     "[" + Offer("2\xFF") + "]",
-                                     "[" + std::string(100, '[') + std::string(100, ']') + "]"};
-  for (const char* value : {"[]", "5", "null", "\"x\"", "true"}) {
-    documents.push_back("[" + Offer("3") + ",{\"MacBinary\":" + value + "}]");
-  }
-  documents.emplace_back("[" + Offer("3") + R"(,{"RequiresPayment":"yes"}])");
-  documents.emplace_back("[" + Offer("3") + R"(,{"AppName":1e999}])");
+  // clang-format off
+  Versions documents{
+      "", "nonsense", "5", "\"x\"", "{\"0\":{}}", "[" + Offer("2") + "]x", "[" + Offer("2") + ",",
+      "[" + std::string(100, '[') + std::string(100, ']') + "]"};
+  const std::string elements[] = {
+      "[]", "5", "null", Offer("1.2 b4"), Offer("2", "x"), Offer("2\xFF"), R"({"MacBinary":[]})", R"({"MacBinary":5})",
+      R"({"MacBinary":null})", R"({"MacBinary":"x"})", R"({"MacBinary":true})", R"({"RequiresPayment":"yes"})",
+      R"({"AppName":1e999})"};
+  // clang-format on
+  for (const std::string& element : elements) documents.push_back("[" + Offer("3") + "," + element + "]");
   for (const std::string& document : documents) {
     EXPECT_EQ(RunOnReply(200, Publisher().Packet(document)), Result::Error) << document;
-    EXPECT_THAT(presenter->Versions, ElementsAre()) << document;
+    EXPECT_THAT(presenter->Shown, ElementsAre()) << document;
   }
-  EXPECT_EQ(RunOnReply(200, Publisher().Packet("{}")), Result::NoUpdateAvailable);
-  EXPECT_EQ(RunOn(R"({"Version":"9","Version":"1","LinuxBinary64bit":{}})"), Result::NoUpdateAvailable);
   EXPECT_THAT(platform.Messages, ElementsAre());
 }
 
 TEST_F(UpdateCheckerTest, TellsOfEachFailureOnlyWhereItMayAndAsksWhetherToTryAgain) {
   const std::string good = Publisher().Packet("[]");
-  const struct {
-    int status;
-    std::string body;
-    const char* explanation;
-  } rows[] = {
+  const std::tuple<int, std::string, const char*> rows[] = {
       {200, "", "No update data was available."},
       {500, "", "No update data was available."},
       {200, "<html>", "The update packet signature marker was incorrect."},
       {200, good + " ", "The RSA signature of the update packet cannot be verified."},
       {200, Publisher().Packet("x"), "The update data cannot be read. - the text is not JSON (syntax error)"},
   };
-  for (const auto& row : rows) {
+  for (const auto& [status, body, explanation] : rows) {
     checker->AllowedInteraction = 65535 - UpdateChecker::kAllowErrorDialog;
-    EXPECT_EQ(RunOnReply(row.status, row.body), Result::Error);
+    EXPECT_EQ(RunOnReply(status, body), Result::Error);
     EXPECT_THAT(platform.Messages, ElementsAre());
 
     checker->AllowedInteraction = UpdateChecker::kAllowErrorDialog;
@@ -200,10 +176,10 @@ TEST_F(UpdateCheckerTest, TellsOfEachFailureOnlyWhereItMayAndAsksWhetherToTryAga
     platform.WhileMessageStands = [&] {
       platform.WhileMessageStands = [&] { platform.Answer = toolkit::DialogButton::Cancel; };
     };
-    EXPECT_EQ(RunOnReply(row.status, row.body), Result::Error);
+    EXPECT_EQ(RunOnReply(status, body), Result::Error);
     EXPECT_EQ(std::exchange(platform.Messages, {}).size(), 2U);
     EXPECT_EQ(platform.Requests.size(), 2U);
-    EXPECT_EQ(platform.LastDialog.Explanation, row.explanation);
+    EXPECT_EQ(platform.LastDialog.Explanation, explanation);
     EXPECT_EQ(platform.LastDialog.ActionButton.Caption + platform.LastDialog.CancelButton.Caption, "Try AgainLater");
     EXPECT_FALSE(platform.LastDialog.AlternateActionButton.Visible);
   }
@@ -218,20 +194,12 @@ TEST_F(UpdateCheckerTest, AsksNobodyWhenNothingCouldComeOfIt) {
   checker->TestUpdate("[]");
   EXPECT_FALSE(checker->DryRun());
   presenter->Shows = false;
+  EXPECT_TRUE(HoldsForOtherUser([&] {  // who may not write where the program lies
+    checker->Execute();
+    return checker->Result() == Result::NoWritePermission && platform.Requests.empty();
+  }));
   checker->UpdateURL = " \t";
   EXPECT_THROW(checker->Execute(), Kaju::KajuException);
-
-  checker->UpdateURL = "http://updates:80/doc";
-  if (const pid_t child = fork(); child == 0) {
-    // Somebody who may not write where the program lies.
-    const bool isOther = setgid(65534) == 0 && setuid(65534) == 0;
-    if (isOther) checker->Execute();
-    _exit(isOther && checker->Result() == Result::NoWritePermission && platform.Requests.empty() ? 0 : 1);
-  } else {
-    int status = -1;
-    ASSERT_EQ(waitpid(child, &status, 0), child);
-    EXPECT_EQ(status, 0);
-  }
 }
 
 TEST_F(UpdateCheckerTest, ADryRunTakesEveryVersionForNew) {
@@ -242,8 +210,7 @@ TEST_F(UpdateCheckerTest, ADryRunTakesEveryVersionForNew) {
   checker->AllowedInteraction = 0;
   checker->TestUpdate("[" + Offer("0.3") + "]");
   EXPECT_EQ(checker->Result(), Result::UpdateAvailable);
-  EXPECT_THAT(presenter->Versions, ElementsAre("0.2"));  // without the bit, nothing is shown
-  EXPECT_THAT(platform.Requests, ElementsAre());
+  EXPECT_THAT(presenter->Shown, ElementsAre("0.2"));  // without the bit, nothing is shown
 }
 
 TEST_F(UpdateCheckerTest, FollowsRedirectsOnlyWhenToldTo) {
@@ -256,8 +223,8 @@ TEST_F(UpdateCheckerTest, FollowsRedirectsOnlyWhenToldTo) {
   checker->Execute();
   EXPECT_EQ(checker->Result(), Result::NoUpdateAvailable);
   ASSERT_EQ(platform.Requests.size(), 3U);
-  EXPECT_EQ(platform.Requests[2]->Request.Method + platform.Requests[2]->Request.URL, "GEThttps://b:443/c");
-  EXPECT_EQ(platform.Requests[2]->Request.Certificates, toolkit::CertificateCheck::Required);
+  EXPECT_EQ(platform.LastRequest().Request.Method + platform.LastRequest().Request.URL, "GEThttps://b:443/c");
+  EXPECT_EQ(platform.LastRequest().Request.Certificates, toolkit::CertificateCheck::Required);
 }
 
 TEST_F(UpdateCheckerTest, RemembersSkippedVersionsAndNothingElse) {

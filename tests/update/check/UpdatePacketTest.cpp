@@ -28,36 +28,26 @@ TEST(UpdatePacket, IsGenuineOnlyWithMarkerLineBreakSignatureAndBodyAllRight) {
   const std::string others = toolkit::EncodeHex(SigningKey().Sign(payload));
   std::string upper = right;
   for (char& letter : upper) letter = static_cast<char>(std::toupper(letter));
-  const struct {
-    std::string text;
-    bool isRight;
-  } markers[] = {{"KAJU ", true}, {"kaju ", false}, {"KAJU_", false}, {"", false}, {"\xEF\xBB\xBFKAJU ", false}},
-    breaks[] = {{"\n", true}, {"\r\n", true}, {"\r", true}, {"\u2028", false}, {"", false}, {" \n", false}},
-    signatures[] = {{right, true},
-                    {upper, true},
-                    {"", false},
-                    {others, false},
-                    {right + "0", false},
-                    {right + " ", false},
-                    {" " + right, false},
-                    {right + "00", false},
-                    {right.substr(2), false},
-                    {right.substr(0, 510), false},
-                    {"zz" + right.substr(2), false},
-                    {"0x" + right, false}},
-    bodies[] = {{payload, true},          {"", false},
-                {payload + "\n", false},  {payload.substr(0, payload.size() - 1), false},
-                {" " + payload, false},   {payload + "\0"s, false},
-                {"\xFF" + payload, false}};
-  for (const auto& marker : markers) {
-    for (const auto& lineBreak : breaks) {
-      for (const auto& signature : signatures) {
-        for (const auto& body : bodies) {
-          const std::string packet = marker.text + signature.text + lineBreak.text + body.text;
-          const bool allRight = lineBreak.isRight && signature.isRight && body.isRight;
-          const PacketVerdict verdict = !marker.isRight ? PacketVerdict::WrongMarker
-                                        : allRight      ? PacketVerdict::Genuine
-                                                        : PacketVerdict::WrongSignature;
+  using Choices = std::vector<std::pair<std::string, bool>>;  // and whether it is right
+  // clang-format off
+  const Choices markers{{"KAJU ", true}, {"kaju ", false}, {"KAJU_", false}, {"", false}, {"\xEF\xBB\xBFKAJU ", false}};
+  const Choices breaks{{"\n", true}, {"\r\n", true}, {"\r", true}, {"\u2028", false}, {"", false}, {" \n", false}};
+  const Choices signatures{
+      {right, true},            {upper, true},                 {"", false},                     {others, false},
+      {right + "0", false},     {right + "00", false},         {right + " ", false},            {" " + right, false},
+      {right.substr(2), false}, {right.substr(0, 510), false}, {"zz" + right.substr(2), false}, {"0x" + right, false}};
+  const Choices bodies{
+      {payload, true},         {"", false},             {payload.substr(0, payload.size() - 1), false},
+      {payload + "\n", false}, {" " + payload, false},  {payload + "\0"s, false}, {"\xFF" + payload, false}};
+  // clang-format on
+  for (const auto& [marker, isMarker] : markers) {
+    for (const auto& [lineBreak, isBreak] : breaks) {
+      for (const auto& [signature, isSignature] : signatures) {
+        for (const auto& [body, isBody] : bodies) {
+          const PacketVerdict verdict = !isMarker                          ? PacketVerdict::WrongMarker
+                                        : isBreak && isSignature && isBody ? PacketVerdict::Genuine
+                                                                           : PacketVerdict::WrongSignature;
+          const std::string packet = marker + signature + lineBreak + body;
           EXPECT_EQ(Verdict(packet, Publisher().PublicKey()), verdict) << packet;
         }
       }
@@ -69,12 +59,11 @@ TEST(UpdatePacket, EverySingleByteCounts) {
   const std::string key = Publisher().PublicKey();
   const std::string packet = Publisher().Packet(payload);
   ASSERT_EQ(Verdict(packet, key), PacketVerdict::Genuine);
-  const std::size_t caseCount = packet.find('\n');
   for (std::size_t place = 0; place < packet.size(); place += 3) {
     for (const int flip : {1, 0x80}) {
       std::string changed = packet;
       changed[place] = static_cast<char>(changed[place] ^ flip);
-      EXPECT_NE(Verdict(changed, key), PacketVerdict::Genuine) << place << " of " << caseCount;
+      EXPECT_NE(Verdict(changed, key), PacketVerdict::Genuine) << place;
     }
   }
   for (std::size_t size = 0; size < packet.size(); size += 7) {
@@ -82,15 +71,12 @@ TEST(UpdatePacket, EverySingleByteCounts) {
   }
 }
 
-TEST(UpdatePacket, AnEmptyPayloadCanBeSigned) {
-  EXPECT_EQ(Verdict(Publisher().Packet(""), Publisher().PublicKey()), PacketVerdict::Genuine);
-  EXPECT_EQ(Kaju::SeparatePacket("KAJU 00").SignatureLine, "KAJU 00");
-}
-
 TEST(UpdatePacket, KeysOfSeveralSizesServeAndUnusableOnesNever) {
   for (const int bits : {1024, 2048, 4096}) {
     const SigningKey key(bits);
-    EXPECT_EQ(Verdict(key.Packet(payload), key.PublicKey()), PacketVerdict::Genuine) << bits;
+    for (const std::string& signedText : {payload, ""s}) {
+      EXPECT_EQ(Verdict(key.Packet(signedText), key.PublicKey()), PacketVerdict::Genuine) << bits;
+    }
     EXPECT_EQ(toolkit::IsUsablePublicKey(key.PublicKey()), bits >= 2048);
   }
   const std::string key = Publisher().PublicKey();

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 #include <random>
 #include <vector>
 
@@ -11,32 +12,17 @@ using Kaju::VersionStringFor;
 using Kaju::VersionToDouble;
 
 TEST(Versions, AreNumbersBitForBit) {
-  const struct {
-    const char* version;
-    double number;
-  } rows[] = {
-      {"", 0.0},
-      {"1", 1000000.4},
-      {"1.2", 1002000.4},
-      {"1.2.3", 1002003.4},
-      {"1.2d4", 1002000.0004},
-      {"1.2a4", 1002000.1004},
-      {"1.2b4", 1002000.2004},
-      {"1.2.3d4", 1002003.0004},
-      {"1.2.3a4", 1002003.1004},
-      {"1.2.3b4", 1002003.2004},
-      {"1.2.4b4", 1002004.2004},
+  const std::pair<const char*, double> rows[] = {
+      // clang-format off
+      {"", 0.0},                  {".", 0.4},                {"0", 0.4},                {"1", 1000000.4},
+      {"1.2", 1002000.4},         {"1..2", 1000002.4},       {"1.2.3", 1002003.4},      {"1.2.3.4", 1002003.4},
+      {"1.2d4", 1002000.0004},    {"1.2a4", 1002000.1004},   {"1.2b4", 1002000.2004},   {"1.2B4", 1002000.2004},
+      {"1.2.3d4", 1002003.0004},  {"1.2.3a4", 1002003.1004}, {"1.2.3b4", 1002003.2004}, {"1.2.4b4", 1002004.2004},
+      {"1.2d1000", 1002000.1},    {"1.2a0", 1002000.1},      {"what\n1.2.3\r\n9", 1002003.4},
       {"1.3.4 (232)", 1003004.4232000001},
-      {"1.2.3.4", 1002003.4},
-      {"1..2", 1000002.4},
-      {".", 0.4},
-      {"0", 0.4},
-      {"1.2B4", 1002000.2004},
-      {"1.2d1000", 1002000.1},
-      {"1.2a0", 1002000.1},
-      {"what\n1.2.3\r\n9", 1002003.4},
+      // clang-format on
   };
-  for (const auto& row : rows) EXPECT_EQ(VersionToDouble(row.version), row.number) << row.version;
+  for (const auto& [version, number] : rows) EXPECT_EQ(VersionToDouble(version), number) << version;
 }
 
 TEST(Versions, OthersAreRefusedByName) {
@@ -65,13 +51,9 @@ TEST(Versions, SortInTheirOrder) {
 }
 
 TEST(Versions, AreWrittenAsTheyAreRead) {
-  const struct {
-    int numbers[5];
-    const char* version;
-  } rows[] = {
+  const std::pair<std::array<int, 5>, const char*> rows[] = {
       {{1, 2, 0, 3, 0}, "1.2"},     {{1, 2, 3, 3, 0}, "1.2.3"}, {{1, 3, 4, 3, 232}, "1.3.4 (232)"},
       {{1, 2, 3, 2, 4}, "1.2.3b4"}, {{1, 2, 0, 0, 0}, "1.2d0"}, {{1, 0, 0, 1, 7}, "1.0a7"},
-      {{1, 0, -1, 3, -1}, "1.0"},   {{1, 2, 0, 9, 4}, "1.24"},
-  };
+      {{1, 0, -1, 3, -1}, "1.0"},   {{1, 2, 0, 9, 4}, "1.24"}};
   for (const auto& [n, version] : rows) EXPECT_EQ(VersionStringFor(n[0], n[1], n[2], n[3], n[4]), version);
 }
