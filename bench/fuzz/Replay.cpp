@@ -13,6 +13,8 @@
 
 namespace {
 
+using namespace std::string_view_literals;
+
 std::vector<std::string> ReadCorpus(const std::filesystem::path& folder) {
   std::vector<std::filesystem::path> paths;
   for (const auto& entry : std::filesystem::directory_iterator(folder)) paths.push_back(entry.path());
@@ -39,7 +41,7 @@ class Mutator {
   std::size_t Below(std::size_t limit) { return limit == 0 ? 0 : random_() % limit; }
 
   void Change(std::string& text) {
-    constexpr std::string_view odd("\0\xFF\xC3\n\r \"\\{}[]:,<>%/@.&0189-eEdab()", 34);
+    constexpr std::string_view odd = "\0\xFF\xC3\n\r \"\\{}[]:,<>%/@.&0189-eEdab()"sv;
     const std::string& other = seeds_[Below(seeds_.size())];
     const std::size_t place = Below(text.size() + 1);
     switch (Below(5)) {

@@ -1,7 +1,7 @@
 #pragma once
 
+#include <algorithm>
 #include <memory>
-#include <ranges>
 #include <string>
 #include <vector>
 
@@ -43,10 +43,10 @@ struct ServerFixture : testing::Test {
   }
   /// The last request for a path such as "system/reload".
   [[nodiscard]] SentRequest& Sent(const std::string& path) const {
-    for (const auto& request : std::views::reverse(platform.Requests)) {
-      if (request->Request.URL.ends_with("/api/v1/" + path)) return *request;
-    }
-    throw std::runtime_error("nothing was sent to " + path);
+    const auto found = std::find_if(platform.Requests.rbegin(), platform.Requests.rend(), [&](const auto& request) {
+      return request->Request.URL.ends_with("/api/v1/" + path);
+    });
+    return found == platform.Requests.rend() ? throw std::runtime_error("nothing was sent to " + path) : **found;
   }
   /// Presses a button of either panel as the user would; one that is never shown has only its event.
   void Press(ServerButton which) const {
