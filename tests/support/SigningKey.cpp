@@ -39,7 +39,7 @@ std::string SigningKey::PublicKey() const {
 }
 
 std::string SigningKey::Sign(std::string_view data, Padding padding) const {
-  std::size_t size = static_cast<std::size_t>(EVP_PKEY_get_size(key_.get()));
+  auto size = static_cast<std::size_t>(EVP_PKEY_get_size(key_.get()));
   std::string signature(size, '\0');
   auto* const out = reinterpret_cast<unsigned char*>(signature.data());
   const std::unique_ptr<EVP_MD_CTX, decltype(&EVP_MD_CTX_free)> context(EVP_MD_CTX_new(), EVP_MD_CTX_free);
