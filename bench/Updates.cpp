@@ -27,7 +27,7 @@
 
 namespace {
 
-constexpr int rounds = 15;
+constexpr int rounds = 41;
 constexpr int offersOfDocument = 10'000;
 constexpr std::size_t gigabyte = 1'000'000'000;
 

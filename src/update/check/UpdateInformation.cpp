@@ -98,10 +98,9 @@ UpdateInformation::UpdateInformation(const UpdateInformation& other) : Informati
 }
 
 int UpdateInformation::StageCode() const {
-  static const toolkit::RegEx letter("[dab]");
-  const auto match = letter.Search(Version);
-  if (!match) return finalStage;
-  return static_cast<int>(std::string_view("dab").find(toolkit::LowerCase(match->SubExpression(0))));
+  constexpr std::string_view letters = "dabDAB";
+  const std::size_t place = Version.find_first_of(letters);
+  return place == std::string::npos ? finalStage : static_cast<int>(letters.find(Version[place]) % finalStage);
 }
 
 double UpdateInformation::VersionAsDouble() const { return VersionToDouble(Version); }
