@@ -27,7 +27,7 @@ struct QtBelow {
 class Desktop final : private QtBelow, public toolkit::Platform {
  public:
   Desktop(int& argumentCount, char** arguments) : QtBelow(argumentCount, arguments) {}
-  ~Desktop() override { ForgetWindows(); }
+  ~Desktop() override { CloseWindows(); }
 
   /// Requests for "https://…:1701/path" go to `baseURL` and their path from now on.
   void RedirectTo(std::string baseURL) { service_ = std::move(baseURL); }
@@ -46,6 +46,15 @@ class Desktop final : private QtBelow, public toolkit::Platform {
   toolkit::DialogButton ShowDialog(const toolkit::MessageDialog& dialog) override;
   void RunEventsUntil(const std::function<bool()>& isDone) override { Qt.RunEventsUntil(isDone); }
   void RunDueEvents() override { Qt.RunDueEvents(); }
+  std::unique_ptr<toolkit::PlatformTimer> StartTimer(std::chrono::milliseconds period,
+                                                     std::function<void()> expired) override {
+    return Qt.StartTimer(period, std::move(expired));
+  }
+  std::unique_ptr<toolkit::ChildProcess> StartProcess(const std::string& commandLine,
+                                                      std::function<void(toolkit::ProcessEnd)> ended) override {
+    return Qt.StartProcess(commandLine, std::move(ended));
+  }
+  [[nodiscard]] std::chrono::milliseconds Uptime() const override { return Qt.Uptime(); }
   void TrustAuthority(std::string_view certificate) override { Qt.TrustAuthority(certificate); }
   std::optional<toolkit::Size> SizeOfPicture(std::span<const std::byte> encoded) override {
     return Qt.SizeOfPicture(encoded);

@@ -21,6 +21,7 @@ Application* Application::Current() { return current; }
 
 int Application::Run(const std::function<void()>& lateStartup) {
   const int status = Platform::Current().RunLoop(lateStartup);
+  Platform::Current().CloseWindows();
   Event_Close();
   return status;
 }

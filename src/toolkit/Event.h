@@ -27,4 +27,24 @@ class Event {
   Handler handler_;
 };
 
+/// As Event, but the handler answers. Without a handler the answer is the value-initialised one: false, nullptr, 0.
+template <typename Answer, typename... Arguments>
+class Question {
+ public:
+  using Handler = std::function<Answer(Arguments...)>;
+
+  Question& operator=(Handler handler) {
+    handler_ = std::move(handler);
+    return *this;
+  }
+
+  Answer operator()(Arguments... arguments) const {
+    const Handler handler = handler_;
+    return handler ? handler(arguments...) : Answer{};
+  }
+
+ private:
+  Handler handler_;
+};
+
 }  // namespace toolkit

@@ -8,6 +8,7 @@
 #include <unistd.h>
 
 #include "toolkit/RuntimeException.h"
+#include "toolkit/Text.h"
 
 namespace fs = std::filesystem;
 
@@ -17,6 +18,14 @@ namespace {
 fs::file_type TypeOf(const fs::path& path) {
   std::error_code ignored;
   return fs::symlink_status(path, ignored).type();
+}
+
+/// A path in the system's temporary folder that ends as mkstemp() and mkdtemp() want it.
+std::string TemporaryPath() {
+  std::error_code error;
+  const fs::path folder = fs::temp_directory_path(error);
+  if (error) throw RuntimeException("There is no folder for temporary files: " + error.message() + ".");
+  return (folder / "corvane-XXXXXX").string();
 }
 
 }  // namespace
@@ -48,6 +57,31 @@ bool FolderItem::IsWriteable() const {
   return faccessat(AT_FDCWD, path_.c_str(), W_OK, AT_EACCESS) == 0 || errno == ETXTBSY;
 }
 
+std::string FolderItem::ShellPath() const { return QuoteForShell(path_.native()); }
+
+fs::perms FolderItem::Permissions() const {
+  std::error_code error;
+  const fs::file_status status = fs::status(path_, error);
+  return error ? fs::perms::none : status.permissions();
+}
+
+void FolderItem::Permissions(fs::perms permissions) const {
+  std::error_code error;
+  fs::permissions(path_, permissions, error);
+  if (error) throw RuntimeException("The permissions of " + path_.string() + " cannot be set: " + error.message());
+}
+
+FolderItem FolderItem::Rename(std::string_view name) const {
+  FolderItem renamed = Parent().Child(name);
+  std::error_code error;
+  fs::rename(path_, renamed.Path(), error);
+  if (error) {
+    throw RuntimeException(path_.string() + " cannot be renamed to " + renamed.Path().string() + ": " +
+                           error.message());
+  }
+  return renamed;
+}
+
 void FolderItem::CreateAsFolder() const {
   std::error_code ignored;
   fs::create_directories(path_, ignored);
@@ -59,11 +93,16 @@ void FolderItem::Delete() const {
 }
 
 FolderItem MakeTemporaryFolder() {
-  std::error_code error;
-  std::string path = (fs::temp_directory_path(error) / "corvane-XXXXXX").string();
-  if (error || mkdtemp(path.data()) == nullptr) {
-    throw RuntimeException("No temporary folder can be made at " + path + ".");
-  }
+  std::string path = TemporaryPath();
+  if (mkdtemp(path.data()) == nullptr) throw RuntimeException("No temporary folder can be made at " + path + ".");
+  return FolderItem(path);
+}
+
+FolderItem MakeTemporaryFile() {
+  std::string path = TemporaryPath();
+  const int descriptor = mkstemp(path.data());
+  if (descriptor < 0) throw RuntimeException("No temporary file can be made at " + path + ".");
+  close(descriptor);
   return FolderItem(path);
 }
 

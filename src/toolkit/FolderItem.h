@@ -32,6 +32,16 @@ class FolderItem {
   /// counts by its permissions. A link counts as writeable: it is replaced, never written through.
   [[nodiscard]] bool IsWriteable() const;
 
+  /// The path for the system's shell (POSIX sh): one word of it, whatever characters the path has.
+  [[nodiscard]] std::string ShellPath() const;
+  /// The permission bits; none for an entry that is missing or cannot be looked at. Those of a link's target.
+  [[nodiscard]] std::filesystem::perms Permissions() const;
+  /// Throws a RuntimeException that names the entry if they cannot be set.
+  void Permissions(std::filesystem::perms permissions) const;
+
+  /// Gives the entry another name in its folder and returns it under that name. Throws a RuntimeException that names
+  /// both if that fails.
+  [[nodiscard]] FolderItem Rename(std::string_view name) const;
   /// Creates the entry as a folder, and its parents as far as they are missing. Does not tell whether that worked.
   void CreateAsFolder() const;
   /// Removes the file, link or empty folder. Does not tell whether that worked.
@@ -44,5 +54,9 @@ class FolderItem {
 /// Makes a new, empty folder of an unguessable name that only this user can enter (mode 0700). Throws a
 /// RuntimeException if none can be made.
 [[nodiscard]] FolderItem MakeTemporaryFolder();
+
+/// Makes a new, empty file of an unguessable name that only this user can read (mode 0600). Throws a RuntimeException
+/// if none can be made.
+[[nodiscard]] FolderItem MakeTemporaryFile();
 
 }  // namespace toolkit

@@ -94,7 +94,7 @@ void HTTPSecureSocket::Transmit() {
 bool HTTPSecureSocket::SendAndWait(std::string_view method, std::string url, const FolderItem* file,
                                    int timeoutSeconds) {
   Start(method, std::move(url), file, std::chrono::seconds(std::max(timeoutSeconds, 0)), Report::ToCaller);
-  Platform::Current().RunEventsUntil([this] { return !IsConnected(); });
+  Platform::Current().RunEventsUntil([this] { return !IsConnected() || !IsWanted(Wanted); });
   Disconnect();
   return hasReply_;
 }

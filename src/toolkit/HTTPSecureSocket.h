@@ -7,6 +7,7 @@
 #include "toolkit/Event.h"
 #include "toolkit/HTTPSocket.h"
 #include "toolkit/InternetHeaders.h"
+#include "toolkit/StillWanted.h"
 
 namespace toolkit {
 
@@ -21,6 +22,8 @@ class HTTPSecureSocket : private HTTPSocket {
   /// Whether the connection uses TLS, and the port of a URL that names none.
   bool Secure = true;
   int Port = 443;
+  /// Ends a synchronous call early.
+  StillWanted Wanted;
 
   /// The asynchronous call failed; see LastErrorCode().
   Event<int> Error;

@@ -14,4 +14,22 @@ Label& Label::TextAlign(Alignment alignment) {
   return *this;
 }
 
+Label& Label::Font(LabelFont font) {
+  font_ = font;
+  Changed();
+  return *this;
+}
+
+Label& Label::Lines(LabelLines lines) {
+  lines_ = lines;
+  Changed();
+  return *this;
+}
+
+Label& Label::Ground(LabelGround ground) {
+  ground_ = ground;
+  Changed();
+  return *this;
+}
+
 }  // namespace toolkit

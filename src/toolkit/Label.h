@@ -8,7 +8,14 @@ namespace toolkit {
 
 enum class Alignment { Left, Center, Right };
 
-/// A line of plain text that the user reads.
+enum class LabelFont { System, BoldSystem, BoldSmallSystem };
+
+enum class LabelLines { One, Several };
+
+/// What a label stands on: the window's own colour, or a picture that the window draws, over which it must be readable.
+enum class LabelGround { Plain, Picture };
+
+/// Plain text that the user reads. One line is cut with an ellipsis where it is too long, several are wrapped.
 class Label final : public ControlOf<Label> {
  public:
   Label() : ControlOf(FocusPolicy::Refuses) {}
@@ -18,6 +25,12 @@ class Label final : public ControlOf<Label> {
 
   [[nodiscard]] Alignment TextAlign() const { return alignment_; }
   Label& TextAlign(Alignment alignment);
+  [[nodiscard]] LabelFont Font() const { return font_; }
+  Label& Font(LabelFont font);
+  [[nodiscard]] LabelLines Lines() const { return lines_; }
+  Label& Lines(LabelLines lines);
+  [[nodiscard]] LabelGround Ground() const { return ground_; }
+  Label& Ground(LabelGround ground);
 
   using ControlOf::AccessibleName;
   [[nodiscard]] std::string AccessibleName() const override { return text_; }
@@ -25,6 +38,9 @@ class Label final : public ControlOf<Label> {
  private:
   std::string text_;
   Alignment alignment_ = Alignment::Left;
+  LabelFont font_ = LabelFont::System;
+  LabelLines lines_ = LabelLines::One;
+  LabelGround ground_ = LabelGround::Plain;
 };
 
 }  // namespace toolkit

@@ -11,7 +11,7 @@ enum class DialogIcon { None, Caution };
 /// A modal question of up to three buttons. Without further settings it is a message with an "OK" button.
 struct MessageDialog {
   struct Button {
-    /// The empty text stands for the desktop's own caption.
+    /// With marks as in a PushButton; the empty text stands for the desktop's own caption.
     std::string Caption;
     bool Visible = false;
   };

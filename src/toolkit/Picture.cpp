@@ -23,6 +23,10 @@ std::shared_ptr<const Picture> Picture::FromData(std::string encoded) {
   return picture;
 }
 
+std::shared_ptr<const Picture> Picture::Faded(std::shared_ptr<const Picture> original, double transparency) {
+  return std::shared_ptr<const Picture>(new Picture(std::move(original), transparency));
+}
+
 std::shared_ptr<const Picture> OpenPictureResource(std::string_view name) {
   const auto encoded = resources::Find(name);
   if (encoded.empty()) throw RuntimeException("The program has no picture named " + std::string(name) + ".");

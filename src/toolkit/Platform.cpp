@@ -27,12 +27,14 @@ Platform& Platform::Current() {
 }
 
 void Platform::Open(const std::shared_ptr<Window>& window) {
-  if (std::find(windows_.begin(), windows_.end(), window) != windows_.end()) {
+  const bool isOpen = std::find(windows_.begin(), windows_.end(), window) != windows_.end();
+  if (!isOpen) windows_.push_back(window);
+  TellActivated(*window);
+  if (isOpen) {
     BringToFront(*window);
-    return;
+  } else {
+    Present(*window);
   }
-  windows_.push_back(window);
-  Present(*window);
 }
 
 void Platform::Close(Window& window) {
@@ -42,7 +44,22 @@ void Platform::Close(Window& window) {
   const std::shared_ptr<Window> alive = *place;
   windows_.erase(place);
   Withdraw(window);
-  if (windows_.empty()) Quit(EXIT_SUCCESS);
+  if (windows_.empty() && !closesAll_) Quit(EXIT_SUCCESS);
+}
+
+void Platform::CloseWindows() {
+  closesAll_ = true;
+  while (!windows_.empty()) {
+    const std::shared_ptr<Window> last = windows_.back();
+    Dispatch([&] { last->Close(); });
+  }
+  closesAll_ = false;
+}
+
+void Platform::TellActivated(const Window& window) {
+  const auto place =
+      std::find_if(windows_.begin(), windows_.end(), [&](const auto& open) { return open.get() == &window; });
+  if (place != windows_.end()) std::rotate(place, place + 1, windows_.end());
 }
 
 void Platform::Dispatch(const std::function<void()>& handler) {
@@ -53,11 +70,6 @@ void Platform::Dispatch(const std::function<void()>& handler) {
   } catch (...) {
     MsgBox("Something went wrong that has no description.");
   }
-}
-
-void Platform::ForgetWindows() {
-  for (const auto& window : windows_) Withdraw(*window);
-  windows_.clear();
 }
 
 }  // namespace toolkit

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <functional>
 #include <memory>
@@ -12,7 +13,9 @@
 #include "toolkit/FolderItem.h"
 #include "toolkit/HTTPTransfer.h"
 #include "toolkit/MessageDialog.h"
+#include "toolkit/Shell.h"
 #include "toolkit/Size.h"
+#include "toolkit/Timer.h"
 
 namespace toolkit {
 
@@ -35,7 +38,11 @@ class Platform {
   void Open(const std::shared_ptr<Window>& window);
   /// Takes `window` off the screen and lets go of it. The program quits with its last window.
   void Close(Window& window);
-  /// The open windows, in order of opening.
+  /// Closes every window, the last ones to be opened or used first. For the end of the program: does not quit.
+  void CloseWindows();
+  /// The user, through the desktop, brought `window` to the front.
+  void TellActivated(const Window& window);
+  /// The open windows, the one at the back first.
   [[nodiscard]] const std::vector<std::shared_ptr<Window>>& OpenWindows() const { return windows_; }
 
   /// Runs `handler`; an exception that leaves it ends in a message box, and the program goes on.
@@ -50,6 +57,15 @@ class Platform {
   virtual void RunEventsUntil(const std::function<bool()>& isDone) = 0;
   /// Runs the events that are due, without waiting for any: for the breaks in long work.
   virtual void RunDueEvents() = 0;
+  /// Calls `expired` once, after `period`, unless the result goes before. It may go in that call.
+  virtual std::unique_ptr<PlatformTimer> StartTimer(std::chrono::milliseconds period,
+                                                    std::function<void()> expired) = 0;
+  /// Runs a command line in the system's shell, without a terminal, and tells how it ended. The result may go in that
+  /// call, or before, and then nothing is told.
+  virtual std::unique_ptr<ChildProcess> StartProcess(const std::string& commandLine,
+                                                     std::function<void(ProcessEnd)> ended) = 0;
+  /// The time since some moment in the past. It never goes backwards.
+  [[nodiscard]] virtual std::chrono::milliseconds Uptime() const = 0;
   /// Lets servers show certificates of another authority than those that the system trusts. `certificate` is in PEM.
   virtual void TrustAuthority(std::string_view certificate) = 0;
   /// The size in pixels of a picture in its encoded form, or nothing if it is none that the desktop can show.
@@ -70,10 +86,9 @@ class Platform {
   virtual void Present(Window& window) = 0;
   virtual void BringToFront(Window& window) = 0;
   virtual void Withdraw(Window& window) = 0;
-  /// Lets go of every window, without quitting.
-  void ForgetWindows();
 
  private:
+  bool closesAll_ = false;
   std::vector<std::shared_ptr<Window>> windows_;
 };
 

@@ -6,7 +6,11 @@
 
 namespace toolkit {
 
-/// A button with a caption.
+/// Which key presses the button wherever the keyboard is in the window: Return for the default one, Escape for the one
+/// that cancels. That one is pressed as well when the user closes the window by other means.
+enum class ButtonRole { None, Default, Cancel };
+
+/// A button with a caption, in which "&" marks the letter of the access key and "&&" stands for an ampersand.
 class PushButton final : public ControlOf<PushButton> {
  public:
   PushButton() : ControlOf(FocusPolicy::Accepts) {}
@@ -16,15 +20,19 @@ class PushButton final : public ControlOf<PushButton> {
 
   [[nodiscard]] const std::string& Caption() const { return caption_; }
   PushButton& Caption(std::string caption);
+  [[nodiscard]] ButtonRole Role() const { return role_; }
+  PushButton& Role(ButtonRole role);
 
   using ControlOf::AccessibleName;
-  [[nodiscard]] std::string AccessibleName() const override { return caption_; }
+  /// The caption without its marks.
+  [[nodiscard]] std::string AccessibleName() const override;
 
   /// Presses the button as the user would: does nothing while it is disabled or invisible.
   void Press() const;
 
  private:
   std::string caption_;
+  ButtonRole role_ = ButtonRole::None;
 };
 
 }  // namespace toolkit

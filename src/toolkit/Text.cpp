@@ -96,6 +96,19 @@ std::string_view Trim(std::string_view text) {
   return text;
 }
 
+std::string ReplaceAll(std::string_view text, std::string_view part, std::string_view replacement) {
+  std::string replaced;
+  for (std::size_t found = text.find(part); !part.empty() && found != std::string_view::npos; found = text.find(part)) {
+    replaced.append(text.substr(0, found)).append(replacement);
+    text.remove_prefix(found + part.size());
+  }
+  return replaced.append(text);
+}
+
+std::string QuoteForShell(std::string_view text) {
+  return std::string("'").append(ReplaceAll(text, "'", "'\\''")).append("'");
+}
+
 std::string DecodeURLComponent(std::string_view text) {
   std::string decoded;
   for (std::size_t place = 0; place < text.size(); ++place) {

@@ -24,6 +24,12 @@ namespace toolkit {
 /// `text` without the blanks, tabs, line breaks and other control characters at its ends.
 [[nodiscard]] std::string_view Trim(std::string_view text);
 
+/// `text` with every `part` replaced by `replacement`, from left to right; what was put in is not looked at again.
+[[nodiscard]] std::string ReplaceAll(std::string_view text, std::string_view part, std::string_view replacement);
+
+/// `text` as one word of a POSIX shell's command line: in single quotes, each quote in it written as '\''.
+[[nodiscard]] std::string QuoteForShell(std::string_view text);
+
 /// `text` with each "%" and two hexadecimal digits turned into the byte they stand for (RFC 3986). A "%" without them
 /// stays as it is.
 [[nodiscard]] std::string DecodeURLComponent(std::string_view text);

@@ -21,8 +21,13 @@ Span Follow(Span designed, int growth, bool lockedToStart, bool lockedToEnd) {
 
 }  // namespace
 
-Window::Window(std::string title, Size size, Size minimum, Size maximum)
-    : title_(std::move(title)), designed_(size), size_(size), minimum_(minimum), maximum_(maximum) {}
+Window::Window(std::string title, Size size, Size minimum, Size maximum, WindowFrame frame)
+    : title_(std::move(title)),
+      designed_(size),
+      size_(size),
+      minimum_(minimum),
+      maximum_(maximum),
+      frame_(frame) {}
 
 Rect Window::PlaceOf(const Control& control) const {
   const Rect frame = control.Frame();
@@ -30,6 +35,14 @@ Rect Window::PlaceOf(const Control& control) const {
   const Span across = Follow({frame.Left, frame.Width}, size_.Width - designed_.Width, locks.Left, locks.Right);
   const Span down = Follow({frame.Top, frame.Height}, size_.Height - designed_.Height, locks.Top, locks.Bottom);
   return {.Left = across.start, .Top = down.start, .Width = across.extent, .Height = down.extent};
+}
+
+const PushButton* Window::ButtonOf(ButtonRole role) const {
+  for (const Control* control : controls_) {
+    const auto* button = dynamic_cast<const PushButton*>(control);
+    if (button != nullptr && button->Role() == role && button->Enabled() && button->IsOnScreen()) return button;
+  }
+  return nullptr;
 }
 
 void Window::Show() {
@@ -42,8 +55,22 @@ void Window::TellPainted() {
 }
 
 void Window::Close() {
-  closed_ = true;
+  const std::shared_ptr<Window> alive = weak_from_this().lock();
+  if (std::exchange(closed_, true)) return;
   Platform::Current().Close(*this);
+  Event_Close();
+}
+
+void Window::CloseAsUser() {
+  if (const PushButton* button = ButtonOf(ButtonRole::Cancel)) {
+    button->Press();
+  } else {
+    Close();
+  }
+}
+
+void Window::Invalidate() const {
+  if (view_ != nullptr) view_->Refresh();
 }
 
 void Window::Resize(Size size) {

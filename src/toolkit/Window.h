@@ -6,7 +6,9 @@
 
 #include "toolkit/Control.h"
 #include "toolkit/Event.h"
+#include "toolkit/Graphics.h"
 #include "toolkit/MenuBar.h"
+#include "toolkit/PushButton.h"
 #include "toolkit/Size.h"
 #include "toolkit/TabPanel.h"
 
@@ -16,7 +18,12 @@ namespace toolkit {
 class WindowView {
  public:
   virtual ~WindowView() = default;
+  /// The window's background or title is no longer what it was.
+  virtual void Refresh() = 0;
 };
+
+/// What the user can do to a window by its frame: everything, or only move it. A fixed one keeps its size.
+enum class WindowFrame { Standard, Fixed };
 
 /// A window: a title, a size and controls. It is made with std::make_shared, shown with Show(), and owned by the
 /// platform while it is open. A window whose handler is running lives at least until that handler ends.
@@ -30,12 +37,15 @@ class Window : public std::enable_shared_from_this<Window> {
 
   /// Raised once, when the window has been shown and painted for the first time.
   Event<> Open;
+  /// The background is to be drawn, behind the controls. May be raised often, and must change nothing.
+  Event<Graphics&> Paint;
 
   [[nodiscard]] const std::string& Title() const { return title_; }
   /// The size of the content; it follows what the user makes of the window.
   [[nodiscard]] Size ContentSize() const { return size_; }
   [[nodiscard]] Size MinimumSize() const { return minimum_; }
   [[nodiscard]] Size MaximumSize() const { return maximum_; }
+  [[nodiscard]] WindowFrame Frame() const { return frame_; }
   /// The controls in the order in which they were created; later ones lie over earlier ones.
   [[nodiscard]] const std::vector<Control*>& Controls() const { return controls_; }
   /// The window's menus, nullptr if it has none. Several windows may share one bar.
@@ -43,18 +53,33 @@ class Window : public std::enable_shared_from_this<Window> {
   /// Where `control` stands in the window at its present size: moved and stretched as its locks say.
   [[nodiscard]] Rect PlaceOf(const Control& control) const;
 
+  /// The button of that role that the user can press now, nullptr if there is none.
+  [[nodiscard]] const PushButton* ButtonOf(ButtonRole role) const;
+
+  /// Opens the window, or brings it to the front.
   void Show();
   /// For the desktop: the window has been painted. Raises Open, if it was not raised before.
   void TellPainted();
-  /// Takes the window off the screen and ends its handlers. Safe at any time, also in a handler of the window.
+  /// Takes the window off the screen, ends its handlers and calls Event_Close. Safe at any time, also in a handler of
+  /// the window. A closed window may be shown again.
   void Close();
+  /// Closes the window as the user does by its frame, by the keyboard or by the end of the desktop session: presses its
+  /// cancel button, if it has one that can be pressed.
+  void CloseAsUser();
   [[nodiscard]] bool IsClosed() const { return closed_; }
   /// The user, through the desktop, gave the content another size; kept within the minimum and maximum.
   void Resize(Size size);
+  /// The view that follows this window from now on; nullptr for none.
+  void ShowIn(WindowView* view) { view_ = view; }
 
  protected:
   /// `size` is the size the controls were designed for, and the one the window starts with.
-  Window(std::string title, Size size, Size minimum, Size maximum);
+  Window(std::string title, Size size, Size minimum, Size maximum, WindowFrame frame = WindowFrame::Standard);
+
+  /// The window has been closed; no handler of it runs any more. The end of the program closes every window.
+  virtual void Event_Close() {}
+  /// Lets the background be painted anew.
+  void Invalidate() const;
 
   /// Adds a control, which must be a member of the window, and returns it as its own type.
   template <typename Kind>
@@ -82,6 +107,15 @@ class Window : public std::enable_shared_from_this<Window> {
     };
   }
 
+  /// As the other On, for a question; once the window is closed, the answer is as if nobody had been asked.
+  template <typename Self, typename Answer, typename... Arguments>
+  void On(Question<Answer, Arguments...>& question, Answer (Self::*handler)(Arguments...)) {
+    question = [this, handler](Arguments... arguments) {
+      const std::shared_ptr<Window> alive = weak_from_this().lock();
+      return closed_ ? Answer{} : (static_cast<Self*>(this)->*handler)(arguments...);
+    };
+  }
+
   /// Raises Open on every control; the last step of building the window.
   void OpenControls();
 
@@ -91,6 +125,8 @@ class Window : public std::enable_shared_from_this<Window> {
   Size size_;
   Size minimum_;
   Size maximum_;
+  WindowFrame frame_;
+  WindowView* view_ = nullptr;
   std::vector<Control*> controls_;
   std::shared_ptr<const MenuBar> menus_;
   bool opened_ = false;

@@ -20,6 +20,29 @@ class HandTransfer final : public toolkit::HTTPTransfer {
   std::shared_ptr<SentRequest> request_;
 };
 
+class HandTimer final : public toolkit::PlatformTimer {
+ public:
+  explicit HandTimer(std::shared_ptr<SetTimer> timer) : timer_(std::move(timer)) {}
+  HandTimer(const HandTimer&) = delete;
+  HandTimer& operator=(const HandTimer&) = delete;
+  ~HandTimer() override { timer_->Expired = nullptr; }
+
+ private:
+  std::shared_ptr<SetTimer> timer_;
+};
+
+class HandProcess final : public toolkit::ChildProcess {
+ public:
+  explicit HandProcess(std::shared_ptr<StartedProcess> process) : process_(std::move(process)) {}
+  HandProcess(const HandProcess&) = delete;
+  HandProcess& operator=(const HandProcess&) = delete;
+  ~HandProcess() override { process_->Ended = nullptr; }
+  void Kill() override { process_->IsKilled = true; }
+
+ private:
+  std::shared_ptr<StartedProcess> process_;
+};
+
 }  // namespace
 
 void SentRequest::Reply(int status, std::string_view body) {
@@ -57,7 +80,7 @@ HandPlatform::HandPlatform() : folder_(toolkit::MakeTemporaryFolder()) {
 }
 
 HandPlatform::~HandPlatform() {
-  ForgetWindows();
+  CloseWindows();
   std::error_code ignored;
   std::filesystem::remove_all(folder_.Path(), ignored);
 }
@@ -80,6 +103,28 @@ void HandPlatform::RunEventsUntil(const std::function<bool()>& isDone) {
     if (!WhileWaiting) throw std::logic_error("The program waits for something that never happens.");
     Dispatch(WhileWaiting);
   }
+}
+
+std::unique_ptr<toolkit::PlatformTimer> HandPlatform::StartTimer(std::chrono::milliseconds period,
+                                                                 std::function<void()> expired) {
+  timers_.push_back(std::make_shared<SetTimer>(SetTimer{.Due = now_ + period, .Expired = std::move(expired)}));
+  return std::make_unique<HandTimer>(timers_.back());
+}
+
+std::unique_ptr<toolkit::ChildProcess> HandPlatform::StartProcess(const std::string& commandLine,
+                                                                  std::function<void(toolkit::ProcessEnd)> ended) {
+  Processes.push_back(std::make_shared<StartedProcess>(StartedProcess{.CommandLine = commandLine, .IsKilled = false, .Ended = std::move(ended)}));
+  return std::make_unique<HandProcess>(Processes.back());
+}
+
+void HandPlatform::Advance(std::chrono::milliseconds time) {
+  now_ += time;
+  const auto set = timers_;
+  for (const auto& timer : set) {
+    if (timer->Due > now_) continue;
+    if (const auto expired = std::exchange(timer->Expired, nullptr)) Dispatch(expired);
+  }
+  std::erase_if(timers_, [](const auto& timer) { return !timer->Expired; });
 }
 
 std::optional<std::string> HandPlatform::Translation(const std::string& key, const std::string& language) {

@@ -39,6 +39,23 @@ class SentRequest {
   toolkit::HTTPTransferEvents* events_;
 };
 
+/// A command line that the program gave to the shell, and the hand that ends it.
+struct StartedProcess {
+  std::string CommandLine;
+  bool IsKilled = false;
+  /// Tells the program, unless it let go of the process.
+  void End(int exitCode) {
+    if (const auto tell = std::exchange(Ended, nullptr)) tell({.ExitCode = exitCode, .Output = ""});
+  }
+  std::function<void(toolkit::ProcessEnd)> Ended;
+};
+
+/// A timer of the program that has not expired.
+struct SetTimer {
+  std::chrono::milliseconds Due;
+  std::function<void()> Expired;
+};
+
 /// A platform without screen, network or time: what it is asked for is written down here, and the test plays the world.
 /// Its folders are real, empty at first, and gone afterwards.
 class HandPlatform final : public toolkit::Platform {
@@ -63,6 +80,10 @@ class HandPlatform final : public toolkit::Platform {
   std::vector<int> Quits;
   /// What the world does in each round of a wait that the program makes; without it, a wait is a fault of the test.
   std::function<void()> WhileWaiting;
+  /// Lets time pass, and every timer expire whose time comes.
+  void Advance(std::chrono::milliseconds time);
+  /// All processes ever started, in order.
+  std::vector<std::shared_ptr<StartedProcess>> Processes;
   /// The translations that there are, by language, a blank and the key.
   std::map<std::string, std::string> Translations;
   /// What every picture measures; nothing makes all pictures unreadable.
@@ -73,6 +94,11 @@ class HandPlatform final : public toolkit::Platform {
   toolkit::DialogButton ShowDialog(const toolkit::MessageDialog& dialog) override;
   void RunEventsUntil(const std::function<bool()>& isDone) override;
   void RunDueEvents() override {}
+  std::unique_ptr<toolkit::PlatformTimer> StartTimer(std::chrono::milliseconds period,
+                                                     std::function<void()> expired) override;
+  std::unique_ptr<toolkit::ChildProcess> StartProcess(const std::string& commandLine,
+                                                      std::function<void(toolkit::ProcessEnd)> ended) override;
+  [[nodiscard]] std::chrono::milliseconds Uptime() const override { return now_; }
   void TrustAuthority(std::string_view /*certificate*/) override {}
   std::optional<toolkit::Size> SizeOfPicture(std::span<const std::byte> /*encoded*/) override { return PictureSize; }
   std::optional<std::string> Translation(const std::string& key, const std::string& language) override;
@@ -89,4 +115,6 @@ class HandPlatform final : public toolkit::Platform {
 
  private:
   toolkit::FolderItem folder_;
+  std::chrono::milliseconds now_{0};
+  std::vector<std::shared_ptr<SetTimer>> timers_;
 };

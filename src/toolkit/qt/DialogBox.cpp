@@ -127,7 +127,7 @@ QWidget* DialogBox::MakeButtons(const MessageDialog& dialog) {
                        QDialogButtonBox::ButtonRole role, DialogButton meaning) {
     if (!button.Visible) return;
     QPushButton* made = button.Caption.empty() ? buttons->addButton(standard)
-                                               : buttons->addButton(ToQt(button.Caption).replace('&', "&&"), role);
+                                               : buttons->addButton(ToQt(button.Caption), role);
     connect(made, &QPushButton::clicked, this, [this, meaning] {
       pressed_ = meaning;
       accept();

@@ -12,8 +12,7 @@ PushButtonView::PushButtonView(PushButton& button, QWidget& parent) : ViewOf(but
 
 void PushButtonView::Refresh() {
   ShowCommonProperties(*this, Shown());
-  // An ampersand would mark an access key.
-  setText(ToQt(Shown().Caption()).replace('&', QLatin1String("&&")));
+  setText(ToQt(Shown().Caption()));
 }
 
 }  // namespace toolkit::qt

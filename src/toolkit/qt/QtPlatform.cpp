@@ -19,6 +19,7 @@
 #include "toolkit/qt/ConnectionPool.h"
 #include "toolkit/qt/DialogBox.h"
 #include "toolkit/qt/QtPicture.h"
+#include "toolkit/qt/QtProcess.h"
 #include "toolkit/qt/QtText.h"
 #include "toolkit/qt/QtTransfer.h"
 #include "toolkit/qt/QtWindow.h"
@@ -32,6 +33,21 @@ QIcon ProgramIcon() { return {Decode(*OpenPictureResource("corvane"))}; }
 FolderItem Folder(QStandardPaths::StandardLocation location) {
   return FolderItem(FromQt(QStandardPaths::writableLocation(location)));
 }
+
+class QtTimer final : public PlatformTimer {
+ public:
+  QtTimer(std::chrono::milliseconds period, std::function<void()> expired) {
+    timer_.setSingleShot(true);
+    QObject::connect(&timer_, &QTimer::timeout, [expired = std::move(expired)] {
+      const auto handler = expired;  // the timer may go in it
+      Platform::Current().Dispatch(handler);
+    });
+    timer_.start(period);
+  }
+
+ private:
+  QTimer timer_;
+};
 
 // The system's allocator would learn from the first large reply to keep blocks of up to 32 MB in its heap, between
 // others that live on, so that the heap grows with every further one. Blocks of this size go back to the system at
@@ -54,7 +70,7 @@ QtPlatform::QtPlatform(int& argumentCount, char** arguments)
 }
 
 QtPlatform::~QtPlatform() {
-  ForgetWindows();
+  CloseWindows();
   closedViews_.clear();
 }
 
@@ -111,6 +127,20 @@ void QtPlatform::RunDueEvents() {
   DropClosedViewsLater();
 }
 
+std::unique_ptr<PlatformTimer> QtPlatform::StartTimer(std::chrono::milliseconds period,
+                                                      std::function<void()> expired) {
+  return std::make_unique<QtTimer>(period, std::move(expired));
+}
+
+std::unique_ptr<ChildProcess> QtPlatform::StartProcess(const std::string& commandLine,
+                                                       std::function<void(ProcessEnd)> ended) {
+  return std::make_unique<QtProcess>(commandLine, std::move(ended));
+}
+
+std::chrono::milliseconds QtPlatform::Uptime() const {
+  return std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now().time_since_epoch());
+}
+
 void QtPlatform::TrustAuthority(std::string_view certificate) {
   QSslConfiguration tls = QSslConfiguration::defaultConfiguration();
   tls.addCaCertificates(QSslCertificate::fromData(QByteArray(certificate.data(), qsizetype(certificate.size()))));
@@ -128,7 +158,9 @@ bool QtPlatform::OpenURL(const std::string& url) { return QDesktopServices::open
 
 int QtPlatform::RunLoop(const std::function<void()>& start) {
   QTimer::singleShot(0, [this, &start] { Dispatch(start); });
-  return QApplication::exec();
+  const int status = QApplication::exec();
+  quitting_ = false;
+  return status;
 }
 
 void QtPlatform::Quit(int status) {

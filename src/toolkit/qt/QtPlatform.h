@@ -25,6 +25,10 @@ class QtPlatform final : public Platform {
   DialogButton ShowDialog(const MessageDialog& dialog) override;
   void RunEventsUntil(const std::function<bool()>& isDone) override;
   void RunDueEvents() override;
+  std::unique_ptr<PlatformTimer> StartTimer(std::chrono::milliseconds period, std::function<void()> expired) override;
+  std::unique_ptr<ChildProcess> StartProcess(const std::string& commandLine,
+                                             std::function<void(ProcessEnd)> ended) override;
+  [[nodiscard]] std::chrono::milliseconds Uptime() const override;
   void TrustAuthority(std::string_view certificate) override;
   std::optional<Size> SizeOfPicture(std::span<const std::byte> encoded) override;
   std::optional<std::string> Translation(const std::string& key, const std::string& language) override;

@@ -50,7 +50,7 @@ void QtWindow::LayOut() {
 
 void QtWindow::closeEvent(QCloseEvent* event) {
   event->accept();
-  Platform::Current().Dispatch([this] { window_->Close(); });
+  Platform::Current().Dispatch([this] { window_->CloseAsUser(); });
 }
 
 // The controls are painted after their window, and all of it reaches the screen before the next event.

@@ -20,7 +20,7 @@ void YieldToEvents() { toolkit::Platform::Current().RunDueEvents(); }
 
 }  // namespace
 
-std::string HashOfFile(const FolderItem& file) {
+std::string HashOfFile(const FolderItem& file, const toolkit::StillWanted& wanted) {
   if (file.IsFolder() || !file.IsReadable()) return "";
   std::ifstream stream(file.Path(), std::ios::binary);
   std::vector<char> chunk(bytesAtOnce);
@@ -29,6 +29,7 @@ std::string HashOfFile(const FolderItem& file) {
     stream.read(chunk.data(), static_cast<std::streamsize>(chunk.size()));
     digest.Process({chunk.data(), static_cast<std::size_t>(stream.gcount())});
     YieldToEvents();
+    if (!toolkit::IsWanted(wanted)) return "";
   }
   return stream.eof() ? toolkit::EncodeHex(digest.Value()) : "";
 }

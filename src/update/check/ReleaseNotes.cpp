@@ -24,10 +24,13 @@ std::string ToUTF8(const std::string& page) {
   return converted ? *std::move(converted) : toolkit::RepairUTF8(page);
 }
 
-std::string FetchNotes(const std::string& address, std::string_view fallback) {
+std::string FetchNotes(const std::string& address, std::string_view fallback, const toolkit::StillWanted& wanted) {
   HTTPSSocket redirects;
+  redirects.Wanted = wanted;
   const std::string resolved = redirects.GetRedirectAddress(address, timeoutSeconds, mostRedirects);
+  if (!toolkit::IsWanted(wanted)) return "";
   HTTPSSocket socket;
+  socket.Wanted = wanted;
   socket.LargestBody = largestPage;
   const std::string page = socket.Get(resolved, timeoutSeconds);
   const bool isMissing = socket.HTTPStatusCode() == notFound || toolkit::Trim(page).empty();
@@ -36,13 +39,13 @@ std::string FetchNotes(const std::string& address, std::string_view fallback) {
 
 }  // namespace
 
-std::string ProcessReleaseNotes(std::string notes) {
+std::string ProcessReleaseNotes(std::string notes, const toolkit::StillWanted& wanted) {
   static const std::string noNotes = "<b>" + KajuLocale::kNoUpdateInfoMessage() + "</b>";
   static const toolkit::RegEx linkForm(
       R"((?mi-Us)\A\x20*(?|(?:(http[^\s]+)\x20*\R)|(?:<!--\s*(http[^\s]*)\s*-->))([\s\S]*))");
   if (const auto link = linkForm.Search(notes)) {
     const std::string address(toolkit::Trim(link->SubExpression(1)));
-    notes = FetchNotes(address, toolkit::Trim(link->SubExpression(2)));
+    notes = FetchNotes(address, toolkit::Trim(link->SubExpression(2)), wanted);
   }
   return toolkit::Trim(notes).empty() ? noNotes : notes;
 }

@@ -66,11 +66,14 @@ std::size_t IndexOf(BuildTarget target) {
   throw KajuException("Unknown platform", "Kaju.UpdateInformation.PlatformBinary");
 }
 
-std::shared_ptr<const toolkit::Picture> FetchPicture(const std::string& url) {
+std::shared_ptr<const toolkit::Picture> FetchPicture(const std::string& url, const toolkit::StillWanted& wanted) {
   try {
     HTTPSSocket socket;
+    socket.Wanted = wanted;
     socket.LargestBody = largestPicture;
-    std::string body = socket.Get(socket.GetRedirectAddress(url, timeoutSeconds, mostRedirects), timeoutSeconds);
+    const std::string resolved = socket.GetRedirectAddress(url, timeoutSeconds, mostRedirects);
+    if (!toolkit::IsWanted(wanted)) return nullptr;
+    std::string body = socket.Get(resolved, timeoutSeconds);
     return body.empty() ? nullptr : toolkit::Picture::FromData(std::move(body));
   } catch (const toolkit::RuntimeException&) {
     return nullptr;  // an update without a picture is shown all the same
@@ -105,8 +108,8 @@ int UpdateInformation::StageCode() const {
 
 double UpdateInformation::VersionAsDouble() const { return VersionToDouble(Version); }
 
-std::shared_ptr<const toolkit::Picture> UpdateInformation::Image() const {
-  if (!mImage && !toolkit::Trim(ImageURL).empty()) mImage = FetchPicture(ImageURL);
+std::shared_ptr<const toolkit::Picture> UpdateInformation::Image(const toolkit::StillWanted& wanted) const {
+  if (!mImage && !toolkit::Trim(ImageURL).empty()) mImage = FetchPicture(ImageURL, wanted);
   return mImage;
 }
 

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "toolkit/Picture.h"
+#include "toolkit/StillWanted.h"
 #include "toolkit/Variant.h"
 #include "update/check/BinaryInformation.h"
 #include "update/check/BuildTarget.h"
@@ -46,8 +47,9 @@ class UpdateInformation final : public Information {
   [[nodiscard]] double VersionAsDouble() const;
 
   /// The picture at ImageURL, fetched when it is first asked for; nullptr if there is none or it cannot be had, and
-  /// then fetched again the next time. Runs the event loop for up to 5 seconds without progress a request.
-  [[nodiscard]] std::shared_ptr<const toolkit::Picture> Image() const;
+  /// then fetched again the next time. Runs the event loop for up to 5 seconds without progress a request, and gives up
+  /// once it is no longer wanted.
+  [[nodiscard]] std::shared_ptr<const toolkit::Picture> Image(const toolkit::StillWanted& wanted = {}) const;
 
   /// The file for a platform; nullptr if there is none. On macOS one file serves both widths.
   [[nodiscard]] BinaryPointer PlatformBinary32bit(System system = BuildTarget::Running().Platform) const;

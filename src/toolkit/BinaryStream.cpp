@@ -1,0 +1,35 @@
+#include "toolkit/BinaryStream.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+namespace toolkit {
+
+BinaryStream::BinaryStream(const FolderItem& file)
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): open() is declared so
+    : descriptor_(open(file.Path().c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, S_IRUSR | S_IWUSR)) {
+  KeepError(descriptor_ < 0);
+}
+
+void BinaryStream::Write(std::string_view bytes) {
+  while (!bytes.empty() && error_ == 0) {
+    const ssize_t written = write(descriptor_, bytes.data(), bytes.size());
+    if (written < 0 && errno == EINTR) continue;
+    KeepError(written < 0);
+    if (written > 0) bytes.remove_prefix(static_cast<std::size_t>(written));
+  }
+}
+
+void BinaryStream::Close() {
+  const int descriptor = std::exchange(descriptor_, -1);
+  if (descriptor >= 0) KeepError(close(descriptor) != 0);
+}
+
+void BinaryStream::KeepError(bool failed) {
+  if (failed && error_ == 0) error_ = errno;
+}
+
+}  // namespace toolkit

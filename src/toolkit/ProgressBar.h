@@ -1,0 +1,23 @@
+#pragma once
+
+#include "toolkit/Control.h"
+
+namespace toolkit {
+
+/// A bar that fills as something goes on. With a Maximum of 0 or below there is no known end: the bar moves.
+class ProgressBar final : public ControlOf<ProgressBar> {
+ public:
+  ProgressBar() : ControlOf(FocusPolicy::Refuses) {}
+
+  [[nodiscard]] int Maximum() const { return maximum_; }
+  ProgressBar& Maximum(int maximum);
+  /// 0 for the empty bar, Maximum for the full one.
+  [[nodiscard]] int Value() const { return value_; }
+  ProgressBar& Value(int value);
+
+ private:
+  int maximum_ = 0;
+  int value_ = 0;
+};
+
+}  // namespace toolkit

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include <QProcess>
+
+#include "toolkit/Shell.h"
+
+namespace toolkit::qt {
+
+/// A command line in /bin/sh, in a process group of its own. Of what it writes, the first megabyte is kept.
+class QtProcess final : public ChildProcess {
+ public:
+  QtProcess(const std::string& commandLine, std::function<void(ProcessEnd)> ended);
+  QtProcess(const QtProcess&) = delete;
+  QtProcess& operator=(const QtProcess&) = delete;
+  ~QtProcess() override;
+
+  void Kill() override;
+
+ private:
+  void KeepOutput();
+  void Tell(int exitCode);
+
+  std::unique_ptr<QProcess> process_;
+  std::function<void(ProcessEnd)> ended_;
+  std::string output_;
+};
+
+}  // namespace toolkit::qt
