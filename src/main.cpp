@@ -3,6 +3,7 @@
 #include "shell/App.h"
 #include "shell/Product.h"
 #include "toolkit/qt/QtPlatform.h"
+#include "update/install/UpdateWindowPresenter.h"
 
 int main(int argc, char** argv) {
   toolkit::qt::QtPlatform platform(argc, argv);
@@ -11,7 +12,8 @@ int main(int argc, char** argv) {
   std::shared_ptr<wMain> mainWindow;
   return app.Run([&] {
     mainWindow = std::make_shared<wMain>(
-        [](const std::shared_ptr<CorvaneServer>& server) { std::make_shared<wServer>(server)->Show(); });
+        [](const std::shared_ptr<CorvaneServer>& server) { std::make_shared<wServer>(server)->Show(); },
+        std::make_shared<Kaju::UpdateWindowPresenter>());
     mainWindow->Show();
   });
 }

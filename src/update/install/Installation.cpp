@@ -1,0 +1,152 @@
+// The part of the update window that carries an update from the press of the install button to the end of the program.
+
+#include <algorithm>
+#include <limits>
+
+#include "toolkit/Application.h"
+#include "toolkit/Platform.h"
+#include "toolkit/RuntimeException.h"
+#include "toolkit/Text.h"
+#include "update/check/FileHelpers.h"
+#include "update/check/KajuLocale.h"
+#include "update/install/KajuUpdateWindow.h"
+#include "update/install/Updating.h"
+
+using toolkit::FolderItem;
+using toolkit::Timer;
+
+namespace {
+
+constexpr int redirectTimeoutSeconds = 5;
+constexpr int mostRedirects = 5;
+constexpr int ok = 200;
+// The bar's largest value, roughly.
+constexpr std::int64_t progressSteps = 1000;
+
+}  // namespace
+
+void KajuUpdateWindow::HandleOKButton() {
+  if (CurrentStage == Stage::AskingToQuit) {
+    InstallAndQuit();
+  } else if (CurrentStage == Stage::ChoosingUpdate && LetUserDecide()) {
+    ShowInstalling();
+    if (Checker->DryRun()) {
+      lblInstallMessage.Text(KajuLocale::kDryRunMessage());
+    } else {
+      lblInstallMessage.Text(KajuLocale::kDownloadingMessage());
+      Download();
+    }
+  }
+}
+
+// The questions run the event loop: another update may be chosen, or none any more, once they are answered.
+bool KajuUpdateWindow::LetUserDecide() {
+  SelectedUpdate = nullptr;
+  SelectedBinary = nullptr;
+  const auto update = UpdateInRow(pumUpdates.ListIndex());
+  if (!update) return false;
+  const auto binary = UserSelectsBinary(*update);
+  if (!binary || !UserConfirmsRequiredPayment(*update) || !IsAt(Stage::ChoosingUpdate)) return false;
+  SelectedUpdate = update;
+  SelectedBinary = binary;
+  return true;
+}
+
+void KajuUpdateWindow::ShowInstalling() {
+  btnOK.Enabled(false);
+  btnCancel.Caption(KajuLocale::kStopButton());
+  btnSkipVersion.Visible(false);
+  pbProgress.Maximum(0).Value(0).Visible(true);
+  lblInstallMessage.Visible(true);
+  pumUpdates.Enabled(false);
+  CurrentStage = Stage::Installing;
+}
+
+void KajuUpdateWindow::Download() {
+  if (!SelectedBinary->HasUsableFileName()) return ShowError("");
+  try {
+    const FolderItem folder = Kaju::GetTemporaryFolder();
+    DeleteOnCancel.push_back(folder);
+    DownloadFile = folder.Child(SelectedBinary->FileName());
+    DeleteOnClose.push_back(*DownloadFile);
+  } catch (const toolkit::RuntimeException& exception) {
+    return ShowError(exception.Message());
+  }
+  const std::string url = hsSocket.GetRedirectAddress(SelectedBinary->URL, redirectTimeoutSeconds, mostRedirects);
+  if (!IsAt(Stage::Installing)) return;
+  hsSocket.Get(url, *DownloadFile);
+  tmrTimeout.Mode(Timer::RunMode::Single);
+}
+
+void KajuUpdateWindow::hsSocket_ReceiveProgress(std::int64_t bytesReceived, std::int64_t totalBytes) {
+  if (CurrentStage == Stage::Cancelled) return;
+  const std::int64_t divisor = std::max<std::int64_t>(totalBytes / progressSteps, 1);
+  const std::int64_t value = std::min<std::int64_t>(bytesReceived / divisor, std::numeric_limits<int>::max());
+  pbProgress.Maximum(static_cast<int>(totalBytes / divisor)).Value(static_cast<int>(value));
+  tmrTimeout.Reset();
+}
+
+void KajuUpdateWindow::hsSocket_DownloadComplete(int httpStatus, const FolderItem& file) {
+  if (CurrentStage == Stage::Cancelled) return;
+  pbProgress.Maximum(-1).Value(0);
+  tmrTimeout.Mode(Timer::RunMode::Off);
+  if (httpStatus != ok) return ShowError("");
+  const FolderItem archive = file;
+  const std::string hash = Kaju::HashOfFile(archive, [this] { return IsAt(Stage::Installing); });
+  if (!IsAt(Stage::Installing)) return;
+  if (hash.empty() || !toolkit::EqualIgnoringCase(hash, SelectedBinary->Hash)) {
+    return ShowError(KajuLocale::kBadDownloadMessage());
+  }
+  lblInstallMessage.Text(KajuLocale::kProcessingFileMessage());
+  const FolderItem target = archive.Parent().Child("decompressed");
+  DeleteOnCancel.push_back(target);
+  shZipper.Decompress(archive, target);
+}
+
+void KajuUpdateWindow::hsSocket_Error(int code) {
+  hsSocket.Disconnect();
+  tmrTimeout.Mode(Timer::RunMode::Off);
+  ShowError(KajuLocale::kGenericErrorMessage() + "  (" + std::to_string(code) + ")");
+}
+
+void KajuUpdateWindow::tmrTimeout_Action() {
+  hsSocket.Disconnect();
+  ShowError(KajuLocale::kTimedOutMessage());
+}
+
+void KajuUpdateWindow::shZipper_DecompressCompleted(const FolderItem& zipFile, const FolderItem& containingFolder) {
+  zipFile.Delete();
+  if (CurrentStage == Stage::Cancelled) return;
+  const std::vector<FolderItem> items = containingFolder.Children();
+  const auto replacement = std::ranges::find_if(
+      items, [](const FolderItem& item) { return !item.Name().starts_with('.') && !item.Name().starts_with('_'); });
+  if (replacement == items.end() || !SelectedUpdate) return ShowError("");
+  Initiater = std::make_shared<Kaju::UpdateInitiater>();
+  Initiater->ReplacementAppFolder = *replacement;
+  Initiater->ReplacementExecutableName = SelectedBinary->ExecutableName;
+  AskToQuit();
+}
+
+void KajuUpdateWindow::AskToQuit() {
+  btnOK.Caption(KajuLocale::kQuitButton()).Enabled(true);
+  btnCancel.Caption(KajuLocale::kCancelButton()).Visible(true);
+  pbProgress.Visible(false);
+  lblInstallMessage.Text(KajuLocale::kReadyMessage()).Visible(true);
+  CurrentStage = Stage::AskingToQuit;
+}
+
+void KajuUpdateWindow::shZipper_Error() {
+  if (CurrentStage != Stage::Cancelled) ShowError("");
+}
+
+// The other windows come to the front, each in its turn, so that the user sees what is about to be closed.
+void KajuUpdateWindow::InstallAndQuit() {
+  Kaju::StartUpdate(Initiater);
+  const auto windows = toolkit::Platform::Current().OpenWindows();
+  if (windows.front().get() != this) {
+    for (const auto& window : windows) {
+      if (window.get() != this) window->Show();
+    }
+  }
+  toolkit::Quit();
+}

@@ -1,0 +1,143 @@
+// The part of the update window that shows the offers and asks the user about them.
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "toolkit/MessageDialog.h"
+#include "toolkit/ShowURL.h"
+#include "toolkit/Text.h"
+#include "update/check/KajuLocale.h"
+#include "update/check/ReleaseNotes.h"
+#include "update/check/Versions.h"
+#include "update/install/KajuUpdateWindow.h"
+
+using toolkit::DialogButton;
+using toolkit::ReplaceAll;
+
+namespace {
+
+constexpr double percentOfFading = 50;
+
+}  // namespace
+
+void KajuUpdateWindow::ChooseUpdate(const std::shared_ptr<Kaju::UpdateChecker>& checker, Kaju::Offers updates) {
+  Checker = checker;
+  CurrentStage = Stage::ChoosingUpdate;
+  std::ranges::stable_sort(updates, {}, [](const auto& update) { return update->VersionAsDouble(); });
+  std::ranges::reverse(updates);
+  for (const auto& update : updates) {
+    pumUpdates.AddRow(update->Version);
+    pumUpdates.RowTag(pumUpdates.ListCount() - 1, update);
+  }
+  lblVersions.Visible(updates.size() != 1);
+  pumUpdates.Visible(updates.size() != 1);
+  pumUpdates.ListIndex(0);
+}
+
+std::shared_ptr<Kaju::UpdateInformation> KajuUpdateWindow::UpdateInRow(int row) const {
+  const std::any tag = pumUpdates.RowTag(row);
+  const auto* update = std::any_cast<std::shared_ptr<Kaju::UpdateInformation>>(&tag);
+  return update == nullptr ? nullptr : *update;
+}
+
+void KajuUpdateWindow::pumUpdates_Change() {
+  if (pumUpdates.ListIndex() == -1) {
+    pumUpdates.ListIndex(0);
+  } else if (const auto update = UpdateInRow(pumUpdates.ListIndex())) {
+    DisplayVersionInfo(*update);
+  }
+}
+
+// The texts are there at once; picture and notes may have to be fetched, and come if the update is still the chosen
+// one.
+void KajuUpdateWindow::DisplayVersionInfo(const Kaju::UpdateInformation& info) {
+  const auto wanted = [this, turn = ++displayed_] { return IsAt(Stage::ChoosingUpdate) && turn == displayed_; };
+  DisplayTexts(info);
+  auto image = info.Image(wanted);
+  bool useTransparency = info.UseTransparency;
+  if (!wanted()) return;
+  if (!image) {
+    image = Checker->DefaultImage;
+    useTransparency = Checker->DefaultUseTransparency;
+  }
+  if (image && useTransparency) image = toolkit::Picture::Faded(image, percentOfFading);
+  BackgroundImage(std::move(image));
+  std::string notes = Kaju::ProcessReleaseNotes(info.ReleaseNotes, wanted);
+  if (!wanted()) return;
+  Loading = true;
+  hvNotes.LoadPage(std::move(notes), RelativeToFolderItem);
+}
+
+void KajuUpdateWindow::DisplayTexts(const Kaju::UpdateInformation& info) {
+  AppName(info.AppName);
+  const std::string secondary = pumUpdates.ListCount() == 1
+                                    ? ReplaceAll(KajuLocale::kSecondaryNoticeOne(), "<<NewVersion>>", info.Version)
+                                    : KajuLocale::kSecondaryNoticeMultiple();
+  lblMain.Text(ReplaceAll(KajuLocale::kMainNotice(), "<<AppName>>", AppName()));
+  lblSecondary.Text(ReplaceAll(secondary, "<<ThisVersion>>", Kaju::AppVersionString()));
+}
+
+bool KajuUpdateWindow::hvNotes_CancelLoad(const std::string& /*url*/) { return !std::exchange(Loading, false); }
+
+toolkit::HTMLViewer* KajuUpdateWindow::hvNotes_NewWindow() { return &hvNewWindow; }
+
+// What goes to the desktop could start any program there, so only the schemes of pages and mail do.
+bool KajuUpdateWindow::hvNewWindow_CancelLoad(const std::string& url) {
+  const bool isHarmless = std::ranges::any_of(std::array{"http://", "https://", "mailto:"}, [&](const char* scheme) {
+    return toolkit::StartsWithIgnoringCase(url, scheme);
+  });
+  if (isHarmless) toolkit::ShowURL(url);
+  return true;
+}
+
+void KajuUpdateWindow::btnSkipVersion_Action() {
+  const auto info = UpdateInRow(pumUpdates.ListIndex());
+  if (!info || CurrentStage != Stage::ChoosingUpdate) return;
+  if (MustBeInstalled(*info)) {
+    toolkit::MsgBox(ReplaceAll(KajuLocale::kCannotSkipVersionsMessage(), "<<Version>>", info->MinimumRequiredVersion));
+    return;
+  }
+  Checker->IgnoreVersion(info->Version);
+  if (pumUpdates.ListCount() == 1) {
+    Close();
+  } else {
+    pumUpdates.RemoveRow(pumUpdates.ListIndex());
+  }
+}
+
+bool KajuUpdateWindow::MustBeInstalled(const Kaju::UpdateInformation& info) const {
+  return !info.MinimumRequiredVersion.empty() &&
+         Kaju::VersionToDouble(info.MinimumRequiredVersion) > Kaju::VersionToDouble(Kaju::AppVersionString());
+}
+
+bool KajuUpdateWindow::UserConfirmsRequiredPayment(const Kaju::UpdateInformation& info) {
+  if (!info.RequiresPayment) return true;
+  toolkit::MessageDialog dialog;
+  dialog.Message = KajuLocale::kPaymentRequiredMessage();
+  dialog.ActionButton = {.Caption = KajuLocale::kProceedButton(), .Visible = true};
+  dialog.CancelButton.Visible = true;
+  return dialog.ShowModal() != DialogButton::Cancel;
+}
+
+std::shared_ptr<Kaju::BinaryInformation> KajuUpdateWindow::UserSelectsBinary(
+    const Kaju::UpdateInformation& info) const {
+  const Kaju::BuildTarget target = Checker->Target;
+  if (target.Bits == Kaju::Width::Bits64 || !Checker->Allow32bitTo64bitUpdates) {
+    return info.PlatformBinarySameBitness(target);
+  }
+  const auto b64 = info.PlatformBinary64bit(target.Platform);
+  const auto b32 = info.PlatformBinary32bit(target.Platform);
+  if (!b64) return b32;
+
+  toolkit::MessageDialog dialog;
+  dialog.Message = KajuLocale::kCurrenlyUsing32bitMessage() + " ";
+  dialog.Message += b32 ? KajuLocale::kChooseBetweenBitsMessage() : KajuLocale::kChoose64bitMessage();
+  dialog.Explanation = KajuLocale::kExplain64bitMessage();
+  dialog.ActionButton.Caption = b32 ? KajuLocale::kUse32bitLabel() : KajuLocale::kProceedButton();
+  dialog.AlternateActionButton = {.Caption = KajuLocale::kUse64bitLabel(), .Visible = b32 != nullptr};
+  dialog.CancelButton = {.Caption = KajuLocale::kCancelButton(), .Visible = true};
+  const DialogButton pressed = dialog.ShowModal();
+  if (pressed == DialogButton::Cancel) return nullptr;
+  return !b32 || pressed == DialogButton::Alternate ? b64 : b32;
+}

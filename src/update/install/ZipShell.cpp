@@ -1,0 +1,78 @@
+#include "update/install/ZipShell.h"
+
+#include <utility>
+
+#include "resources/Resource.h"
+#include "toolkit/Text.h"
+#include "update/check/KajuException.h"
+
+using toolkit::FolderItem;
+
+namespace Kaju {
+namespace {
+
+std::string CompressCommand(System system, const FolderItem& source, const FolderItem& target) {
+  if (system == System::Mac) {
+    return "/usr/bin/ditto -c -k --sequesterRsrc --keepParent " + source.ShellPath() + " " + target.ShellPath();
+  }
+  // zip would add to an archive that is there.
+  return "unset ZIPOPT; /bin/rm -f " + target.ShellPath() + " && cd " + source.Parent().ShellPath() +
+         " && /usr/bin/zip -q -r -y " + target.ShellPath() + " " + toolkit::QuoteForShell("./" + source.Name());
+}
+
+std::string DecompressCommand(System system, const FolderItem& zipFile, const FolderItem& folder) {
+  const std::string paths = zipFile.ShellPath() + " " + folder.ShellPath();
+  if (system == System::Mac) return "/usr/bin/ditto -x -k " + paths;
+  const auto script = resources::Find("unpack");
+  const std::string_view text(reinterpret_cast<const char*>(script.data()), script.size());
+  return "/bin/sh -c " + toolkit::QuoteForShell(text) + " unpack " + paths;
+}
+
+}  // namespace
+
+void ZipShell::Compress(const FolderItem& source, const std::optional<FolderItem>& destination) {
+  const std::string name = source.Name() + ".zip";
+  if (!destination) {
+    ResultFolderItem = source.Parent().Child(name);
+  } else {
+    ResultFolderItem = destination->IsFolder() ? destination->Child(name) : *destination;
+  }
+  Execute(CompressCommand(Platform, source, *ResultFolderItem));
+  if (Mode != RunMode::Synchronous) mCurrentOperation = Operation::Compress;
+}
+
+void ZipShell::Decompress(const FolderItem& zipFile, const std::optional<FolderItem>& destination) {
+  ResultFolderItem = destination ? *destination : zipFile.Parent();
+  ZipFile = zipFile;
+  if (Mode != RunMode::Synchronous) mCurrentOperation = Operation::Decompress;
+  Execute(DecompressCommand(Platform, zipFile, *ResultFolderItem));
+}
+
+std::string ZipShell::ContentsOf(const FolderItem& zipFile) {
+  Shell shell;
+  shell.Execute("/usr/bin/zipinfo -1 " + zipFile.ShellPath());
+  if (shell.ErrorCode() != 0) return "";
+  std::string name = shell.Result().substr(0, shell.Result().find_first_of("\r\n"));
+  if (name.ends_with('/')) name.pop_back();
+  return name;
+}
+
+void ZipShell::WindowsUnzip(const FolderItem& /*zipFile*/, const FolderItem& /*destination*/) {
+  throw KajuException(KajuException::kErrorImproperFunction(), "Kaju.ZipShell.WindowsUnzip");
+}
+
+// The handlers may start the next operation or destroy this object, so it is idle before they run.
+void ZipShell::DoCompleted() {
+  const auto result = std::exchange(ResultFolderItem, std::nullopt);
+  const auto zipFile = std::exchange(ZipFile, std::nullopt);
+  const Operation operation = std::exchange(mCurrentOperation, Operation::None);
+  if (ErrorCode() != 0) {
+    Error();
+  } else if (operation == Operation::Compress) {
+    CompressCompleted(*result);
+  } else if (operation == Operation::Decompress) {
+    DecompressCompleted(*zipFile, *result);
+  }
+}
+
+}  // namespace Kaju

@@ -1,0 +1,374 @@
+#include <gmock/gmock.h>
+
+#include "shell/App.h"
+#include "tests/support/HandPlatform.h"
+#include "tests/support/SigningKey.h"
+#include "toolkit/TextFile.h"
+#include "update/install/KajuUpdateWindow.h"
+
+using Kaju::UpdateChecker;
+using std::chrono_literals::operator""ms;
+using testing::ElementsAre;
+using toolkit::DialogButton;
+using toolkit::FolderItem;
+using toolkit::LinkTarget;
+using Stage = KajuUpdateWindow::Stage;
+
+namespace {
+
+// The hash is that of "archive".
+const std::string file = R"({"URL":"http://h/a.zip","Hash":"888D0EE361AF3603736F32131E7B20A2","ExecutableName":"x"})";
+
+/// `members` are further ones of the offer, each behind a comma.
+std::shared_ptr<Kaju::UpdateInformation> Offer(const std::string& version, const std::string& members = "",
+                                               const std::string& binary = R"("LinuxBinary64bit":)" + file) {
+  return std::make_shared<Kaju::UpdateInformation>(
+      *toolkit::ParseJSONItem(R"({"AppName":"A & <b>","Version":")" + version + "\"," + binary + members + "}"));
+}
+
+class OtherWindow final : public toolkit::Window {
+ public:
+  OtherWindow() : Window("Other", {10, 10}, {}, {10, 10}) {}
+};
+
+class UpdateWindowTest : public testing::Test {
+ protected:
+  UpdateWindowTest() { Remake(); }
+  ~UpdateWindowTest() override { platform.CloseWindows(); }
+
+  /// Another window, with a checker that has the offers of a document.
+  void Remake() {
+    if (window) window->Close();
+    if (platform.OpenWindows().empty()) std::make_shared<OtherWindow>()->Show();
+    platform.Quits.clear();
+    checker = std::make_shared<UpdateChecker>(platform.ApplicationDataFolder(), "prefs");
+    window = KajuUpdateWindow::Shared();
+  }
+  void Choose(Kaju::Offers offers) {
+    window->TellPainted();
+    window->ChooseUpdate(checker, std::move(offers));
+  }
+  /// Presses install, and answers the question for redirects.
+  void Install() {
+    platform.WhileWaiting = [&] { platform.LastRequest().Reply(200, ""); };
+    window->btnOK.Press();
+  }
+  void InstallUntilUnpacking() {
+    Install();
+    platform.LastRequest().Reply(200, "archive");
+  }
+  /// Unpacks nothing but an entry of that name.
+  void Unpack(const std::string& entry) {
+    window->DeleteOnCancel.back().Child(entry).CreateAsFolder();
+    platform.Processes.back()->End(0);
+  }
+  [[nodiscard]] bool NothingIsLeft() const {
+    const auto exists = [](const FolderItem& item) { return item.Exists(); };
+    return std::ranges::none_of(window->DeleteOnCancel, exists) && std::ranges::none_of(window->DeleteOnClose, exists);
+  }
+  [[nodiscard]] std::size_t RunningRequests() const {
+    return static_cast<std::size_t>(std::ranges::count_if(platform.Requests, [](auto& r) { return r->IsRunning(); }));
+  }
+
+  HandPlatform platform;
+  App app{{1, 2, 3}};
+  std::shared_ptr<UpdateChecker> checker;
+  std::shared_ptr<KajuUpdateWindow> window;
+};
+
+}  // namespace
+
+TEST_F(UpdateWindowTest, ShowsTheNewestOfferFirstAndTheOneThatIsChosen) {
+  Choose({Offer("1.3"), Offer("1.10", R"(,"ReleaseNotes":"<p>ten","ImageURL":"")"), Offer("1.3b2")});
+  const auto& popup = window->pumUpdates;
+  ASSERT_EQ(popup.ListCount(), 3);
+  EXPECT_EQ(popup.Text(0) + " " + popup.Text(1) + " " + popup.Text(2), "1.10 1.3 1.3b2");
+  EXPECT_TRUE(popup.Visible() && window->lblVersions.Visible());
+  EXPECT_EQ(window->hvNotes.Page(), "<p>ten");
+  EXPECT_EQ(window->lblMain.Text(), "A new version of A & <b> is available!");
+  EXPECT_EQ(window->lblSecondary.Text(),
+            "You have version 1.2.3 and there are multiple updates available. Install one?");
+  window->pumUpdates.Select(2);
+  EXPECT_EQ(window->hvNotes.Page(), "<b>NO UPDATE INFORMATION</b>");
+
+  Remake();
+  Choose({Offer("1.3")});
+  EXPECT_FALSE(window->pumUpdates.Visible() || window->lblVersions.Visible());
+  EXPECT_EQ(window->lblSecondary.Text(), "You have version 1.2.3. Would you like to install version 1.3?");
+  window->AppName("");
+  EXPECT_EQ(window->AppName(), "this application");
+}
+
+TEST_F(UpdateWindowTest, SkipsVersionsUnlessTheyAreRequired) {
+  Choose({Offer("2.0", R"(,"MinimumRequiredVersion":"1.2.4")"), Offer("1.9", R"(,"MinimumRequiredVersion":"1.2.3")"),
+          Offer("1.8")});
+  window->btnSkipVersion.Press();
+  EXPECT_THAT(platform.Messages,
+              ElementsAre("You cannot skip versions until you have updated to version 1.2.4 or beyond."));
+  window->pumUpdates.Select(1);
+  window->btnSkipVersion.Press();
+  EXPECT_EQ(window->pumUpdates.Text(1), "1.8");
+  EXPECT_EQ(window->pumUpdates.ListIndex(), 0);
+  window->pumUpdates.Select(1);
+  window->btnSkipVersion.Press();
+  EXPECT_TRUE(window->pumUpdates.Visible());
+  EXPECT_THAT(window->lblSecondary.Text(), testing::EndsWith("install version 2.0?"));
+
+  Remake();
+  Choose({Offer("1.7")});
+  window->btnSkipVersion.Press();
+  EXPECT_TRUE(window->IsClosed());
+  checker = nullptr;
+  window = nullptr;
+  EXPECT_EQ(ReadFile(platform.ApplicationDataFolder().Child("prefs")), R"({"IgnoreVersionsPref":["1.7"]})");
+}
+
+TEST_F(UpdateWindowTest, AsksForMoneyAndBits) {
+  const std::string b32 = R"("LinuxBinary":)" + file;
+  const std::string b64 = R"("LinuxBinary64bit":)" + file;
+  const std::string paid = R"(,"RequiresPayment":true)";
+  using Kaju::Width;
+  enum Chosen { None, Narrow, Wide };
+  const std::tuple<Width, bool, std::string, std::string, DialogButton, std::size_t, Chosen> rows[] = {
+      {Width::Bits64, true, b64, "", DialogButton::Cancel, 0, Wide},
+      {Width::Bits64, true, b64, paid, DialogButton::Cancel, 1, None},
+      {Width::Bits64, true, b64, paid, DialogButton::Action, 1, Wide},
+      {Width::Bits64, true, b32, "", DialogButton::Action, 0, None},
+      {Width::Bits32, false, b32 + "," + b64, "", DialogButton::Alternate, 0, Narrow},
+      {Width::Bits32, true, b32, "", DialogButton::Cancel, 0, Narrow},
+      {Width::Bits32, true, b32 + "," + b64, "", DialogButton::Action, 1, Narrow},
+      {Width::Bits32, true, b32 + "," + b64, "", DialogButton::Alternate, 1, Wide},
+      {Width::Bits32, true, b32 + "," + b64, "", DialogButton::Cancel, 1, None},
+      {Width::Bits32, true, b64, "", DialogButton::Action, 1, Wide},
+      {Width::Bits32, true, b64, paid, DialogButton::Action, 2, Wide},
+      {Width::Bits32, true, b64, "", DialogButton::Cancel, 1, None},
+  };
+  for (int row = 0; const auto& [bits, allows, binaries, members, answer, questions, chosen] : rows) {
+    SCOPED_TRACE(row++);
+    Remake();
+    checker->Target.Bits = bits;
+    checker->Allow32bitTo64bitUpdates = allows;
+    platform.Answer = answer;
+    platform.Messages.clear();
+    const auto offer = Offer("2.0", members, binaries);
+    Choose({offer});
+    Install();
+    EXPECT_EQ(platform.Messages.size(), questions);
+    EXPECT_EQ(window->CurrentStage, chosen == None ? Stage::ChoosingUpdate : Stage::Installing);
+    EXPECT_EQ(window->btnOK.Enabled(), chosen == None);
+    EXPECT_EQ(window->SelectedBinary, chosen == None     ? nullptr
+                                      : chosen == Narrow ? offer->PlatformBinary32bit(Kaju::System::Linux)
+                                                         : offer->PlatformBinary64bit(Kaju::System::Linux));
+  }
+}
+
+TEST_F(UpdateWindowTest, TellsWhyAnUpdateFails) {
+  using Act = std::function<void()>;
+  const auto unpacked = [&](const std::string& entry) {
+    return [&, entry] {
+      InstallUntilUnpacking();
+      Unpack(entry);
+    };
+  };
+  const std::tuple<const char*, Act, const char*> rows[] = {
+      {"status", [&] { Install(), platform.LastRequest().Reply(404, "archive"); }, "An error has occurred."},
+      {"hash", [&] { Install(), platform.LastRequest().Reply(200, "other"); },
+       "The downloaded file appears to be corrupted."},
+      {"socket", [&] { Install(), platform.LastRequest().Fail(toolkit::TransferFault::Refused); },
+       "An error has occurred.  (102)"},
+      {"stall", [&] { Install(), platform.Advance(5000ms); }, "The operation has timed out."},
+      {"tool", [&] { InstallUntilUnpacking(), platform.Processes.back()->End(9); }, "An error has occurred."},
+      {"nothing", [&] { InstallUntilUnpacking(), platform.Processes.back()->End(0); }, "An error has occurred."},
+      {"hidden", unpacked(".x"), "An error has occurred."},
+      {"underscore", unpacked("_x"), "An error has occurred."},
+      {"blank message", [&] { window->ShowError("  "); }, "An error has occurred."},
+  };
+  for (const auto& [name, act, message] : rows) {
+    SCOPED_TRACE(name);
+    Remake();
+    Choose({Offer("2.0")});
+    act();
+    EXPECT_EQ(window->CurrentStage, Stage::Failed);
+    EXPECT_EQ(window->lblInstallMessage.Text(), message);
+    EXPECT_TRUE(window->lblInstallMessage.Visible() && window->btnCancel.Enabled());
+    EXPECT_FALSE(window->btnOK.Enabled() || window->pbProgress.Visible() || window->btnSkipVersion.Visible());
+    EXPECT_EQ(window->Initiater, nullptr);
+    EXPECT_EQ(RunningRequests(), 0U);
+    window->btnCancel.Press();
+    EXPECT_TRUE(window->IsClosed() && NothingIsLeft());
+  }
+}
+
+TEST_F(UpdateWindowTest, RefusesAFileThatCannotBeNamed) {
+  for (const std::string name : {"", ".", "..", "a%2Fb", "a%00b"}) {
+    SCOPED_TRACE(name);
+    Remake();
+    platform.Requests.clear();
+    Choose(
+        {Offer("2.0", "", R"("LinuxBinary64bit":{"URL":"http://h/)" + name + R"(","Hash":"0","ExecutableName":"x"})")});
+    window->btnOK.Press();
+    EXPECT_EQ(window->CurrentStage, Stage::Failed);
+    EXPECT_TRUE(platform.Requests.empty() && window->DeleteOnCancel.empty());
+  }
+}
+
+TEST_F(UpdateWindowTest, FollowsTheDownload) {
+  Choose({Offer("2.0")});
+  Install();
+  EXPECT_EQ(platform.LastRequest().Request.URL, "http://h:80/a.zip");
+  EXPECT_EQ(window->pbProgress.Maximum(), 0);
+  const std::tuple<std::optional<std::uint64_t>, int, int> rows[] = {
+      {1000, 1000, 500}, {1001, 1001, 500}, {5'000'000, 1000, 0}, {std::nullopt, -1, 500}, {0, 0, 500}};
+  for (const auto& [total, maximum, value] : rows) {
+    SCOPED_TRACE(maximum);
+    Remake();
+    Choose({Offer("2.0")});
+    Install();
+    platform.Advance(4999ms);
+    platform.LastRequest().BeginReply(200, {}, total);
+    platform.LastRequest().ReplyPart(std::string(500, 'a'));
+    EXPECT_EQ(window->pbProgress.Maximum(), maximum);
+    EXPECT_EQ(window->pbProgress.Value(), value);
+    platform.Advance(4999ms);
+    EXPECT_EQ(window->CurrentStage, Stage::Installing);
+    platform.Advance(1ms);
+    EXPECT_EQ(window->CurrentStage, Stage::Failed);
+  }
+}
+
+TEST_F(UpdateWindowTest, IsInstalledAfterTheLastPressAndNotBefore) {
+  for (const bool presses : {true, false}) {
+    Remake();
+    Choose({Offer("2.0")});
+    InstallUntilUnpacking();
+    EXPECT_EQ(window->lblInstallMessage.Text(), "Processing file...");
+    const FolderItem folder = window->DeleteOnCancel.back();
+    folder.Child("_first").CreateAsFolder();
+    Unpack("program");
+    EXPECT_EQ(window->CurrentStage, Stage::AskingToQuit);
+    EXPECT_EQ(window->btnOK.Caption(), "Quit && Install");
+    const std::weak_ptr initiater = window->Initiater;
+    EXPECT_EQ(window->Initiater->ReplacementAppFolder->Path(), folder.Child("program").Path());
+    EXPECT_EQ(window->Initiater->ReplacementExecutableName, "x");
+    EXPECT_FALSE(window->DownloadFile->Exists());
+    const auto other = platform.OpenWindows().front();
+    if (presses) window->btnOK.Press();
+    EXPECT_EQ(platform.Quits.size(), presses ? 1U : 0U);
+    EXPECT_EQ(platform.OpenWindows().back() == other, presses);  // it came to the front
+    platform.CloseWindows();
+    EXPECT_EQ(app.UpdateInitiater != nullptr, presses);
+    EXPECT_EQ(folder.Child("program").Exists(), presses);
+    EXPECT_EQ(initiater.expired(), !presses);
+    EXPECT_TRUE(platform.Processes.size() == 1U || !presses);
+    if (presses) app.UpdateInitiater->Cancel();
+    app.UpdateInitiater = nullptr;
+  }
+}
+
+TEST_F(UpdateWindowTest, StopsInTheMiddleOfEverything) {
+  const auto wait = [&](const std::function<void()>& end) {
+    platform.WhileWaiting = [end, waited = false]() mutable {
+      if (!std::exchange(waited, true)) end();
+    };
+  };
+  const std::string link = R"(,"ReleaseNotes":"http://h/notes\n")";
+  const std::string picture = R"(,"ImageURL":"http://h/picture")";
+  using Enter = std::function<void(const std::function<void()>&)>;
+  const std::tuple<const char*, Enter, std::size_t> rows[] = {
+      {"the picture's redirects", [&](auto& end) { wait(end), Choose({Offer("2", picture)}); }, 1},
+      {"the notes' redirects", [&](auto& end) { wait(end), Choose({Offer("2", link)}); }, 1},
+      {"the choice", [&](auto& end) { Choose({Offer("2")}), end(); }, 0},
+      {"a question",
+       [&](auto& end) {
+         platform.WhileMessageStands = end, Choose({Offer("2", R"(,"RequiresPayment":true)")}), window->btnOK.Press();
+       },
+       0},
+      {"the redirects", [&](auto& end) { Choose({Offer("2")}), wait(end), window->btnOK.Press(); }, 1},
+      {"the download", [&](auto& end) { Choose({Offer("2")}), Install(), end(); }, 2},
+      {"unpacking", [&](auto& end) { Choose({Offer("2")}), InstallUntilUnpacking(), end(); }, 2},
+      {"the end", [&](auto& end) { Choose({Offer("2")}), InstallUntilUnpacking(), Unpack("x"), end(); }, 2},
+      {"an error", [&](auto& end) { Choose({Offer("2")}), window->ShowError(""), end(); }, 0},
+  };
+  const std::function<void()> ends[] = {[&] { window->btnCancel.Press(); }, [&] { window->CloseAsUser(); },
+                                        [&] { platform.CloseWindows(); }};
+  for (const auto& [name, enter, requests] : rows) {
+    for (const auto& end : ends) {
+      SCOPED_TRACE(name);
+      Remake();
+      platform.Requests.clear();
+      platform.Processes.clear();
+      enter(end);
+      EXPECT_TRUE(window->IsClosed() && NothingIsLeft());
+      EXPECT_EQ(platform.Requests.size(), requests);
+      EXPECT_EQ(RunningRequests(), 0U);
+      for (const auto& process : platform.Processes) EXPECT_TRUE(process->IsKilled || !process->Ended);
+      EXPECT_EQ(app.UpdateInitiater, nullptr);
+      platform.Advance(10'000ms);
+      EXPECT_EQ(window->CurrentStage, Stage::Cancelled);
+    }
+  }
+}
+
+TEST_F(UpdateWindowTest, AnotherChoiceEndsFetchingForTheFirst) {
+  platform.WhileWaiting = [&] {
+    if (platform.Requests.size() == 1) window->pumUpdates.Select(1);
+  };
+  Choose({Offer("2", R"(,"ReleaseNotes":"http://h/notes\n")"), Offer("1.9", R"(,"ReleaseNotes":"nine")")});
+  EXPECT_EQ(window->hvNotes.Page(), "nine");
+  EXPECT_EQ(RunningRequests(), 0U);
+  platform.WhileWaiting = [&] { platform.LastRequest().Reply(200, "<i>fetched</i>"); };
+  window->pumUpdates.Select(0);
+  EXPECT_EQ(window->hvNotes.Page(), "<i>fetched</i>");
+}
+
+TEST_F(UpdateWindowTest, QuitsInsteadOfClosingWhereAnUpdateIsRequired) {
+  const SigningKey publisher;
+  const std::string members = R"("Version":"2","AppName":"A","LinuxBinary64bit":)" + file;
+  for (int row = 0; row < 8; ++row) {
+    SCOPED_TRACE(row);
+    const bool isRequired = (row & 1) != 0;
+    const bool dryRun = (row & 4) != 0;
+    Remake();
+    checker->QuitOnCancelIfRequired = (row & 2) != 0;
+    checker->AllowedInteraction = 0;
+    checker->ServerPublicRSAKey = publisher.PublicKey();
+    checker->UpdateURL = "http://h/doc";
+    const std::string minimum = isRequired ? R"("MinimumRequiredVersion":"2",)" : "";
+    const std::string document = "[{" + minimum + members + "}]";
+    platform.WhileWaiting = [&] { platform.LastRequest().Reply(200, publisher.Packet(document)); };
+    if (dryRun) {
+      checker->TestUpdate(document);
+    } else {
+      window->Close();
+      checker->Execute();
+      window = KajuUpdateWindow::Shared();
+    }
+    Choose({Offer("2")});
+    if (dryRun) {
+      platform.Requests.clear();
+      window->btnOK.Press();
+      EXPECT_EQ(window->lblInstallMessage.Text(), "(Dry run, not really installing)");
+      EXPECT_EQ(window->btnCancel.Caption(), "Stop");
+      EXPECT_TRUE(platform.Requests.empty());
+    }
+    window->btnCancel.Press();
+    EXPECT_EQ(platform.Quits.size(), isRequired && checker->QuitOnCancelIfRequired && !dryRun ? 1U : 0U);
+    EXPECT_EQ(window->IsClosed(), platform.Quits.empty());
+  }
+}
+
+TEST_F(UpdateWindowTest, LetsLinksOutOnlyToTheBrowser) {
+  Choose({Offer("2")});
+  const std::pair<const char*, bool> rows[] = {
+      {"http://a", true},      {"HTTPS://a", true}, {"mailto:a@b", true}, {"file:///etc/passwd", false},
+      {"javascript:1", false}, {"smb://a", false},  {"httpx://a", false}, {"", false}};
+  for (const auto& [url, opens] : rows) {
+    SCOPED_TRACE(url);
+    platform.OpenedURLs.clear();
+    window->hvNotes.Follow(url, LinkTarget::SamePlace);
+    EXPECT_TRUE(platform.OpenedURLs.empty());
+    window->hvNotes.Follow(url, LinkTarget::NewWindow);
+    EXPECT_EQ(platform.OpenedURLs.size(), opens ? 1U : 0U);
+  }
+  EXPECT_EQ(window->hvNotes.Generation(), 1U);
+}
