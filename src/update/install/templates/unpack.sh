@@ -45,7 +45,7 @@ list=$(/usr/bin/zipinfo -s "$archive")
 largest=$(printf '%s\n' "$list" | check_list)
 # An entry that is larger than the list says ends the work.
 ulimit -f $((largest / 512 + 1))
-/usr/bin/unzip -q -o "$archive" -d "$folder" </dev/null >&2
+/usr/bin/unzip -q -o -^ "$archive" -d "$folder" </dev/null >&2
 
 root=$(/usr/bin/realpath "$folder")
 odd=$(/usr/bin/find "$root" \( ! -type f ! -type d ! -type l -o -perm /6000 ! -type l \) -print -quit)

@@ -1,0 +1,175 @@
+#include <filesystem>
+#include <fstream>
+
+#include <gmock/gmock.h>
+
+#include "tests/desktop/Desktop.h"
+#include "toolkit/TextFile.h"
+#include "update/check/FileHelpers.h"
+#include "update/check/KajuException.h"
+#include "update/install/ZipShell.h"
+
+using Kaju::ZipShell;
+using std::filesystem::perms;
+using toolkit::FolderItem;
+
+namespace {
+
+/// An entry of a zip archive, as a hostile publisher may write it.
+struct Entry {
+  std::string Name;
+  std::string Content = "content";
+  /// Type and permissions, as stat() gives them.
+  std::uint32_t Mode = 0100644;
+  std::uint16_t Flags = 0x800;  // the name is in UTF-8
+  std::uint32_t DeclaredSize = 0;
+};
+
+std::string Number(std::uint32_t value, int bytes) {
+  std::string number;
+  for (int byte = 0; byte < bytes; ++byte) number += static_cast<char>(value >> (8 * byte));
+  return number;
+}
+
+std::uint32_t CRC32(const std::string& bytes) {
+  std::uint32_t crc = ~0U;
+  for (const char byte : bytes) {
+    crc ^= static_cast<unsigned char>(byte);
+    for (int bit = 0; bit < 8; ++bit) crc = (crc >> 1U) ^ ((crc & 1U) != 0 ? 0xEDB88320U : 0U);
+  }
+  return ~crc;
+}
+
+/// Entries are stored, not compressed, with the fields of APPNOTE.TXT 6.3.
+std::string Zip(const std::vector<Entry>& entries) {
+  std::string files;
+  std::string directory;
+  for (const Entry& entry : entries) {
+    const auto stored = static_cast<std::uint32_t>(entry.Content.size());
+    const std::uint32_t size = entry.DeclaredSize == 0 ? stored : entry.DeclaredSize;
+    const std::string common = Number(20, 2) + Number(entry.Flags, 2) + Number(0, 2) + Number(0x5A215A21, 4) +
+                               Number(CRC32(entry.Content), 4) + Number(stored, 4) + Number(size, 4) +
+                               Number(static_cast<std::uint32_t>(entry.Name.size()), 2) + Number(0, 2);
+    directory += "PK\1\2" + Number(0x031E, 2) + common + Number(0, 4) + Number(0, 2) + Number(entry.Mode << 16U, 4) +
+                 Number(static_cast<std::uint32_t>(files.size()), 4) + entry.Name;
+    files += "PK\3\4" + common + entry.Name + entry.Content;
+  }
+  const std::string count = Number(static_cast<std::uint32_t>(entries.size()), 2);
+  return files + directory + "PK\5\6" + Number(0, 4) + count + count +
+         Number(static_cast<std::uint32_t>(directory.size()), 4) + Number(static_cast<std::uint32_t>(files.size()), 4) +
+         Number(0, 2);
+}
+
+class ZipShellTest : public Desktop {
+ protected:
+  ZipShellTest() {
+    shell.Mode = ZipShell::RunMode::Asynchronous;
+    shell.Error = [this] { end = "error"; };
+    shell.CompressCompleted = [this](const FolderItem& result) { end = "made " + result.Name(); };
+    shell.DecompressCompleted = [this](const FolderItem& zip, const FolderItem& to) {
+      end = zip.Name() + " to " + to.Name();
+    };
+  }
+  ~ZipShellTest() override { std::filesystem::remove_all(folder.Path()); }
+
+  FolderItem Write(const std::string& name, const std::string& bytes) {
+    toolkit::ReplaceFile(folder.Child(name), bytes);
+    return folder.Child(name);
+  }
+  /// How unpacking into a folder named "out" ends.
+  std::string Unpack(const FolderItem& archive) {
+    Kaju::DeleteRecursive(folder.Child("out"));
+    end.clear();
+    shell.Decompress(archive, folder.Child("out"));
+    EXPECT_TRUE(Until([&] { return !end.empty(); }));
+    return end;
+  }
+
+  FolderItem folder = toolkit::MakeTemporaryFolder();
+  ZipShell shell;
+  std::string end;
+};
+
+}  // namespace
+
+TEST_F(ZipShellTest, UnpacksWhatItPackedWithNamesAndPermissions) {
+  const FolderItem source = folder.Child("an app's $HOME 🚀");
+  const FolderItem inner = source.Child("-rf").Child("ünï\ncode [1]*");
+  inner.CreateAsFolder();
+  toolkit::ReplaceFile(inner.Child("program"), "#!");
+  inner.Child("program").Permissions(perms::owner_all | perms::others_exec);
+  std::filesystem::create_symlink("../-rf", source.Child("link").Path().parent_path() / "-rf" / "link");
+  shell.Compress(source, folder);
+  EXPECT_EQ(shell.CurrentOperation(), ZipShell::Operation::Compress);
+  ASSERT_TRUE(Until([&] { return !end.empty(); }));
+  EXPECT_EQ(end, "made " + source.Name() + ".zip");
+  EXPECT_EQ(shell.CurrentOperation(), ZipShell::Operation::None);
+  const FolderItem archive = folder.Child(source.Name() + ".zip");
+  EXPECT_EQ(ZipShell::ContentsOf(archive), source.Name());
+
+  EXPECT_EQ(Unpack(archive), archive.Name() + " to out");
+  const FolderItem unpacked = folder.Child("out").Child(source.Name()).Child("-rf");
+  EXPECT_EQ(unpacked.Child(inner.Name()).Child("program").Permissions(), perms::owner_all | perms::others_exec);
+  EXPECT_EQ(std::filesystem::read_symlink(unpacked.Child("link").Path()), "../-rf");
+
+  end.clear();
+  shell.Mode = ZipShell::RunMode::Synchronous;
+  shell.Decompress(archive, std::nullopt);
+  EXPECT_TRUE(end.empty() && shell.CurrentOperation() == ZipShell::Operation::None);
+  EXPECT_EQ(shell.ErrorCode(), 0);
+  EXPECT_THROW(ZipShell::WindowsUnzip(archive, folder), Kaju::KajuException);
+}
+
+TEST_F(ZipShellTest, RefusesArchivesThatAreNoUpdates) {
+  const FolderItem outside = Write("outside", "untouched");
+  const std::string good = Zip({{"app/x"}});
+  std::vector<Entry> many(100'001);
+  for (std::size_t index = 0; index < many.size(); ++index) many[index] = {std::to_string(index), ""};
+  const std::tuple<const char*, std::string, bool> rows[] = {
+      {"plain", good, true},
+      {"a link inside", Zip({{"a/x"}, {"l", "a/x", 0120777}, {"dangling", "a/y", 0120777}}), true},
+      {"a name with dots", Zip({{"a..b/...c"}}), true},
+      {"no zip", "nothing of the kind", false},
+      {"nothing", "", false},
+      {"no entries", Zip({}), false},
+      {"truncated", good.substr(0, good.size() - 30), false},
+      {"cut in front", good.substr(20), false},
+      {"an absolute name", Zip({{"/tmp/x"}}), false},
+      {"a drive", Zip({{"C:x"}}), false},
+      {"upwards", Zip({{"../outside"}}), false},
+      {"upwards within", Zip({{"a/../../outside"}}), false},
+      {"upwards at the end", Zip({{"a/.."}}), false},
+      {"upwards by the other slash", Zip({{"..\\outside"}}), false},
+      {"twice", Zip({{"a"}, {"a"}}), false},
+      {"twice, written otherwise", Zip({{"a/b"}, {"a//./b"}}), false},
+      {"a file as folder", Zip({{"a"}, {"a/b"}}), false},
+      {"through a link", Zip({{"l", "..", 0120777}, {"l/outside"}}), false},
+      {"a link outside", Zip({{"a/l", "../../outside", 0120777}}), false},
+      {"an absolute link", Zip({{"l", "/etc/passwd", 0120777}}), false},
+      {"links together", Zip({{"d/l", "..", 0120777}, {"m", "d/l/../outside", 0120777}}), false},
+      {"set-user-id", Zip({{"x", "", 0104755}}), false},
+      {"set-group-id", Zip({{"x", "", 0102755}}), false},
+      {"a device", Zip({{"x", "", 0020666}}), false},
+      {"a pipe", Zip({{"x", "", 0010666}}), false},
+      {"encrypted", Zip({{"x", std::string(20, 'x'), 0100644, 0x801}}), false},
+      {"larger than it says", Zip({{"x", std::string(9000, 'x'), 0100644, 0x800, 10}}), false},
+      {"huge", Zip({{"x", "x", 0100644, 0x800, 4'000'000'001}}), false},
+      {"100,001 files", Zip(many), false},
+  };
+  for (const auto& [name, bytes, isGood] : rows) {
+    SCOPED_TRACE(name);
+    const FolderItem archive = Write("a [1]* 'b'.zip", bytes);
+    EXPECT_EQ(Unpack(archive), isGood ? archive.Name() + " to out" : "error");
+    EXPECT_EQ(toolkit::ReadFile(outside), "untouched");
+  }
+}
+
+TEST_F(ZipShellTest, ClosesWithoutAWord) {
+  const FolderItem archive = Write("a.zip", Zip({{"x", std::string(5'000'000, 'x')}}));
+  shell.Decompress(archive, folder.Child("out"));
+  EXPECT_TRUE(shell.IsRunning());
+  shell.Close();
+  EXPECT_FALSE(shell.IsRunning());
+  EXPECT_FALSE(QTest::qWaitFor([&] { return !end.empty(); }, 300));
+  EXPECT_EQ(Unpack(archive), "a.zip to out");
+}
