@@ -7,6 +7,7 @@
 #include <system_error>
 #include <unistd.h>
 
+#include "toolkit/Platform.h"
 #include "toolkit/RuntimeException.h"
 #include "toolkit/Text.h"
 
@@ -91,6 +92,8 @@ void FolderItem::Delete() const {
   std::error_code ignored;
   fs::remove(path_, ignored);
 }
+
+void FolderItem::Launch() const { Platform::Current().OpenURL("file://" + EncodeURLPath(path_.string())); }
 
 FolderItem MakeTemporaryFolder() {
   std::string path = TemporaryPath();

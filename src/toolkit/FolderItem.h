@@ -44,6 +44,9 @@ class FolderItem {
   [[nodiscard]] FolderItem Rename(std::string_view name) const;
   /// Creates the entry as a folder, and its parents as far as they are missing. Does not tell whether that worked.
   void CreateAsFolder() const;
+  /// Opens the entry as the desktop does for the user: a program is run, a document shown. Does not tell whether that
+  /// worked.
+  void Launch() const;
   /// Removes the file, link or empty folder. Does not tell whether that worked.
   void Delete() const;
 

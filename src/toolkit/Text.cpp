@@ -123,6 +123,19 @@ std::string DecodeURLComponent(std::string_view text) {
   return decoded;
 }
 
+std::string EncodeURLPath(std::string_view path) {
+  constexpr std::string_view plain = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~/";
+  std::string encoded;
+  for (const char& letter : path) {
+    if (plain.find(letter) != std::string_view::npos) {
+      encoded += letter;
+    } else {
+      encoded.append("%").append(EncodeHex({&letter, 1}));
+    }
+  }
+  return encoded;
+}
+
 std::optional<std::string> DecodeHex(std::string_view text) {
   std::string bytes;
   if (text.size() % 2 != 0) return std::nullopt;

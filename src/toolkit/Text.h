@@ -34,6 +34,9 @@ namespace toolkit {
 /// stays as it is.
 [[nodiscard]] std::string DecodeURLComponent(std::string_view text);
 
+/// `path` for a URL: each byte but "/", letters, digits and "-._~" turned into a "%" and two hexadecimal digits.
+[[nodiscard]] std::string EncodeURLPath(std::string_view path);
+
 /// The bytes that `text` stands for, two hexadecimal digits a byte; nothing if it holds anything else.
 [[nodiscard]] std::optional<std::string> DecodeHex(std::string_view text);
 /// `bytes` as hexadecimal text in small letters, two digits a byte.
