@@ -13,7 +13,8 @@ const char* Given(const char* name, const char* otherwise) {
 
 }  // namespace
 
-const toolkit::ReleaseNumbers product::version{.Major = 1, .Minor = 2, .Bug = 3};
+// TEST_VERSION is three numbers with commas between them.
+const toolkit::ReleaseNumbers product::version{TEST_VERSION};
 const char* const product::copyright = "Copyright © The testers";
 const char* const product::updateURL = Given("CORVANE_TEST_UPDATE_URL", "http://127.0.0.1:9/UpdateInformation.json");
 const char* const product::updatePublicKey = Given("CORVANE_TEST_UPDATE_KEY", "");
