@@ -68,6 +68,10 @@ class Control {
   void ShowOnPanel(int panel, int shownPanel);
   /// The view that follows this control from now on; nullptr for none.
   void ShowIn(ControlView* view) { view_ = view; }
+  /// `view` goes. Does nothing if another one follows the control by then.
+  void LeaveView(const ControlView& view) {
+    if (view_ == &view) view_ = nullptr;
+  }
 
  protected:
   explicit Control(FocusPolicy focus) : focus_(focus) {}

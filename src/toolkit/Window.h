@@ -71,6 +71,10 @@ class Window : public std::enable_shared_from_this<Window> {
   void Resize(Size size);
   /// The view that follows this window from now on; nullptr for none.
   void ShowIn(WindowView* view) { view_ = view; }
+  /// `view` goes. Does nothing if another one follows the window by then.
+  void LeaveView(const WindowView& view) {
+    if (view_ == &view) view_ = nullptr;
+  }
 
  protected:
   /// `size` is the size the controls were designed for, and the one the window starts with.

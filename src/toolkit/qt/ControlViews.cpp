@@ -6,6 +6,8 @@
 #include "toolkit/qt/CanvasView.h"
 #include "toolkit/qt/LabelView.h"
 #include "toolkit/qt/ListboxView.h"
+#include "toolkit/qt/PopupMenuView.h"
+#include "toolkit/qt/ProgressBarView.h"
 #include "toolkit/qt/ProgressWheelView.h"
 #include "toolkit/qt/PushButtonView.h"
 #include "toolkit/qt/QtText.h"
@@ -26,6 +28,7 @@ QWidget* TryView(Control& control, QWidget& parent) {
 
 QWidget* MakeView(Control& control, QWidget& parent) {
   for (const auto make : {TryView<CanvasView, Canvas>, TryView<LabelView, Label>, TryView<ListboxView, Listbox>,
+                          TryView<PopupMenuView, PopupMenu>, TryView<ProgressBarView, ProgressBar>,
                           TryView<ProgressWheelView, ProgressWheel>, TryView<PushButtonView, PushButton>,
                           TryView<TabPanelView, TabPanel>, TryView<TextFieldView, TextField>}) {
     if (QWidget* view = make(control, parent)) return view;

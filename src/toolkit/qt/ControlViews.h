@@ -23,7 +23,7 @@ class ViewOf : public Widget, public ControlView {
   }
   ViewOf(const ViewOf&) = delete;
   ViewOf& operator=(const ViewOf&) = delete;
-  ~ViewOf() override { control_.ShowIn(nullptr); }
+  ~ViewOf() override { control_.LeaveView(*this); }
 
  protected:
   [[nodiscard]] Kind& Shown() const { return control_; }

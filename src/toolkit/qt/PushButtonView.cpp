@@ -1,5 +1,7 @@
 #include "toolkit/qt/PushButtonView.h"
 
+#include <QKeyEvent>
+
 #include "toolkit/Platform.h"
 #include "toolkit/qt/QtText.h"
 
@@ -13,6 +15,17 @@ PushButtonView::PushButtonView(PushButton& button, QWidget& parent) : ViewOf(but
 void PushButtonView::Refresh() {
   ShowCommonProperties(*this, Shown());
   setText(ToQt(Shown().Caption()));
+  setDefault(Shown().Role() == ButtonRole::Default);
+}
+
+// Qt lets Return press only the buttons of a dialog.
+void PushButtonView::keyPressEvent(QKeyEvent* event) {
+  const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (!isReturn) {
+    QPushButton::keyPressEvent(event);
+  } else if (!event->isAutoRepeat()) {
+    click();
+  }
 }
 
 }  // namespace toolkit::qt

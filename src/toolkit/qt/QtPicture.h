@@ -3,8 +3,7 @@
 #include <optional>
 #include <span>
 
-#include <QBuffer>
-#include <QImageReader>
+#include <QImage>
 #include <QPixmap>
 
 #include "toolkit/Picture.h"
@@ -12,22 +11,13 @@
 
 namespace toolkit::qt {
 
-/// A picture that cannot be decoded comes out empty.
-inline QPixmap Decode(const Picture& picture) {
-  const auto encoded = picture.Encoded();
-  QPixmap decoded;
-  decoded.loadFromData(reinterpret_cast<const uchar*>(encoded.data()), static_cast<uint>(encoded.size()));
-  return decoded;
-}
+/// The first picture in `encoded`, stretched to `size` pixels, or of its own size if that is empty. Only pixels are
+/// read, never a drawing, which could refer to files. Empty if that is not possible.
+[[nodiscard]] QImage Decode(std::span<const std::byte> encoded, QSize size = {});
+
+[[nodiscard]] inline QPixmap Decode(const Picture& picture) { return QPixmap::fromImage(Decode(picture.Encoded())); }
 
 /// The size in pixels that the picture's header tells, or nothing if it has none.
-inline std::optional<Size> SizeOf(std::span<const std::byte> encoded) {
-  QByteArray bytes =
-      QByteArray::fromRawData(reinterpret_cast<const char*>(encoded.data()), static_cast<qsizetype>(encoded.size()));
-  QBuffer buffer(&bytes);
-  const QSize size = QImageReader(&buffer).size();
-  if (!size.isValid()) return std::nullopt;
-  return Size{.Width = size.width(), .Height = size.height()};
-}
+[[nodiscard]] std::optional<Size> SizeOf(std::span<const std::byte> encoded);
 
 }  // namespace toolkit::qt

@@ -49,6 +49,22 @@ class QtTimer final : public PlatformTimer {
   QTimer timer_;
 };
 
+/// Takes over when the desktop asks the program to quit. Qt would close the windows, and stop at one that refuses.
+class SessionWatch final : public QObject {
+ public:
+  explicit SessionWatch(std::function<void()> ended) : ended_(std::move(ended)) { qApp->installEventFilter(this); }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() != QEvent::Quit || watched != qApp) return false;
+    ended_();
+    return true;
+  }
+
+ private:
+  std::function<void()> ended_;
+};
+
 // The system's allocator would learn from the first large reply to keep blocks of up to 32 MB in its heap, between
 // others that live on, so that the heap grows with every further one. Blocks of this size go back to the system at
 // once.
@@ -67,6 +83,7 @@ QtPlatform::QtPlatform(int& argumentCount, char** arguments)
   QApplication::setDesktopFileName("corvane");
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setWindowIcon(ProgramIcon());
+  sessionWatch_ = std::make_unique<SessionWatch>([this] { EndWithSession(); });
 }
 
 QtPlatform::~QtPlatform() {
@@ -127,8 +144,7 @@ void QtPlatform::RunDueEvents() {
   DropClosedViewsLater();
 }
 
-std::unique_ptr<PlatformTimer> QtPlatform::StartTimer(std::chrono::milliseconds period,
-                                                      std::function<void()> expired) {
+std::unique_ptr<PlatformTimer> QtPlatform::StartTimer(std::chrono::milliseconds period, std::function<void()> expired) {
   return std::make_unique<QtTimer>(period, std::move(expired));
 }
 
@@ -168,13 +184,24 @@ void QtPlatform::Quit(int status) {
   QApplication::exit(status);
 }
 
+// Every window is told as if the user closed it, but none can refuse, and nobody is asked anything any more.
+void QtPlatform::EndWithSession() {
+  quitting_ = true;
+  const auto windows = OpenWindows();
+  for (auto window = windows.rbegin(); window != windows.rend(); ++window) {
+    Dispatch([&] { (*window)->CloseAsUser(); });
+    Dispatch([&] { (*window)->Close(); });
+  }
+  Quit(EXIT_SUCCESS);
+}
+
 FolderItem QtPlatform::ApplicationDataFolder() const { return Folder(QStandardPaths::GenericDataLocation); }
 
 FolderItem QtPlatform::DesktopFolder() const { return Folder(QStandardPaths::DesktopLocation); }
 
 void QtPlatform::Present(Window& window) {
   views_.push_back(std::make_unique<QtWindow>(window.shared_from_this()));
-  views_.back()->show();
+  views_.back()->Appear();
 }
 
 void QtPlatform::BringToFront(Window& window) {

@@ -7,6 +7,7 @@
 #include "toolkit/Platform.h"
 
 class QApplication;
+class QObject;
 
 namespace toolkit::qt {
 
@@ -50,10 +51,12 @@ class QtPlatform final : public Platform {
     bool HasEnded = false;
   };
 
+  void EndWithSession();
   void ShowNextDialog();
   void DropClosedViewsLater();
 
   std::unique_ptr<QApplication> application_;
+  std::unique_ptr<QObject> sessionWatch_;
   std::unique_ptr<ConnectionPool> connections_;
   std::unique_ptr<Translations> translations_;
   std::vector<std::unique_ptr<QtWindow>> views_;

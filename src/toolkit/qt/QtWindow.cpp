@@ -1,11 +1,14 @@
 #include "toolkit/qt/QtWindow.h"
 
 #include <algorithm>
+#include <exception>
 #include <utility>
 #include <vector>
 
+#include <QApplication>
 #include <QCloseEvent>
-#include <QCoreApplication>
+#include <QPainter>
+#include <QScreen>
 #include <QTimer>
 
 #include "toolkit/Platform.h"
@@ -22,20 +25,61 @@ QSize ToQt(Size size) { return {size.Width, size.Height}; }
 /// What the menus take of a window's height: nothing where there are none, or where the desktop shows them elsewhere.
 int MenuHeight(const QWidget* menus) { return menus == nullptr ? 0 : menus->sizeHint().height(); }
 
+/// The field that the user is typing into in any window of the program, nullptr if there is none.
+QWidget* FieldInUse() {
+  QWidget* focus = QApplication::focusWidget();
+  return focus != nullptr && focus->testAttribute(Qt::WA_InputMethodEnabled) ? focus : nullptr;
+}
+
 }  // namespace
 
 QtWindow::QtWindow(std::shared_ptr<Window> window) : window_(std::move(window)) {
-  setWindowTitle(qt::ToQt(window_->Title()));
+  window_->ShowIn(this);
   if (const auto& menus = window_->Menus()) menus_ = new MenuBarView(*menus, *this);
   content_ = new QWidget(this);
+  content_->installEventFilter(this);
   for (Control* control : window_->Controls()) views_[control] = MakeView(*control, *content_);
   OrderByTab();
-  // The sizes of a window are those of its content.
-  const QSize menus(0, MenuHeight(menus_));
-  setMinimumSize(ToQt(window_->MinimumSize()) + menus);
-  setMaximumSize(ToQt(window_->MaximumSize()) + menus);
-  resize(ToQt(window_->ContentSize()) + menus);
+  ShowFrame();
   LayOut();
+  QtWindow::Refresh();
+}
+
+// The views must go before the controls that they show.
+QtWindow::~QtWindow() {
+  window_->LeaveView(*this);
+  delete content_;
+}
+
+// The sizes of a window are those of its content.
+void QtWindow::ShowFrame() {
+  const QSize menus(0, MenuHeight(menus_));
+  resize(ToQt(window_->ContentSize()) + menus);
+  if (window_->Frame() == WindowFrame::Standard) {
+    setMinimumSize(ToQt(window_->MinimumSize()) + menus);
+    setMaximumSize(ToQt(window_->MaximumSize()) + menus);
+    return;
+  }
+  setFixedSize(size());
+  setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
+  const QWidget* active = QApplication::activeWindow();
+  const QScreen* target = active != nullptr ? active->screen() : screen();
+  move(target->availableGeometry().center() - rect().center());
+}
+
+void QtWindow::Appear() {
+  QWidget* field = FieldInUse();
+  setAttribute(Qt::WA_ShowWithoutActivating, field != nullptr);
+  show();
+  if (field == nullptr) return;
+  // Some desktops activate a new window whatever it asks for.
+  field->window()->activateWindow();
+  QApplication::alert(this);
+}
+
+void QtWindow::Refresh() {
+  setWindowTitle(qt::ToQt(window_->Title()));
+  content_->update();
 }
 
 void QtWindow::resizeEvent(QResizeEvent* /*event*/) { LayOut(); }
@@ -48,9 +92,52 @@ void QtWindow::LayOut() {
   PlaceControls();
 }
 
+// A window that refuses to close stays as it is.
 void QtWindow::closeEvent(QCloseEvent* event) {
-  event->accept();
   Platform::Current().Dispatch([this] { window_->CloseAsUser(); });
+  event->setAccepted(window_->IsClosed());
+}
+
+void QtWindow::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::ActivationChange && isActiveWindow()) Platform::Current().TellActivated(*window_);
+}
+
+// Only keys that the widget with the keyboard has no use for come here. A frame without a close button can keep the
+// desktop from closing the window by the keyboard.
+void QtWindow::keyPressEvent(QKeyEvent* event) {
+  const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  const bool isPlain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier && !event->isAutoRepeat();
+  const bool isEscape = event->key() == Qt::Key_Escape;
+  if (isPlain && (isReturn || isEscape)) {
+    const PushButton* button = window_->ButtonOf(isReturn ? ButtonRole::Default : ButtonRole::Cancel);
+    if (button != nullptr) Platform::Current().Dispatch([&] { button->Press(); });
+  } else if (event->key() == Qt::Key_F4 && event->modifiers() == Qt::AltModifier) {
+    close();
+  } else {
+    QWidget::keyPressEvent(event);
+  }
+}
+
+bool QtWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == content_ && event->type() == QEvent::Paint) PaintContent();
+  return QWidget::eventFilter(watched, event);
+}
+
+// An exception is told once, and not while Qt paints. The background stays plain from then on.
+void QtWindow::PaintContent() {
+  if (cannotPaint_) return;
+  QPainter painter(content_);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  QtGraphics graphics(painter, content_->size(), pictures_);
+  try {
+    window_->Paint(graphics);
+  } catch (...) {
+    cannotPaint_ = true;
+    QTimer::singleShot(0, QCoreApplication::instance(), [fault = std::current_exception()] {
+      Platform::Current().Dispatch([&] { std::rethrow_exception(fault); });
+    });
+  }
 }
 
 // The controls are painted after their window, and all of it reaches the screen before the next event.

@@ -1,0 +1,20 @@
+#include "toolkit/qt/ProgressBarView.h"
+
+#include <algorithm>
+
+namespace toolkit::qt {
+
+ProgressBarView::ProgressBarView(ProgressBar& bar, QWidget& parent) : ViewOf(bar, parent) {
+  setTextVisible(false);
+  ProgressBarView::Refresh();
+}
+
+// A range without an extent is Qt's way to ask for the moving bar.
+void ProgressBarView::Refresh() {
+  ShowCommonProperties(*this, Shown());
+  const int maximum = std::max(Shown().Maximum(), 0);
+  setRange(0, maximum);
+  setValue(std::clamp(Shown().Value(), 0, maximum));
+}
+
+}  // namespace toolkit::qt
