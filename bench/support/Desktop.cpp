@@ -98,10 +98,10 @@ void PaintWatch::Wait() {
 }
 
 bool PaintWatch::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::Paint && watched->isWidgetType()) {
-    auto* list = qobject_cast<QAbstractItemView*>(watched->parent());
-    const bool isMeant = list != nullptr && list->objectName() == control_;
-    if (isMeant && (expectedRows_ < 0 || list->model()->rowCount() == expectedRows_)) painted_ = list;
+  QObject* control = watched->parent();
+  if (event->type() == QEvent::Paint && control != nullptr && control->objectName() == control_) {
+    const auto* list = qobject_cast<QAbstractItemView*>(control);
+    if (expectedRows_ < 0 || (list != nullptr && list->model()->rowCount() == expectedRows_)) painted_ = control;
   }
   return false;
 }

@@ -82,21 +82,21 @@ class Desktop final : private QtBelow, public toolkit::Platform {
   Clock::time_point lastByteAt_;
 };
 
-/// Tells when a list of the program has been painted.
+/// Tells when a control that scrolls, such as a list, has been painted.
 class PaintWatch final : public QObject {
  public:
-  /// `control` is the name of the list.
+  /// `control` is its name.
   explicit PaintWatch(QString control);
   ~PaintWatch() override;
 
-  /// Only a picture of the list with that many rows counts from now on.
+  /// Only a picture of a list with that many rows counts from now on.
   void ExpectRows(int rows) { expectedRows_ = rows; }
-  /// Does `action`, then runs the event loop until the list is painted after it. Returns the seconds that took.
+  /// Does `action`, then runs the event loop until the control is painted after it. Returns the seconds that took.
   double SecondsToPaint(const std::function<void()>& action);
-  /// Runs the event loop until the list is painted.
+  /// Runs the event loop until the control is painted.
   void Wait();
   /// The list that was painted last; nullptr if none was.
-  [[nodiscard]] QAbstractItemView* Painted() const { return painted_; }
+  [[nodiscard]] QAbstractItemView* Painted() const { return qobject_cast<QAbstractItemView*>(painted_); }
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -104,7 +104,7 @@ class PaintWatch final : public QObject {
  private:
   QString control_;
   int expectedRows_ = -1;
-  QAbstractItemView* painted_ = nullptr;
+  QObject* painted_ = nullptr;
 };
 
 }  // namespace bench
