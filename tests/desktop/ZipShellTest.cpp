@@ -70,7 +70,7 @@ class ZipShellTest : public Desktop {
       end = zip.Name() + " to " + to.Name();
     };
   }
-  ~ZipShellTest() override { std::filesystem::remove_all(folder.Path()); }
+  void TearDown() override { std::filesystem::remove_all(folder.Path()); }
 
   FolderItem Write(const std::string& name, const std::string& bytes) {
     toolkit::ReplaceFile(folder.Child(name), bytes);

@@ -4,6 +4,7 @@
 #include <iostream>
 
 #include "toolkit/qt/CanvasView.h"
+#include "toolkit/qt/HTMLViewerView.h"
 #include "toolkit/qt/LabelView.h"
 #include "toolkit/qt/ListboxView.h"
 #include "toolkit/qt/PopupMenuView.h"
@@ -27,10 +28,11 @@ QWidget* TryView(Control& control, QWidget& parent) {
 }  // namespace
 
 QWidget* MakeView(Control& control, QWidget& parent) {
-  for (const auto make : {TryView<CanvasView, Canvas>, TryView<LabelView, Label>, TryView<ListboxView, Listbox>,
-                          TryView<PopupMenuView, PopupMenu>, TryView<ProgressBarView, ProgressBar>,
-                          TryView<ProgressWheelView, ProgressWheel>, TryView<PushButtonView, PushButton>,
-                          TryView<TabPanelView, TabPanel>, TryView<TextFieldView, TextField>}) {
+  for (const auto make :
+       {TryView<CanvasView, Canvas>, TryView<HTMLViewerView, HTMLViewer>, TryView<LabelView, Label>,
+        TryView<ListboxView, Listbox>, TryView<PopupMenuView, PopupMenu>, TryView<ProgressBarView, ProgressBar>,
+        TryView<ProgressWheelView, ProgressWheel>, TryView<PushButtonView, PushButton>, TryView<TabPanelView, TabPanel>,
+        TryView<TextFieldView, TextField>}) {
     if (QWidget* view = make(control, parent)) return view;
   }
   std::cerr << "There is no view for the control " << control.Name() << ".\n";

@@ -91,7 +91,7 @@ void KajuUpdateWindow::hsSocket_DownloadComplete(int httpStatus, const FolderIte
   pbProgress.Maximum(-1).Value(0);
   tmrTimeout.Mode(Timer::RunMode::Off);
   if (httpStatus != ok) return ShowError("");
-  const FolderItem archive = file;
+  const FolderItem archive(file.Path());  // the socket may forget its file while the hash is computed
   const std::string hash = Kaju::HashOfFile(archive, [this] { return IsAt(Stage::Installing); });
   if (!IsAt(Stage::Installing)) return;
   if (hash.empty() || !toolkit::EqualIgnoringCase(hash, SelectedBinary->Hash)) {

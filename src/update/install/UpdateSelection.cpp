@@ -126,8 +126,8 @@ std::shared_ptr<Kaju::BinaryInformation> KajuUpdateWindow::UserSelectsBinary(
   if (target.Bits == Kaju::Width::Bits64 || !Checker->Allow32bitTo64bitUpdates) {
     return info.PlatformBinarySameBitness(target);
   }
-  const auto b64 = info.PlatformBinary64bit(target.Platform);
-  const auto b32 = info.PlatformBinary32bit(target.Platform);
+  auto b64 = info.PlatformBinary64bit(target.Platform);
+  auto b32 = info.PlatformBinary32bit(target.Platform);
   if (!b64) return b32;
 
   toolkit::MessageDialog dialog;

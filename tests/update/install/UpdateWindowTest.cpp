@@ -7,7 +7,6 @@
 #include "update/install/KajuUpdateWindow.h"
 
 using Kaju::UpdateChecker;
-using std::chrono_literals::operator""ms;
 using testing::ElementsAre;
 using toolkit::DialogButton;
 using toolkit::FolderItem;
@@ -15,6 +14,8 @@ using toolkit::LinkTarget;
 using Stage = KajuUpdateWindow::Stage;
 
 namespace {
+
+using namespace std::chrono_literals;
 
 // The hash is that of "archive".
 const std::string file = R"({"URL":"http://h/a.zip","Hash":"888D0EE361AF3603736F32131E7B20A2","ExecutableName":"x"})";
@@ -34,7 +35,7 @@ class OtherWindow final : public toolkit::Window {
 class UpdateWindowTest : public testing::Test {
  protected:
   UpdateWindowTest() { Remake(); }
-  ~UpdateWindowTest() override { platform.CloseWindows(); }
+  void TearDown() override { platform.CloseWindows(); }
 
   /// Another window, with a checker that has the offers of a document.
   void Remake() {

@@ -1,1 +1,209 @@
-#!/bin/bash
+#!/bin/bash -p
+# Puts a new version of a program in the place of the old one, once that has ended, and starts it.
+#
+# Killed at any moment, it leaves a program that starts. A file keeps its path until the new one takes it in one
+# rename(2); the old one has a second name by then, a hard link or else a copy. A folder cannot be renamed over another
+# one, so both change places at once by renameat2(2), for which Perl is asked. Only where that does not work, two
+# renames are made, and between them the path is empty; the next update puts back what was left so.
+{
+set +o posix
+exec </dev/null >/dev/null 2>&1
+trap '' HUP INT
+shopt -s dotglob nullglob
+
+# The user's environment is for the program alone. A subscript in a name would be evaluated, so that is left out.
+mapfile -d '' -t </proc/self/environ
+set -- "${MAPFILE[@]}"
+user_environment=()
+for entry; do
+  [[ $entry == LD_* || ${entry%%=*} == *[![:alnum:]_]* ]] || unset -v "${entry%%=*}"
+done
+for entry; do
+  [[ $entry == ?*=* ]] && user_environment+=("$entry")
+done
+export PATH=/usr/bin:/bin LC_ALL=C
+
+APP_NAME=@@APP_NAME@@
+APP_PARENT=@@APP_PARENT@@
+APP_VERSION=@@APP_VERSION@@
+NEW_APP_NAME=@@NEW_APP_NAME@@
+NEW_APP_PARENT=@@NEW_APP_PARENT@@
+TEMP_FOLDER_PATH=@@TEMP_FOLDER@@
+PID_FILE=@@PID_FILE_PATH@@
+NEW_APP_OTHER_UB=@@NEW_APP_OTHER_UB@@
+NEW_APP_OTHER_NAME=()
+@@NEW_APP_OTHER_ARRAY@@
+APP_PATH=$APP_PARENT/$APP_NAME
+NEW_APP_PATH=$APP_PARENT/$NEW_APP_NAME
+
+# Companions come before the executable: the old one starts with new companions as well.
+items=("${NEW_APP_OTHER_NAME[@]:0:NEW_APP_OTHER_UB + 1}" "$NEW_APP_NAME")
+# Where the old item stands that an item took the place of; empty where there was none.
+aside=()
+# Where new items wait, and old ones until all is done: in the same folder, so on the same file system.
+stage=
+log_is_stuck=0
+
+# Nobody may be there to take the line, or to take it in time.
+log_cmd() {
+  ((log_is_stuck)) && return
+  timeout 2 logger -t 'Kaju Update Script' -- "$*"
+  (($? != 124)) || log_is_stuck=1
+}
+
+# Runs a command that the update depends on; its complaint goes to the log.
+attempt() {
+  local complaint
+  complaint=$("$@" 2>&1) && return
+  log_cmd "Failed: ${complaint:-$*}"
+  return 1
+}
+
+exists() { [[ -e $1 || -L $1 ]]; }
+is_folder() { [[ -d $1 && ! -L $1 ]]; }
+
+# shellcheck disable=SC2317  # called by attempt
+# Gives a file or tree a second name, or makes a copy where the file system has no hard links or is another one.
+clone() { # from, to
+  cp -al -T -- "$1" "$2" 2>/dev/null && return
+  rm -rf -- "$2"
+  cp -a -T -- "$1" "$2"
+}
+
+# Lets two paths change places; fails where Perl, the kernel or the file system cannot.
+exchange() {
+  # shellcheck disable=SC2016  # Perl's own variables
+  perl -MConfig -e '
+    my %renameat2 = (x86_64 => 316, aarch64 => 276, riscv64 => 276);
+    my $number = $renameat2{$Config{archname} =~ s/-.*//r} or exit 1;
+    exit(syscall($number, -100, $ARGV[0], -100, $ARGV[1], 2) != 0);' -- "$1" "$2"
+}
+
+# Starts a program as the user would: with the user's environment, without what this script has open or ignores.
+start() { # program, arguments
+  local fd
+  log_cmd "Starting $*"
+  (
+    for fd in /proc/self/fd/*; do
+      fd=${fd##*/}
+      ((fd > 2)) && exec {fd}>&-
+    done
+    if ((${#user_environment[@]})); then
+      env --default-signal -i -- "${user_environment[@]}" /usr/bin/setsid --fork "$@" && exit
+    fi
+    setsid --fork "$@"
+  )
+}
+
+put_in() { # index of the item
+  local at=$APP_PARENT/${items[$1]} new=$stage/new/${items[$1]} old=$stage/old/${items[$1]}
+  log_cmd "Moving new ${items[$1]} to folder $APP_PARENT"
+  if ! exists "$at"; then
+    attempt mv -T -- "$new" "$at" && aside[$1]=
+  elif ! is_folder "$at" && ! is_folder "$new"; then
+    attempt clone "$at" "$old" && attempt mv -f -T -- "$new" "$at" && aside[$1]=$old
+  elif exchange "$new" "$at"; then
+    aside[$1]=$new
+  else
+    attempt mv -T -- "$at" "$old" && aside[$1]=$old && attempt mv -T -- "$new" "$at"
+  fi
+}
+
+put_back() { # index of the item
+  local at=$APP_PARENT/${items[$1]} old=${aside[$1]}
+  if [[ -z $old ]]; then
+    attempt rm -rf -- "$at"
+  elif ! exists "$at" || { ! is_folder "$at" && ! is_folder "$old"; }; then
+    attempt mv -f -T -- "$old" "$at"
+  else
+    exchange "$old" "$at" || { attempt mv -T -- "$at" "$stage/failed-$1" && attempt mv -T -- "$old" "$at"; }
+  fi
+}
+
+# The end of an update that cannot be: everything as it was, and the old program runs again.
+give_up() { # reason
+  local i lost=0
+  log_cmd "$1"
+  log_cmd 'Attempting to restore old application and launch it'
+  for ((i = ${#items[@]} - 1; i >= 0; i--)); do
+    [[ ! -v aside[i] ]] || put_back "$i" || lost=1
+  done
+  ((lost)) || rm -rf -- "$stage"
+  start "$APP_PATH" --kaju-fail
+  exit 1
+}
+
+wait_for_app() {
+  local counter=10
+  while [[ -f $PID_FILE ]]; do
+    log_cmd "Checking to see if $PID_FILE exists, $counter"
+    sleep 1
+    if ((--counter == 0)); then
+      log_cmd 'ERROR: Could not update app, it never quit'
+      exit 1
+    fi
+  done
+}
+
+# One update of a folder at a time. The lock goes with the last process that holds it, so nothing stays of a killed
+# one but its stage, which is cleared away. Where folders cannot be locked, stages are left alone.
+lock_folder() {
+  local lock status old
+  exec {lock}<"$APP_PARENT/"
+  flock -w 60 -E 75 "$lock"
+  status=$?
+  ((status != 75)) || give_up 'ERROR: Another update of this folder does not end'
+  ((status == 0)) || return
+  for old in "$APP_PARENT"/.kaju_updater.*/old/*; do
+    exists "$APP_PARENT/${old##*/}" || mv -T -- "$old" "$APP_PARENT/${old##*/}"
+  done
+  rm -rf -- "$APP_PARENT"/.kaju_updater.*
+}
+
+# All that can run out of space or rights comes before the first item is replaced.
+stage_items() {
+  local item
+  stage=$APP_PARENT/.kaju_updater.$$.$RANDOM
+  attempt mkdir -m 700 -- "$stage" "$stage/new" "$stage/old" || return
+  for item in "${items[@]}"; do
+    attempt clone "$NEW_APP_PARENT/$item" "$stage/new/$item" || return
+  done
+  item=$stage/new/$NEW_APP_NAME
+  [[ -f $item ]] && { [[ -x $item ]] || attempt chmod a+x -- "$item"; } && attempt sync -f -- "$stage"
+}
+
+# Under another name the new executable did not take the old one's path. On some file systems the two are the same.
+remove_old_executable() {
+  local item
+  for item in "${items[@]}"; do
+    [[ $item != "$APP_NAME" ]] || return 0
+  done
+  [[ $APP_PATH -ef $NEW_APP_PATH ]] || rm -f -- "$APP_PATH"
+}
+
+remove_temporary_folders() {
+  local unpacked=${NEW_APP_PARENT%/*}
+  rm -rf -- "$NEW_APP_PARENT"
+  if [[ ${unpacked##*/} == decompressed ]]; then
+    rm -rf -- "$unpacked"
+    rmdir -- "${unpacked%/*}"
+  fi
+  rm -rf -- "$TEMP_FOLDER_PATH"
+}
+
+log_cmd "STARTING UPDATE OF $APP_NAME"
+wait_for_app
+lock_folder
+log_cmd "Copying new application from $NEW_APP_PARENT"
+stage_items || give_up "Could not copy new application to $APP_PARENT"
+for ((i = 0; i < ${#items[@]}; i++)); do
+  put_in "$i" || give_up 'Could not move in new application'
+done
+log_cmd "Removing old application $APP_NAME"
+remove_old_executable
+rm -rf -- "$stage"
+start "$NEW_APP_PATH" --kaju-success "$APP_VERSION"
+log_cmd 'Removing temp folder'
+remove_temporary_folders
+exit 0
+}
