@@ -2,8 +2,11 @@
 
 #include <algorithm>
 #include <csignal>
+#include <linux/close_range.h>
 #include <unistd.h>
 #include <utility>
+
+#include <QCoreApplication>
 
 #include "toolkit/Platform.h"
 #include "toolkit/qt/QtText.h"
@@ -14,39 +17,72 @@ namespace {
 constexpr std::size_t mostOutput = 1'000'000;
 constexpr int couldNotStart = 127;
 constexpr int endedBySignal = 128;
+constexpr int firstOwnDescriptor = 3;
+// A process that was killed ends at once, unless the system's own work holds it.
+constexpr int longestWaitInMilliseconds = 5000;
+
+/// A process that does not end together with the object for it, as Qt has it.
+class LastingProcess final : public QProcess {
+ public:
+  LastingProcess() = default;
+  LastingProcess(const LastingProcess&) = delete;
+  LastingProcess& operator=(const LastingProcess&) = delete;
+  ~LastingProcess() override { setProcessState(NotRunning); }
+};
+
+/// Runs between fork and exec: only calls that are safe there. The child gets a group of its own, the signals as the
+/// system delivers them, and none of the program's files and sockets.
+void PrepareChild() {
+  setpgid(0, 0);
+  for (int number = 1; number < NSIG; ++number) signal(number, SIG_DFL);
+  sigset_t none;
+  sigemptyset(&none);
+  sigprocmask(SIG_SETMASK, &none, nullptr);
+  close_range(firstOwnDescriptor, ~0U, CLOSE_RANGE_CLOEXEC);
+}
 
 }  // namespace
 
 QtProcess::QtProcess(const std::string& commandLine, std::function<void(ProcessEnd)> ended)
-    : process_(std::make_unique<QProcess>()), ended_(std::move(ended)) {
+    : process_(std::make_unique<LastingProcess>()), listener_(std::make_unique<QObject>()), ended_(std::move(ended)) {
   process_->setProcessChannelMode(QProcess::MergedChannels);
   process_->setStandardInputFile(QProcess::nullDevice());
-  process_->setChildProcessModifier([] { setpgid(0, 0); });
-  QObject::connect(process_.get(), &QProcess::readyRead, [this] { KeepOutput(); });
-  QObject::connect(process_.get(), &QProcess::finished, [this](int code, QProcess::ExitStatus status) {
+  process_->setChildProcessModifier(PrepareChild);
+  QObject::connect(process_.get(), &QProcess::readyRead, listener_.get(), [this] { KeepOutput(); });
+  QObject::connect(process_.get(), &QProcess::finished, listener_.get(), [this](int code, QProcess::ExitStatus status) {
     Tell(status == QProcess::NormalExit ? code : endedBySignal + code);
   });
-  QObject::connect(process_.get(), &QProcess::errorOccurred, [this](QProcess::ProcessError error) {
-    if (error == QProcess::FailedToStart) Tell(couldNotStart);
-  });
+  // What keeps a process from starting can show within start(), but is told later.
+  QObject::connect(
+      process_.get(), &QProcess::errorOccurred, listener_.get(),
+      [this](QProcess::ProcessError error) {
+        if (error == QProcess::FailedToStart) Tell(couldNotStart);
+      },
+      Qt::QueuedConnection);
   process_->start(QStringLiteral("/bin/sh"), {QStringLiteral("-c"), ToQt(commandLine)});
+  // The child does this too. Whoever comes first, the group is there before it can be killed.
+  if (const auto child = static_cast<pid_t>(process_->processId()); child > 0) setpgid(child, child);
 }
 
-// Qt ends a process together with the object for it. One that still runs goes without: it is to live on.
+// The process may be what calls. One that still runs is to live on: what it writes must go somewhere, and it must be
+// reaped.
 QtProcess::~QtProcess() {
-  process_->disconnect();
-  if (process_->state() == QProcess::NotRunning) {
-    process_.release()->deleteLater();  // it may be what calls
+  listener_.reset();
+  QProcess* left = process_.release();
+  left->setParent(QCoreApplication::instance());
+  if (left->state() == QProcess::NotRunning) {
+    left->deleteLater();
   } else {
-    process_.release();  // NOLINT(bugprone-unused-return-value)
+    QObject::connect(left, &QProcess::readyRead, left, [left] { left->readAll(); });
+    QObject::connect(left, &QProcess::finished, left, &QObject::deleteLater);
   }
 }
 
 void QtProcess::Kill() {
-  process_->disconnect();
+  listener_.reset();
   if (process_->state() == QProcess::NotRunning) return;
   kill(-static_cast<pid_t>(process_->processId()), SIGKILL);
-  process_->waitForFinished();
+  process_->waitForFinished(longestWaitInMilliseconds);
 }
 
 void QtProcess::KeepOutput() {
@@ -55,8 +91,9 @@ void QtProcess::KeepOutput() {
 }
 
 void QtProcess::Tell(int exitCode) {
+  const auto ended = std::exchange(ended_, nullptr);
+  if (!ended) return;
   KeepOutput();
-  const auto ended = std::move(ended_);
   Platform::Current().Dispatch([&] { ended({.ExitCode = exitCode, .Output = std::move(output_)}); });
 }
 

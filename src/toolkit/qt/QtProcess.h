@@ -25,6 +25,8 @@ class QtProcess final : public ChildProcess {
   void Tell(int exitCode);
 
   std::unique_ptr<QProcess> process_;
+  // Receives what the process tells. Without it, nothing is told any more.
+  std::unique_ptr<QObject> listener_;
   std::function<void(ProcessEnd)> ended_;
   std::string output_;
 };
