@@ -19,7 +19,7 @@ double Luminance(const QColor& color) {
 }
 
 double Contrast(const QColor& one, const QColor& other) {
-  const auto [dark, light] = std::minmax(Luminance(one), Luminance(other));
+  const auto [dark, light] = std::minmax({Luminance(one), Luminance(other)});
   return (light + 0.05) / (dark + 0.05);
 }
 

@@ -87,6 +87,7 @@ void PageFilter::Text(std::string_view text) {
     const std::string_view piece = text.substr(0, SplitPlace(text, most));
     text.remove_prefix(piece.size());
     page_.HTML += ReplaceAll(piece, "<", "&lt;");
+    followsBlock_ = followsBlock_ && Trim(piece).empty();
     blockText_ += piece.size();
     lines_ += static_cast<int>(std::ranges::count(piece, '\n'));
     if (blockText_ >= mostInBlock || !text.empty()) SplitBlock();
@@ -139,6 +140,8 @@ void PageFilter::Picture(const HTMLToken& tag) {
   if (isNew) page_.Pictures.push_back(address);
   const std::size_t number = pictureNumbers_.try_emplace(address, page_.Pictures.size() - 1).first->second;
   cost_ += costOfPicture;
+  // Qt would take the picture into the block that ended before it. A space without width begins another one.
+  if (std::exchange(followsBlock_, false)) page_.HTML += "&#8203;";
   page_.HTML.append("<img src=\"picture:").append(std::to_string(number)).append("\"");
   const int width = NumberIn(tag.Attribute("width"), 99'999);
   const int height = NumberIn(tag.Attribute("height"), width > 0 ? tallestPicture : tallestWithoutWidth);
@@ -219,7 +222,10 @@ void PageFilter::Open(const PageElement& element, std::string_view attributes) {
   const bool isInline = element.Kind == ElementKind::Inline;
   if (isInline && blockTags_ >= mostTagsInBlock) SplitBlock();
   blockTags_ = isInline ? blockTags_ + 1 : 0;
-  if (!isInline) blockText_ = 0;
+  if (!isInline) {
+    blockText_ = 0;
+    followsBlock_ = false;
+  }
   ++cost_;
   std::string tag = "<";
   tag.append(element.ShownAs).append(attributes).append(">");
@@ -292,6 +298,7 @@ void PageFilter::CloseDownTo(std::size_t depth) {
     if (last.element.Kind != ElementKind::Inline) {
       blockText_ = 0;
       blockTags_ = 0;
+      followsBlock_ = true;
     }
     open_.pop_back();
   }

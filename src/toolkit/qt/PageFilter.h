@@ -77,6 +77,8 @@ class PageFilter {
   std::string baseTarget_;
   std::size_t blockText_ = 0;
   int blockTags_ = 0;
+  // Whether nothing but blanks has come since the end of a block.
+  bool followsBlock_ = false;
   int cost_ = 0;
   int lines_ = 0;
 };

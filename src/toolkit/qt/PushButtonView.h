@@ -11,9 +11,6 @@ class PushButtonView final : public ViewOf<QPushButton, PushButton> {
  public:
   PushButtonView(PushButton& button, QWidget& parent);
   void Refresh() override;
-
- protected:
-  void keyPressEvent(QKeyEvent* event) override;
 };
 
 }  // namespace toolkit::qt

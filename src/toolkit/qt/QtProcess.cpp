@@ -2,8 +2,12 @@
 
 #include <algorithm>
 #include <csignal>
+#include <linux/close_range.h>
+#include <sys/mman.h>
 #include <unistd.h>
 #include <utility>
+
+#include <QCoreApplication>
 
 #include "toolkit/Platform.h"
 #include "toolkit/qt/QtText.h"
@@ -11,53 +15,91 @@
 namespace toolkit::qt {
 namespace {
 
-constexpr std::size_t mostOutput = 1'000'000;
+constexpr off_t mostOutput = 1'000'000;
 constexpr int couldNotStart = 127;
 constexpr int endedBySignal = 128;
+constexpr int firstOwnDescriptor = 3;
+// A process that was killed ends at once, unless the system's own work holds it.
+constexpr int longestWaitInMilliseconds = 5000;
+
+/// A process that does not end together with the object for it, as Qt has it.
+class LastingProcess final : public QProcess {
+ public:
+  LastingProcess() = default;
+  LastingProcess(const LastingProcess&) = delete;
+  LastingProcess& operator=(const LastingProcess&) = delete;
+  ~LastingProcess() override { setProcessState(NotRunning); }
+};
+
+/// Runs between fork and exec: only calls that are safe there. The child gets a group of its own, the signals as the
+/// system delivers them, and none of the program's files and sockets.
+void PrepareChild() {
+  setpgid(0, 0);
+  for (int number = 1; number < NSIG; ++number) signal(number, SIG_DFL);
+  sigset_t none;
+  sigemptyset(&none);
+  sigprocmask(SIG_SETMASK, &none, nullptr);
+  close_range(firstOwnDescriptor, ~0U, CLOSE_RANGE_CLOEXEC);
+}
 
 }  // namespace
 
 QtProcess::QtProcess(const std::string& commandLine, std::function<void(ProcessEnd)> ended)
-    : process_(std::make_unique<QProcess>()), ended_(std::move(ended)) {
+    : process_(std::make_unique<LastingProcess>()),
+      listener_(std::make_unique<QObject>()),
+      ended_(std::move(ended)),
+      output_(memfd_create("output", MFD_CLOEXEC)) {
   process_->setProcessChannelMode(QProcess::MergedChannels);
+  process_->setStandardOutputFile(QStringLiteral("/proc/self/fd/%1").arg(output_));
   process_->setStandardInputFile(QProcess::nullDevice());
-  process_->setChildProcessModifier([] { setpgid(0, 0); });
-  QObject::connect(process_.get(), &QProcess::readyRead, [this] { KeepOutput(); });
-  QObject::connect(process_.get(), &QProcess::finished, [this](int code, QProcess::ExitStatus status) {
+  process_->setChildProcessModifier(PrepareChild);
+  QObject::connect(process_.get(), &QProcess::finished, listener_.get(), [this](int code, QProcess::ExitStatus status) {
     Tell(status == QProcess::NormalExit ? code : endedBySignal + code);
   });
-  QObject::connect(process_.get(), &QProcess::errorOccurred, [this](QProcess::ProcessError error) {
-    if (error == QProcess::FailedToStart) Tell(couldNotStart);
-  });
+  // What keeps a process from starting can show within start(), but is told later.
+  QObject::connect(
+      process_.get(), &QProcess::errorOccurred, listener_.get(),
+      [this](QProcess::ProcessError error) {
+        if (error == QProcess::FailedToStart) Tell(couldNotStart);
+      },
+      Qt::QueuedConnection);
   process_->start(QStringLiteral("/bin/sh"), {QStringLiteral("-c"), ToQt(commandLine)});
+  // The child does this too. Whoever comes first, the group is there before it can be killed.
+  if (const auto child = static_cast<pid_t>(process_->processId()); child > 0) setpgid(child, child);
 }
 
-// Qt ends a process together with the object for it. One that still runs goes without: it is to live on.
+// The process may be what calls. One that still runs is to live on, and must be reaped.
 QtProcess::~QtProcess() {
-  process_->disconnect();
-  if (process_->state() == QProcess::NotRunning) {
-    process_.release()->deleteLater();  // it may be what calls
+  close(output_);
+  listener_.reset();
+  QProcess* left = process_.release();
+  left->setParent(QCoreApplication::instance());
+  if (left->state() == QProcess::NotRunning) {
+    left->deleteLater();
   } else {
-    process_.release();  // NOLINT(bugprone-unused-return-value)
+    QObject::connect(left, &QProcess::finished, left, &QObject::deleteLater);
   }
 }
 
 void QtProcess::Kill() {
-  process_->disconnect();
+  listener_.reset();
   if (process_->state() == QProcess::NotRunning) return;
   kill(-static_cast<pid_t>(process_->processId()), SIGKILL);
-  process_->waitForFinished();
+  process_->waitForFinished(longestWaitInMilliseconds);
 }
 
-void QtProcess::KeepOutput() {
-  const QByteArray bytes = process_->readAll();
-  output_.append(bytes.constData(), std::min(static_cast<std::size_t>(bytes.size()), mostOutput - output_.size()));
+std::string QtProcess::Output() const {
+  std::string output(static_cast<std::size_t>(std::clamp<off_t>(lseek(output_, 0, SEEK_END), 0, mostOutput)), '\0');
+  const ssize_t length = pread(output_, output.data(), output.size(), 0);
+  output.resize(static_cast<std::size_t>(std::max<ssize_t>(length, 0)));
+  return output;
 }
 
 void QtProcess::Tell(int exitCode) {
-  KeepOutput();
-  const auto ended = std::move(ended_);
-  Platform::Current().Dispatch([&] { ended({.ExitCode = exitCode, .Output = std::move(output_)}); });
+  const auto ended = std::exchange(ended_, nullptr);
+  if (!ended) return;
+  ProcessEnd end{.ExitCode = exitCode, .Output = Output()};
+  Platform::Current().Dispatch([&] { ended(std::move(end)); });
 }
 
 }  // namespace toolkit::qt

@@ -21,12 +21,16 @@ class QtProcess final : public ChildProcess {
   void Kill() override;
 
  private:
-  void KeepOutput();
+  [[nodiscard]] std::string Output() const;
   void Tell(int exitCode);
 
   std::unique_ptr<QProcess> process_;
+  // Receives what the process tells. Without it, nothing is told any more.
+  std::unique_ptr<QObject> listener_;
   std::function<void(ProcessEnd)> ended_;
-  std::string output_;
+  // A file in memory. A pipe would end with this object, or with the program, and whatever the command left in the
+  // background would be killed as soon as it writes.
+  int output_;
 };
 
 }  // namespace toolkit::qt

@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QPainter>
+#include <QPushButton>
 #include <QScreen>
 #include <QTimer>
 
@@ -29,6 +30,13 @@ int MenuHeight(const QWidget* menus) { return menus == nullptr ? 0 : menus->size
 QWidget* FieldInUse() {
   QWidget* focus = QApplication::focusWidget();
   return focus != nullptr && focus->testAttribute(Qt::WA_InputMethodEnabled) ? focus : nullptr;
+}
+
+bool HasDefaultButton(const Window& window) {
+  return std::ranges::any_of(window.Controls(), [](const Control* control) {
+    const auto* button = dynamic_cast<const PushButton*>(control);
+    return button != nullptr && button->Role() == ButtonRole::Default;
+  });
 }
 
 }  // namespace
@@ -103,13 +111,17 @@ void QtWindow::changeEvent(QEvent* event) {
   if (event->type() == QEvent::ActivationChange && isActiveWindow()) Platform::Current().TellActivated(*window_);
 }
 
-// Only keys that the widget with the keyboard has no use for come here. A frame without a close button can keep the
+// Only keys that the widget with the keyboard has no use for come here. Where there is a default button, Return is for
+// it alone: the one that has the keyboard may have got it from another that was disabled under it. A frame without a close button can keep the
 // desktop from closing the window by the keyboard.
 void QtWindow::keyPressEvent(QKeyEvent* event) {
   const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   const bool isPlain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier && !event->isAutoRepeat();
   const bool isEscape = event->key() == Qt::Key_Escape;
-  if (isPlain && (isReturn || isEscape)) {
+  auto* focused = qobject_cast<QPushButton*>(focusWidget());
+  if (isPlain && isReturn && focused != nullptr && !HasDefaultButton(*window_)) {
+    focused->click();
+  } else if (isPlain && (isReturn || isEscape)) {
     const PushButton* button = window_->ButtonOf(isReturn ? ButtonRole::Default : ButtonRole::Cancel);
     if (button != nullptr) Platform::Current().Dispatch([&] { button->Press(); });
   } else if (event->key() == Qt::Key_F4 && event->modifiers() == Qt::AltModifier) {

@@ -1,0 +1,298 @@
+#include <QApplication>
+#include <QBuffer>
+#include <QClipboard>
+#include <QHelpEvent>
+#include <QScrollBar>
+#include <QTemporaryDir>
+#include <QTextBlock>
+#include <QTextBrowser>
+#include <QToolTip>
+#include <gmock/gmock.h>
+
+#include "tests/desktop/Desktop.h"
+#include "tests/support/FaultServer.h"
+#include "toolkit/HTMLViewer.h"
+#include "toolkit/Text.h"
+#include "toolkit/qt/PageFilter.h"
+
+using namespace testing;
+using namespace test_servers;
+
+namespace {
+
+std::string Times(int count, const char* text) { return QString(text).repeated(count).toStdString(); }
+
+QByteArray Red(QSize size = {40, 40}) {
+  QImage image(size, QImage::Format_RGB32);
+  image.fill(Qt::red);
+  QBuffer buffer;
+  image.save(&buffer, "PNG");
+  return buffer.data();
+}
+
+TEST(PageFilter, KeepsTextAndLooksOnly) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"a < b & c &lt; <3 </3 <", "a &lt; b & c &lt; &lt;3 &lt;/3 &lt;"},
+      {"<!-- <b> --><!--><!DOCTYPE x><?x?>t<!-- open <b>", "t"},
+      {"<P Class='x' onclick=y STYLE='color:red;background:url(x);font-size:999px'>t",
+       "<p class=\"x\" style=\"color:red;\">t</p>"},
+      {"<script><b></script >t<style>@import 'x';p{color:red}</style><iframe></b>x</iframe><title>x", "t"},
+      {"<form action=x><input value=y>t</form><object data=x>u</object><embed src=x><meta http-equiv=refresh "
+       "content=0>",
+       "<div>t</div>u"},
+      {"<b>x<i>y</b>z</i></p></nobody>", "<b>x<i>y</i></b>z"},
+      {"<p>a<p>b<ul><li>c<li>d</ul>e", "<p>a</p><p>b</p><ul><li>c</li><li>d</li></ul>e"},
+      {"<td>x<table><td>a<td colspan=9999999>b<tr><td rowspan=2>c</table>",
+       "x<table><tr><td>a</td><td>b</td></tr><tr><td rowspan=2>c</td></tr></table>"},
+      {"<a title='>' href='http://x/?a=1&amp;b'>t</a><a href=link:0>f</a>", "<a href=\"link:0\">t</a><a>f</a>"},
+      {"<a href=javascript:x>1</a><a href=/etc/passwd>2</a><a href=file:///x>3</a>", "<a>1</a><a>2</a><a>3</a>"},
+      {"<img src=a width=9999 height=9><img src=b><img src=a><img>",
+       "<img src=\"picture:0\" width=500><img src=\"picture:1\"><img src=\"picture:0\">"},
+      {"<b attribute='without an end>t", ""},
+  };
+  for (const auto& [page, expected] : rows) {
+    const std::string html = toolkit::qt::PageFilter(page, 500).Run().HTML;
+    EXPECT_EQ(html.substr(html.find("</style>") + 8), expected) << page;
+  }
+}
+
+TEST(PageFilter, BoundsWhatTakesLongAndSaysSo) {
+  const std::tuple<const char*, std::string, bool> rows[] = {
+      {"text", Times(400'000, "some text "), true},
+      {"word", std::string(4'000'000, 'w'), true},
+      {"blocks in blocks", Times(100'000, "<div>"), true},
+      {"fonts in fonts", Times(100'000, "<b>"), true},
+      {"tables in tables", Times(100'000, "<table><tr><td>"), false},
+      {"columns", "<table>" + Times(100'000, "<td>"), true},
+      {"rows", "<table>" + Times(100'000, "<tr><td>"), false},
+      {"a grid", "<table><tr>" + Times(50, "<td>") + Times(5'000, "<tr><td>"), false},
+      {"items", "<ul>" + Times(5'000, "<li>x"), true},
+      {"breaks", Times(100'000, "<br>"), false},
+      {"pieces", Times(10'000, "<b>x</b>y"), true},
+      {"attributes", "<b " + Times(500'000, "a=b ") + ">", true}};
+  for (const auto& [what, page, isWhole] : rows) {
+    const auto filtered = toolkit::qt::PageFilter(page, 500).Run();
+    EXPECT_EQ(filtered.HTML.find("not shown") == std::string::npos, isWhole) << what;
+    EXPECT_LT(filtered.HTML.size(), 4'200'000U) << what;
+    int depth = 0, deepest = 0, sinceBlock = 0, longest = 0;
+    toolkit::qt::HTMLTokenizer tokens(filtered.HTML);
+    for (auto token = tokens.Next(); token.Is != toolkit::qt::HTMLToken::Kind::End; token = tokens.Next()) {
+      const bool isText = token.Is == toolkit::qt::HTMLToken::Kind::Text;
+      const bool isEmpty = token.Name == "br";
+      if (!isText && !isEmpty) depth += token.Is == toolkit::qt::HTMLToken::Kind::StartTag ? 1 : -1;
+      sinceBlock = isText || isEmpty || token.Name == "b" ? sinceBlock + static_cast<int>(token.Text.size()) + 1 : 0;
+      deepest = std::max(deepest, depth);
+      longest = std::max(longest, sinceBlock);
+    }
+    EXPECT_LE(deepest, 64) << what;
+    EXPECT_LE(longest, 6000) << what;
+  }
+}
+
+struct PageWindow final : toolkit::Window {
+  PageWindow() : Window("Page", {400, 300}, {64, 64}, {4000, 4000}) {
+    Add(Viewer, "viewer", {0, 0, 400, 260}, {}, 0);
+    Add(Close, "close", {0, 270, 100, 20}, {}, 1).Role(toolkit::ButtonRole::Default);
+  }
+  toolkit::HTMLViewer Viewer;
+  toolkit::PushButton Close;
+};
+
+struct Page : Desktop {
+  Page() {
+    model->Viewer.Error = [this](int code, const std::string& text) {
+      log.push_back(std::to_string(code) + " " + text);
+    };
+    model->Close.Action = [this] { log.emplace_back("default"); };
+  }
+  void Load(const std::string& html) {
+    log.clear();
+    model->Viewer.LoadPage(html + "<p>end of page", toolkit::FolderItem(folder.path().toStdString()));
+    ASSERT_TRUE(Until([&] { return view.toPlainText().contains("end of page"); }));
+  }
+  /// How many pixels of the page are red.
+  int Redness() {
+    const QImage image = view.viewport()->grab().toImage();
+    int red = 0;
+    for (int y = 0; y < image.height(); ++y)
+      for (int x = 0; x < image.width(); ++x) red += image.pixel(x, y) == 0xFFFF0000 ? 1 : 0;
+    return red;
+  }
+  QPoint PlaceOf(const char* text) {
+    QTextCursor cursor = view.document()->find(text);
+    const int end = view.cursorRect(cursor).left();
+    cursor.setPosition(cursor.anchor());
+    const QRect start = view.cursorRect(cursor);
+    return {(start.left() + end) / 2, start.center().y()};
+  }
+
+  const QTemporaryDir folder;
+  std::vector<std::string> log;
+  std::shared_ptr<PageWindow> model = std::make_shared<PageWindow>();
+  QWidget& window = Open(model);
+  QTextBrowser& view = Find<QTextBrowser>("viewer");
+};
+
+TEST_F(Page, LoadsPicturesFromTheNetworkAndNothingElseFromAnywhere) {
+  const FaultServer server({{{Reply(200, Red().toStdString())}}}, Wire::Plain);
+  const QString file = folder.filePath("red.png");
+  QFile made(file);
+  ASSERT_TRUE(made.open(QIODevice::WriteOnly) && made.write(Red()) > 0);
+  made.close();
+  std::string page;
+  for (const std::string& url : {server.URL() + "/other", "file://" + file.toStdString(), file.toStdString(),
+                                 std::string("red.png"), std::string("qrc:/red.png")}) {
+    page +=
+        "<link rel=stylesheet href='$'><style>@import url($); body{background:url($)}</style><base href='$'><body "
+        "background='$'>"
+        "<iframe src='$'></iframe><object data='$'></object><embed src='$'><table background='$'><tr><td "
+        "background='$'>x</table>"
+        "<p style='background-image:url($)'>x<meta http-equiv=refresh content='0;$'><script src='$'></script><input "
+        "type=image src='$'>"
+        "<video src='$' poster='$'></video><svg><image href='$'/></svg>";
+    page = toolkit::ReplaceAll(page, "$", url);
+    if (url.find("other") == std::string::npos) page += "<img src='" + url + "'>";
+  }
+  Load(page + "<img src='" + server.URL() + "/picture'>");
+  EXPECT_TRUE(Until([&] { return Redness() == 1600 && log.size() == 4; }));
+  ASSERT_THAT(server.Requests(), SizeIs(1));
+  EXPECT_THAT(server.Requests()[0], StartsWith("GET /picture HTTP/1.1\r\n"));
+}
+
+TEST_F(Page, APictureComesWithinItsBoundsOrAnErrorTellsWhy) {
+  const auto redirect = [](std::string_view to) {
+    return Answer{{Reply(302, "", std::string("Location: ").append(to) + "\r\n")}};
+  };
+  const Answer picture{{Reply(200, Red().toStdString())}};
+  QByteArray huge = Red();
+  huge.replace(16, 17, QByteArray::fromHex("0000EA600000EA6008020000000FB0E215"));  // 60000 x 60000
+  const std::string encoded = Red().toBase64().toStdString();
+  const std::string here = "<img src='$'>";
+  const std::tuple<const char*, std::string, std::vector<Answer>, int, const char*> rows[] = {
+      {"plain", here, {picture}, 1600, ""},
+      {"far away",
+       here,
+       {redirect("$/1"), redirect("2"), redirect("/3"), redirect("$"), redirect("?5"), picture},
+       1600,
+       ""},
+      {"too far", here, {redirect("$/again")}, 0, "302 http"},
+      {"to a file", here, {redirect("file:///etc/hostname")}, 0, "302 http"},
+      {"missing", here, {{{Reply(404, Red().toStdString())}}}, 0, "404 http"},
+      {"broken off", here, {{{"HTTP/1.1 200 OK\r\nContent-Length: 900\r\n\r\nPNG"}, Answer::Then::Close}}, 0, "0 http"},
+      {"many bytes", here, {{{"HTTP/1.1 200 OK\r\nContent-Length: 16000001\r\n\r\n"}}}, 0, "0 http"},
+      {"many pixels", here, {{{Reply(200, huge.toStdString())}}}, 0, "0 http"},
+      {"a drawing",
+       here,
+       {{{Reply(200, "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>")}}},
+       0,
+       "0 http"},
+      {"wide", "<img src='data:;base64," + Red({3000, 300}).toBase64().toStdString() + "'>", {}, -1, ""},
+      {"in the page", "<img src='data:image/png;base64," + encoded + "'>", {}, 1600, ""},
+      {"in the page, quoted",
+       "<img src='DATA:;base64," + toolkit::ReplaceAll(encoded, "=", "%3D") + "'>",
+       {},
+       1600,
+       ""},
+      {"no data", "<img src='data:image/png;base64'>", {}, 0, "0 data:"},
+      {"nothing", "<img src='data:,'>", {}, 0, "0 data:"}};
+  for (const auto& [what, page, answers, red, error] : rows) {
+    const FaultServer server(answers.empty() ? std::vector{Answer()} : answers, Wire::Plain);
+    Load("x" + toolkit::ReplaceAll(page, "$", server.URL()));  // the cursor stands before the text
+    const auto isShown = [&, &red = red] { return red < 0 ? Redness() > 300 * 30 : Redness() == red; };
+    EXPECT_TRUE(Until([&, &error = error] { return isShown() && log.size() == (*error == '\0' ? 0 : 1); })) << what;
+    EXPECT_THAT(log.empty() ? "" : log[0], StartsWith(error)) << what;
+    EXPECT_LE(server.Requests().size(), 6U) << what;
+    EXPECT_EQ(view.horizontalScrollBar()->maximum(), 0) << what;
+  }
+}
+
+TEST_F(Page, AThousandPicturesWaitForEachOtherAndGoWithThePage) {
+  const FaultServer silent({}, Wire::Plain, Greeting::Silence);
+  std::string page;
+  for (int picture = 0; picture < 1000; ++picture)
+    page += "<img src='" + silent.URL() + "/" + std::to_string(picture) + "'>";
+  Load(page);
+  EXPECT_TRUE(Until([&] { return silent.Connections() >= 6; }));
+  QTest::qWait(100);
+  EXPECT_EQ(silent.Connections(), 6U);
+  EXPECT_THAT(log, ElementsAre("0 There are more pictures than are shown."));
+  FaultServer late({{{Reply(200, Red().toStdString())}, Answer::Then::Keep, Answer::Start::WhenReleased}}, Wire::Plain);
+  Load("<img src='" + late.URL() + "'>");
+  EXPECT_TRUE(Until([&] { return late.Requests().size() == 1; }));
+  Load("another");
+  late.Release();
+  QTest::qWait(100);
+  EXPECT_EQ(Redness(), 0);
+  EXPECT_THAT(log, IsEmpty());
+  Load(page);
+  const auto other = std::make_shared<OtherWindow>();
+  other->Show();
+  model->Close.Action = nullptr;
+  model->toolkit::Window::Close();
+  QTest::qWait(100);
+}
+
+TEST_F(Page, LinksAskTheProgramAndTextCanBeCopied) {
+  toolkit::HTMLViewer elsewhere;
+  elsewhere.CancelLoad = [&](const std::string& url) { return log.push_back("new " + url), true; };
+  model->Viewer.NewWindow = [&] { return &elsewhere; };
+  Load(
+      "<p><a href='http://a/?x=1&amp;lt;b&gt;'>first</a> <b>words</b> <p><a href='https://b/' target=_BLANK>second</a> "
+      "<p>"
+      "<a href='file:///x'>third</a> <a href='http://c/' target=_self>fourth</a>");
+  model->Viewer.CancelLoad = [&](const std::string& url) { return log.push_back("same " + url), true; };
+  const auto click = [&](const char* text, Qt::MouseButton button = Qt::LeftButton,
+                         Qt::KeyboardModifiers modifiers = {}) {
+    return [=, this] {
+      QTest::mouseClick(window.windowHandle(), button, modifiers, view.viewport()->mapTo(&window, PlaceOf(text)));
+    };
+  };
+  const auto keys = [&](int tabs, Qt::Key key) {
+    return [=, this] {
+      view.moveCursor(QTextCursor::Start);
+      for (int tab = 0; tab < tabs; ++tab) Press(Qt::Key_Tab);
+      Press(key);
+    };
+  };
+  const std::tuple<const char*, std::function<void()>, std::vector<std::string>> rows[] = {
+      {"click", click("first"), {"same http://a/?x=1&lt;b>"}},
+      {"Ctrl+click", click("first", Qt::LeftButton, Qt::ControlModifier), {"new http://a/?x=1&lt;b>"}},
+      {"middle click", click("first", Qt::MiddleButton), {"new http://a/?x=1&lt;b>"}},
+      {"new window", click("second"), {"new https://b/"}},
+      {"file", click("third"), {}},
+      {"self", click("fourth"), {"same http://c/"}},
+      {"no link", click("words"), {}},
+      {"Return on a link", keys(2, Qt::Key_Return), {"new https://b/"}},
+      {"Return elsewhere", keys(0, Qt::Key_Return), {"default"}},
+      {"back", [&] { Press(Qt::Key_Left, Qt::AltModifier); }, {}}};
+  Click(view);
+  const QString before = view.document()->toHtml();
+  for (const auto& [what, act, expected] : rows) {
+    log.clear();
+    view.setFocus();
+    act();
+    EXPECT_EQ(log, expected) << what;
+    EXPECT_EQ(view.document()->toHtml(), before) << what;
+  }
+  for (const Qt::Key key : {Qt::Key_A, Qt::Key_C}) Press(key, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::clipboard()->text(), "first words \nsecond \nthird fourth\nend of page");
+  QHelpEvent help(QEvent::ToolTip, PlaceOf("first"), view.viewport()->mapToGlobal(QPoint(1, 1)));
+  QApplication::sendEvent(view.viewport(), &help);
+  EXPECT_EQ(QToolTip::text(), "<p>http://a/?x=1&amp;lt;b&gt;</p>");
+}
+
+TEST_F(Page, ALinkCanBeReadInAnyPalette) {
+  Load("<a href=http://a/>link</a>");
+  for (const QColor base : {Qt::white, Qt::black, Qt::darkBlue}) {
+    QPalette palette(base);
+    palette.setColor(QPalette::Base, base);
+    QApplication::setPalette(palette);
+    QTest::qWait(20);
+    const QColor link = view.document()->begin().begin().fragment().charFormat().foreground().color();
+    EXPECT_GT(std::abs(link.lightness() - base.lightness()) + std::abs(link.green() - base.green()), 100)
+        << link.name().toStdString();
+  }
+  QApplication::setPalette({});
+}
+
+}  // namespace
