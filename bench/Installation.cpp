@@ -20,6 +20,9 @@
 #include <utility>
 #include <vector>
 
+#include <QTextDocument>
+#include <QTextEdit>
+
 #include "shell/App.h"
 #include "support/ChildProcess.h"
 #include "support/CurlConnection.h"
@@ -192,6 +195,7 @@ void MeasureInstalling(bench::Report& report) {
 
 double SecondsToOpen(UpdateWindow& update, const Kaju::Offers& offers) {
   bench::PaintWatch watch("hvNotes");
+  watch.Expect([](QObject& notes) { return !qobject_cast<QTextEdit*>(&notes)->document()->isEmpty(); });
   std::shared_ptr<KajuUpdateWindow> window;
   const double seconds = watch.SecondsToPaint([&] { window = update.Open(offers); });
   if (window->pumUpdates.ListCount() != static_cast<int>(offers.size()))

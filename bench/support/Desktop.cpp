@@ -84,6 +84,13 @@ PaintWatch::PaintWatch(QString control) : control_(std::move(control)) { qApp->i
 
 PaintWatch::~PaintWatch() { qApp->removeEventFilter(this); }
 
+void PaintWatch::ExpectRows(int rows) {
+  Expect([rows](QObject& control) {
+    const auto* list = qobject_cast<QAbstractItemView*>(&control);
+    return list != nullptr && list->model()->rowCount() == rows;
+  });
+}
+
 double PaintWatch::SecondsToPaint(const std::function<void()>& action) {
   const Clock::time_point start = Clock::now();
   action();
@@ -99,10 +106,8 @@ void PaintWatch::Wait() {
 
 bool PaintWatch::eventFilter(QObject* watched, QEvent* event) {
   QObject* control = watched->parent();
-  if (event->type() == QEvent::Paint && control != nullptr && control->objectName() == control_) {
-    const auto* list = qobject_cast<QAbstractItemView*>(control);
-    if (expectedRows_ < 0 || (list != nullptr && list->model()->rowCount() == expectedRows_)) painted_ = control;
-  }
+  const bool isPainted = event->type() == QEvent::Paint && control != nullptr && control->objectName() == control_;
+  if (isPainted && isMeant_(*control)) painted_ = control;
   return false;
 }
 

@@ -89,8 +89,10 @@ class PaintWatch final : public QObject {
   explicit PaintWatch(QString control);
   ~PaintWatch() override;
 
+  /// Only a picture of the control when it is as it should be counts from now on.
+  void Expect(std::function<bool(QObject& control)> isAsItShouldBe) { isMeant_ = std::move(isAsItShouldBe); }
   /// Only a picture of a list with that many rows counts from now on.
-  void ExpectRows(int rows) { expectedRows_ = rows; }
+  void ExpectRows(int rows);
   /// Does `action`, then runs the event loop until the control is painted after it. Returns the seconds that took.
   double SecondsToPaint(const std::function<void()>& action);
   /// Runs the event loop until the control is painted.
@@ -103,7 +105,7 @@ class PaintWatch final : public QObject {
 
  private:
   QString control_;
-  int expectedRows_ = -1;
+  std::function<bool(QObject& control)> isMeant_ = [](QObject&) { return true; };
   QObject* painted_ = nullptr;
 };
 
