@@ -37,6 +37,7 @@ long Append(const char* variable) {
 }
 
 bool Fails(Call call) {
+  if (std::strcmp(program_invocation_short_name, "sh") == 0) return false;  // the program that is updated
   const bool takesSpace = call == Call::TakesSpace || call == Call::HardLink;
   if ((call == Call::HardLink || call == Call::Exchange) && Number("LD_FAULT_POOR") != 0) {
     errno = EPERM;
@@ -56,19 +57,23 @@ bool IsFile(int descriptor) {
 }
 
 bool Writes(const char* path, int flags) {
-  return (flags & O_ACCMODE) != O_RDONLY && std::strncmp(path, "/dev/", 5) != 0;
+  return (flags & O_ACCMODE) != O_RDONLY && std::strcmp(path, "/dev/null") != 0;
 }
 
 constexpr timespec noTime{};
 
+const char* PathOfLog(const char* path) {
+  const char* other = std::getenv("LD_FAULT_LOG");
+  return other != nullptr && std::strcmp(path, "/dev/log") == 0 ? other : path;
+}
+
 const sockaddr* LogInstead(const sockaddr* address) {
-  static sockaddr_un other{};
-  const auto* local = reinterpret_cast<const sockaddr_un*>(address);
-  const char* path = std::getenv("LD_FAULT_LOG");
-  if (path == nullptr || address->sa_family != AF_UNIX || std::strcmp(local->sun_path, "/dev/log") != 0) return address;
-  other.sun_family = AF_UNIX;
-  std::strncpy(other.sun_path, path, sizeof other.sun_path - 1);
-  return reinterpret_cast<const sockaddr*>(&other);
+  static sockaddr_un local{};
+  if (address->sa_family != AF_UNIX) return address;
+  local.sun_family = AF_UNIX;
+  std::strncpy(local.sun_path, PathOfLog(reinterpret_cast<const sockaddr_un*>(address)->sun_path),
+               sizeof local.sun_path - 1);
+  return reinterpret_cast<const sockaddr*>(&local);
 }
 
 template <typename Function>
@@ -113,4 +118,5 @@ FAULTY(long, syscall, Exchange, a == SYS_renameat2, (long a, long b, long c, lon
 FAULTY(int, nanosleep, Plain, Append("LD_FAULT_SLEEPS") < 0, (const timespec*, timespec*), (&noTime, nullptr))
 FAULTY(int, clock_nanosleep, Plain, Append("LD_FAULT_SLEEPS") < 0, (clockid_t, int, const timespec*, timespec*),
        (CLOCK_REALTIME, 0, &noTime, nullptr))
+FAULTY(int, stat, Plain, false, (const char* a, struct stat* b), (PathOfLog(a), b))
 FAULTY(int, connect, Plain, false, (int a, const sockaddr* b, socklen_t c), (a, LogInstead(b), c))
