@@ -1,7 +1,7 @@
-// Loaded into the tools that a script runs. Counts what changes files, over all processes, by the length of the file
+// Loaded into a program, and into the tools that it runs. Counts what changes files, over all processes, by the length of the file
 // LD_FAULT_COUNT, and lets the call number LD_FAULT_AT fail with the error LD_FAULT_ERROR, or kills the process group
-// there if that is 0. Negative numbers: every call from there on that takes space. Sleeping takes no time: each sleep
-// is a line in LD_FAULT_SLEEPS. The system log is at LD_FAULT_LOG.
+// there if that is 0. Negative numbers: every call from there on that takes space. With LD_FAULT_SLEEPS, sleeping takes
+// no time, and each sleep is a line in that file. The system log is at LD_FAULT_LOG.
 
 #include <cerrno>
 #include <csignal>
@@ -37,6 +37,7 @@ long Append(const char* variable) {
 }
 
 bool Fails(Call call) {
+  if (std::strcmp(program_invocation_short_name, "sh") == 0) return false;  // the program that is updated
   const bool takesSpace = call == Call::TakesSpace || call == Call::HardLink;
   if ((call == Call::HardLink || call == Call::Exchange) && Number("LD_FAULT_POOR") != 0) {
     errno = EPERM;
@@ -56,19 +57,26 @@ bool IsFile(int descriptor) {
 }
 
 bool Writes(const char* path, int flags) {
-  return (flags & O_ACCMODE) != O_RDONLY && std::strncmp(path, "/dev/", 5) != 0;
+  return (flags & O_ACCMODE) != O_RDONLY && std::strcmp(path, "/dev/null") != 0;
 }
 
-constexpr timespec noTime{};
+const timespec* SleepInstead(const timespec* time) {
+  static constexpr timespec noTime{};
+  return Append("LD_FAULT_SLEEPS") == 0 ? time : &noTime;
+}
+
+const char* PathOfLog(const char* path) {
+  const char* other = std::getenv("LD_FAULT_LOG");
+  return other != nullptr && std::strcmp(path, "/dev/log") == 0 ? other : path;
+}
 
 const sockaddr* LogInstead(const sockaddr* address) {
-  static sockaddr_un other{};
-  const auto* local = reinterpret_cast<const sockaddr_un*>(address);
-  const char* path = std::getenv("LD_FAULT_LOG");
-  if (path == nullptr || address->sa_family != AF_UNIX || std::strcmp(local->sun_path, "/dev/log") != 0) return address;
-  other.sun_family = AF_UNIX;
-  std::strncpy(other.sun_path, path, sizeof other.sun_path - 1);
-  return reinterpret_cast<const sockaddr*>(&other);
+  static sockaddr_un local{};
+  if (address->sa_family != AF_UNIX) return address;
+  local.sun_family = AF_UNIX;
+  std::strncpy(local.sun_path, PathOfLog(reinterpret_cast<const sockaddr_un*>(address)->sun_path),
+               sizeof local.sun_path - 1);
+  return reinterpret_cast<const sockaddr*>(&local);
 }
 
 template <typename Function>
@@ -110,7 +118,8 @@ FAULTY(int, openat, TakesSpace, Writes(b, c), (int a, const char* b, int c, mode
 FAULTY(int, openat64, TakesSpace, Writes(b, c), (int a, const char* b, int c, mode_t d), (a, b, c, d))
 FAULTY(long, syscall, Exchange, a == SYS_renameat2, (long a, long b, long c, long d, long e, long f, long g),
        (a, b, c, d, e, f, g))
-FAULTY(int, nanosleep, Plain, Append("LD_FAULT_SLEEPS") < 0, (const timespec*, timespec*), (&noTime, nullptr))
-FAULTY(int, clock_nanosleep, Plain, Append("LD_FAULT_SLEEPS") < 0, (clockid_t, int, const timespec*, timespec*),
-       (CLOCK_REALTIME, 0, &noTime, nullptr))
+FAULTY(int, nanosleep, Plain, false, (const timespec* a, timespec* b), (SleepInstead(a), b))
+FAULTY(int, clock_nanosleep, Plain, false, (clockid_t a, int b, const timespec* c, timespec* d),
+       (a, b, SleepInstead(c), d))
+FAULTY(int, stat, Plain, false, (const char* a, struct stat* b), (PathOfLog(a), b))
 FAULTY(int, connect, Plain, false, (int a, const sockaddr* b, socklen_t c), (a, LogInstead(b), c))

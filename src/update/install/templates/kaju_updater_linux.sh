@@ -14,13 +14,10 @@ shopt -s dotglob nullglob
 # The user's environment is for the program alone. A subscript in a name would be evaluated, so that is left out.
 mapfile -d '' -t </proc/self/environ
 set -- "${MAPFILE[@]}"
-user_environment=()
 for entry; do
   [[ $entry == LD_* || ${entry%%=*} == *[![:alnum:]_]* ]] || unset -v "${entry%%=*}"
 done
-for entry; do
-  [[ $entry == ?*=* ]] && user_environment+=("$entry")
-done
+user_environment=("$@")
 export PATH=/usr/bin:/bin LC_ALL=C
 
 APP_NAME=@@APP_NAME@@
@@ -46,7 +43,7 @@ log_is_stuck=0
 
 # Nobody may be there to take the line, or to take it in time.
 log_cmd() {
-  ((log_is_stuck)) && return
+  [[ -S /dev/log ]] && ((!log_is_stuck)) || return
   timeout 2 logger -t 'Kaju Update Script' -- "$*"
   (($? != 124)) || log_is_stuck=1
 }

@@ -1,0 +1,179 @@
+#include <chrono>
+#include <filesystem>
+#include <memory>
+
+#include <gmock/gmock.h>
+
+#include "shell/App.h"
+#include "tests/support/HandPlatform.h"
+#include "toolkit/RuntimeException.h"
+#include "toolkit/TextFile.h"
+#include "update/install/ScriptText.h"
+#include "update/install/Updating.h"
+
+namespace fs = std::filesystem;
+using Kaju::UpdateInitiater;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using toolkit::FolderItem;
+
+namespace {
+
+/// An unpacked update, and a place of its own for temporary files.
+struct UpdateInitiaterTest : testing::Test {
+  UpdateInitiaterTest() {
+    for (const FolderItem& folder : {temporary, replacement.Child("translations")}) folder.CreateAsFolder();
+    for (const char* name : {"corvane", "it's", ".DS_Store", "b\nc"})
+      toolkit::ReplaceFile(replacement.Child(name), name);
+    setenv("TMPDIR", temporary.Path().c_str(), 1);
+    initiater->ReplacementAppFolder = replacement;
+    initiater->ReplacementExecutableName = "corvane";
+    platform.WhileWaiting = [this] {
+      waits += 1;
+      pidFiles = PidFiles();
+      platform.Advance(std::chrono::milliseconds(100));
+    };
+  }
+  ~UpdateInitiaterTest() override { unsetenv("TMPDIR"); }
+
+  [[nodiscard]] int PidFiles() const {
+    return static_cast<int>(
+        std::ranges::count_if(temporary.Children(), [](const FolderItem& item) { return !item.IsFolder(); }));
+  }
+  [[nodiscard]] Kaju::Installation Installation(const char* executable, const char* name) const {
+    return {.Executable = FolderItem(executable),
+            .Version = "1.2.3_64-bit",
+            .Replacement = replacement,
+            .ReplacementExecutable = name,
+            .TempFolder = FolderItem("/tmp/a b//"),
+            .PidFile = FolderItem("/tmp/100%.pid")};
+  }
+
+  HandPlatform platform;
+  App app{{1, 2, 3}};
+  FolderItem temporary = platform.DesktopFolder().Child("temporary");
+  FolderItem replacement = platform.DesktopFolder().Child("new");
+  std::shared_ptr<UpdateInitiater> initiater = std::make_shared<UpdateInitiater>();
+  int waits = 0;
+  int pidFiles = 0;
+};
+
+}  // namespace
+
+TEST_F(UpdateInitiaterTest, QuotesForTheShell) {
+  for (const auto& [path, quoted] : {std::pair{"/a/it's", R"('/a/it'\''s')"},
+                                     {"/a b/$(x)\n\"///", "'/a b/$(x)\n\"'"},
+                                     {"/", "''"},
+                                     {"/''", R"('/'\'''\''')"}}) {
+    EXPECT_EQ(UpdateInitiater::ShellPathQuote(FolderItem(path)), quoted) << path;
+  }
+  EXPECT_EQ(UpdateInitiater::ShellQuote("a/'/"), R"('a/'\''/')");
+  EXPECT_EQ(UpdateInitiater::ArrayToShellScript({"a b", "it's"}, "N"), "N[0]='a b'\nN[1]='it'\\''s'\n");
+  EXPECT_EQ(UpdateInitiater::ArrayToShellScript({}, "N"), "");
+  EXPECT_EQ(UpdateInitiater::GetAppVersionForScript(), "1.2.3_64-bit");
+}
+
+TEST_F(UpdateInitiaterTest, ListsTheCompanions) {
+  EXPECT_THAT(UpdateInitiater::GetManifest(replacement, "corvane"), ElementsAre("b\nc", "it's", "translations"));
+  EXPECT_THAT(UpdateInitiater::GetManifest(replacement, "Corvane"),
+              ElementsAre("b\nc", "corvane", "it's", "translations"));
+  EXPECT_THAT(UpdateInitiater::GetManifest(replacement.Child("missing"), "corvane"), IsEmpty());
+}
+
+TEST_F(UpdateInitiaterTest, FillsTheTemplates) {
+  const std::string folder = replacement.Parent().Path().string();
+  const auto hostile = Installation("/opt/@@TEMP_FOLDER@@/it's @@PID_FILE_PATH@@ 50%", "new@@APP_NAME@@");
+  const std::string mac = Kaju::MacScript(hostile);
+  const std::string linux = Kaju::LinuxScript(hostile);
+  const std::string windows = Kaju::WindowsScript(hostile);
+  const std::string common =
+      "APP_NAME='it'\\''s @@PID_FILE_PATH@@ 50%'\nAPP_PARENT='/opt/@@TEMP_FOLDER@@'\nAPP_VERSION='1.2.3_64-bit'\n";
+  const std::string ends = "TEMP_FOLDER_PATH='/tmp/a b'\nPID_FILE='/tmp/100%.pid'\n";
+  const std::vector<std::pair<const std::string*, std::string>> parts{
+      {&mac, "#!/bin/bash\n"},
+      {&mac, common},
+      {&mac, "NEW_APP_NAME='new'\nNEW_APP_PARENT='" + folder + "'\n" + ends},
+      {&linux, "#!/bin/bash -p\n"},
+      {&linux, common},
+      {&linux, "NEW_APP_NAME='new@@APP_NAME@@'\nNEW_APP_PARENT='" + folder + "/new'\n" + ends},
+      {&linux, "NEW_APP_OTHER_UB=3\n"},
+      {&linux, "[0]='b\nc'\nNEW_APP_OTHER_NAME[1]='corvane'\nNEW_APP_OTHER_NAME[2]='it'\\''s'\n"},
+      {&windows, "@echo off\r\nREM "},
+      {&windows, "set \"APP_NAME=it's @@PID_FILE_PATH@@ 50%%\"\r\n"},
+      {&windows, "set \"APP_PARENT='/opt/@@TEMP_FOLDER@@'\"\r\n"},
+      {&windows, "set \"APP_VERSION=1.2.3_64-bit\"\r\n"},
+      {&windows, "set \"NEW_APP_NAME=new@@APP_NAME@@\"\r\n"},
+      {&windows, "set \"PID_FILE='/tmp/100%%.pid'\"\r\n"},
+      {&windows, "set \"DECOMPRESSED_FOLDER='" + folder + "'\"\r\n"},
+      {&windows, "set \"NAME=it's\"\r\nset \"KEEP=%INDEX%-it's\"\r\n"},
+      {&windows, "set \"NAME=translations\"\r\n"}};
+  for (const auto& [script, part] : parts) {
+    EXPECT_THAT(*script, HasSubstr(part));
+  }
+  EXPECT_EQ(windows.find("PSEUDO-ARRAY"), std::string::npos);
+  EXPECT_EQ(mac.find("@@NEW"), std::string::npos);
+  fs::remove_all(replacement.Path());
+  EXPECT_THAT(Kaju::LinuxScript(hostile), HasSubstr("NEW_APP_OTHER_UB=-1\nNEW_APP_OTHER_NAME=()\n\n"));
+}
+
+TEST_F(UpdateInitiaterTest, RunsTheScriptOnceWhenTheLastOwnerLetsGo) {
+  Kaju::StartUpdate(initiater);
+  initiater = nullptr;
+  EXPECT_THAT(platform.Processes, IsEmpty());
+  app.UpdateInitiater = nullptr;
+  ASSERT_EQ(platform.Processes.size(), 1U);
+  ASSERT_EQ(temporary.Children().size(), 1U);
+  const FolderItem script = temporary.Children()[0].Child("kaju_updater.sh");
+  EXPECT_EQ(platform.Processes[0]->CommandLine, "/usr/bin/nohup '" + script.Path().string() + "' &");
+  EXPECT_FALSE(platform.Processes[0]->IsKilled);
+  EXPECT_EQ(script.Permissions(), fs::perms(0711));
+  EXPECT_THAT(toolkit::ReadFile(script), HasSubstr("NEW_APP_OTHER_UB=2\n"));
+  EXPECT_EQ(waits, 11);
+  EXPECT_EQ(pidFiles, 1);
+  EXPECT_EQ(PidFiles(), 0);
+}
+
+TEST_F(UpdateInitiaterTest, DoesNothingWithoutAReplacement) {
+  Kaju::CancelUpdate();
+  Kaju::StartUpdate(initiater);
+  Kaju::CancelUpdate();
+  Kaju::CancelUpdate();
+  EXPECT_EQ(app.UpdateInitiater, nullptr);
+  EXPECT_FALSE(initiater->ReplacementAppFolder);
+  initiater->ReplacementAppFolder = replacement.Child("missing");
+  initiater->RunScript();
+  EXPECT_FALSE(initiater->ReplacementAppFolder);
+  initiater = nullptr;
+  EXPECT_THAT(temporary.Children(), IsEmpty());
+  EXPECT_THAT(platform.Processes, IsEmpty());
+  EXPECT_THAT(platform.Messages, IsEmpty());
+}
+
+TEST_F(UpdateInitiaterTest, TellsWhatGoesWrong) {
+  fs::remove_all(temporary.Path());
+  initiater = nullptr;
+  EXPECT_THAT(platform.Messages, ElementsAre(testing::StartsWith("Could not complete update - There is no folder")));
+  EXPECT_FALSE(UpdateInitiater::SaveScript("text", temporary));
+  EXPECT_EQ(platform.Messages.at(1), "Error writing script file: 2");
+  EXPECT_THAT(platform.Processes, IsEmpty());
+}
+
+TEST_F(UpdateInitiaterTest, HasAFlavourForEachPlatform) {
+  const std::string own = fs::read_symlink("/proc/self/exe").filename();
+  const FolderItem kept = initiater->ReplacementAppFolder->Child("corvane");
+  initiater->RunScriptWindows(temporary, temporary.Child("pid"));
+  EXPECT_THAT(platform.Processes, IsEmpty());
+  EXPECT_THAT(platform.OpenedURLs, ElementsAre("file://" + temporary.Child("kaju_updater.bat").Path().string()));
+  for (const bool isRenamed : {true, false}) {
+    EXPECT_EQ(kept.Exists(), isRenamed);
+    initiater->RunScriptMac(temporary, temporary.Child("pid"));
+    EXPECT_EQ(initiater->ReplacementAppFolder->Name(), own);
+  }
+  const FolderItem script = temporary.Child("kaju_updater.sh");
+  EXPECT_EQ(platform.Processes.at(1)->CommandLine, "nohup '" + script.Path().string() + "' &");
+  EXPECT_THAT(toolkit::ReadFile(script), HasSubstr("NEW_APP_NAME='" + own + "'\n"));
+  initiater->ReplacementAppFolder = replacement.Child("missing");
+  EXPECT_THROW(initiater->RunScriptMac(temporary, temporary.Child("pid")), toolkit::RuntimeException);
+  initiater->Cancel();
+}
