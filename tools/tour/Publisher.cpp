@@ -7,6 +7,9 @@
 #include <random>
 #include <stdexcept>
 
+#include <QBuffer>
+#include <QImage>
+#include <QPainter>
 #include <boost/json/serialize.hpp>
 #include <httplib.h>
 #include <openssl/evp.h>
@@ -24,6 +27,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
+constexpr QSize backgroundSize(800, 600);
+constexpr QRect placeOfIcon(29, 440, 100, 100);
 constexpr unsigned keyBits = 2048;
 constexpr std::size_t programSize = 300'000;
 // Often enough for a connection that must not stall, and too slow to get to the end.
@@ -31,7 +36,8 @@ constexpr std::size_t crawlingPart = 100;
 constexpr auto crawlingPause = 50ms;
 
 constexpr const char* newerNotes = R"(<h2>A year of listening</h2>
-<p><img src="$/icon" width="64" height="64" align="right">This version answers what you asked for most often.</p>
+<p><img src="$/icon" width="64" height="64"></p>
+<p>This version answers what you asked for most often.</p>
 <ul><li><b>Several servers at a glance.</b> Their windows open side by side, and each keeps its own size.</li>
 <li><b>Logs that find what you look for.</b> Type a word, and the rows that have it are counted.</li>
 <li>Lists of a million rows scroll as smoothly as short ones.</li></ul>
@@ -87,14 +93,31 @@ std::string VersionAfter(int releases) {
   return std::to_string(product::version.Major) + "." + std::to_string(product::version.Minor + releases) + ".0";
 }
 
-void ServeText(httplib::Server& server, const std::string& path, const std::string& text, const std::string& kind) {
-  server.Get(path, [=](const httplib::Request&, httplib::Response& response) { response.set_content(text, kind); });
+void Serve(httplib::Server& server, const std::string& path, const std::string& bytes, const std::string& kind) {
+  server.Get(path, [=](const httplib::Request&, httplib::Response& response) { response.set_content(bytes, kind); });
 }
 
-void ServePicture(httplib::Server& server, const std::string& path, std::string_view resource) {
-  const auto picture = toolkit::OpenPictureResource(resource);
+std::string Icon() {
+  const auto picture = toolkit::OpenPictureResource("corvane");
   const auto bytes = picture->Encoded();
-  ServeText(server, path, {reinterpret_cast<const char*>(bytes.data()), bytes.size()}, "image/png");
+  return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
+
+/// A picture to stand behind the controls of a window, with the icon where they leave room.
+std::string Background() {
+  QImage picture(backgroundSize, QImage::Format_RGB32);
+  QLinearGradient sky(0, 0, 0, picture.height());
+  sky.setColorAt(0, QColor(0x7f, 0xb2, 0xc4));
+  sky.setColorAt(1, QColor(0xf2, 0xdc, 0xb3));
+  QPainter painter(&picture);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  painter.fillRect(picture.rect(), sky);
+  painter.drawImage(placeOfIcon, QImage::fromData(QByteArray::fromStdString(Icon())));
+  painter.end();
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  Require(buffer.open(QIODevice::WriteOnly) && picture.save(&buffer, "PNG"), "paint a picture");
+  return bytes.toStdString();
 }
 
 }  // namespace
@@ -109,10 +132,10 @@ Publisher::Publisher(const toolkit::FolderItem& folder)
   const Key key(EVP_RSA_gen(keyBits), EVP_PKEY_free);
   Require(key != nullptr, "make a key");
   publicKey_ = PublicHalf(*key);
-  ServeText(*server_, "/updates", Packet(*key, Document()), "application/json");
-  ServeText(*server_, "/notes", toolkit::ReplaceAll(newerNotes, "$", url_), "text/html");
-  ServePicture(*server_, "/icon", "corvane");
-  ServePicture(*server_, "/background", "Logo_Banner_600x164");
+  Serve(*server_, "/updates", Packet(*key, Document()), "application/json");
+  Serve(*server_, "/notes", toolkit::ReplaceAll(newerNotes, "$", url_), "text/html");
+  Serve(*server_, "/icon", Icon(), "image/png");
+  Serve(*server_, "/background", Background(), "image/png");
   ServeArchive();
   thread_ = std::thread([this] { server_->listen_after_bind(); });
   while (!server_->is_running()) std::this_thread::yield();  // it cannot be stopped before
