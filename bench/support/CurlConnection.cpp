@@ -1,5 +1,6 @@
 #include "support/CurlConnection.h"
 
+#include <fstream>
 #include <stdexcept>
 
 namespace bench {
@@ -16,6 +17,11 @@ std::size_t TakeHeader(const char* /*bytes*/, std::size_t size, std::size_t coun
   auto& reply = *static_cast<Target*>(target)->Reply;
   if (reply.HeadersAt == Clock::time_point()) reply.HeadersAt = Clock::now();
   return size * count;
+}
+
+std::size_t TakeFile(const char* bytes, std::size_t size, std::size_t count, void* target) {
+  auto& file = *static_cast<std::ofstream*>(target);
+  return file.write(bytes, static_cast<std::streamsize>(size * count)) ? size * count : 0;
 }
 
 std::size_t TakeBody(const char* bytes, std::size_t size, std::size_t count, void* target) {
@@ -40,7 +46,6 @@ CurlConnection::CurlConnection()
   Check(curl_easy_setopt(handle_, CURLOPT_PROXY, ""));
   Check(curl_easy_setopt(handle_, CURLOPT_BUFFERSIZE, bufferSize));
   Check(curl_easy_setopt(handle_, CURLOPT_HEADERFUNCTION, TakeHeader));
-  Check(curl_easy_setopt(handle_, CURLOPT_WRITEFUNCTION, TakeBody));
 }
 
 CurlConnection::~CurlConnection() {
@@ -51,16 +56,35 @@ CurlConnection::~CurlConnection() {
 CurlConnection::Reply CurlConnection::Post(const std::string& url, const std::string& body) {
   Reply reply;
   Target target{.Handle = handle_, .Reply = &reply};
-  Check(curl_easy_setopt(handle_, CURLOPT_URL, url.c_str()));
   Check(curl_easy_setopt(handle_, CURLOPT_POSTFIELDS, body.c_str()));
   Check(curl_easy_setopt(handle_, CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(body.size())));
   Check(curl_easy_setopt(handle_, CURLOPT_HEADERDATA, &target));
+  Check(curl_easy_setopt(handle_, CURLOPT_WRITEFUNCTION, TakeBody));
   Check(curl_easy_setopt(handle_, CURLOPT_WRITEDATA, &target));
+  Perform(url);
+  return reply;
+}
+
+CurlConnection::Reply CurlConnection::Download(const std::string& url, const std::string& path) {
+  Reply reply;
+  Target target{.Handle = handle_, .Reply = &reply};
+  std::ofstream file(path, std::ios::binary | std::ios::trunc);
+  Check(curl_easy_setopt(handle_, CURLOPT_HTTPGET, 1L));
+  Check(curl_easy_setopt(handle_, CURLOPT_HEADERDATA, &target));
+  Check(curl_easy_setopt(handle_, CURLOPT_WRITEFUNCTION, TakeFile));
+  Check(curl_easy_setopt(handle_, CURLOPT_WRITEDATA, &file));
+  Perform(url);
+  file.close();
+  if (file.fail()) throw std::runtime_error(path + " cannot be written");
+  return reply;
+}
+
+void CurlConnection::Perform(const std::string& url) {
+  Check(curl_easy_setopt(handle_, CURLOPT_URL, url.c_str()));
   Check(curl_easy_perform(handle_));
   long status = 0;
   Check(curl_easy_getinfo(handle_, CURLINFO_RESPONSE_CODE, &status));
-  if (status != 200) throw std::runtime_error("the service refused a request: " + reply.Body);
-  return reply;
+  if (status != 200) throw std::runtime_error("the service answered " + std::to_string(status) + " for " + url);
 }
 
 void CurlConnection::Check(CURLcode code) const {

@@ -24,8 +24,12 @@ class CurlConnection {
 
   /// POSTs JSON and waits for the whole reply. Throws unless its status is 200.
   Reply Post(const std::string& url, const std::string& body);
+  /// Gets a file and waits until all of it is written to `path`; the reply has no body. Throws unless its status is
+  /// 200.
+  Reply Download(const std::string& url, const std::string& path);
 
  private:
+  void Perform(const std::string& url);
   void Check(CURLcode code) const;
 
   CURL* handle_;

@@ -84,6 +84,13 @@ PaintWatch::PaintWatch(QString control) : control_(std::move(control)) { qApp->i
 
 PaintWatch::~PaintWatch() { qApp->removeEventFilter(this); }
 
+void PaintWatch::ExpectRows(int rows) {
+  Expect([rows](QObject& control) {
+    const auto* list = qobject_cast<QAbstractItemView*>(&control);
+    return list != nullptr && list->model()->rowCount() == rows;
+  });
+}
+
 double PaintWatch::SecondsToPaint(const std::function<void()>& action) {
   const Clock::time_point start = Clock::now();
   action();
@@ -98,11 +105,9 @@ void PaintWatch::Wait() {
 }
 
 bool PaintWatch::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::Paint && watched->isWidgetType()) {
-    auto* list = qobject_cast<QAbstractItemView*>(watched->parent());
-    const bool isMeant = list != nullptr && list->objectName() == control_;
-    if (isMeant && (expectedRows_ < 0 || list->model()->rowCount() == expectedRows_)) painted_ = list;
-  }
+  QObject* control = watched->parent();
+  const bool isPainted = event->type() == QEvent::Paint && control != nullptr && control->objectName() == control_;
+  if (isPainted && isMeant_(*control)) painted_ = control;
   return false;
 }
 

@@ -82,29 +82,31 @@ class Desktop final : private QtBelow, public toolkit::Platform {
   Clock::time_point lastByteAt_;
 };
 
-/// Tells when a list of the program has been painted.
+/// Tells when a control that scrolls, such as a list, has been painted.
 class PaintWatch final : public QObject {
  public:
-  /// `control` is the name of the list.
+  /// `control` is its name.
   explicit PaintWatch(QString control);
   ~PaintWatch() override;
 
-  /// Only a picture of the list with that many rows counts from now on.
-  void ExpectRows(int rows) { expectedRows_ = rows; }
-  /// Does `action`, then runs the event loop until the list is painted after it. Returns the seconds that took.
+  /// Only a picture of the control when it is as it should be counts from now on.
+  void Expect(std::function<bool(QObject& control)> isAsItShouldBe) { isMeant_ = std::move(isAsItShouldBe); }
+  /// Only a picture of a list with that many rows counts from now on.
+  void ExpectRows(int rows);
+  /// Does `action`, then runs the event loop until the control is painted after it. Returns the seconds that took.
   double SecondsToPaint(const std::function<void()>& action);
-  /// Runs the event loop until the list is painted.
+  /// Runs the event loop until the control is painted.
   void Wait();
   /// The list that was painted last; nullptr if none was.
-  [[nodiscard]] QAbstractItemView* Painted() const { return painted_; }
+  [[nodiscard]] QAbstractItemView* Painted() const { return qobject_cast<QAbstractItemView*>(painted_); }
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   QString control_;
-  int expectedRows_ = -1;
-  QAbstractItemView* painted_ = nullptr;
+  std::function<bool(QObject& control)> isMeant_ = [](QObject&) { return true; };
+  QObject* painted_ = nullptr;
 };
 
 }  // namespace bench

@@ -23,35 +23,27 @@ std::size_t ReadNumber(const unsigned char* bytes, std::size_t place) {
   return number;
 }
 
-std::filesystem::path MakeFolder() {
-  std::string pattern = std::filesystem::temp_directory_path() / "corvane-bench-XXXXXX";
-  if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder can be made");
-  return pattern;
-}
-
 }  // namespace
 
-VirtualScreen::VirtualScreen() : folder_(MakeFolder()) {
+VirtualScreen::VirtualScreen() {
   const std::vector<std::string> command{"Xvfb",         "-displayfd", "1",   "-screen", "0",
-                                         "1280x1024x24", "-nolisten",  "tcp", "-fbdir",  folder_};
+                                         "1280x1024x24", "-nolisten",  "tcp", "-fbdir",  folder_.Path()};
   // It complains of each display number that is taken, before it finds a free one.
   server_ = std::make_unique<ChildProcess>(command, ErrorOutput::Dropped);
   const std::string display = std::string(":").append(server_->ReadLine());
   setenv("DISPLAY", display.c_str(), 1);
   setenv("QT_QPA_PLATFORM", "xcb", 1);
   // Qt complains at each start where there is none.
-  setenv("XDG_RUNTIME_DIR", folder_.c_str(), 0);
+  setenv("XDG_RUNTIME_DIR", folder_.Path().c_str(), 0);
   MapPixels();
 }
 
 VirtualScreen::~VirtualScreen() {
   if (memory_ != nullptr) munmap(memory_, memorySize_);
-  server_.reset();
-  std::filesystem::remove_all(folder_);
 }
 
 void VirtualScreen::MapPixels() {
-  const std::filesystem::path file = folder_ / "Xvfb_screen0";
+  const std::filesystem::path file = folder_.Path() / "Xvfb_screen0";
   memorySize_ = std::filesystem::file_size(file);
   const int opened = open(file.c_str(), O_RDONLY | O_CLOEXEC);
   void* memory = mmap(nullptr, memorySize_, PROT_READ, MAP_SHARED, opened, 0);

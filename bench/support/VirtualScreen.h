@@ -1,11 +1,11 @@
 #pragma once
 
 #include <cstdint>
-#include <filesystem>
 #include <memory>
 #include <span>
 
 #include "support/ChildProcess.h"
+#include "support/TemporaryFolder.h"
 
 namespace bench {
 
@@ -25,7 +25,7 @@ class VirtualScreen {
  private:
   void MapPixels();
 
-  std::filesystem::path folder_;
+  TemporaryFolder folder_;
   std::unique_ptr<ChildProcess> server_;
   void* memory_ = nullptr;
   std::size_t memorySize_ = 0;

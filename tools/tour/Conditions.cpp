@@ -2,11 +2,17 @@
 
 #include <memory>
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QClipboard>
+#include <QComboBox>
+#include <QDir>
 #include <QElapsedTimer>
 #include <QPlainTextEdit>
+#include <QProgressBar>
 #include <QScrollBar>
+#include <QTextBlock>
+#include <QTextEdit>
 
 #include "tour/Screen.h"
 
@@ -28,6 +34,20 @@ QString HiddenPart() {
   const auto* message = screen::FindAs<QPlainTextEdit>("message");
   const bool isWhole = message != nullptr && message->verticalScrollBar()->maximum() == 0;
   return If(!isWhole, "a part of the message is out of sight");
+}
+
+/// Of a picture that has not come, a page shows a point at most.
+int MissingPictures(const QTextDocument& page) {
+  int missing = 0;
+  for (QTextBlock block = page.begin(); block.isValid(); block = block.next()) {
+    for (auto part = block.begin(); part != block.end(); ++part) {
+      const QTextImageFormat image = part.fragment().charFormat().toImageFormat();
+      if (!image.isValid()) continue;
+      const auto picture = page.resource(QTextDocument::ImageResource, QUrl(image.name())).value<QPixmap>();
+      if (picture.width() <= 1) ++missing;
+    }
+  }
+  return missing;
 }
 
 Condition EachIs(const std::vector<QString>& names, bool enabled) {
@@ -56,6 +76,15 @@ Condition Says(const QString& name, const QString& text) {
     if (part == nullptr) return "there is no " + name;
     const QString said = screen::TextOf(*part);
     return If(said != text, name + " says " + Quoted(said) + ", not " + Quoted(text));
+  };
+}
+
+Condition SaysWith(const QString& name, const QString& part) {
+  return [=]() -> QString {
+    const QWidget* shown = screen::Find(name);
+    if (shown == nullptr) return "there is no " + name;
+    const QString said = screen::TextOf(*shown);
+    return If(!said.contains(part), name + " says " + Quoted(said) + ", without " + Quoted(part));
   };
 }
 
@@ -170,6 +199,36 @@ Condition MessageWith(const QString& part) {
 
 Condition NoMessage() {
   return [] { return If(screen::Box() != nullptr, "a message box says " + Quoted(StandingMessage())); };
+}
+
+Condition PicturesShown(const QString& page) {
+  return [page] {
+    const auto* shown = screen::FindAs<QTextEdit>(page);
+    const int missing = shown == nullptr ? -1 : MissingPictures(*shown->document());
+    return If(missing != 0, QStringLiteral("%1 lacks %2 pictures").arg(page).arg(missing));
+  };
+}
+
+Condition MenuOpen(const QString& menu) {
+  return [menu] {
+    const auto* shown = screen::FindAs<QComboBox>(menu);
+    return If(shown == nullptr || !shown->view()->isVisible(), menu + " is not open");
+  };
+}
+
+Condition PartlyDone(const QString& bar) {
+  return [bar] {
+    const auto* shown = screen::FindAs<QProgressBar>(bar);
+    const bool isOnTheWay = shown != nullptr && shown->value() > 0 && shown->value() < shown->maximum();
+    return If(!isOnTheWay, bar + " does not stand between its ends");
+  };
+}
+
+Condition NothingIn(const QString& folder) {
+  return [folder] {
+    const QStringList entries = QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    return If(!entries.isEmpty(), folder + " holds " + entries.join(", "));
+  };
 }
 
 Condition Throughout(std::chrono::milliseconds time, const Condition& condition) {

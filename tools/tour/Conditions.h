@@ -13,6 +13,7 @@ namespace tour {
 
 [[nodiscard]] Condition WindowsOpen(const QString& title, int count);
 [[nodiscard]] Condition Says(const QString& name, const QString& text);
+[[nodiscard]] Condition SaysWith(const QString& name, const QString& part);
 [[nodiscard]] Condition Enabled(const std::vector<QString>& names);
 [[nodiscard]] Condition Disabled(const std::vector<QString>& names);
 [[nodiscard]] Condition Visible(const QString& name);
@@ -35,6 +36,15 @@ namespace tour {
 [[nodiscard]] Condition Message(const QString& text);
 [[nodiscard]] Condition MessageWith(const QString& part);
 [[nodiscard]] Condition NoMessage();
+
+/// Every picture of a page has come.
+[[nodiscard]] Condition PicturesShown(const QString& page);
+/// The rows of a popup menu can be chosen from.
+[[nodiscard]] Condition MenuOpen(const QString& menu);
+/// A progress bar has a known end, and is on the way there.
+[[nodiscard]] Condition PartlyDone(const QString& bar);
+
+[[nodiscard]] Condition NothingIn(const QString& folder);
 
 /// Stays true for as long as `time`; once broken it stays broken.
 [[nodiscard]] Condition Throughout(std::chrono::milliseconds time, const Condition& condition);

@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTest>
+#include <QTextBrowser>
 #include <QWindow>
 
 #include "tour/Screen.h"
@@ -74,6 +75,15 @@ Spot RowSpot(const QString& list, int row) {
 Inputs PointAtRow(const QString& list, int row, Qt::MouseButton button, Hit hit) {
   return Point(
       list, [list, row] { return RowSpot(list, row); }, button, hit);
+}
+
+Spot LinkSpot(const QString& page, const QString& text) {
+  auto* view = screen::FindAs<QTextBrowser>(page);
+  if (view == nullptr) return {};
+  QTextCursor cursor = view->document()->find(text);
+  cursor.setPosition((cursor.selectionStart() + cursor.selectionEnd()) / 2);
+  const QPoint place = view->cursorRect(cursor).center();
+  return view->anchorAt(place).isEmpty() ? Spot() : Spot{view->viewport(), place};
 }
 
 Spot BoxButtonSpot(const QString& caption) {
@@ -148,6 +158,10 @@ Inputs DoubleClickRow(const QString& list, int row) { return PointAtRow(list, ro
 
 Inputs ClickRow(const QString& list, const QString& row) {
   return Point(row, [list, row] { return RowSpot(list, screen::RowNamed(list, row)); });
+}
+
+Inputs ClickLink(const QString& page, const QString& text) {
+  return Point(text, [page, text] { return LinkSpot(page, text); });
 }
 
 Inputs PressInBox(const QString& caption) {

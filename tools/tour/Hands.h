@@ -28,6 +28,8 @@ Inputs operator+(Inputs first, Inputs second);
 [[nodiscard]] Inputs ClickRow(const QString& list, int row);
 [[nodiscard]] Inputs RightClickRow(const QString& list, int row);
 [[nodiscard]] Inputs DoubleClickRow(const QString& list, int row);
+/// The link of a page that has this text.
+[[nodiscard]] Inputs ClickLink(const QString& page, const QString& text);
 [[nodiscard]] Inputs PressInBox(const QString& caption);
 /// Menus and their entries go by their names; the menu bar is that of the window in front.
 [[nodiscard]] Inputs ClickMenu(const QString& menu);

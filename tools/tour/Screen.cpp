@@ -5,11 +5,14 @@
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QComboBox>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QRegularExpression>
 #include <QScreen>
+#include <QTextEdit>
 #include <QWindow>
 
 namespace tour::screen {
@@ -52,7 +55,12 @@ QWidget* Box() { return Find("dialogBox"); }
 QString TextOf(const QWidget& part) {
   if (const auto* label = qobject_cast<const QLabel*>(&part)) return label->text();
   if (const auto* field = qobject_cast<const QLineEdit*>(&part)) return field->text();
-  if (const auto* button = qobject_cast<const QAbstractButton*>(&part)) return button->text().remove('&');
+  if (const auto* button = qobject_cast<const QAbstractButton*>(&part)) {
+    static const QRegularExpression accessKey("&(.)");
+    return button->text().replace(accessKey, "\\1");
+  }
+  if (const auto* menu = qobject_cast<const QComboBox*>(&part)) return menu->currentText();
+  if (const auto* page = qobject_cast<const QTextEdit*>(&part)) return page->toPlainText();
   if (const auto* message = qobject_cast<const QPlainTextEdit*>(&part)) return message->toPlainText();
   return {};
 }

@@ -23,7 +23,7 @@ Kind* FindAs(const QString& name) {
 /// The message box that stands; nullptr if none does.
 [[nodiscard]] QWidget* Box();
 
-/// The text of a label, a field, a button or a message.
+/// The text of a label, a field, a button, a message or a page, or the chosen row of a menu.
 [[nodiscard]] QString TextOf(const QWidget& part);
 
 /// The cell of a list as it is shown; empty if there is none.

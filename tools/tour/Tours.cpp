@@ -20,35 +20,8 @@ Steps Join(std::initializer_list<Steps> parts) {
   return all;
 }
 
-}  // namespace
-
-Steps ClosingSteps() {
-  return {
-      {"Enter on the server's row opens a second window of the server",
-       BringToFront(mainTitle) + ClickRow("listServers", 0) + Key(Qt::Key_Return),
-       {WindowsOpen(serverTitle, 2), Rows("list_overview", 19), NoMessage()}},
-      {"closes it; the first one stays", Close(serverTitle), {WindowsOpen(serverTitle, 1)}},
-      {"closes the first one; the log windows stay",
-       Close(serverTitle),
-       {WindowsOpen(serverTitle, 0), WindowsOpen(logTitle, 2)}},
-      {"closes the log windows; the main window stays, with its server",
-       Close(logTitle) + Close(logTitle),
-       {WindowsOpen(logTitle, 0), WindowsOpen(mainTitle, 1), Rows("listServers", 1)}},
-      {"opens the menu Edit", ClickMenu("EditMenu"), {Visible("EditMenu")}, "menu"},
-      {"Escape closes it", Key(Qt::Key_Escape), {Hidden("EditMenu")}},
-      {"the main window grows in height only, and the form stays at its foot",
-       Grow(mainTitle, {100, 86}),
-       {StandsAt("listServers", {0, 162, 600, 200}), StandsAt("txtHostname", {20, 460, 560, 22})},
-       "main-grown"},
-      QuitStep(),
-  };
-}
-
-Steps FullTour(const Visit& visit) {
-  return Join({MainWindowSteps(visit), OverviewSteps(), ContainerSteps(), LogSteps(), RebootSteps(), ClosingSteps()});
-}
-
-Steps PictureTour(const Visit& visit) {
+/// The windows of the panel.
+Steps PanelPictureSteps(const Visit& visit) {
   return {
       {"the main window opens", BringToFront(mainTitle), {WindowsOpen(mainTitle, 1)}, "main-empty"},
       {"a message comes", Click("btnAddServer"), {Visible("dialogBox")}, "message"},
@@ -80,9 +53,41 @@ Steps PictureTour(const Visit& visit) {
        ClickRow("list_logs", 0) + Key(Qt::Key_F, Qt::ControlModifier) + Keys("ms"),
        {FoundFirst("list_logs", "ms")},
        "log-find"},
-      {"the main window comes back", BringToFront(mainTitle), {HasKeyboard("listServers")}},
+  };
+}
+
+}  // namespace
+
+Steps ClosingSteps() {
+  return {
+      {"Enter on the server's row opens a second window of the server",
+       BringToFront(mainTitle) + ClickRow("listServers", 0) + Key(Qt::Key_Return),
+       {WindowsOpen(serverTitle, 2), Rows("list_overview", 19), NoMessage()}},
+      {"closes it; the first one stays", Close(serverTitle), {WindowsOpen(serverTitle, 1)}},
+      {"closes the first one; the log windows stay",
+       Close(serverTitle),
+       {WindowsOpen(serverTitle, 0), WindowsOpen(logTitle, 2)}},
+      {"closes the log windows; the main window stays, with its server",
+       Close(logTitle) + Close(logTitle),
+       {WindowsOpen(logTitle, 0), WindowsOpen(mainTitle, 1), Rows("listServers", 1)}},
+      {"opens the menu Edit", ClickMenu("EditMenu"), {Visible("EditMenu")}, "menu"},
+      {"Escape closes it", Key(Qt::Key_Escape), {Hidden("EditMenu")}},
+      {"the main window grows in height only, and the form stays at its foot",
+       Grow(mainTitle, {100, 86}),
+       {StandsAt("listServers", {0, 162, 600, 200}), StandsAt("txtHostname", {20, 460, 560, 22})},
+       "main-grown"},
       QuitStep(),
   };
+}
+
+Steps FullTour(const Visit& visit, Publisher& publisher) {
+  return Join({MainWindowSteps(visit), UpdateSteps(publisher), OverviewSteps(), ContainerSteps(), LogSteps(),
+               RebootSteps(), ClosingSteps()});
+}
+
+Steps PictureTour(const Visit& visit, Publisher& publisher) {
+  const Step back{"the main window comes back", BringToFront(mainTitle), {HasKeyboard("listServers")}};
+  return Join({PanelPictureSteps(visit), UpdatePictureSteps(publisher), {back, QuitStep()}});
 }
 
 }  // namespace tour

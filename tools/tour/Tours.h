@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include "tour/Publisher.h"
 #include "tour/Step.h"
 
 /// What is played. Each part goes on where the one before it has ended.
@@ -16,10 +17,13 @@ struct Visit {
 
 inline const QString mainTitle = QStringLiteral("Corvane");
 inline const QString serverTitle = QStringLiteral("Corvane - Server Control Panel");
+inline const QString updateTitle = QStringLiteral("Update Available");
 inline const QString logTitle = QStringLiteral("Corvane - Container Logs");
 
 /// The main window, up to a server in its list.
 [[nodiscard]] Steps MainWindowSteps(const Visit& visit);
+/// The update window: what `publisher` offers, up to an update that is ready; nothing is ever installed.
+[[nodiscard]] Steps UpdateSteps(Publisher& publisher);
 /// A server's window and its tab "Overview".
 [[nodiscard]] Steps OverviewSteps();
 /// Its tab "Containers".
@@ -32,8 +36,10 @@ inline const QString logTitle = QStringLiteral("Corvane - Container Logs");
 [[nodiscard]] Steps ClosingSteps();
 
 /// Everything.
-[[nodiscard]] Steps FullTour(const Visit& visit);
+[[nodiscard]] Steps FullTour(const Visit& visit, Publisher& publisher);
+/// The update window's states, for their pictures.
+[[nodiscard]] Steps UpdatePictureSteps(Publisher& publisher);
 /// Each window once, for its picture.
-[[nodiscard]] Steps PictureTour(const Visit& visit);
+[[nodiscard]] Steps PictureTour(const Visit& visit, Publisher& publisher);
 
 }  // namespace tour

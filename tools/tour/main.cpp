@@ -1,6 +1,7 @@
 // Plays Corvane as a user would, prints what it does, and takes pictures of the windows.
 
 #include <cstdlib>
+#include <exception>
 #include <iostream>
 #include <memory>
 #include <optional>
@@ -16,7 +17,9 @@
 #include "shell/App.h"
 #include "shell/Product.h"
 #include "toolkit/qt/QtPlatform.h"
+#include "tour/OwnFolders.h"
 #include "tour/Player.h"
+#include "tour/Publisher.h"
 #include "tour/Tours.h"
 
 namespace {
@@ -75,12 +78,15 @@ QPalette DarkPalette() {
 
 /// Plays in this process. Returns whether every step has worked.
 bool Play(const Options& options, int& argumentCount, char** arguments) {
+  const tour::OwnFolders folders;
   toolkit::qt::QtPlatform platform(argumentCount, arguments);
   if (options.dark) QApplication::setPalette(DarkPalette());
   App app(product::version);
 
-  tour::Player player(options.IsForPictures() ? tour::PictureTour(options.visit) : tour::FullTour(options.visit),
-                      options.output, options.Suffix());
+  tour::Publisher publisher(toolkit::FolderItem(folders.Scratch().toStdString()));
+  tour::Player player(
+      options.IsForPictures() ? tour::PictureTour(options.visit, publisher) : tour::FullTour(options.visit, publisher),
+      options.output, options.Suffix());
   const int status = app.Run([&] {
     const auto mainWindow = std::make_shared<wMain>(
         [](const std::shared_ptr<CorvaneServer>& server) { std::make_shared<wServer>(server)->Show(); });
@@ -112,12 +118,17 @@ int main(int argc, char** argv) {
   }
   if (options->scale != 1) qputenv("QT_SCALE_FACTOR", QByteArray::number(options->scale));
 
-  bool isGood = Play(*options, argc, argv);
-  if (isGood && !options->IsForPictures()) {
-    std::cout << "In a dark palette:" << std::endl;
-    isGood = PlayAgain(arguments, {"--dark"});
-    std::cout << "At twice the size:" << std::endl;
-    isGood = PlayAgain(arguments, {"--scale", "2"}) && isGood;
+  try {
+    bool isGood = Play(*options, argc, argv);
+    if (isGood && !options->IsForPictures()) {
+      std::cout << "In a dark palette:" << std::endl;
+      isGood = PlayAgain(arguments, {"--dark"});
+      std::cout << "At twice the size:" << std::endl;
+      isGood = PlayAgain(arguments, {"--scale", "2"}) && isGood;
+    }
+    return isGood ? EXIT_SUCCESS : EXIT_FAILURE;
+  } catch (const std::exception& exception) {
+    std::cerr << "corvane-tour: " << exception.what() << std::endl;
+    return EXIT_FAILURE;
   }
-  return isGood ? EXIT_SUCCESS : EXIT_FAILURE;
 }

@@ -119,6 +119,8 @@ void QtTransfer::Start(ConnectionPool& pool, const QUrl& url, HTTPRequest reques
   reply_ = request.Method == "HEAD"
                ? manager_->head(made)
                : manager_->sendCustomRequest(made, QByteArray::fromStdString(request.Method), body);
+  // What comes before the limit would be let through again and again, on top of it. A file can come at once.
+  if (!hasBody) reply_->setReadBufferSize(mostUnread);
   if (body != nullptr) body->setParent(reply_);
   if (request.Certificates == CertificateCheck::Skipped) reply_->ignoreSslErrors();
   LimitTime(request);

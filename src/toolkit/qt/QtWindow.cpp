@@ -72,7 +72,10 @@ void QtWindow::ShowFrame() {
   setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
   const QWidget* active = QApplication::activeWindow();
   const QScreen* target = active != nullptr ? active->screen() : screen();
-  move(target->availableGeometry().center() - rect().center());
+  const QRect free = target->availableGeometry();
+  const QPoint middle = free.center() - rect().center();
+  // On a screen that is too small, the title and the menus stay in reach.
+  move(std::max(middle.x(), free.left()), std::max(middle.y(), free.top()));
 }
 
 void QtWindow::Appear() {
@@ -112,8 +115,8 @@ void QtWindow::changeEvent(QEvent* event) {
 }
 
 // Only keys that the widget with the keyboard has no use for come here. Where there is a default button, Return is for
-// it alone: the one that has the keyboard may have got it from another that was disabled under it. A frame without a close button can keep the
-// desktop from closing the window by the keyboard.
+// it alone: the one that has the keyboard may have got it from another that was disabled under it. A frame without a
+// close button can keep the desktop from closing the window by the keyboard.
 void QtWindow::keyPressEvent(QKeyEvent* event) {
   const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   const bool isPlain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier && !event->isAutoRepeat();

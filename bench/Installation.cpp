@@ -1,0 +1,253 @@
+// The update window: how fast it opens, and an update from the first byte of its file to the moment when only the press
+// that installs it is missing.
+//
+// The real window fetches from a server on this machine, hashes and unpacks. Each download has a process of its own,
+// whose memory is that of the program. The floor does the same work in the same place right after it: libcurl writes
+// the file, then openssl and unzip read it.
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <exception>
+#include <fstream>
+#include <iostream>
+#include <memory>
+#include <random>
+#include <sstream>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include <QTextDocument>
+#include <QTextEdit>
+
+#include "shell/App.h"
+#include "support/ChildProcess.h"
+#include "support/CurlConnection.h"
+#include "support/Desktop.h"
+#include "support/FileServer.h"
+#include "support/Measure.h"
+#include "support/Memory.h"
+#include "support/Report.h"
+#include "support/TemporaryFolder.h"
+#include "support/VirtualScreen.h"
+#include "update/check/FileHelpers.h"
+#include "update/install/KajuUpdateWindow.h"
+
+namespace {
+
+using bench::Desktop;
+using bench::Unit;
+using Stage = KajuUpdateWindow::Stage;
+
+constexpr int rounds = 5;
+constexpr int openings = 40;
+constexpr int manyOffers = 50;
+constexpr int megabytesOfLarge = 200;
+constexpr int megabytesOfSmall = 20;
+constexpr std::size_t megabyte = 1'000'000;
+constexpr double slowestUnpacking = 1.2;
+constexpr double slowestDownload = 1 / 0.8;
+constexpr double longestOpening = 0.080;
+// What the offers behind the first one may cost, and what the allocator takes more or less of by chance.
+constexpr double tolerance = 1.1;
+
+void Run(const std::string& command) {
+  if (std::system(command.c_str()) != 0) throw std::runtime_error("this failed: " + command);
+}
+
+std::string Quoted(const std::filesystem::path& path) { return toolkit::FolderItem(path).ShellPath(); }
+
+/// Three quarters of it cannot be compressed, as in a program full of compressed resources; the rest is text.
+std::string MakeArchive(const std::filesystem::path& folder, int megabytes) {
+  constexpr std::string_view letters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+  const std::string name = std::to_string(megabytes) + ".zip";
+  const bench::TemporaryFolder scratch;
+  const std::filesystem::path program = scratch.Path() / "corvane";
+  std::filesystem::create_directory(program);
+  std::mt19937_64 random(static_cast<unsigned>(megabytes));
+  for (int part = 0; part < megabytes; part += 4) {
+    std::string bytes(3 * megabyte, '\0');
+    std::ranges::generate(bytes, [&] { return static_cast<char>(random()); });
+    std::ofstream(program / ("library" + std::to_string(part)), std::ios::binary) << bytes;
+    std::string text(4 * megabyte / 3, '\0');
+    std::ranges::generate(text, [&] { return letters[random() % letters.size()]; });
+    std::ofstream(program / ("text" + std::to_string(part)), std::ios::binary) << text;
+  }
+  Run("cd " + Quoted(scratch.Path()) + " && zip -q -r " + Quoted(folder / name) + " corvane");
+  return name;
+}
+
+std::shared_ptr<Kaju::UpdateInformation> Offer(const std::string& version, const std::string& url = "http://h/a.zip",
+                                               const std::string& hash = "00") {
+  auto offer = std::make_shared<Kaju::UpdateInformation>();
+  offer->AppName = "Corvane";
+  offer->Version = version;
+  for (int line = 0; line < 200; ++line) {
+    offer->ReleaseNotes.append("<h3>Change ").append(std::to_string(line));
+    offer->ReleaseNotes += "</h3><p>The window of a server tells <b>how long</b> it has been <i>running</i>.</p>";
+  }
+  const auto binary = offer->FetchBinary("LinuxBinary64bit");
+  binary->URL = url;
+  binary->Hash = hash;
+  binary->ExecutableName = "corvane";
+  return offer;
+}
+
+class UpdateWindow {
+ public:
+  UpdateWindow() : checker_(std::make_shared<Kaju::UpdateChecker>(toolkit::FolderItem(folder_.Path()), "preferences")) {
+    checker_->DefaultImage = Logo_Banner_600x164();
+  }
+
+  std::shared_ptr<KajuUpdateWindow> Open(Kaju::Offers offers) {
+    auto window = KajuUpdateWindow::Shared();
+    window->ChooseUpdate(checker_, std::move(offers));
+    return window;
+  }
+
+ private:
+  bench::TemporaryFolder folder_;
+  std::shared_ptr<Kaju::UpdateChecker> checker_;
+};
+
+/// Whoever held the window must have let go of it.
+void Close(std::shared_ptr<KajuUpdateWindow> window) {
+  const std::weak_ptr<KajuUpdateWindow> closing = window;
+  std::exchange(window, nullptr)->Cancel();
+  Desktop::RunUntil([&] { return closing.expired(); });
+}
+
+/// What a process of its own prints: the seconds from the first header to the last byte, those from there to an update
+/// that is ready, and the most memory it has had.
+void Install(Desktop& desktop, const std::string& url, const std::string& hash) {
+  const App app({1, 0, 0});
+  bench::PaintWatch watch("hvNotes");
+  UpdateWindow update;
+  auto window = update.Open({Offer("2.0.0", url, hash)});
+  watch.Wait();
+  window->btnOK.Press();
+  Desktop::RunUntil([&] { return window->CurrentStage != Stage::Installing; });
+  const double unpacking = bench::SecondsSince(desktop.LastByteAt());
+  if (window->CurrentStage != Stage::AskingToQuit) throw std::runtime_error(window->lblInstallMessage.Text());
+  std::cout << bench::Duration(desktop.LastByteAt() - desktop.HeadersAt()).count() << ' ' << unpacking << ' '
+            << bench::PeakMemory() << std::endl;
+  Close(std::move(window));
+}
+
+struct Figures {
+  std::vector<double> Downloading;
+  std::vector<double> Unpacking;
+  std::vector<double> Memory;
+};
+
+void InstallInProcess(const std::string& url, const std::string& hash, Figures& figures) {
+  bench::ChildProcess program({bench::BuiltProgram("bench-installation"), "--install", url, hash});
+  std::istringstream line(program.ReadLine());
+  double downloading = 0;
+  double unpacking = 0;
+  double memory = 0;
+  if (!(line >> downloading >> unpacking >> memory)) throw std::runtime_error("no figures: " + line.str());
+  program.Wait();
+  figures.Downloading.push_back(downloading);
+  figures.Unpacking.push_back(unpacking);
+  figures.Memory.push_back(memory);
+}
+
+void DoTheLeast(const std::string& url, Figures& figures) {
+  const bench::TemporaryFolder scratch;
+  const std::filesystem::path archive = scratch.Path() / "corvane.zip";
+  bench::CurlConnection curl;
+  const auto reply = curl.Download(url, archive);
+  figures.Downloading.push_back(bench::SecondsSince(reply.HeadersAt));
+  figures.Unpacking.push_back(bench::SecondsOf([&] {
+    Run("openssl md5 " + Quoted(archive) + " >/dev/null && unzip -q " + Quoted(archive) + " -d " +
+        Quoted(scratch.Path() / "decompressed"));
+  }));
+}
+
+void MeasureInstalling(bench::Report& report) {
+  const bench::TemporaryFolder folder;
+  const std::string large = MakeArchive(folder.Path(), megabytesOfLarge);
+  const std::string small = MakeArchive(folder.Path(), megabytesOfSmall);
+  const auto hashOf = [&](const std::string& name) {
+    return Kaju::HashOfFile(toolkit::FolderItem(folder.Path() / name));
+  };
+  bench::ChildProcess server({bench::BuiltProgram("bench-installation"), "--serve", folder.Path()});
+  const std::string url = server.ReadLine() + "/";
+  Figures ofLarge;
+  Figures ofSmall;
+  Figures floor;
+  for (int round = 0; round < rounds; ++round) {
+    InstallInProcess(url + large, hashOf(large), ofLarge);
+    DoTheLeast(url + large, floor);
+    InstallInProcess(url + small, hashOf(small), ofSmall);
+  }
+  report.Ratio("200 MB update, last byte to ready to install", Unit::Seconds, bench::Median(ofLarge.Unpacking),
+               {"openssl md5, then unzip", bench::Median(floor.Unpacking)}, slowestUnpacking);
+  report.Ratio("200 MB update, download", Unit::Seconds, bench::Median(ofLarge.Downloading),
+               {"libcurl", bench::Median(floor.Downloading)}, slowestDownload);
+  report.Ratio("peak memory with an update of 200 MB", Unit::Bytes, bench::Median(ofLarge.Memory),
+               {"of 20 MB", bench::Median(ofSmall.Memory)}, tolerance);
+}
+
+double SecondsToOpen(UpdateWindow& update, const Kaju::Offers& offers) {
+  bench::PaintWatch watch("hvNotes");
+  watch.Expect([](QObject& notes) { return !qobject_cast<QTextEdit*>(&notes)->document()->isEmpty(); });
+  std::shared_ptr<KajuUpdateWindow> window;
+  const double seconds = watch.SecondsToPaint([&] { window = update.Open(offers); });
+  if (window->pumUpdates.ListCount() != static_cast<int>(offers.size()))
+    throw std::runtime_error("an offer is missing");
+  Close(std::move(window));
+  return seconds;
+}
+
+void MeasureOpening(bench::Report& report) {
+  const App app({1, 0, 0});
+  UpdateWindow update;
+  Kaju::Offers offers;
+  for (int number = 0; number < manyOffers; ++number) offers.push_back(Offer("2.0." + std::to_string(number)));
+  const Kaju::Offers one{offers.back()};
+  std::vector<double> ofOne;
+  std::vector<double> ofMany;
+  for (int opening = 0; opening <= openings; ++opening) {
+    const double shortMenu = SecondsToOpen(update, one);
+    const double longMenu = SecondsToOpen(update, offers);
+    if (opening == 0) continue;
+    ofOne.push_back(shortMenu);
+    ofMany.push_back(longMenu);
+  }
+  report.Value("opening the update window", Unit::Seconds, bench::Median(ofOne), longestOpening);
+  report.Ratio("opening it with 50 offers", Unit::Seconds, bench::Median(ofMany), {"with one", bench::Median(ofOne)},
+               tolerance);
+}
+
+int Measure(int argc, char** argv) {
+  const bench::VirtualScreen screen;
+  Desktop desktop(argc, argv);
+  bench::Report report;
+  MeasureInstalling(report);
+  MeasureOpening(report);
+  return report.Status();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    const std::vector<std::string> arguments(argv + 1, argv + argc);
+    if (arguments.size() == 2 && arguments[0] == "--serve") {
+      bench::ServeFiles(arguments[1]);
+      return EXIT_FAILURE;
+    }
+    if (arguments.size() != 3 || arguments[0] != "--install") return Measure(argc, argv);
+    Desktop desktop(argc, argv);
+    Install(desktop, arguments[1], arguments[2]);
+    return EXIT_SUCCESS;
+  } catch (const std::exception& exception) {
+    std::cerr << "bench-installation: " << exception.what() << std::endl;
+    return EXIT_FAILURE;
+  }
+}
