@@ -165,7 +165,7 @@
 </message>
 <message id="KajuLocale.kVersionsLabel">
     <source>Available Versions:</source>
-    <translation>Verfügbare Versionen:</translation>
+    <translation>Versionen:</translation>
 </message>
 <message id="KajuLocale.kWindowTitle">
     <source>Update Available</source>

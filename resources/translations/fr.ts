@@ -117,7 +117,7 @@
 </message>
 <message id="KajuLocale.kRemindMeLaterButton">
     <source>Remind Me Later</source>
-    <translation>Me le rappeler plus tard</translation>
+    <translation>Rappeler plus tard</translation>
 </message>
 <message id="KajuLocale.kSecondaryNoticeMultiple">
     <source>You have version &lt;&lt;ThisVersion&gt;&gt; and there are multiple updates available. Install one?</source>
@@ -165,7 +165,7 @@
 </message>
 <message id="KajuLocale.kVersionsLabel">
     <source>Available Versions:</source>
-    <translation>Versions disponibles :</translation>
+    <translation>Versions :</translation>
 </message>
 <message id="KajuLocale.kWindowTitle">
     <source>Update Available</source>

@@ -165,7 +165,7 @@
 </message>
 <message id="KajuLocale.kVersionsLabel">
     <source>Available Versions:</source>
-    <translation>Versões disponíveis:</translation>
+    <translation>Versões:</translation>
 </message>
 <message id="KajuLocale.kWindowTitle">
     <source>Update Available</source>

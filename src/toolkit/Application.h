@@ -45,8 +45,8 @@ class Application {
   int Run(const std::function<void()>& lateStartup);
 
  protected:
-  /// The program is quitting, and its windows are closed. Called once. Dialogs still stand, and the event loop still runs
-  /// where something waits.
+  /// The program is quitting, and its windows are closed. Called once. Dialogs still stand, and the event loop still
+  /// runs where something waits.
   virtual void Event_Close() {}
 
  private:

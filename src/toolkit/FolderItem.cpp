@@ -24,7 +24,8 @@ fs::file_type TypeOf(const fs::path& path) {
 /// A path in the system's temporary folder that ends as mkstemp() and mkdtemp() want it.
 std::string TemporaryPath() {
   std::error_code error;
-  const fs::path folder = fs::absolute(fs::temp_directory_path(error));
+  fs::path folder = fs::temp_directory_path(error);
+  if (!error) folder = fs::absolute(folder, error);
   if (error) throw RuntimeException("There is no folder for temporary files: " + error.message() + ".");
   return (folder / "corvane-XXXXXX").string();
 }

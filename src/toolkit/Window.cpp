@@ -22,12 +22,7 @@ Span Follow(Span designed, int growth, bool lockedToStart, bool lockedToEnd) {
 }  // namespace
 
 Window::Window(std::string title, Size size, Size minimum, Size maximum, WindowFrame frame)
-    : title_(std::move(title)),
-      designed_(size),
-      size_(size),
-      minimum_(minimum),
-      maximum_(maximum),
-      frame_(frame) {}
+    : title_(std::move(title)), designed_(size), size_(size), minimum_(minimum), maximum_(maximum), frame_(frame) {}
 
 Rect Window::PlaceOf(const Control& control) const {
   const Rect frame = control.Frame();

@@ -24,8 +24,7 @@ using Stage = KajuUpdateWindow::Stage;
 
 Kaju::Offers OfferOf(char** arguments) {
   const boost::json::object binary{{"URL", arguments[1]}, {"Hash", arguments[2]}, {"ExecutableName", arguments[3]}};
-  const toolkit::JSONItem offer =
-      boost::json::object{{"AppName", "A"}, {"Version", "9"}, {"LinuxBinary64bit", binary}};
+  const toolkit::JSONItem offer = boost::json::object{{"AppName", "A"}, {"Version", "9"}, {"LinuxBinary64bit", binary}};
   return {std::make_shared<Kaju::UpdateInformation>(offer)};
 }
 

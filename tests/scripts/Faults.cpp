@@ -1,7 +1,7 @@
-// Loaded into a program, and into the tools that it runs. Counts what changes files, over all processes, by the length of the file
-// LD_FAULT_COUNT, and lets the call number LD_FAULT_AT fail with the error LD_FAULT_ERROR, or kills the process group
-// there if that is 0. Negative numbers: every call from there on that takes space. With LD_FAULT_SLEEPS, sleeping takes
-// no time, and each sleep is a line in that file. The system log is at LD_FAULT_LOG.
+// Loaded into a program, and into the tools that it runs. Counts what changes files, over all processes, by the length
+// of the file LD_FAULT_COUNT, and lets the call number LD_FAULT_AT fail with the error LD_FAULT_ERROR, or kills the
+// process group there if that is 0. Negative numbers: every call from there on that takes space. With LD_FAULT_SLEEPS,
+// sleeping takes no time, and each sleep is a line in that file. The system log is at LD_FAULT_LOG.
 
 #include <cerrno>
 #include <csignal>

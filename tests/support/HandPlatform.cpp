@@ -113,7 +113,8 @@ std::unique_ptr<toolkit::PlatformTimer> HandPlatform::StartTimer(std::chrono::mi
 
 std::unique_ptr<toolkit::ChildProcess> HandPlatform::StartProcess(const std::string& commandLine,
                                                                   std::function<void(toolkit::ProcessEnd)> ended) {
-  Processes.push_back(std::make_shared<StartedProcess>(StartedProcess{.CommandLine = commandLine, .IsKilled = false, .Ended = std::move(ended)}));
+  Processes.push_back(std::make_shared<StartedProcess>(
+      StartedProcess{.CommandLine = commandLine, .IsKilled = false, .Ended = std::move(ended)}));
   return std::make_unique<HandProcess>(Processes.back());
 }
 

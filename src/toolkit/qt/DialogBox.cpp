@@ -126,8 +126,8 @@ QWidget* DialogBox::MakeButtons(const MessageDialog& dialog) {
   const auto add = [&](const MessageDialog::Button& button, QDialogButtonBox::StandardButton standard,
                        QDialogButtonBox::ButtonRole role, DialogButton meaning) {
     if (!button.Visible) return;
-    QPushButton* made = button.Caption.empty() ? buttons->addButton(standard)
-                                               : buttons->addButton(ToQt(button.Caption), role);
+    QPushButton* made =
+        button.Caption.empty() ? buttons->addButton(standard) : buttons->addButton(ToQt(button.Caption), role);
     connect(made, &QPushButton::clicked, this, [this, meaning] {
       pressed_ = meaning;
       accept();

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 
+#include <QHelpEvent>
 #include <QPainter>
 #include <QTextLayout>
+#include <QToolTip>
 
 #include "toolkit/qt/DisplayText.h"
 #include "toolkit/qt/QtText.h"
@@ -17,6 +19,8 @@ constexpr double smallFont = 0.85;
 /// How far the plate behind a text reaches beyond it, and how much of a picture it lets through.
 constexpr int plateMargin = 4;
 constexpr int plateAlpha = 200;
+constexpr std::size_t longestToolTip = 2000;
+constexpr QChar ellipsis(0x2026);
 
 Qt::Alignment ToQt(Alignment alignment) {
   switch (alignment) {
@@ -57,6 +61,15 @@ QStringList Wrap(const QString& text, const QFont& font, int width, qsizetype mo
   return lines;
 }
 
+/// A soft ground in the window's own colour: not to be seen on that colour, and enough to read on any other.
+void PaintPlate(QPainter& painter, const QRect& place, QColor color) {
+  color.setAlpha(plateAlpha);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(color);
+  painter.drawRoundedRect(place, plateMargin, plateMargin);
+}
+
 }  // namespace
 
 LabelView::LabelView(Label& label, QWidget& parent) : ViewOf(label, parent) {
@@ -76,10 +89,15 @@ QFont LabelView::TextFont() const {
   return Shown().Font() == LabelFont::BoldSmallSystem ? Smaller(textFont) : textFont;
 }
 
-QStringList LabelView::LinesWithin(QSize size, const QFont& textFont) const {
-  const QFontMetrics metrics(textFont);
+QRect LabelView::TextPlace() const {
+  const int margin = Shown().Ground() == LabelGround::Picture ? plateMargin : 0;
+  return rect().adjusted(margin, 0, -margin, 0);
+}
+
+QStringList LabelView::ShownLines() const {
+  const QSize size = TextPlace().size();
+  const QFontMetrics metrics(TextFont());
   const std::string_view text = WholeCharacters(Shown().Text(), 0, mostBytes);
-  const QString ellipsis(QChar(0x2026));
   QStringList lines;
   if (Shown().Lines() == LabelLines::One) {
     lines.append(DisplayText(text));
@@ -90,7 +108,7 @@ QStringList LabelView::LinesWithin(QSize size, const QFont& textFont) const {
         lines.back() += ellipsis;
         break;
       }
-      lines += Wrap(DisplayText(FromQt(paragraph)), textFont, size.width(), mostLines - lines.size());
+      lines += Wrap(DisplayText(FromQt(paragraph)), TextFont(), size.width(), mostLines - lines.size());
     }
   }
   if (text.size() < Shown().Text().size()) lines.back() += ellipsis;
@@ -100,28 +118,30 @@ QStringList LabelView::LinesWithin(QSize size, const QFont& textFont) const {
 
 void LabelView::paintEvent(QPaintEvent* /*event*/) {
   if (Shown().Text().empty()) return;
-  const bool onPicture = Shown().Ground() == LabelGround::Picture;
-  const QFont textFont = TextFont();
-  const int margin = onPicture ? plateMargin : 0;
-  const QRect place = rect().adjusted(margin, 0, -margin, 0);
-  const QString lines = LinesWithin(place.size(), textFont).join('\n');
-  const bool isOneLine =
-      !lines.contains('\n') && (Shown().Lines() == LabelLines::One || QFontMetrics(textFont).height() > place.height());
-  const auto flags = static_cast<int>(ToQt(Shown().TextAlign()) | (isOneLine ? Qt::AlignVCenter : Qt::AlignTop));
-
+  const QRect place = TextPlace();
+  const QString lines = ShownLines().join('\n');
   QPainter painter(this);
-  painter.setFont(textFont);
-  if (onPicture) {
-    const QRect text = painter.boundingRect(place, flags, lines).adjusted(-plateMargin, -1, plateMargin, 1);
-    QColor plate = palette().color(QPalette::Window);
-    plate.setAlpha(plateAlpha);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(plate);
-    painter.drawRoundedRect(text & rect(), plateMargin, plateMargin);
+  painter.setFont(TextFont());
+  const bool isOneLine =
+      Shown().Lines() == LabelLines::One || (!lines.contains('\n') && painter.fontMetrics().height() > place.height());
+  const auto flags = static_cast<int>(ToQt(Shown().TextAlign()) | (isOneLine ? Qt::AlignVCenter : Qt::AlignTop));
+  if (Shown().Ground() == LabelGround::Picture) {
+    PaintPlate(painter, painter.boundingRect(place, flags, lines).adjusted(-plateMargin, -1, plateMargin, 1) & rect(),
+               palette().color(QPalette::Window));
   }
   painter.setPen(palette().color(foregroundRole()));
   painter.drawText(place, flags, lines);
+}
+
+// A text that is cut can be read in a tool tip.
+bool LabelView::event(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return QLabel::event(event);
+  const QStringList lines = ShownLines();
+  if (Shown().Text().empty() || !lines.back().endsWith(ellipsis)) return QLabel::event(event);
+  const QString text =
+      qt::ToQt(WholeCharacters(Shown().Text(), 0, longestToolTip)).remove('\r').toHtmlEscaped().replace('\n', "<br>");
+  QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), "<p>" + text + "</p>", this);
+  return true;
 }
 
 }  // namespace toolkit::qt

@@ -15,11 +15,14 @@ class LabelView final : public ViewOf<QLabel, Label> {
   void Refresh() override;
 
  protected:
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:
   [[nodiscard]] QFont TextFont() const;
-  [[nodiscard]] QStringList LinesWithin(QSize size, const QFont& textFont) const;
+  /// Where the text goes, and the lines of it that there is room for; the last one ends in an ellipsis if it is cut.
+  [[nodiscard]] QRect TextPlace() const;
+  [[nodiscard]] QStringList ShownLines() const;
 };
 
 }  // namespace toolkit::qt

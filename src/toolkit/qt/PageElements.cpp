@@ -1,7 +1,6 @@
 #include "toolkit/qt/PageElements.h"
 
 #include <algorithm>
-#include <cctype>
 #include <charconv>
 #include <unordered_map>
 
@@ -52,12 +51,6 @@ Elements MakeElements() {
   return elements;
 }
 
-bool HasOnly(std::string_view text, std::string_view others) {
-  return std::all_of(text.begin(), text.end(), [&](char character) {
-    return std::isalnum(static_cast<unsigned char>(character)) != 0 || others.find(character) != std::string_view::npos;
-  });
-}
-
 bool IsLength(std::string_view value) {
   constexpr int widest = 2000;
   const bool isShare = value.ends_with('%');
@@ -72,9 +65,9 @@ struct AttributeRow {
   bool (*isHarmless)(std::string_view value);
 };
 
-bool IsWord(std::string_view value) { return HasOnly(value, "-"); }
-bool IsColor(std::string_view value) { return HasOnly(value, "#"); }
-bool AreNames(std::string_view value) { return HasOnly(value, "-_ ,"); }
+bool IsWord(std::string_view value) { return HasOnlyLettersAnd(value, "-"); }
+bool IsColor(std::string_view value) { return HasOnlyLettersAnd(value, "#"); }
+bool AreNames(std::string_view value) { return HasOnlyLettersAnd(value, "-_ ,"); }
 bool IsRelativeNumber(std::string_view value) {
   return IsNumberUpTo99(value.starts_with('+') || value.starts_with('-') ? value.substr(1) : value);
 }

@@ -13,7 +13,7 @@ namespace {
 // What a page may have at most. The text layout takes 10 to 20 µs for a tag, several times that for a cell or a
 // picture, and for items of a list and pieces of a paragraph the longer the more there are of them.
 constexpr int mostCost = 30'000;
-constexpr int costOfCell = 5;
+constexpr int costOfCell = 6;
 constexpr int costOfPicture = 5;
 constexpr int linesPerCost = 5;
 constexpr std::size_t mostPictures = 200;
@@ -204,9 +204,9 @@ void PageFilter::OpenCell(const HTMLToken& tag) {
 }
 
 void PageFilter::Grow(OpenElement& table, int rows, int columns) {
-  const auto depth =
-      std::ranges::count_if(open_, [](const OpenElement& open) { return open.element.Kind == ElementKind::Table; });
-  cost_ += (costOfCell << (depth - 1)) * (rows * columns - table.rows * table.columns);
+  int costOfPlace = costOfCell / 2;
+  for (const OpenElement& open : open_) costOfPlace *= open.element.Kind == ElementKind::Table ? 2 : 1;
+  cost_ += costOfPlace * (rows * columns - table.rows * table.columns);
   table.rows = rows;
   table.columns = columns;
 }

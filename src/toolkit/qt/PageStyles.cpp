@@ -1,7 +1,6 @@
 #include "toolkit/qt/PageStyles.h"
 
 #include <algorithm>
-#include <cctype>
 
 #include "toolkit/Text.h"
 
@@ -22,17 +21,13 @@ bool IsOneOf(const auto& names, std::string_view name) {
   return std::find(std::begin(names), std::end(names), name) != std::end(names);
 }
 
-bool HasOnly(std::string_view text, std::string_view others) {
-  return std::all_of(text.begin(), text.end(), [&](char character) {
-    return std::isalnum(static_cast<unsigned char>(character)) != 0 || others.find(character) != std::string_view::npos;
-  });
-}
+bool IsDigit(char character) { return character >= '0' && character <= '9'; }
 
 std::size_t LongestNumber(std::string_view text) {
   std::size_t longest = 0;
   std::size_t length = 0;
   for (const char character : text) {
-    length = std::isdigit(static_cast<unsigned char>(character)) != 0 ? length + 1 : 0;
+    length = IsDigit(character) ? length + 1 : 0;
     longest = std::max(longest, length);
   }
   return longest;
@@ -41,8 +36,9 @@ std::size_t LongestNumber(std::string_view text) {
 // A size relative to another one would grow with every element inside an element.
 bool IsHarmless(std::string_view property, std::string_view value) {
   if (value.size() > longestValue) return false;
-  if (IsOneOf(colors, property)) return HasOnly(value, "#%., ()") && LowerCase(value).find("url") == std::string::npos;
-  if (!IsOneOf(otherProperties, property) || !HasOnly(value, "%., '\"-")) return false;
+  if (IsOneOf(colors, property))
+    return HasOnlyLettersAnd(value, "#%., ()") && LowerCase(value).find("url") == std::string::npos;
+  if (!IsOneOf(otherProperties, property) || !HasOnlyLettersAnd(value, "%., '\"-")) return false;
   if (property != "font-size") return LongestNumber(value) <= 3;
   const bool isAbsolute = value.ends_with("px") || value.ends_with("pt");
   return LongestNumber(value) == 0 || (LongestNumber(value) <= 2 && isAbsolute);
@@ -93,12 +89,19 @@ std::string HarmlessStyleSheet(std::string_view sheet) {
     const std::size_t closing = rest.find('}');
     const std::string declarations = HarmlessDeclarations(Before(rest, closing));
     rest = After(rest, closing);
-    const bool isPlain = selectors.size() <= longestValue && HasOnly(selectors, "-_., \n\r\t");
+    const bool isPlain = selectors.size() <= longestValue && HasOnlyLettersAnd(selectors, "-_., \n\r\t");
     if (isPlain && !selectors.empty() && !declarations.empty()) {
       kept.append(selectors).append("{").append(declarations).append("}");
     }
   }
   return kept;
+}
+
+bool HasOnlyLettersAnd(std::string_view text, std::string_view others) {
+  return std::all_of(text.begin(), text.end(), [&](char character) {
+    const bool isLetter = (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z');
+    return isLetter || IsDigit(character) || others.find(character) != std::string_view::npos;
+  });
 }
 
 }  // namespace toolkit::qt

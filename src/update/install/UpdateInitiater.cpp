@@ -52,6 +52,7 @@ void RunDetached(const FolderItem& script, const std::string& nohup) {
   shell.Mode = toolkit::Shell::RunMode::Asynchronous;
   shell.Execute(nohup + " " + UpdateInitiater::ShellQuote(script.Path().native()) + " &");
   LetScriptStart();
+  if (shell.ErrorCode() != 0) throw toolkit::RuntimeException("The install script cannot be started.");
 }
 
 }  // namespace

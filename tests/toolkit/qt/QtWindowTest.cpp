@@ -3,9 +3,11 @@
 #include <QBuffer>
 #include <QComboBox>
 #include <QDialog>
+#include <QHelpEvent>
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QScreen>
+#include <QToolTip>
 #include <gmock/gmock.h>
 
 #include "tests/desktop/Desktop.h"
@@ -145,14 +147,14 @@ TEST_F(Form, ABarShowsHowFarItIsAndMovesWhereThereIsNoEnd) {
 
 TEST_F(Form, ALabelShowsWholeLinesOfItsTextOnly) {
   const std::string words = QString("some words & more ").repeated(500).toStdString();
-  const std::tuple<const char*, std::string, LabelFont, LabelLines, int> rows[] = {
-      {"one line", words, LabelFont::BoldSystem, LabelLines::One, 1},
-      {"one line of breaks", "a\nb\nc", LabelFont::System, LabelLines::One, 1},
-      {"one huge word", std::string(300'000, 'w'), LabelFont::System, LabelLines::Several, 3},
-      {"words", words, LabelFont::System, LabelLines::Several, 3},
-      {"paragraphs", "a\r\n<b>b</b>\nc\nd\ne\nf\ng", LabelFont::BoldSmallSystem, LabelLines::Several, 3},
-      {"nothing", "", LabelFont::System, LabelLines::Several, 0}};
-  for (const auto& [what, text, font, lines, expected] : rows) {
+  const std::tuple<const char*, std::string, LabelFont, LabelLines, int, const char*> rows[] = {
+      {"nothing", "", LabelFont::System, LabelLines::Several, 0, ""},
+      {"one line of breaks", "a\nb\nc", LabelFont::System, LabelLines::One, 1, ""},
+      {"one line", words, LabelFont::BoldSystem, LabelLines::One, 1, "<p>some"},
+      {"one huge word", std::string(300'000, 'w'), LabelFont::System, LabelLines::Several, 3, "<p>wwww"},
+      {"words", words, LabelFont::System, LabelLines::Several, 3, "<p>some"},
+      {"paragraphs", "a\r\n<b>b\nc\nd\ne\nf", LabelFont::BoldSmallSystem, LabelLines::Several, 3, "<p>a<br"}};
+  for (const auto& [what, text, font, lines, expected, toolTip] : rows) {
     model->Text.Text(text).Font(font).Lines(lines);
     const QImage image = LabelPicture();
     int inked = 0;
@@ -160,6 +162,9 @@ TEST_F(Form, ALabelShowsWholeLinesOfItsTextOnly) {
     EXPECT_LE(inked, expected * window.fontMetrics().height()) << what;
     EXPECT_GE(inked, expected * window.fontMetrics().height() / 3) << what;
     EXPECT_EQ(InkWidth(image.copy(0, 59, 150, 1)), 0) << what << " is cut through";
+    QHelpEvent help(QEvent::ToolTip, {9, 9}, window.mapToGlobal(QPoint(230, 50)));
+    QApplication::sendEvent(&Find("text"), &help);
+    EXPECT_EQ(QToolTip::text().left(7), toolTip) << what;
   }
 }
 
@@ -230,13 +235,13 @@ TEST_F(Form, AFixedWindowStandsInTheMiddleAndMayRefuseToCloseButNotBeyondTheSess
 
 // The views of a closed window stay for as long as a dialog stands.
 TEST_F(Form, AWindowThatIsShownAgainFollowsItsControls) {
-  BoxReader reader([this, isFirst = true](QDialog& box) mutable {
-    if (std::exchange(isFirst, false)) model->Close(), model->Window::Show();
+  const auto other = std::make_shared<OtherWindow>();  // keeps the program running
+  other->Show();
+  BoxReader reader([&](QDialog& box) {
+    if (reader.Texts.size() == 1) model->Close(), model->Window::Show();
     box.accept();
   });
   model->Other.Action = [] { MsgBox("closing"); };
-  const auto other = std::make_shared<OtherWindow>();  // keeps the program running
-  other->Show();
   Click(Find("other"));
   QTest::qWait(30);
   model->Field.Text("followed");
