@@ -2,11 +2,10 @@
 // that installs it is missing.
 //
 // The real window fetches from a server on this machine, hashes and unpacks. Each download has a process of its own,
-// whose memory is that of the program. The floor does the same work in the same place right after it: libcurl writes
-// the file, then openssl and unzip read it.
+// whose memory is that of the program. The floor does the same work in the same place, in turns: libcurl writes the
+// file, then openssl and unzip read it.
 
 #include <algorithm>
-#include <array>
 #include <cstdlib>
 #include <exception>
 #include <fstream>
@@ -17,6 +16,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <unistd.h>
 #include <utility>
 #include <vector>
 
@@ -42,7 +42,7 @@ using bench::Desktop;
 using bench::Unit;
 using Stage = KajuUpdateWindow::Stage;
 
-constexpr int rounds = 5;
+constexpr int rounds = 6;
 constexpr int openings = 40;
 constexpr int manyOffers = 50;
 constexpr int megabytesOfLarge = 200;
@@ -51,8 +51,9 @@ constexpr std::size_t megabyte = 1'000'000;
 constexpr double slowestUnpacking = 1.2;
 constexpr double slowestDownload = 1 / 0.8;
 constexpr double longestOpening = 0.080;
-// What the offers behind the first one may cost, and what the allocator takes more or less of by chance.
-constexpr double tolerance = 1.1;
+// A file that is held whole gives 4. What arrives before anybody asks for it depends on what else runs.
+constexpr double tolerableGrowth = 1.5;
+constexpr double tolerableDelay = 1.2;
 
 void Run(const std::string& command) {
   if (std::system(command.c_str()) != 0) throw std::runtime_error("this failed: " + command);
@@ -172,25 +173,29 @@ void MeasureInstalling(bench::Report& report) {
   const bench::TemporaryFolder folder;
   const std::string large = MakeArchive(folder.Path(), megabytesOfLarge);
   const std::string small = MakeArchive(folder.Path(), megabytesOfSmall);
-  const auto hashOf = [&](const std::string& name) {
-    return Kaju::HashOfFile(toolkit::FolderItem(folder.Path() / name));
-  };
+  const std::string largeHash = Kaju::HashOfFile(toolkit::FolderItem(folder.Path() / large));
+  const std::string smallHash = Kaju::HashOfFile(toolkit::FolderItem(folder.Path() / small));
   bench::ChildProcess server({bench::BuiltProgram("bench-installation"), "--serve", folder.Path()});
   const std::string url = server.ReadLine() + "/";
   Figures ofLarge;
   Figures ofSmall;
   Figures floor;
   for (int round = 0; round < rounds; ++round) {
-    InstallInProcess(url + large, hashOf(large), ofLarge);
-    DoTheLeast(url + large, floor);
-    InstallInProcess(url + small, hashOf(small), ofSmall);
+    // Neither is to wait for what the other one has written.
+    if (round % 2 == 0) DoTheLeast(url + large, floor);
+    sync();
+    InstallInProcess(url + large, largeHash, ofLarge);
+    sync();
+    if (round % 2 != 0) DoTheLeast(url + large, floor);
+    InstallInProcess(url + small, smallHash, ofSmall);
+    sync();
   }
   report.Ratio("200 MB update, last byte to ready to install", Unit::Seconds, bench::Median(ofLarge.Unpacking),
                {"openssl md5, then unzip", bench::Median(floor.Unpacking)}, slowestUnpacking);
   report.Ratio("200 MB update, download", Unit::Seconds, bench::Median(ofLarge.Downloading),
                {"libcurl", bench::Median(floor.Downloading)}, slowestDownload);
   report.Ratio("peak memory with an update of 200 MB", Unit::Bytes, bench::Median(ofLarge.Memory),
-               {"of 20 MB", bench::Median(ofSmall.Memory)}, tolerance);
+               {"of 20 MB", bench::Median(ofSmall.Memory)}, tolerableGrowth);
 }
 
 double SecondsToOpen(UpdateWindow& update, const Kaju::Offers& offers) {
@@ -221,7 +226,7 @@ void MeasureOpening(bench::Report& report) {
   }
   report.Value("opening the update window", Unit::Seconds, bench::Median(ofOne), longestOpening);
   report.Ratio("opening it with 50 offers", Unit::Seconds, bench::Median(ofMany), {"with one", bench::Median(ofOne)},
-               tolerance);
+               tolerableDelay);
 }
 
 int Measure(int argc, char** argv) {
