@@ -64,7 +64,7 @@ std::string Quoted(const std::filesystem::path& path) { return toolkit::FolderIt
 /// Three quarters of it cannot be compressed, as in a program full of compressed resources; the rest is text.
 std::string MakeArchive(const std::filesystem::path& folder, int megabytes) {
   constexpr std::string_view letters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-  const std::string name = std::to_string(megabytes) + ".zip";
+  std::string name = std::to_string(megabytes) + ".zip";
   const bench::TemporaryFolder scratch;
   const std::filesystem::path program = scratch.Path() / "corvane";
   std::filesystem::create_directory(program);

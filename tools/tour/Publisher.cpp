@@ -42,7 +42,7 @@ constexpr const char* newerNotes = R"(<h2>A year of listening</h2>
 <li><b>Logs that find what you look for.</b> Type a word, and the rows that have it are counted.</li>
 <li>Lists of a million rows scroll as smoothly as short ones.</li></ul>
 <h3>Put right</h3>
-<p>A container that was removed meanwhile is told by its name. Read <a href="$/manual">the manual</a> for the rest.</p>)";
+<p>A container that was removed is told by its name. Read <a href="$/manual">the manual</a> for the rest.</p>)";
 
 constexpr const char* olderNotes = R"(<h2>Small repairs</h2>
 <p>The list of containers keeps its order. <a href="$/manual">The manual</a> tells more.</p>)";
