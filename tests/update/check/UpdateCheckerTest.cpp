@@ -17,11 +17,6 @@ using Versions = std::vector<std::string>;
 
 namespace {
 
-const SigningKey& Publisher() {
-  static const SigningKey key;
-  return key;
-}
-
 /// Remembers what it is to show.
 class Presenter final : public Kaju::UpdatePresenter {
  public:

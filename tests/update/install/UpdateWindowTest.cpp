@@ -301,7 +301,6 @@ TEST_F(UpdateWindowTest, AnotherChoiceEndsFetchingForTheFirst) {
 }
 
 TEST_F(UpdateWindowTest, QuitsInsteadOfClosingWhereAnUpdateIsRequired) {
-  const SigningKey publisher;
   const std::string members = R"("Version":"2","AppName":"A","LinuxBinary64bit":)" + file;
   for (int row = 0; row < 8; ++row) {
     SCOPED_TRACE(row);
@@ -310,10 +309,10 @@ TEST_F(UpdateWindowTest, QuitsInsteadOfClosingWhereAnUpdateIsRequired) {
     Remake();
     checker->QuitOnCancelIfRequired = (row & 2) != 0;
     checker->AllowedInteraction = 0;
-    checker->ServerPublicRSAKey = publisher.PublicKey();
+    checker->ServerPublicRSAKey = Publisher().PublicKey();
     checker->UpdateURL = "http://h/doc";
     const std::string document = (isRequired ? R"([{"MinimumRequiredVersion":"2",)" : "[{") + members + "}]";
-    platform.WhileWaiting = [&] { platform.LastRequest().Reply(200, publisher.Packet(document)); };
+    platform.WhileWaiting = [&] { platform.LastRequest().Reply(200, Publisher().Packet(document)); };
     window->Close();
     dryRun ? checker->TestUpdate(document) : checker->Execute();
     window = KajuUpdateWindow::Shared();
