@@ -1,3 +1,5 @@
+#include <map>
+
 #include <gmock/gmock.h>
 
 #include "shell/App.h"
