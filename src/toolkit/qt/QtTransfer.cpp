@@ -1,5 +1,6 @@
 #include "toolkit/qt/QtTransfer.h"
 
+#include <algorithm>
 #include <utility>
 
 #include <QNetworkAccessManager>
@@ -16,7 +17,7 @@ namespace {
 constexpr int portOfHTTPS = 443;
 constexpr int portOfHTTP = 80;
 // Qt's network thread may run ahead of the reader by this many bytes, so that a large body does not pile up there.
-constexpr std::uint64_t mostUnread = std::uint64_t{1} << 20U;
+constexpr qint64 mostUnread = qint64{1} << 20U;
 
 QNetworkRequest MakeRequest(const QUrl& url, const HTTPRequest& request) {
   QNetworkRequest made(url);
@@ -119,7 +120,7 @@ void QtTransfer::Start(ConnectionPool& pool, const QUrl& url, HTTPRequest reques
   reply_ = request.Method == "HEAD"
                ? manager_->head(made)
                : manager_->sendCustomRequest(made, QByteArray::fromStdString(request.Method), body);
-  // What comes before the limit would be let through again and again, on top of it. A file can come at once.
+  // A file can begin to arrive at once.
   if (!hasBody) reply_->setReadBufferSize(mostUnread);
   if (body != nullptr) body->setParent(reply_);
   if (request.Certificates == CertificateCheck::Skipped) reply_->ignoreSslErrors();
@@ -166,7 +167,7 @@ void QtTransfer::ReadHeaders() {
   std::optional<std::uint64_t> length;
   const QVariant announced = reply_->header(QNetworkRequest::ContentLengthHeader);
   if (announced.isValid()) length = announced.toULongLong();
-  if (length.value_or(mostUnread) >= mostUnread) reply_->setReadBufferSize(mostUnread);
+  if (!length || *length >= static_cast<std::uint64_t>(mostUnread)) reply_->setReadBufferSize(mostUnread);
   Platform::Current().Dispatch([&] { events_.HeadersReceived(status.toInt(), std::move(headers), length); });
 }
 
@@ -174,10 +175,23 @@ void QtTransfer::ReadHeaders() {
 void QtTransfer::ReadBody() {
   const QPointer<QtTransfer> alive(this);
   ReadHeaders();
-  if (!alive || !headersRead_) return;
-  const QByteArray bytes = reply_->readAll();
-  if (bytes.isEmpty()) return;
-  Platform::Current().Dispatch([&] { events_.BodyReceived({bytes.data(), static_cast<std::size_t>(bytes.size())}); });
+  while (alive && headersRead_) {
+    const QByteArray bytes = TakeBytes();
+    if (bytes.isEmpty()) return;
+    Platform::Current().Dispatch([&] { events_.BodyReceived({bytes.data(), static_cast<std::size_t>(bytes.size())}); });
+  }
+}
+
+// Qt does not count what arrives before its thread knows the limit. If the reading of that counted, Qt would let as
+// much more pile up again and again. Without a limit on this side, reading does not count.
+QByteArray QtTransfer::TakeBytes() {
+  const qint64 limit = reply_->readBufferSize();
+  const qint64 excess = reply_->bytesAvailable() - limit;
+  if (limit == 0 || excess <= 0) return reply_->readAll();
+  reply_->QNetworkReply::setReadBufferSize(0);
+  QByteArray bytes = reply_->read(std::min(excess, limit));
+  reply_->QNetworkReply::setReadBufferSize(limit);
+  return bytes;
 }
 
 void QtTransfer::Finish() {

@@ -28,6 +28,7 @@ class QtTransfer final : public QObject, public HTTPTransfer {
   void Listen(std::uint64_t bodySize);
   void ReadHeaders();
   void ReadBody();
+  [[nodiscard]] QByteArray TakeBytes();
   void Finish();
   void Fail(TransferFault fault, const QString& detail = {});
 
