@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include <QApplication>
+#include <QBuffer>
 #include <QDialog>
 #include <QPlainTextEdit>
 #include <QWindow>
@@ -60,6 +61,20 @@ void BoxReader::Look() {
   newBox->setProperty("read", true);
   Texts.push_back(newBox->findChild<QPlainTextEdit*>()->toPlainText().toStdString());
   QTimer::singleShot(20, newBox, [this, newBox] { act_(*newBox); });
+}
+
+std::string PictureOf(QColor color, QSize size) {
+  QImage image(size, QImage::Format_RGB32);
+  image.fill(color);
+  QBuffer buffer;
+  image.save(&buffer, "PNG");
+  return buffer.data().toStdString();
+}
+
+std::vector<QRgb> PixelsOf(const QImage& image) {
+  const QImage plain = image.convertToFormat(QImage::Format_RGB32);
+  const auto* first = reinterpret_cast<const QRgb*>(plain.constBits());
+  return {first, first + plain.sizeInBytes() / 4};
 }
 
 int InkWidth(const QImage& image) {

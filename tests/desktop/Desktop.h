@@ -71,5 +71,10 @@ class BoxReader {
   QTimer timer_;
 };
 
+/// A picture of one color, as a PNG file.
+[[nodiscard]] std::string PictureOf(QColor color, QSize size);
+
+[[nodiscard]] std::vector<QRgb> PixelsOf(const QImage& image);
+
 /// How many pixels there are from the first to the last column that is not as the right edge.
 [[nodiscard]] int InkWidth(const QImage& image);

@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <span>
 
 #include <QAbstractItemView>
 #include <QAccessible>
@@ -64,7 +63,7 @@ TEST_F(MainWindow, ControlsKeepTheirPlacesWhileTheWindowGrowsAndShrinks) {
   }
 }
 
-TEST_F(MainWindow, TheKeyboardGoesThroughTheControlsInOrderAndEachSaysWhatItIsFor) {
+TEST_F(MainWindow, TheKeyboardGoesThroughTheControlsInOrder) {
   std::vector<std::string> order;
   for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Backtab}) {
     for (int step = 0; step < 5; ++step) {
@@ -74,9 +73,6 @@ TEST_F(MainWindow, TheKeyboardGoesThroughTheControlsInOrderAndEachSaysWhatItIsFo
   }
   EXPECT_THAT(order, ElementsAre("txtHostname", "txtUsername", "txtPassword", "btnAddServer", "listServers",  //
                                  "txtHostname", "listServers", "btnAddServer", "txtPassword", "txtUsername"));
-  EXPECT_EQ(Find<QLineEdit>("txtHostname").placeholderText(), "Server Hostname or IP Address");
-  EXPECT_EQ(Find<QLineEdit>("txtUsername").placeholderText(), "Username");
-  EXPECT_EQ(Find<QLineEdit>("txtPassword").placeholderText(), "Password");
 }
 
 TEST_F(MainWindow, NothingGetsThePasswordOutOfItsField) {
@@ -123,11 +119,9 @@ TEST_F(MainWindow, EverythingCanBeReadOnADarkDesktop) {
     if (place.designed.top() > 162) areas.emplace_back(place.name, place.designed.adjusted(3, 3, -3, -3));
   }
   for (const auto& [name, area] : areas) {
-    const QImage part = picture.copy(area).convertToFormat(QImage::Format_RGB32);
-    const std::span pixels(reinterpret_cast<const QRgb*>(part.constBits()),
-                           static_cast<std::size_t>(area.width() * area.height()));
+    const QImage part = picture.copy(area);
     const auto isBright = [](QRgb pixel) { return qGray(pixel) > 110; };
-    EXPECT_GT(std::ranges::count_if(pixels, isBright), 10) << name << " has no bright text";
+    EXPECT_GT(std::ranges::count_if(PixelsOf(part), isBright), 10) << name << " has no bright text";
     EXPECT_FALSE(isBright(part.pixel(part.width() - 1, part.height() / 2))) << name << " has a bright background";
   }
 }

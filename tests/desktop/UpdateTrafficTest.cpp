@@ -72,13 +72,11 @@ TEST_F(UpdateTraffic, TellsEveryOutcomeByBodyStatusAndError) {
       // clang-format off
       {"document",            {{Reply(200, "KAJU")}},        "KAJU", 200, None},
       {"missing",             {{Reply(404, "no")}},          "no",   404, None},
-      {"broken",              {{Reply(500, "oh")}},          "oh",   500, None},
       {"empty",               {{Reply(200, "")}},            "",     200, None},
       {"moved",               {{Moved("/x")}},               "",     302, None},
       {"slow",                {{ten, "01", "23", "45", "67", "89"}, Close, {}, 400ms}, "0123456789", 200, None},
       {"stalls",              {{ten, "0", "1"}, Close, {}, 1500ms}, "", 200, TimeOut},
       {"short",               {{ten + "123"}, Close},        "",     200, Failure},
-      {"reset",               {{ten + "123"}, Reset},        "",     200, Failure},
       {"hangs up",            {{}, Close},                   "",     0,   Failure},
       {"never answers",       {{}},                          "",     0,   TimeOut},
       {"never speaks",        {{}},                          "",     0,   TimeOut},

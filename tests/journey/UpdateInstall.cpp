@@ -54,10 +54,6 @@ int main(int argc, char** argv) {
     platform.RunEventsUntil([&] { return window->CurrentStage > Stage::Installing; });
     const bool isReady = window->CurrentStage == Stage::AskingToQuit;
     std::cout << (isReady ? "ready" : "error " + window->lblInstallMessage.Text()) << std::endl;
-    if (isReady) {
-      window->btnOK.Press();
-    } else {
-      window->btnCancel.Press();
-    }
+    isReady ? window->btnOK.Press() : window->btnCancel.Press();
   });
 }

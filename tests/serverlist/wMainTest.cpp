@@ -15,7 +15,9 @@ using namespace testing;
 
 namespace {
 
-constexpr const char* reply = R"({"networkHostname":"named","networkIPv4":"192.0.2.1","systemName":"Box","load":8})";
+constexpr const char* reply =
+    R"({"networkHostname":" named ","networkIPv4":"192.0.2.1","systemName":"<b>\"B\u0000x\"\\\r\n 🚀","load":8})";
+const std::string systemName = "<b>\"B\0x\"\\\r\n 🚀"s;  // as the reply tells it
 
 std::vector<std::string> FieldsOf(const CorvaneServer& server) {
   return {server.Network_Hostname, server.Network_IPv4, server.Password, server.System_Name, server.Username};
@@ -72,17 +74,17 @@ TEST_F(MainWindowTest, ChecksTheHostnameFirstAndSendsNothingThatIsIncomplete) {
   EXPECT_THAT(platform.Requests, IsEmpty());
 }
 
-TEST_F(MainWindowTest, AsksTheTypedHostAndTakesTheCredentialsOfTheMomentOfTheReply) {
+TEST_F(MainWindowTest, AsksTheTypedHostAndTakesAnyCredentialsOfTheMomentOfTheReply) {
   SentRequest& sent = Add();
   EXPECT_EQ(sent.Request.URL, "https://srv:1701/api/v1/system/information");
   EXPECT_EQ(parse(sent.Request.Body), parse(R"({"username":"amy","password":"pässw0rd"})"));
   EXPECT_TRUE(window->btnAddServer.Enabled());
   EXPECT_EQ(Form(), "srv|amy|pässw0rd");
   ExpectNothingAdded();
-  Fill("edited", "ben", "changed");
+  Fill("edited", " שלום\t", "\0\"\\n"s);
   sent.Reply(200, reply);
   ASSERT_EQ(Servers.size(), 1U);
-  EXPECT_THAT(FieldsOf(*Servers[0]), ElementsAre("named", "192.0.2.1", "changed", "Box", "ben"));
+  EXPECT_THAT(FieldsOf(*Servers[0]), ElementsAre(" named ", "192.0.2.1", "\0\"\\n"s, systemName, " שלום\t"));
   EXPECT_EQ(Form(), "||");
   EXPECT_EQ(platform.Requests.size() + platform.Messages.size(), 1U);
 }
@@ -95,7 +97,7 @@ TEST_F(MainWindowTest, TwoAdditionsOfOneServerAreTwoRowsWithTwoRecords) {
   EXPECT_EQ(parse(second.Request.Body), body);
   second.Reply(200, R"({"networkHostname":"named","networkIPv4":8,"systemName":12.5})");
   ASSERT_EQ(Servers.size(), 2U);
-  EXPECT_EQ(window->listServers.RowText(0), "Box\t192.0.2.1\tnamed");
+  EXPECT_EQ(window->listServers.RowText(0), systemName + "\t192.0.2.1\t named ");
   EXPECT_EQ(window->listServers.RowText(1), "12.5\t8\tnamed");
   for (const int row : {-1, 1, 0}) {
     window->listServers.Select(row);
@@ -154,27 +156,6 @@ TEST_F(MainWindowTest, AMessageMayStandWhileAnotherReplyArrivesOrTheWindowIsClos
     EXPECT_EQ(window, nullptr) << "no message stood";
   }
   EXPECT_EQ(Servers.size(), 1U);
-}
-
-TEST_F(MainWindowTest, UnusualTextReachesServerRecordAndRowUnchanged) {
-  // clang-format off
-  const std::string texts[] = {
-      " ", "  blanks around  ", "😀👩‍🚀", "\u05E9\u05DC\u05D5\u05DD \u0639\u0627", std::string(10'000, 'x'),
-      "<b>bold</b><img src=x>&amp;", "NUL\0 tab\t line\r\nbreak"s, "\"quotes\" \\ {\"a\":1}"};
-  // clang-format on
-  for (const auto& text : texts) {
-    SCOPED_TRACE(text.substr(0, 40));
-    Fill(text, text, text);
-    window->btnAddServer.Press();
-    SentRequest& sent = platform.LastRequest();
-    EXPECT_EQ(sent.Request.URL, "https://" + text + ":1701/api/v1/system/information");
-    for (const char* key : {"username", "password"}) EXPECT_EQ(parse(sent.Request.Body).at(key).as_string(), text);
-    const boost::json::object answer{{"networkHostname", text}, {"networkIPv4", text}, {"systemName", text}};
-    sent.Reply(200, boost::json::serialize(answer));
-    EXPECT_THAT(FieldsOf(*Servers.back()), Each(text));
-    EXPECT_EQ(window->listServers.Cell(window->listServers.ListCount() - 1, 0), text);
-  }
-  EXPECT_EQ(Servers.size(), std::size(texts));
 }
 
 TEST_F(MainWindowTest, LooksForUpdatesOnceItHasBeenPainted) {

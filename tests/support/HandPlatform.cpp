@@ -9,38 +9,25 @@
 
 namespace {
 
-class HandTransfer final : public toolkit::HTTPTransfer {
+/// What the program holds of a request, process or timer.
+template <typename Interface, typename Thing>
+class Held : public Interface {
  public:
-  explicit HandTransfer(std::shared_ptr<SentRequest> request) : request_(std::move(request)) {}
-  HandTransfer(const HandTransfer&) = delete;
-  HandTransfer& operator=(const HandTransfer&) = delete;
-  ~HandTransfer() override { request_->Abandon(); }
+  explicit Held(std::shared_ptr<Thing> thing) : thing_(std::move(thing)) {}
+  Held(const Held&) = delete;
+  Held& operator=(const Held&) = delete;
+  ~Held() override { thing_->LetGo(); }
 
- private:
-  std::shared_ptr<SentRequest> request_;
+ protected:
+  std::shared_ptr<Thing> thing_;
 };
 
-class HandTimer final : public toolkit::PlatformTimer {
- public:
-  explicit HandTimer(std::shared_ptr<SetTimer> timer) : timer_(std::move(timer)) {}
-  HandTimer(const HandTimer&) = delete;
-  HandTimer& operator=(const HandTimer&) = delete;
-  ~HandTimer() override { timer_->Expired = nullptr; }
+using HandTransfer = Held<toolkit::HTTPTransfer, SentRequest>;
+using HandTimer = Held<toolkit::PlatformTimer, SetTimer>;
 
- private:
-  std::shared_ptr<SetTimer> timer_;
-};
-
-class HandProcess final : public toolkit::ChildProcess {
- public:
-  explicit HandProcess(std::shared_ptr<StartedProcess> process) : process_(std::move(process)) {}
-  HandProcess(const HandProcess&) = delete;
-  HandProcess& operator=(const HandProcess&) = delete;
-  ~HandProcess() override { process_->Ended = nullptr; }
-  void Kill() override { process_->IsKilled = true; }
-
- private:
-  std::shared_ptr<StartedProcess> process_;
+struct HandProcess final : Held<toolkit::ChildProcess, StartedProcess> {
+  using Held::Held;
+  void Kill() override { thing_->IsKilled = true; }
 };
 
 }  // namespace
@@ -126,9 +113,4 @@ void HandPlatform::Advance(std::chrono::milliseconds time) {
     if (const auto expired = std::exchange(timer->Expired, nullptr)) Dispatch(expired);
   }
   std::erase_if(timers_, [](const auto& timer) { return !timer->Expired; });
-}
-
-std::optional<std::string> HandPlatform::Translation(const std::string& key, const std::string& language) {
-  const auto text = Translations.find(language + " " + key);
-  return text == Translations.end() ? std::nullopt : std::optional(text->second);
 }

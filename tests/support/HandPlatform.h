@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <functional>
-#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -30,7 +29,7 @@ class SentRequest {
   /// No reply, or no more of it. The failure names the host of the request and port 1701.
   void Fail(toolkit::TransferFault fault);
   /// For the platform: the program let go of the transfer.
-  void Abandon() { events_ = nullptr; }
+  void LetGo() { events_ = nullptr; }
 
  private:
   using Telling = std::function<void(toolkit::HTTPTransferEvents&)>;
@@ -47,6 +46,7 @@ struct StartedProcess {
   void End(int exitCode) {
     if (const auto tell = std::exchange(Ended, nullptr)) tell({.ExitCode = exitCode, .Output = ""});
   }
+  void LetGo() { Ended = nullptr; }
   std::function<void(toolkit::ProcessEnd)> Ended;
 };
 
@@ -54,6 +54,7 @@ struct StartedProcess {
 struct SetTimer {
   std::chrono::milliseconds Due;
   std::function<void()> Expired;
+  void LetGo() { Expired = nullptr; }
 };
 
 /// A platform without screen, network or time: what it is asked for is written down here, and the test plays the world.
@@ -84,8 +85,6 @@ class HandPlatform final : public toolkit::Platform {
   void Advance(std::chrono::milliseconds time);
   /// All processes ever started, in order.
   std::vector<std::shared_ptr<StartedProcess>> Processes;
-  /// The translations that there are, by language, a blank and the key.
-  std::map<std::string, std::string> Translations;
   /// What every picture measures; nothing makes all pictures unreadable.
   std::optional<toolkit::Size> PictureSize;
 
@@ -101,7 +100,9 @@ class HandPlatform final : public toolkit::Platform {
   [[nodiscard]] std::chrono::milliseconds Uptime() const override { return now_; }
   void TrustAuthority(std::string_view /*certificate*/) override {}
   std::optional<toolkit::Size> SizeOfPicture(std::span<const std::byte> /*encoded*/) override { return PictureSize; }
-  std::optional<std::string> Translation(const std::string& key, const std::string& language) override;
+  std::optional<std::string> Translation(const std::string& /*key*/, const std::string& /*language*/) override {
+    return std::nullopt;
+  }
   bool OpenURL(const std::string& url) override { return OpenedURLs.push_back(url), HasBrowser; }
   int RunLoop(const std::function<void()>& /*start*/) override { return 0; }
   void Quit(int status) override { Quits.push_back(status); }

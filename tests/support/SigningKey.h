@@ -27,3 +27,9 @@ class SigningKey {
   };
   std::unique_ptr<EVP_PKEY, Free> key_;
 };
+
+/// The publisher whom the tests' program trusts. Making a key takes long.
+inline const SigningKey& Publisher() {
+  static const SigningKey key;
+  return key;
+}

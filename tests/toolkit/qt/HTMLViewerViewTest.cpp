@@ -1,5 +1,6 @@
+#include <algorithm>
+
 #include <QApplication>
-#include <QBuffer>
 #include <QClipboard>
 #include <QHelpEvent>
 #include <QScrollBar>
@@ -13,8 +14,10 @@
 #include "tests/support/FaultServer.h"
 #include "toolkit/HTMLViewer.h"
 #include "toolkit/Text.h"
+#include "toolkit/TextFile.h"
 #include "toolkit/qt/PageFilter.h"
 
+using namespace std::string_literals;
 using namespace testing;
 using namespace test_servers;
 
@@ -22,13 +25,7 @@ namespace {
 
 std::string Times(int count, const char* text) { return QString(text).repeated(count).toStdString(); }
 
-QByteArray Red(QSize size = {40, 40}) {
-  QImage image(size, QImage::Format_RGB32);
-  image.fill(Qt::red);
-  QBuffer buffer;
-  image.save(&buffer, "PNG");
-  return buffer.data();
-}
+std::string Red(QSize size = {40, 40}) { return PictureOf(Qt::red, size); }
 
 TEST(PageFilter, KeepsTextAndLooksOnly) {
   const std::pair<const char*, const char*> rows[] = {
@@ -111,13 +108,7 @@ struct Page : Desktop {
     ASSERT_TRUE(Until([&] { return view.toPlainText().contains("end of page"); }));
   }
   /// How many pixels of the page are red.
-  int Redness() {
-    const QImage image = view.viewport()->grab().toImage();
-    int red = 0;
-    for (int y = 0; y < image.height(); ++y)
-      for (int x = 0; x < image.width(); ++x) red += image.pixel(x, y) == 0xFFFF0000 ? 1 : 0;
-    return red;
-  }
+  std::ptrdiff_t Redness() { return std::ranges::count(PixelsOf(view.viewport()->grab().toImage()), 0xFFFF0000); }
   QPoint PlaceOf(const char* text) {
     QTextCursor cursor = view.document()->find(text);
     const int end = view.cursorRect(cursor).left();
@@ -134,22 +125,15 @@ struct Page : Desktop {
 };
 
 TEST_F(Page, LoadsPicturesFromTheNetworkAndNothingElseFromAnywhere) {
-  const FaultServer server({{{Reply(200, Red().toStdString())}}}, Wire::Plain);
-  const QString file = folder.filePath("red.png");
-  QFile made(file);
-  ASSERT_TRUE(made.open(QIODevice::WriteOnly) && made.write(Red()) > 0);
-  made.close();
+  const FaultServer server({{{Reply(200, Red())}}}, Wire::Plain);
+  const std::string file = folder.filePath("red.png").toStdString();
+  toolkit::ReplaceFile(toolkit::FolderItem(file), Red());
   std::string page;
-  for (const std::string& url : {server.URL() + "/other", "file://" + file.toStdString(), file.toStdString(),
-                                 std::string("red.png"), std::string("qrc:/red.png")}) {
-    page +=
-        "<link rel=stylesheet href='$'><style>@import url($); body{background:url($)}</style><base href='$'><body "
-        "background='$'>"
-        "<iframe src='$'></iframe><object data='$'></object><embed src='$'><table background='$'><tr><td "
-        "background='$'>x</table>"
-        "<p style='background-image:url($)'>x<meta http-equiv=refresh content='0;$'><script src='$'></script><input "
-        "type=image src='$'>"
-        "<video src='$' poster='$'></video><svg><image href='$'/></svg>";
+  for (const std::string& url : {server.URL() + "/other", "file://" + file, file, "red.png"s, "qrc:/red.png"s}) {
+    page += R"(<link rel=stylesheet href='$'><style>@import url($); body{background:url($)}</style><base href='$'>
+        <body background='$'><iframe src='$'></iframe><object data='$'></object><embed src='$'><table background='$'>
+        <tr><td background='$'>x</table><p style='background-image:url($)'>x<meta http-equiv=refresh content='0;$'>
+        <script src='$'></script><input type=image src='$'><video src='$' poster='$'></video><svg><image href='$'/></svg>)";
     page = toolkit::ReplaceAll(page, "$", url);
     if (url.find("other") == std::string::npos) page += "<img src='" + url + "'>";
   }
@@ -163,38 +147,27 @@ TEST_F(Page, APictureComesWithinItsBoundsOrAnErrorTellsWhy) {
   const auto redirect = [](std::string_view to) {
     return Answer{{Reply(302, "", std::string("Location: ").append(to) + "\r\n")}};
   };
-  const Answer picture{{Reply(200, Red().toStdString())}};
-  QByteArray huge = Red();
-  huge.replace(16, 17, QByteArray::fromHex("0000EA600000EA6008020000000FB0E215"));  // 60000 x 60000
-  const std::string encoded = Red().toBase64().toStdString();
+  const Answer picture{{Reply(200, Red())}};
+  const Answer drawing{{Reply(200, "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>")}};
+  const std::string huge = Red().replace(16, 17, *toolkit::DecodeHex("0000EA600000EA6008020000000FB0E215"));  // 60000²
   const std::string here = "<img src='$'>";
   const std::tuple<const char*, std::string, std::vector<Answer>, int, const char*> rows[] = {
+      // clang-format off
       {"plain", here, {picture}, 1600, ""},
-      {"far away",
-       here,
-       {redirect("$/1"), redirect("2"), redirect("/3"), redirect("$"), redirect("?5"), picture},
-       1600,
-       ""},
+      {"far away", here, {redirect("$/1"), redirect("2"), redirect("/3"), redirect("$"), redirect("?5"), picture}, 1600, ""},
       {"too far", here, {redirect("$/again")}, 0, "302 http"},
       {"to a file", here, {redirect("file:///etc/hostname")}, 0, "302 http"},
-      {"missing", here, {{{Reply(404, Red().toStdString())}}}, 0, "404 http"},
+      {"missing", here, {{{Reply(404, Red())}}}, 0, "404 http"},
       {"broken off", here, {{{"HTTP/1.1 200 OK\r\nContent-Length: 900\r\n\r\nPNG"}, Answer::Then::Close}}, 0, "0 http"},
       {"many bytes", here, {{{"HTTP/1.1 200 OK\r\nContent-Length: 16000001\r\n\r\n"}}}, 0, "0 http"},
-      {"many pixels", here, {{{Reply(200, huge.toStdString())}}}, 0, "0 http"},
-      {"a drawing",
-       here,
-       {{{Reply(200, "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>")}}},
-       0,
-       "0 http"},
-      {"wide", "<img src='data:;base64," + Red({3000, 300}).toBase64().toStdString() + "'>", {}, -1, ""},
-      {"in the page", "<img src='data:image/png;base64," + encoded + "'>", {}, 1600, ""},
-      {"in the page, quoted",
-       "<img src='DATA:;base64," + toolkit::ReplaceAll(encoded, "=", "%3D") + "'>",
-       {},
-       1600,
-       ""},
+      {"many pixels", here, {{{Reply(200, huge)}}}, 0, "0 http"},
+      {"a drawing", here, {drawing}, 0, "0 http"},
+      {"wide", "<img src='data:;base64," + toolkit::EncodeBase64(Red({3000, 300})) + "'>", {}, -1, ""},
+      {"in the page", "<img src='data:image/png;base64," + toolkit::EncodeBase64(Red()) + "'>", {}, 1600, ""},
+      {"quoted", "<img src='DATA:;base64," + toolkit::ReplaceAll(toolkit::EncodeBase64(Red()), "=", "%3D") + "'>", {}, 1600, ""},
       {"no data", "<img src='data:image/png;base64'>", {}, 0, "0 data:"},
       {"nothing", "<img src='data:,'>", {}, 0, "0 data:"}};
+  // clang-format on
   for (const auto& [what, page, answers, red, error] : rows) {
     const FaultServer server(answers.empty() ? std::vector{Answer()} : answers, Wire::Plain);
     Load("x" + toolkit::ReplaceAll(page, "$", server.URL()));  // the cursor stands before the text
@@ -216,7 +189,7 @@ TEST_F(Page, AThousandPicturesWaitForEachOtherAndGoWithThePage) {
   QTest::qWait(100);
   EXPECT_EQ(silent.Connections(), 6U);
   EXPECT_THAT(log, ElementsAre("0 There are more pictures than are shown."));
-  FaultServer late({{{Reply(200, Red().toStdString())}, Answer::Then::Keep, Answer::Start::WhenReleased}}, Wire::Plain);
+  FaultServer late({{{Reply(200, Red())}, Answer::Then::Keep, Answer::Start::WhenReleased}}, Wire::Plain);
   Load("<img src='" + late.URL() + "'>");
   EXPECT_TRUE(Until([&] { return late.Requests().size() == 1; }));
   Load("another");
@@ -237,9 +210,8 @@ TEST_F(Page, LinksAskTheProgramAndTextCanBeCopied) {
   elsewhere.CancelLoad = [&](const std::string& url) { return log.push_back("new " + url), true; };
   model->Viewer.NewWindow = [&] { return &elsewhere; };
   Load(
-      "<p><a href='http://a/?x=1&amp;lt;b&gt;'>first</a> <b>words</b> <p><a href='https://b/' target=_BLANK>second</a> "
-      "<p>"
-      "<a href='file:///x'>third</a> <a href='http://c/' target=_self>fourth</a>");
+      R"(<p><a href='http://a/?x=1&amp;lt;b&gt;'>first</a> <b>words</b> <p><a href='https://b/' target=_BLANK>second</a>
+          <p><a href='file:///x'>third</a> <a href='http://c/' target=_self>fourth</a>)");
   model->Viewer.CancelLoad = [&](const std::string& url) { return log.push_back("same " + url), true; };
   const auto click = [&](const char* text, Qt::MouseButton button = Qt::LeftButton,
                          Qt::KeyboardModifiers modifiers = {}) {

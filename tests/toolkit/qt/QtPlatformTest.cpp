@@ -139,12 +139,13 @@ TEST_F(Program, TheLoopEndsWithTheLastWindowAndNotBefore) {
   EXPECT_TRUE(wentOn);
 }
 
-TEST_F(Program, QuittingEndsEveryBoxThatStandsOrWaits) {
+TEST_F(Program, QuittingEndsEveryWaitAndEveryBoxThatStandsOrWaits) {
   BoxReader reader([](QDialog&) { toolkit::Quit(3); });
   bool hasWaited = false;
   const int status = app.Run([&] {
     QTimer::singleShot(0, [&] { MsgBox("waits"), hasWaited = true; });
     MsgBox("stands");
+    platform.RunEventsUntil([] { return false; });
   });
   EXPECT_EQ(status, 3);
   EXPECT_TRUE(hasWaited);

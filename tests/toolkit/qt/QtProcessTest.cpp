@@ -85,19 +85,4 @@ TEST_F(Processes, EndWithAllThatTheyStartedWhenKilledAndLiveOnWhenLetGo) {
   EXPECT_FALSE(Made("grandchild") || Made("early"));
 }
 
-TEST(Process, LivesOnWhenTheProgramEnds) {
-  int count = 1;
-  char name[] = "program";
-  char* arguments[] = {name, nullptr};
-  const QTemporaryDir folder;
-  const std::string file = folder.filePath("on").toStdString();
-  {
-    toolkit::qt::QtPlatform platform(count, arguments);
-    auto process = platform.StartProcess("sleep 0.2; touch " + file, [](const toolkit::ProcessEnd&) {});
-    process.reset();
-  }
-  for (int wait = 0; wait < 100 && !std::filesystem::exists(file); ++wait) QTest::qSleep(20);
-  EXPECT_TRUE(std::filesystem::exists(file));
-}
-
 }  // namespace

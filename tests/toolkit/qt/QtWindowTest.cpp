@@ -1,6 +1,5 @@
 #include <QAbstractItemView>
 #include <QApplication>
-#include <QBuffer>
 #include <QComboBox>
 #include <QDialog>
 #include <QHelpEvent>
@@ -22,14 +21,6 @@ using namespace testing;
 using namespace toolkit;
 
 namespace {
-
-std::string PictureOf(QColor color) {
-  QImage image(8, 8, QImage::Format_RGB32);
-  image.fill(color);
-  QBuffer buffer;
-  image.save(&buffer, "PNG");
-  return buffer.data().toStdString();
-}
 
 struct FormWindow final : Window {
   FormWindow() : Window("Form", {400, 300}, {64, 64}, {4000, 4000}, WindowFrame::Fixed) {
@@ -76,9 +67,7 @@ struct Form : Desktop {
 };
 
 TEST_F(Form, ReturnAndEscapePressTheirButtonsWhereverTheKeyboardIs) {
-  const auto key = [](Qt::Key pressed, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-    return [=] { Press(pressed, modifiers); };
-  };
+  const auto key = [](Qt::Key which, Qt::KeyboardModifiers with = {}) { return [=] { Press(which, with); }; };
   const auto without = [this](PushButton& button) {
     return [&] { button.Enabled(false), Press(Qt::Key_Return), Press(Qt::Key_Escape), button.Enabled(true); };
   };
@@ -172,7 +161,7 @@ TEST_F(Form, ALabelCanBeReadOverAnyPictureAndHidesNoneOfThePlainGround) {
   for (const QColor ground : {QColor(30, 30, 30), QColor(239, 239, 239)}) {
     QApplication::setPalette(QPalette(ground));
     for (const auto color : {Qt::black, Qt::white, Qt::red, Qt::gray, Qt::yellow}) {
-      model->Show(Picture::FromData(PictureOf(color)));
+      model->Show(Picture::FromData(PictureOf(color, {8, 8})));
       model->Text.Text(QString(40, QChar(0x2588)).toStdString()).Ground(LabelGround::Picture);  // text as a block
       const QColor text = LabelPicture().pixelColor(75, 30);
       model->Text.Text(QString(40, QChar(0x2003)).toStdString());  // the plate alone
@@ -185,7 +174,7 @@ TEST_F(Form, ALabelCanBeReadOverAnyPictureAndHidesNoneOfThePlainGround) {
 }
 
 TEST_F(Form, ABackgroundIsDecodedOnceAndFadesByItsTransparency) {
-  std::string bytes = PictureOf(Qt::red);
+  std::string bytes = PictureOf(Qt::red, {8, 8});
   const auto picture = std::make_shared<const Picture>(std::as_bytes(std::span(bytes)));
   const QColor plain = Pixel(399, 299);
   model->Show(picture);

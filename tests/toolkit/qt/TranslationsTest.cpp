@@ -89,6 +89,7 @@ TEST_F(TranslatedProgram, SpeaksTheFirstLanguageThatItKnows) {
     EXPECT_EQ(translations.Find("KajuLocale.kLaterButton", language).value_or("nothing"), later)
         << language << ", " << userLanguages.join(' ').toStdString();
   }
+  EXPECT_EQ(KajuLocale::kLaterButton("de") + KajuLocale::kLaterButton("tlh"), "SpäterLater");
 }
 
 }  // namespace

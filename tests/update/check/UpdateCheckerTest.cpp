@@ -1,3 +1,5 @@
+#include <map>
+
 #include <gmock/gmock.h>
 
 #include "shell/App.h"
@@ -16,11 +18,6 @@ using Result = Kaju::UpdateChecker::ResultType;
 using Versions = std::vector<std::string>;
 
 namespace {
-
-const SigningKey& Publisher() {
-  static const SigningKey key;
-  return key;
-}
 
 /// Remembers what it is to show.
 class Presenter final : public Kaju::UpdatePresenter {
@@ -145,9 +142,7 @@ TEST_F(UpdateCheckerTest, ABadElementSpoilsTheWholeDocument) {
       "", "nonsense", "5", "\"x\"", "{\"0\":{}}", "[" + Offer("2") + "]x", "[" + Offer("2") + ",",
       "[" + std::string(100, '[') + std::string(100, ']') + "]"};
   const std::string elements[] = {
-      "[]", "5", "null", Offer("1.2 b4"), Offer("2", "x"), Offer("2\xFF"), R"({"MacBinary":[]})", R"({"MacBinary":5})",
-      R"({"MacBinary":null})", R"({"MacBinary":"x"})", R"({"MacBinary":true})", R"({"RequiresPayment":"yes"})",
-      R"({"AppName":1e999})"};
+      "[]", "5", "null", Offer("1.2 b4"), Offer("2", "x"), Offer("2\xFF"), R"({"MacBinary":5})", R"({"AppName":1e999})"};
   // clang-format on
   for (const std::string& element : elements) documents.push_back("[" + Offer("3") + "," + element + "]");
   for (const std::string& document : documents) {

@@ -3,7 +3,6 @@
 #include <gmock/gmock.h>
 
 #include "tests/support/HandPlatform.h"
-#include "update/check/KajuLocale.h"
 #include "update/check/UpdateInformation.h"
 
 using boost::json::parse;
@@ -142,13 +141,4 @@ TEST_F(UpdateInformationTest, FetchesItsPictureOnceItCanBeHad) {
   EXPECT_EQ(picture->Encoded().size(), 7U);
   EXPECT_EQ(update.Image(), picture);
   EXPECT_EQ(asked, 6);
-}
-
-TEST_F(UpdateInformationTest, EveryTextIsInEnglishUnlessThereIsATranslation) {
-  EXPECT_EQ(KajuLocale::kQuitButton(), "Quit && Install");
-  EXPECT_EQ(KajuLocale::kExplain64bitMessage(),
-            "Your system may not be able to run the 64-bit version. If you’re not sure, do not select it.");
-  platform.Translations["de KajuLocale.kLaterButton"] = "Später";
-  EXPECT_EQ(KajuLocale::kLaterButton("de"), "Später");
-  EXPECT_EQ(KajuLocale::kLaterButton("fr"), "Later");
 }

@@ -14,11 +14,6 @@ PacketVerdict Verdict(const std::string& packet, const std::string& key) {
   return VerifyPacket(Kaju::SeparatePacket(packet), key);
 }
 
-const SigningKey& Publisher() {
-  static const SigningKey key;
-  return key;
-}
-
 const std::string payload = "[{\"Version\":\"2\"}]\n";
 
 }  // namespace
