@@ -7,13 +7,13 @@
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
+#include <ctime>
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/un.h>
-#include <time.h>
 #include <unistd.h>
 
 namespace {
@@ -91,7 +91,7 @@ Function* Real(const char* name) {
   extern "C" result Faulty_##name parameters __asm__(#name);         \
   extern "C" result Faulty_##name parameters {                       \
     if ((condition) && Fails(Call::call)) return -1;                 \
-    static auto* const real = Real<result parameters>(#name);        \
+    auto* const real = Real<result parameters>(#name);               \
     return real arguments;                                           \
   }
 

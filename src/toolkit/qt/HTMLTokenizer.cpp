@@ -108,7 +108,7 @@ std::pair<std::string, std::string> HTMLTokenizer::TakeAttribute() {
   std::string name(Take(1));
   name = LowerCase(name.append(TakeUntilAnyOf(" \t\n\f\r/>=")));
   SkipBlanks();
-  if (!rest_.starts_with('=')) return {std::move(name), {}};
+  if (!rest_.starts_with('=')) return {std::move(name), std::string()};
   Take(1);
   SkipBlanks();
   if (rest_.empty() || (rest_.front() != '"' && rest_.front() != '\'')) {

@@ -187,10 +187,11 @@ void QtPlatform::Quit(int status) {
 // Every window is told as if the user closed it, but none can refuse, and nobody is asked anything any more.
 void QtPlatform::EndWithSession() {
   quitting_ = true;
-  const auto windows = OpenWindows();
-  for (auto window = windows.rbegin(); window != windows.rend(); ++window) {
-    Dispatch([&] { (*window)->CloseAsUser(); });
-    Dispatch([&] { (*window)->Close(); });
+  auto windows = OpenWindows();
+  std::ranges::reverse(windows);
+  for (const auto& window : windows) {
+    Dispatch([&] { window->CloseAsUser(); });
+    Dispatch([&] { window->Close(); });
   }
   Quit(EXIT_SUCCESS);
 }

@@ -68,7 +68,7 @@ struct Form : Desktop {
 
 TEST_F(Form, ReturnAndEscapePressTheirButtonsWhereverTheKeyboardIs) {
   const auto key = [](Qt::Key which, Qt::KeyboardModifiers with = {}) { return [=] { Press(which, with); }; };
-  const auto without = [this](PushButton& button) {
+  const auto without = [](PushButton& button) {
     return [&] { button.Enabled(false), Press(Qt::Key_Return), Press(Qt::Key_Escape), button.Enabled(true); };
   };
   const auto find = [] { Press(Qt::Key_F, Qt::ControlModifier), Press(Qt::Key_Return), Press(Qt::Key_Escape); };
@@ -185,8 +185,8 @@ TEST_F(Form, ABackgroundIsDecodedOnceAndFadesByItsTransparency) {
                                             {{350, 220}, Qt::red}};
   for (const auto& [place, color] : rows) EXPECT_EQ(Pixel(place.x(), place.y()), color) << place.x();
   model->Show(Picture::Faded(picture, 50));
-  EXPECT_NEAR(Pixel(399, 299).red(), (255 + plain.red()) / 2, 1);
-  EXPECT_NEAR(Pixel(399, 299).blue(), plain.blue() / 2, 1);
+  EXPECT_NEAR(Pixel(399, 299).red(), (255 + plain.red()) / 2.0, 1);
+  EXPECT_NEAR(Pixel(399, 299).blue(), plain.blue() / 2.0, 1);
   std::fill(bytes.begin(), bytes.end(), '\0');
   EXPECT_GT(Pixel(399, 299).red(), plain.red()) << "it was decoded again";
   const int before = model->Paints;
