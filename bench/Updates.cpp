@@ -12,12 +12,12 @@
 #include <boost/json/parse.hpp>
 
 #include "shell/App.h"
+#include "signing/SigningKey.h"
 #include "support/ChildProcess.h"
 #include "support/Measure.h"
 #include "support/Memory.h"
 #include "support/Report.h"
 #include "tests/support/HandPlatform.h"
-#include "tests/support/SigningKey.h"
 #include "toolkit/Cryptography.h"
 #include "toolkit/Text.h"
 #include "update/check/FileHelpers.h"

@@ -10,9 +10,9 @@ namespace toolkit {
 
 BinaryStream::BinaryStream(const FolderItem& file)
     // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): open() is declared so
-    : descriptor_(open(file.Path().c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, S_IRUSR | S_IWUSR)) {
-  KeepError(descriptor_ < 0);
-}
+    : BinaryStream(open(file.Path().c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, S_IRUSR | S_IWUSR)) {}
+
+BinaryStream::BinaryStream(int descriptor) : descriptor_(descriptor) { KeepError(descriptor < 0); }
 
 void BinaryStream::Write(std::string_view bytes) {
   while (!bytes.empty() && error_ == 0) {
@@ -21,6 +21,10 @@ void BinaryStream::Write(std::string_view bytes) {
     KeepError(written < 0);
     if (written > 0) bytes.remove_prefix(static_cast<std::size_t>(written));
   }
+}
+
+void BinaryStream::Finish(std::filesystem::perms permissions) {
+  if (error_ == 0) KeepError(fchmod(descriptor_, static_cast<mode_t>(permissions)) != 0 || fsync(descriptor_) != 0);
 }
 
 void BinaryStream::Close() {

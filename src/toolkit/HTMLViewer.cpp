@@ -4,10 +4,9 @@
 
 namespace toolkit {
 
-void HTMLViewer::LoadPage(std::string html, const FolderItem& relativeTo) {
+void HTMLViewer::LoadPage(std::string html, const FolderItem& /*relativeTo*/) {
   if (CancelLoad("about:blank")) return;
   page_ = std::move(html);
-  relativeTo_ = relativeTo;
   ++generation_;
   Changed();
 }

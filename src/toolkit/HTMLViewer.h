@@ -24,10 +24,10 @@ class HTMLViewer final : public ControlOf<HTMLViewer> {
   /// Something of the page could not be loaded: a code of the desktop's, and a description.
   Event<int, const std::string&> Error;
 
-  /// Shows a page, in UTF-8, unless CancelLoad refuses it. Relative addresses in it are relative to `relativeTo`.
+  /// Shows a page, in UTF-8, unless CancelLoad refuses it. Addresses relative to `relativeTo` would be those of files,
+  /// so nothing comes from them.
   void LoadPage(std::string html, const FolderItem& relativeTo);
   [[nodiscard]] const std::string& Page() const { return page_; }
-  [[nodiscard]] const FolderItem& RelativeTo() const { return relativeTo_; }
   /// Changes with every page.
   [[nodiscard]] unsigned Generation() const { return generation_; }
 
@@ -37,7 +37,6 @@ class HTMLViewer final : public ControlOf<HTMLViewer> {
 
  private:
   std::string page_;
-  FolderItem relativeTo_{""};
   unsigned generation_ = 0;
 };
 

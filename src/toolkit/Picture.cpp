@@ -1,6 +1,5 @@
 #include "toolkit/Picture.h"
 
-#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -9,17 +8,12 @@
 #include "toolkit/RuntimeException.h"
 
 namespace toolkit {
-namespace {
-
-constexpr std::int64_t mostPixels = 50'000'000;
-
-}  // namespace
 
 std::shared_ptr<const Picture> Picture::FromData(std::string encoded) {
   std::shared_ptr<const Picture> picture(new Picture(std::move(encoded)));
   const std::optional<Size> size = Platform::Current().SizeOfPicture(picture->Encoded());
   if (!size) throw RuntimeException("The picture cannot be read.");
-  if (std::int64_t{size->Width} * size->Height > mostPixels) throw RuntimeException("The picture is too large.");
+  if (std::int64_t{size->Width} * size->Height > MostPixels) throw RuntimeException("The picture is too large.");
   return picture;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <span>
 #include <string>
@@ -18,8 +19,11 @@ class Picture {
   Picture& operator=(const Picture&) = delete;
   ~Picture() = default;
 
+  /// More are never decoded.
+  static constexpr std::int64_t MostPixels = 50'000'000;
+
   /// The picture in `encoded`. Throws a RuntimeException if that is none that the desktop can show, or one of more than
-  /// 50 million pixels.
+  /// MostPixels.
   [[nodiscard]] static std::shared_ptr<const Picture> FromData(std::string encoded);
 
   [[nodiscard]] std::span<const std::byte> Encoded() const { return encoded_; }

@@ -1,12 +1,21 @@
 #include "toolkit/ShowURL.h"
 
+#include <algorithm>
+#include <array>
+
 #include "toolkit/MessageDialog.h"
 #include "toolkit/Platform.h"
+#include "toolkit/Text.h"
 
 namespace toolkit {
 
 void ShowURL(const std::string& url) {
   if (!Platform::Current().OpenURL(url)) MsgBox("This desktop has no browser to open the address with:\n\n" + url);
+}
+
+bool IsForBrowser(std::string_view url) {
+  return std::ranges::any_of(std::array{"http://", "https://", "mailto:"},
+                             [&](const char* scheme) { return StartsWithIgnoringCase(url, scheme); });
 }
 
 }  // namespace toolkit

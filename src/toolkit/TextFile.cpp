@@ -5,10 +5,10 @@
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
-#include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
 
+#include "toolkit/BinaryStream.h"
 #include "toolkit/RuntimeException.h"
 
 namespace toolkit {
@@ -19,21 +19,11 @@ namespace {
                          std::generic_category().message(error) + ".");
 }
 
-bool WriteAll(int file, std::string_view bytes) {
-  while (!bytes.empty()) {
-    const ssize_t written = write(file, bytes.data(), bytes.size());
-    if (written < 0 && errno == EINTR) continue;
-    if (written <= 0) return false;
-    bytes.remove_prefix(static_cast<std::size_t>(written));
-  }
-  return fsync(file) == 0;
-}
-
 /// The permissions that the file has, or those that a new one is to have.
-mode_t ModeOf(const FolderItem& file) {
-  constexpr mode_t forAll = S_IRUSR | S_IWUSR | S_IRGRP | S_IROTH;
-  struct stat status {};
-  return stat(file.Path().c_str(), &status) == 0 ? status.st_mode & (S_IRWXU | S_IRWXG | S_IRWXO) : forAll;
+std::filesystem::perms PermissionsOf(const FolderItem& file) {
+  using std::filesystem::perms;
+  constexpr perms forAll = perms::owner_read | perms::owner_write | perms::group_read | perms::others_read;
+  return file.Exists() ? file.Permissions() & perms::all : forAll;
 }
 
 }  // namespace
@@ -50,14 +40,15 @@ void ReplaceFile(const FolderItem& file, std::string_view bytes) {
   std::error_code ignored;
   const std::string path = std::filesystem::weakly_canonical(file.Path(), ignored).string();
   std::string fresh = path + ".XXXXXX";
-  const int descriptor = mkstemp(fresh.data());
-  if (descriptor < 0) ThrowFor(file, "written", errno);
-  bool isWritten = WriteAll(descriptor, bytes) && fchmod(descriptor, ModeOf(file)) == 0;
-  int error = errno;
-  isWritten = close(descriptor) == 0 && isWritten;
-  if (isWritten && std::rename(fresh.c_str(), path.c_str()) == 0) return;
-  if (isWritten) error = errno;
-  unlink(fresh.c_str());
+  BinaryStream stream(mkstemp(fresh.data()));
+  const bool isMade = stream.LastErrorCode() == 0;
+  stream.Write(bytes);
+  stream.Finish(PermissionsOf(FolderItem(path)));
+  stream.Close();
+  int error = stream.LastErrorCode();
+  if (error == 0 && std::rename(fresh.c_str(), path.c_str()) != 0) error = errno;
+  if (error == 0) return;
+  if (isMade) unlink(fresh.c_str());
   ThrowFor(file, "written", error);
 }
 

@@ -12,13 +12,13 @@
 #include <QPainter>
 #include <boost/json/serialize.hpp>
 #include <httplib.h>
-#include <openssl/evp.h>
-#include <openssl/x509.h>
 
 #include "shell/Product.h"
+#include "signing/SigningKey.h"
 #include "toolkit/Cryptography.h"
 #include "toolkit/Picture.h"
 #include "toolkit/Text.h"
+#include "toolkit/TextFile.h"
 #include "update/check/UpdateInformation.h"
 #include "update/install/ZipShell.h"
 
@@ -29,7 +29,6 @@ using namespace std::chrono_literals;
 
 constexpr QSize backgroundSize(800, 600);
 constexpr QRect placeOfIcon(29, 440, 100, 100);
-constexpr unsigned keyBits = 2048;
 constexpr std::size_t programSize = 300'000;
 // Often enough for a connection that must not stall, and too slow to get to the end.
 constexpr std::size_t crawlingPart = 100;
@@ -51,29 +50,6 @@ void Require(bool isGood, const char* what) {
   if (!isGood) throw std::runtime_error(std::string("the publisher cannot ").append(what));
 }
 
-using Key = std::unique_ptr<EVP_PKEY, decltype(&EVP_PKEY_free)>;
-
-std::string PublicHalf(EVP_PKEY& key) {
-  unsigned char* encoded = nullptr;
-  const int size = i2d_PUBKEY(&key, &encoded);
-  Require(size > 0, "make a key");
-  const std::unique_ptr<unsigned char, void (*)(unsigned char*)> owner(encoded, [](auto* it) { OPENSSL_free(it); });
-  return toolkit::EncodeHex({reinterpret_cast<const char*>(encoded), static_cast<std::size_t>(size)});
-}
-
-/// The document behind the line with its signature.
-std::string Packet(EVP_PKEY& key, const std::string& document) {
-  const std::unique_ptr<EVP_MD_CTX, decltype(&EVP_MD_CTX_free)> context(EVP_MD_CTX_new(), EVP_MD_CTX_free);
-  const auto* bytes = reinterpret_cast<const unsigned char*>(document.data());
-  std::string signature(static_cast<std::size_t>(EVP_PKEY_get_size(&key)), '\0');
-  auto* out = reinterpret_cast<unsigned char*>(signature.data());
-  std::size_t size = signature.size();
-  Require(EVP_DigestSignInit(context.get(), nullptr, EVP_sha256(), nullptr, &key) == 1 &&
-              EVP_DigestSign(context.get(), out, &size, bytes, document.size()) == 1,
-          "sign");
-  return "KAJU " + toolkit::EncodeHex(signature).append("\n").append(document);
-}
-
 /// An archive of a program that nobody could start.
 std::string PackProgram(const toolkit::FolderItem& folder) {
   const toolkit::FolderItem program = folder.Child("corvane");
@@ -85,8 +61,7 @@ std::string PackProgram(const toolkit::FolderItem& folder) {
   Kaju::ZipShell shell;
   shell.Compress(program, std::nullopt);
   Require(file.good() && shell.ErrorCode() == 0, "pack an archive");
-  std::ifstream archive(folder.Child("corvane.zip").Path(), std::ios::binary);
-  return {std::istreambuf_iterator<char>(archive), std::istreambuf_iterator<char>()};
+  return toolkit::ReadFile(folder.Child("corvane.zip"));
 }
 
 std::string VersionAfter(int releases) {
@@ -129,10 +104,9 @@ Publisher::Publisher(const toolkit::FolderItem& folder)
   const int port = server_->bind_to_any_port("127.0.0.1");
   Require(port > 0, "have a port");
   url_ = "http://127.0.0.1:" + std::to_string(port);
-  const Key key(EVP_RSA_gen(keyBits), EVP_PKEY_free);
-  Require(key != nullptr, "make a key");
-  publicKey_ = PublicHalf(*key);
-  Serve(*server_, "/updates", Packet(*key, Document()), "application/json");
+  const SigningKey key;
+  publicKey_ = key.PublicKey();
+  Serve(*server_, "/updates", key.Packet(Document()), "application/json");
   Serve(*server_, "/notes", toolkit::ReplaceAll(newerNotes, "$", url_), "text/html");
   Serve(*server_, "/icon", Icon(), "image/png");
   Serve(*server_, "/background", Background(), "image/png");

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "toolkit/ShowURL.h"
 #include "toolkit/Text.h"
 #include "toolkit/qt/DisplayText.h"
 #include "toolkit/qt/PageStyles.h"
@@ -38,11 +39,6 @@ std::string CleanAddress(std::string_view address) {
   std::string clean(Trim(address));
   std::erase_if(clean, [](char character) { return static_cast<unsigned char>(character) < 0x20; });
   return clean;
-}
-
-bool CanBeFollowed(std::string_view url) {
-  return std::ranges::any_of(std::initializer_list<std::string_view>{"http://", "https://", "mailto:"},
-                             [&](std::string_view start) { return StartsWithIgnoringCase(url, start); });
 }
 
 LinkTarget TargetOf(std::string_view name) {
@@ -152,7 +148,7 @@ void PageFilter::Picture(const HTMLToken& tag) {
 
 std::string PageFilter::LinkTag(const HTMLToken& tag) {
   const std::string url = CleanAddress(tag.Attribute("href"));
-  if (!CanBeFollowed(url)) return HarmlessAttributes(tag);
+  if (!IsForBrowser(url)) return HarmlessAttributes(tag);
   const std::string_view target = tag.Attribute("target");
   page_.Links.push_back({url, TargetOf(target.empty() ? baseTarget_ : target)});
   return HarmlessAttributes(tag).append(" href=\"link:").append(std::to_string(page_.Links.size() - 1)).append("\"");

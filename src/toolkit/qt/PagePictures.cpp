@@ -16,7 +16,6 @@ namespace {
 constexpr std::size_t mostAtOnce = 6;
 constexpr std::uint64_t mostBytesOfOne = 16'000'000;
 constexpr std::uint64_t mostBytes = 64'000'000;
-constexpr std::int64_t mostPixelsOfOne = 50'000'000;
 // Decoding takes about a second for so many, and showing them 64 MB.
 constexpr std::int64_t mostEncodedPixels = 100'000'000;
 constexpr std::int64_t mostShownPixels = 16'000'000;
@@ -91,7 +90,8 @@ void PagePictures::LoadByHTTP(std::size_t number) {
 void PagePictures::Loaded(std::size_t number, const std::string& encoded) {
   const std::optional<Size> size = SizeOf(AsBytes(encoded));
   const std::int64_t pixels = size ? std::int64_t{size->Width} * size->Height : 0;
-  if (encoded.size() > std::min(mostBytesOfOne, bytesLeft_) || pixels > std::min(mostPixelsOfOne, encodedPixelsLeft_)) {
+  if (encoded.size() > std::min(mostBytesOfOne, bytesLeft_) ||
+      pixels > std::min(Picture::MostPixels, encodedPixelsLeft_)) {
     Fail(number, 0, "The picture, or all of them together, are too large.");
     return;
   }

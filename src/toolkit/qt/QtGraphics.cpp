@@ -12,16 +12,12 @@ namespace {
 
 constexpr std::size_t mostDrawn = 4;
 
-bool IsSame(const std::weak_ptr<const Picture>& one, const std::shared_ptr<const Picture>& other) {
-  return !one.owner_before(other) && !other.owner_before(one);
-}
-
 }  // namespace
 
 QPixmap DrawnPictures::Find(const std::shared_ptr<const Picture>& picture, QSize size) {
   std::erase_if(drawn_, [](const Drawn& drawn) { return drawn.picture.expired(); });
   auto place = std::find_if(drawn_.begin(), drawn_.end(),
-                            [&](const Drawn& drawn) { return IsSame(drawn.picture, picture) && drawn.size == size; });
+                            [&](const Drawn& drawn) { return drawn.picture.lock() == picture && drawn.size == size; });
   if (place == drawn_.end()) {
     if (drawn_.size() == mostDrawn) drawn_.erase(drawn_.begin());
     drawn_.push_back({picture, size, QPixmap::fromImage(Decode(picture->Encoded(), size))});

@@ -10,6 +10,10 @@ namespace Kaju {
 /// name and password may stand in the URL. All operations are those of the base.
 class HTTPSSocket : public toolkit::HTTPSecureSocket {
  public:
+  /// What the library grants a server: seconds without progress, and redirects from one address.
+  static constexpr int kTimeoutSeconds = 5;
+  static constexpr int kMostRedirects = 5;
+
   /// Whether to use a secure connection whatever the URL says.
   bool ForceSecure = false;
 

@@ -9,8 +9,6 @@
 namespace Kaju {
 namespace {
 
-constexpr int timeoutSeconds = 5;
-constexpr int mostRedirects = 5;
 constexpr int notFound = 404;
 constexpr std::uint64_t largestPage = std::uint64_t{4} << 20U;
 
@@ -27,12 +25,13 @@ std::string ToUTF8(const std::string& page) {
 std::string FetchNotes(const std::string& address, std::string_view fallback, const toolkit::StillWanted& wanted) {
   HTTPSSocket redirects;
   redirects.Wanted = wanted;
-  const std::string resolved = redirects.GetRedirectAddress(address, timeoutSeconds, mostRedirects);
+  const std::string resolved =
+      redirects.GetRedirectAddress(address, HTTPSSocket::kTimeoutSeconds, HTTPSSocket::kMostRedirects);
   if (!toolkit::IsWanted(wanted)) return "";
   HTTPSSocket socket;
   socket.Wanted = wanted;
   socket.LargestBody = largestPage;
-  const std::string page = socket.Get(resolved, timeoutSeconds);
+  const std::string page = socket.Get(resolved, HTTPSSocket::kTimeoutSeconds);
   const bool isMissing = socket.HTTPStatusCode() == notFound || toolkit::Trim(page).empty();
   return isMissing ? std::string(fallback) : ToUTF8(page);
 }

@@ -18,8 +18,6 @@
 namespace Kaju {
 namespace {
 
-constexpr int timeoutSeconds = 5;
-constexpr int mostRedirects = 5;
 constexpr int notFound = 404;
 constexpr std::uint64_t largestDocument = std::uint64_t{64} << 20U;
 constexpr double beforeAllVersions = -1.0;
@@ -65,7 +63,8 @@ void UpdateChecker::Execute() {
     throw KajuException(KajuException::kErrorMissingUpdateURL(), "Kaju.UpdateChecker.Execute");
   }
   std::string url = UpdateURL;
-  if (AllowRedirection) url = HTTPSSocket().GetRedirectAddress(url, timeoutSeconds, mostRedirects);
+  if (AllowRedirection)
+    url = HTTPSSocket().GetRedirectAddress(url, HTTPSSocket::kTimeoutSeconds, HTTPSSocket::kMostRedirects);
   while (FetchAndProcess(url) == Next::FetchAgain) continue;
 }
 
@@ -90,7 +89,7 @@ bool UpdateChecker::MayReplaceProgram() const {
 UpdateChecker::Next UpdateChecker::FetchAndProcess(const std::string& url) {
   HTTPSSocket socket;
   socket.LargestBody = largestDocument;
-  const std::string body = socket.Get(url, timeoutSeconds);
+  const std::string body = socket.Get(url, HTTPSSocket::kTimeoutSeconds);
   if (socket.HTTPStatusCode() == notFound) {
     mResult = ResultType::NoUpdateAvailable;
     return Next::Return;
@@ -129,8 +128,7 @@ void UpdateChecker::Decide(std::string_view raw) {
   for (const toolkit::JSONItem& element : Elements(*document)) {
     auto update = std::make_shared<UpdateInformation>(element);
     if (!Concerns(*update, currentVersion)) continue;
-    const bool isRequired =
-        VersionToDouble(update->MinimumRequiredVersion) > currentVersion && !update->MinimumRequiredVersion.empty();
+    const bool isRequired = update->IsRequiredFor(currentVersion);
     requiredFound = requiredFound || isRequired;
     if (!isRequired && HonorIgnored && IsIgnored(update->Version)) {
       mResult = ResultType::IgnoredUpdateAvailable;

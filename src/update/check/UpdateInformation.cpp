@@ -12,8 +12,6 @@
 namespace Kaju {
 namespace {
 
-constexpr int timeoutSeconds = 5;
-constexpr int mostRedirects = 5;
 constexpr int finalStage = 3;
 constexpr std::uint64_t largestPicture = std::uint64_t{16} << 20U;
 
@@ -71,9 +69,10 @@ std::shared_ptr<const toolkit::Picture> FetchPicture(const std::string& url, con
     HTTPSSocket socket;
     socket.Wanted = wanted;
     socket.LargestBody = largestPicture;
-    const std::string resolved = socket.GetRedirectAddress(url, timeoutSeconds, mostRedirects);
+    const std::string resolved =
+        socket.GetRedirectAddress(url, HTTPSSocket::kTimeoutSeconds, HTTPSSocket::kMostRedirects);
     if (!toolkit::IsWanted(wanted)) return nullptr;
-    std::string body = socket.Get(resolved, timeoutSeconds);
+    std::string body = socket.Get(resolved, HTTPSSocket::kTimeoutSeconds);
     return body.empty() ? nullptr : toolkit::Picture::FromData(std::move(body));
   } catch (const toolkit::RuntimeException&) {
     return nullptr;  // an update without a picture is shown all the same
@@ -107,6 +106,10 @@ int UpdateInformation::StageCode() const {
 }
 
 double UpdateInformation::VersionAsDouble() const { return VersionToDouble(Version); }
+
+bool UpdateInformation::IsRequiredFor(double version) const {
+  return VersionToDouble(MinimumRequiredVersion) > version && !MinimumRequiredVersion.empty();
+}
 
 std::shared_ptr<const toolkit::Picture> UpdateInformation::Image(const toolkit::StillWanted& wanted) const {
   if (!mImage && !toolkit::Trim(ImageURL).empty()) mImage = FetchPicture(ImageURL, wanted);

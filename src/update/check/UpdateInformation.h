@@ -45,6 +45,9 @@ class UpdateInformation final : public Information {
   [[nodiscard]] int StageCode() const;
   /// Throws a KajuException if Version is malformed.
   [[nodiscard]] double VersionAsDouble() const;
+  /// Whether a program of that version, as a number, must not skip this update. Throws a KajuException if
+  /// MinimumRequiredVersion is malformed.
+  [[nodiscard]] bool IsRequiredFor(double version) const;
 
   /// The picture at ImageURL, fetched when it is first asked for; nullptr if there is none or it cannot be had, and
   /// then fetched again the next time. Runs the event loop for up to 5 seconds without progress a request, and gives up

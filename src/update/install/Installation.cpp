@@ -17,8 +17,6 @@ using toolkit::Timer;
 
 namespace {
 
-constexpr int redirectTimeoutSeconds = 5;
-constexpr int mostRedirects = 5;
 constexpr int ok = 200;
 // The bar's largest value, roughly.
 constexpr std::int64_t progressSteps = 1000;
@@ -72,7 +70,8 @@ void KajuUpdateWindow::Download() {
   } catch (const toolkit::RuntimeException& exception) {
     return ShowError(exception.Message());
   }
-  const std::string url = hsSocket.GetRedirectAddress(SelectedBinary->URL, redirectTimeoutSeconds, mostRedirects);
+  const std::string url = hsSocket.GetRedirectAddress(SelectedBinary->URL, Kaju::HTTPSSocket::kTimeoutSeconds,
+                                                      Kaju::HTTPSSocket::kMostRedirects);
   if (!IsAt(Stage::Installing)) return;
   hsSocket.Get(url, *DownloadFile);
   tmrTimeout.Mode(Timer::RunMode::Single);

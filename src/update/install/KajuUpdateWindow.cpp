@@ -30,19 +30,18 @@ KajuUpdateWindow::KajuUpdateWindow()
   OpenControls();
 }
 
-std::shared_ptr<KajuUpdateWindow> KajuUpdateWindow::Shared() {
+std::shared_ptr<KajuUpdateWindow> KajuUpdateWindow::FindOpen() {
   for (const auto& window : toolkit::Platform::Current().OpenWindows()) {
     if (auto open = std::dynamic_pointer_cast<KajuUpdateWindow>(window)) return open;
   }
+  return nullptr;
+}
+
+std::shared_ptr<KajuUpdateWindow> KajuUpdateWindow::Shared() {
+  if (auto open = FindOpen()) return open;
   auto window = std::make_shared<KajuUpdateWindow>();
   window->Show();
   return window;
-}
-
-bool KajuUpdateWindow::IsOpen() {
-  return std::ranges::any_of(toolkit::Platform::Current().OpenWindows(), [](const auto& window) {
-    return dynamic_cast<const KajuUpdateWindow*>(window.get()) != nullptr;
-  });
 }
 
 void KajuUpdateWindow::BuildControls() {

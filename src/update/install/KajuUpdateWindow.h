@@ -45,7 +45,7 @@ class KajuUpdateWindow final : public toolkit::Window {
 
   /// The one window of this kind, open. It is made when it is first asked for, or after the last one was closed.
   [[nodiscard]] static std::shared_ptr<KajuUpdateWindow> Shared();
-  [[nodiscard]] static bool IsOpen();
+  [[nodiscard]] static bool IsOpen() { return FindOpen() != nullptr; }
 
   toolkit::HTMLViewer hvNotes;
   toolkit::PushButton btnOK;
@@ -102,6 +102,7 @@ class KajuUpdateWindow final : public toolkit::Window {
   void Event_Close() override;
 
  private:
+  [[nodiscard]] static std::shared_ptr<KajuUpdateWindow> FindOpen();
   void BuildControls();
   void WireEvents();
 
@@ -124,7 +125,6 @@ class KajuUpdateWindow final : public toolkit::Window {
   [[nodiscard]] std::shared_ptr<Kaju::UpdateInformation> UpdateInRow(int row) const;
   void DisplayVersionInfo(const Kaju::UpdateInformation& info);
   void DisplayTexts(const Kaju::UpdateInformation& info);
-  [[nodiscard]] bool MustBeInstalled(const Kaju::UpdateInformation& info) const;
   [[nodiscard]] static bool UserConfirmsRequiredPayment(const Kaju::UpdateInformation& info);
   [[nodiscard]] std::shared_ptr<Kaju::BinaryInformation> UserSelectsBinary(const Kaju::UpdateInformation& info) const;
 

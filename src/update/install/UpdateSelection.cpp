@@ -1,7 +1,6 @@
 // The part of the update window that shows the offers and asks the user about them.
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 #include "toolkit/MessageDialog.h"
@@ -82,19 +81,16 @@ bool KajuUpdateWindow::hvNotes_CancelLoad(const std::string& /*url*/) { return !
 
 toolkit::HTMLViewer* KajuUpdateWindow::hvNotes_NewWindow() { return &hvNewWindow; }
 
-// What goes to the desktop could start any program there, so only the schemes of pages and mail do.
+// What goes to the desktop could start any program there.
 bool KajuUpdateWindow::hvNewWindow_CancelLoad(const std::string& url) {
-  const bool isHarmless = std::ranges::any_of(std::array{"http://", "https://", "mailto:"}, [&](const char* scheme) {
-    return toolkit::StartsWithIgnoringCase(url, scheme);
-  });
-  if (isHarmless) toolkit::ShowURL(url);
+  if (toolkit::IsForBrowser(url)) toolkit::ShowURL(url);
   return true;
 }
 
 void KajuUpdateWindow::btnSkipVersion_Action() {
   const auto info = UpdateInRow(pumUpdates.ListIndex());
   if (!info || CurrentStage != Stage::ChoosingUpdate) return;
-  if (MustBeInstalled(*info)) {
+  if (info->IsRequiredFor(Kaju::VersionToDouble(Kaju::AppVersionString()))) {
     toolkit::MsgBox(ReplaceAll(KajuLocale::kCannotSkipVersionsMessage(), "<<Version>>", info->MinimumRequiredVersion));
     return;
   }
@@ -104,11 +100,6 @@ void KajuUpdateWindow::btnSkipVersion_Action() {
   } else {
     pumUpdates.RemoveRow(pumUpdates.ListIndex());
   }
-}
-
-bool KajuUpdateWindow::MustBeInstalled(const Kaju::UpdateInformation& info) const {
-  return !info.MinimumRequiredVersion.empty() &&
-         Kaju::VersionToDouble(info.MinimumRequiredVersion) > Kaju::VersionToDouble(Kaju::AppVersionString());
 }
 
 bool KajuUpdateWindow::UserConfirmsRequiredPayment(const Kaju::UpdateInformation& info) {

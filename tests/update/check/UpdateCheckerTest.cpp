@@ -3,9 +3,9 @@
 #include <gmock/gmock.h>
 
 #include "shell/App.h"
+#include "tests/support/FaultySignature.h"
 #include "tests/support/HandPlatform.h"
 #include "tests/support/OtherUser.h"
-#include "tests/support/SigningKey.h"
 #include "toolkit/TextFile.h"
 #include "update/check/KajuException.h"
 #include "update/check/UpdateChecker.h"

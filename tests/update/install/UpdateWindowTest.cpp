@@ -1,8 +1,8 @@
 #include <gmock/gmock.h>
 
 #include "shell/App.h"
+#include "tests/support/FaultySignature.h"
 #include "tests/support/HandPlatform.h"
-#include "tests/support/SigningKey.h"
 #include "toolkit/TextFile.h"
 #include "update/install/KajuUpdateWindow.h"
 
