@@ -13,6 +13,9 @@ function(corvane_layer name)
   add_library(${name} STATIC ${sources})
   target_sources(${name} PUBLIC FILE_SET HEADERS BASE_DIRS "${CMAKE_SOURCE_DIR}/src" FILES ${headers})
   target_link_libraries(${name} PUBLIC ${layer_USES} PRIVATE ${layer_PRIVATE_USES} corvane_warnings)
+  if(toolkit IN_LIST layer_USES AND NOT name STREQUAL toolkit_qt)
+    target_precompile_headers(${name} REUSE_FROM toolkit)
+  endif()
 endfunction()
 
 # corvane_program(NAME [USES target...]): a program of every source in the calling folder.
