@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <utility>
 
+#include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QNetworkAccessManager>
 #include <QSslConfiguration>
+#include <QThread>
 
 #include "toolkit/Platform.h"
 #include "toolkit/qt/ConnectionPool.h"
-#include "toolkit/qt/OneTimeBody.h"
 #include "toolkit/qt/QtText.h"
 
 namespace toolkit::qt {
@@ -18,6 +20,8 @@ constexpr int portOfHTTPS = 443;
 constexpr int portOfHTTP = 80;
 // Qt's network thread may run ahead of the reader by this many bytes, so that a large body does not pile up there.
 constexpr qint64 mostUnread = qint64{1} << 20U;
+// Longer than Qt's network thread takes to ask for a body that goes out on a kept connection.
+constexpr std::chrono::microseconds bodyAskedWithin{200};
 
 QNetworkRequest MakeRequest(const QUrl& url, const HTTPRequest& request) {
   QNetworkRequest made(url);
@@ -111,21 +115,34 @@ void QtTransfer::Start(ConnectionPool& pool, const QUrl& url, HTTPRequest reques
   QNetworkRequest made = MakeRequest(url, request);
   const std::uint64_t bodySize = request.Body.size();
   const bool hasBody = bodySize > 0 || request.Method == "POST" || request.Method == "PUT";
-  OneTimeBody* body = nullptr;
   if (hasBody) {
     made.setHeader(QNetworkRequest::ContentLengthHeader, static_cast<qulonglong>(bodySize));
-    body = new OneTimeBody(std::move(request.Body));
+    body_ = new OneTimeBody(std::move(request.Body));
   }
   // A HEAD under any other name would be waited on for a body that never comes.
   reply_ = request.Method == "HEAD"
                ? manager_->head(made)
-               : manager_->sendCustomRequest(made, QByteArray::fromStdString(request.Method), body);
-  // A file can begin to arrive at once.
-  if (!hasBody) reply_->setReadBufferSize(mostUnread);
-  if (body != nullptr) body->setParent(reply_);
+               : manager_->sendCustomRequest(made, QByteArray::fromStdString(request.Method), body_);
+  if (hasBody) {
+    body_->setParent(reply_);
+    QTimer::singleShot(0, this, [this] { HandOverBody(); });
+  } else {
+    reply_->setReadBufferSize(mostUnread);  // a file can begin to arrive at once
+  }
   if (request.Certificates == CertificateCheck::Skipped) reply_->ignoreSslErrors();
   LimitTime(request);
   Listen(bodySize);
+}
+
+// The body is asked for from Qt's network thread. On a kept connection the question comes sooner than this thread could
+// fall asleep and wake again, so it stays awake for it, and lets others run meanwhile.
+void QtTransfer::HandOverBody() {
+  const QPointer<QtTransfer> alive(this);
+  const QDeadlineTimer patience(bodyAskedWithin, Qt::PreciseTimer);
+  while (alive && body_ && body_->bytesAvailable() > 0 && !patience.hasExpired()) {
+    QCoreApplication::sendPostedEvents(reply_, QEvent::MetaCall);
+    QThread::yieldCurrentThread();
+  }
 }
 
 void QtTransfer::LimitTime(const HTTPRequest& request) {

@@ -8,6 +8,7 @@
 #include <QTimer>
 
 #include "toolkit/HTTPTransfer.h"
+#include "toolkit/qt/OneTimeBody.h"
 
 class QNetworkAccessManager;
 
@@ -24,6 +25,7 @@ class QtTransfer final : public QObject, public HTTPTransfer {
 
  private:
   void Start(ConnectionPool& pool, const QUrl& url, HTTPRequest request);
+  void HandOverBody();
   void LimitTime(const HTTPRequest& request);
   void Listen(std::uint64_t bodySize);
   void ReadHeaders();
@@ -35,6 +37,7 @@ class QtTransfer final : public QObject, public HTTPTransfer {
   HTTPTransferEvents& events_;
   std::shared_ptr<QNetworkAccessManager> manager_;
   QNetworkReply* reply_ = nullptr;
+  QPointer<OneTimeBody> body_;
   QTimer connectTimer_;
   QTimer inactivityTimer_;
   QUrl url_;
