@@ -2,7 +2,7 @@
 
 #include <QProcess>
 #include <QTabWidget>
-#include <boost/json.hpp>
+#include <boost/json/parse.hpp>
 #include <gmock/gmock.h>
 
 #include "servercontrol/wContainerLogs.h"
@@ -33,7 +33,7 @@ std::string AskEngine(const std::string& path) {
 std::string RunsSince(const std::string& container) {
   const json::value answer = json::parse(AskEngine("/containers/" + container + "/json"));
   const json::object& state = answer.at("State").as_object();
-  return state.at("Running").as_bool() ? json::value_to<std::string>(state.at("StartedAt")) : "";
+  return state.at("Running").as_bool() ? state.at("StartedAt").as_string().c_str() : "";
 }
 
 class Containers : public Desktop {
