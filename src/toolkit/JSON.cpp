@@ -1,5 +1,6 @@
 #include "toolkit/JSON.h"
 
+#include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <limits>
@@ -66,7 +67,8 @@ struct Reader {
   static bool on_number_part(Text, Error&) { return true; }
   bool on_int64(std::int64_t number, Text, Error&) { return Push([=](auto& stack) { stack.push_int64(number); }); }
   bool on_uint64(std::uint64_t number, Text, Error&) { return Push([=](auto& stack) { stack.push_uint64(number); }); }
-  bool on_double(double number, Text, Error& error) {
+  bool on_double(double number, Text text, Error& error) {
+    std::from_chars(text.begin(), text.end(), number);  // the parser itself may miss the nearest number by a little
     if (std::isfinite(number)) return Push([=](auto& stack) { stack.push_double(number); });
     error = json::error::exponent_overflow;  // it could not be written out again
     return false;

@@ -114,6 +114,17 @@ TEST_F(ClientTest, ValuesSurviveTheRoundTripExactly) {
   const std::string reply = R"({"nested":{"list":[null,false,1e300,{"":)" + all + R"(}]},"nil":null})";
   Last().Reply(200, reply);
   EXPECT_EQ(Press(), parse(reply));
+  // clang-format off
+  const std::pair<std::string, const char*> numbers[] = {
+      {"91.66666666666667", "91.66666666666667"}, {"12.50", "12.5"}, {"8.0", "8"}, {"1E5", "100000"}, {"1e-400", "0"},
+      {"5e-324", "5e-324"}, {"1.7976931348623157E+308", "1.7976931348623157e+308"},
+      {"18446744073709551616", "18446744073709551616"}};
+  // clang-format on
+  for (const auto& [written, shown] : numbers) {
+    Press();
+    Last().Reply(200, R"({"number":)" + written + "}");
+    EXPECT_EQ(client->Operator_Lookup("number").Text(), shown);
+  }
 }
 
 TEST_F(ClientTest, ItsHandlersMayPressAgainOrDestroyTheClient) {
