@@ -1,4 +1,5 @@
-#include <boost/json.hpp>
+#include <boost/json/parse.hpp>
+#include <boost/json/serialize.hpp>
 #include <gtest/gtest.h>
 
 #include "panel/DemoFleet.h"

@@ -5,7 +5,8 @@
 #include <string>
 #include <vector>
 
-#include <boost/json.hpp>
+#include <boost/json/parse.hpp>
+#include <boost/json/serialize.hpp>
 #include <gmock/gmock.h>
 
 #include "servercontrol/wServer.h"

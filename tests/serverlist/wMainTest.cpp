@@ -1,4 +1,4 @@
-#include <boost/json.hpp>
+#include <boost/json/parse.hpp>
 #include <gmock/gmock.h>
 
 #include "serverlist/CorvaneClient.h"

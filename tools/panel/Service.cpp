@@ -6,7 +6,9 @@
 #include <optional>
 #include <utility>
 
-#include <boost/json.hpp>
+#include <boost/json/monotonic_resource.hpp>
+#include <boost/json/parse.hpp>
+#include <boost/json/serialize.hpp>
 
 #include "panel/Json.h"
 #include "panel/TableWriter.h"
