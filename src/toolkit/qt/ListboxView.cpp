@@ -162,8 +162,13 @@ void ListboxView::LayOutRows() {
   geometry_.RowCount = model_.rowCount();
   geometry_.ColumnWidths = LayOutColumns(Shown().ColumnWidths(), Shown().ColumnCount(), available);
   if (LastColumnIsWide()) geometry_.ColumnWidths.back() = std::max(geometry_.ColumnWidths.back(), widestText_);
+  // The last heading goes on to the list's edge, so that the strip has no end before it.
+  int left = 0;
   for (int column = 0; column < header_->count(); ++column) {
-    header_->resizeSection(column, geometry_.ColumnWidths[static_cast<std::size_t>(column)]);
+    const int width = geometry_.ColumnWidths[static_cast<std::size_t>(column)];
+    const bool isLast = column + 1 == header_->count();
+    header_->resizeSection(column, isLast ? std::max(width, available - left) : width);
+    left += width;
   }
   horizontalScrollBar()->setPageStep(available);
   horizontalScrollBar()->setSingleStep(fontMetrics().averageCharWidth() * 8);
