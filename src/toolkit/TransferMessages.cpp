@@ -32,7 +32,7 @@ std::string DescribeFailure(const TransferFailure& failure) {
     case TransferFault::Inactive:
       return "The server " + host + " stopped answering" + AtPort(failure) + ": nothing came within the time allowed.";
     case TransferFault::ClosedEarly:
-      return "The server " + host + " closed the connection before its reply was complete.";
+      return "The connection to the server " + host + " was closed before its reply was complete.";
     case TransferFault::NotHTTP:
       return "The server " + host + " answered" + AtPort(failure) + " with something that is not HTTP.";
     case TransferFault::Proxy:

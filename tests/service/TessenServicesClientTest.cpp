@@ -98,7 +98,7 @@ TEST_F(ClientTest, RefusesEmptyTextsAtOnceAndPassesOnFailuresOfTheTransfer) {
   Last().Fail(toolkit::TransferFault::ClosedEarly);
   EXPECT_EQ(platform.Requests.size(), 1U);
   EXPECT_THAT(events, ElementsAre("error: No Tessen Service URL was provided.", "error: No button name was provided.",
-                                  "error: The server “Srv” closed the connection before its reply was complete."));
+                                  "error: The connection to the server “Srv” was closed before its reply was complete."));
   EXPECT_EQ(Press(), sent);
 }
 

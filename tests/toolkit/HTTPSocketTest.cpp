@@ -14,7 +14,7 @@ TEST(HTTPSocket, AFileTakesTheReplyOrTheErrorTellsWhyNot) {
   const std::tuple<FolderItem, std::string, std::string> rows[] = {
       {file, big, ""},
       {file, "", ""},
-      {file, "half", "The server “srv” closed the connection before its reply was complete."},
+      {file, "half", "The connection to the server “srv” was closed before its reply was complete."},
       {missing, "x", "The file " + missing.Path().string() + " could not be created."},
       {FolderItem("/dev/full"), big, "The file /dev/full could not be written."},
       {FolderItem("/dev/full"), "seen at the end", "The file /dev/full could not be written."},

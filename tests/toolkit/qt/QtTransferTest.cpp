@@ -130,7 +130,7 @@ TEST_F(Transport, WhatWasPressedOnceReachesABrokenServerAtMostOnceAndIsToldAsAnE
       const FaultServer server(isKept ? std::vector{good, fault, good} : std::vector{fault, good});
       EXPECT_TRUE(!isKept || Outcome(server.URL()) == "page 200 {}");
       EXPECT_EQ(Outcome(server.URL(), "restart"),
-                "error The server “127.0.0.1” closed the connection before its reply was complete.");
+                "error The connection to the server “127.0.0.1” was closed before its reply was complete.");
       QTest::qWait(60);
       EXPECT_THAT(server.Requests(), SizeIs(isKept ? 2 : 1));
       EXPECT_EQ(BodyOf(server.Requests().back()), "restart");
@@ -145,7 +145,7 @@ TEST_F(Transport, WhoCannotBeReachedIsToldInWordsThatNameTheHost) {
   const std::string notValid = "error The address of the server is not a valid one.";
   const std::pair<std::string, std::string> rows[] = {
       {"https" + noTLS.URL().substr(4), "error No secure connection (TLS) could be made to the server “127.0.0.1”"},
-      {closing.URL(), "error The server “127.0.0.1” closed the connection"},
+      {closing.URL(), "error The connection to the server “127.0.0.1” was closed"},
       {"https://127.0.0.1:" + std::to_string(UnusedPort()), "error The server “127.0.0.1” refused the connection on"},
       {"https://no-such-host.invalid:1701/a", "error There is no server with the name “no-such-host.invalid”"},
       {"https://:1701/a", notValid},
