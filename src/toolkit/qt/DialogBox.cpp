@@ -6,15 +6,14 @@
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
-#include <QStyle>
 #include <QTextBlock>
 #include <QTextLayout>
 #include <QVBoxLayout>
 
+#include "toolkit/qt/CautionSign.h"
 #include "toolkit/qt/QtText.h"
 
 namespace toolkit::qt {
@@ -24,7 +23,9 @@ namespace {
 constexpr qsizetype longestText = 50'000;
 constexpr int narrowestText = 260;
 constexpr int widestText = 480;
-constexpr int iconSize = 48;
+constexpr int scrollBarWidth = 24;
+// What stands beside a text at most: the sign and the margins.
+constexpr int besideText = 96;
 
 QString Shorten(const QString& text) {
   if (text.size() <= longestText) return text;
@@ -36,7 +37,7 @@ QString Shorten(const QString& text) {
 int WidthOfText(const QFontMetrics& font, const QString& text) {
   int width = narrowestText;
   for (const QString& line : text.left(2000).split('\n')) {
-    width = std::max(width, font.horizontalAdvance(line.left(200)) + 2 * font.averageCharWidth() + iconSize / 2);
+    width = std::max(width, font.horizontalAdvance(line.left(200)) + 2 * font.averageCharWidth() + scrollBarWidth);
   }
   return std::min(width, widestText);
 }
@@ -75,16 +76,9 @@ QPlainTextEdit* MakeTextArea(const QString& name, const QString& text, const QFo
   area->setPalette(palette);
   area->setFont(font);
   area->setPlainText(text);
-  const int width = std::min(WidthOfText(area->fontMetrics(), text), screen.width() - 2 * iconSize);
+  const int width = std::min(WidthOfText(area->fontMetrics(), text), screen.width() - besideText);
   area->setFixedSize(width, HeightOfText(*area, width, screen.height() / 3));
   return area;
-}
-
-QLabel* MakeIcon(const QStyle& style) {
-  auto* icon = new QLabel;
-  icon->setPixmap(style.standardIcon(QStyle::SP_MessageBoxWarning).pixmap(iconSize));
-  icon->setAlignment(Qt::AlignTop);
-  return icon;
 }
 
 }  // namespace
@@ -108,7 +102,7 @@ QWidget* DialogBox::MakeTexts(const MessageDialog& dialog) {
   auto* row = new QWidget;
   auto* rowLayout = new QHBoxLayout(row);
   rowLayout->setContentsMargins({});
-  if (dialog.Icon == DialogIcon::Caution) rowLayout->addWidget(MakeIcon(*style()));
+  if (dialog.Icon == DialogIcon::Caution) rowLayout->addWidget(new CautionSign, 0, Qt::AlignTop);
 
   auto* column = new QVBoxLayout;
   QFont messageFont = font();
