@@ -97,8 +97,9 @@ TEST_F(ClientTest, RefusesEmptyTextsAtOnceAndPassesOnFailuresOfTheTransfer) {
   Last().ReplyPart(R"({"kept":"half)");
   Last().Fail(toolkit::TransferFault::ClosedEarly);
   EXPECT_EQ(platform.Requests.size(), 1U);
-  EXPECT_THAT(events, ElementsAre("error: No Tessen Service URL was provided.", "error: No button name was provided.",
-                                  "error: The connection to the server “Srv” was closed before its reply was complete."));
+  EXPECT_THAT(events,
+              ElementsAre("error: No Tessen Service URL was provided.", "error: No button name was provided.",
+                          "error: The connection to the server “Srv” was closed before its reply was complete."));
   EXPECT_EQ(Press(), sent);
 }
 
