@@ -238,9 +238,8 @@ void wServer::mContainers_logs() {
   const auto count = ParseLogCount(txt_containers_logs.Text());
   if (!count) {
     MsgBox(
-        "You must provide a number of logs to retrieve. The higher the number the longer the request will take. Enter "
-        "0 "
-        "to retrieve all logs for a container.");
+        "You must provide a number of logs to retrieve. The higher the number the longer the request will take. "
+        "Enter 0 to retrieve all logs for a container.");
     return;
   }
   containers_logs.Operator_Lookup("logCount", std::to_string(*count));
