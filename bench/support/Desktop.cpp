@@ -35,6 +35,8 @@ class Desktop::Watch final : public toolkit::HTTPTransfer, public toolkit::HTTPT
     return watch;
   }
 
+  void Abort() override { transfer_->Abort(); }
+
  private:
   void HeadersReceived(int status, toolkit::HTTPHeaders headers, std::optional<std::uint64_t> length) override {
     desktop_.headersAt_ = Clock::now();

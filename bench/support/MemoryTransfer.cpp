@@ -24,11 +24,12 @@ MemoryTransfer::MemoryTransfer(std::shared_ptr<const std::string> body, toolkit:
 void MemoryTransfer::Deliver() {
   const QPointer<MemoryTransfer> alive(this);
   const auto body = body_;
+  if (isAborted_) return;
   events_.HeadersReceived(statusOK, {}, body->size());
-  for (std::size_t place = 0; alive && place < body->size(); place += partSize) {
+  for (std::size_t place = 0; alive && !isAborted_ && place < body->size(); place += partSize) {
     events_.BodyReceived(std::string_view(*body).substr(place, partSize));
   }
-  if (alive) events_.Finished();
+  if (alive && !isAborted_) events_.Finished();
 }
 
 }  // namespace bench

@@ -13,12 +13,14 @@ namespace bench {
 class MemoryTransfer final : public QObject, public toolkit::HTTPTransfer {
  public:
   MemoryTransfer(std::shared_ptr<const std::string> body, toolkit::HTTPTransferEvents& events);
+  void Abort() override { isAborted_ = true; }
 
  private:
   void Deliver();
 
   std::shared_ptr<const std::string> body_;
   toolkit::HTTPTransferEvents& events_;
+  bool isAborted_ = false;
 };
 
 }  // namespace bench

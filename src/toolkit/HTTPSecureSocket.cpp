@@ -69,6 +69,7 @@ int HTTPSecureSocket::LastErrorCode() const {
 
 void HTTPSecureSocket::Start(std::string_view method, std::string url, const FolderItem* file,
                              std::chrono::seconds timeout, Report report) {
+  Disconnect();
   Event_BeforeRequest(url);
   method_ = method;
   address_ = AddressOf(url, Secure, Port);

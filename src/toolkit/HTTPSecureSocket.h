@@ -6,7 +6,6 @@
 
 #include "toolkit/Event.h"
 #include "toolkit/HTTPSocket.h"
-#include "toolkit/InternetHeaders.h"
 #include "toolkit/StillWanted.h"
 
 namespace toolkit {
@@ -35,6 +34,8 @@ class HTTPSecureSocket : private HTTPSocket {
   Event<std::int64_t, std::int64_t> ReceiveProgress;
 
   HTTPSecureSocket();
+  /// Ends the request under way: what was only to be fetched is not wanted any more.
+  ~HTTPSecureSocket() override { Disconnect(); }
 
   using HTTPSocket::Disconnect;
   using HTTPSocket::IsConnected;
@@ -60,7 +61,7 @@ class HTTPSecureSocket : private HTTPSocket {
 
   /// The status of the last reply; 0 if there was none.
   [[nodiscard]] int HTTPStatusCode() const { return status_; }
-  [[nodiscard]] InternetHeaders PageHeaders() const { return InternetHeaders(ResponseHeaders()); }
+  [[nodiscard]] InternetHeaders PageHeaders() const { return ResponseHeaders(); }
   /// 0 if the last call has not failed, -1 if it timed out, any other number for another failure.
   [[nodiscard]] int LastErrorCode() const;
   /// Whether the last call failed because the body was longer than LargestBody.

@@ -14,20 +14,17 @@ namespace {
 constexpr std::uint64_t largestReserve = std::uint64_t{256} << 20U;
 
 auto FindHeader(auto& headers, std::string_view name) {
-  return std::find_if(headers.begin(), headers.end(),
-                      [&](const auto& header) { return LowerCase(header.first) == LowerCase(name); });
-}
-
-std::string HeaderValue(const HTTPHeaders& headers, std::string_view name) {
-  const auto header = FindHeader(headers, name);
-  return header == headers.end() ? std::string() : header->second;
+  return std::ranges::find_if(headers, [&](const auto& header) { return EqualIgnoringCase(header.first, name); });
 }
 
 }  // namespace
 
 void HTTPSocket::ClearRequestHeaders() { requestHeaders_.clear(); }
 
-std::string HTTPSocket::RequestHeader(std::string_view name) const { return HeaderValue(requestHeaders_, name); }
+std::string HTTPSocket::RequestHeader(std::string_view name) const {
+  const auto header = FindHeader(requestHeaders_, name);
+  return header == requestHeaders_.end() ? std::string() : header->second;
+}
 
 void HTTPSocket::RequestHeader(std::string_view name, std::string_view value) {
   const auto header = FindHeader(requestHeaders_, name);
@@ -39,8 +36,6 @@ void HTTPSocket::RequestHeader(std::string_view name, std::string_view value) {
     header->second = value;
   }
 }
-
-std::string HTTPSocket::ResponseHeader(std::string_view name) const { return HeaderValue(responseHeaders_, name); }
 
 void HTTPSocket::SetRequestContent(std::string data, std::string_view mimeType) {
   requestContent_ = std::move(data);
@@ -58,16 +53,21 @@ void HTTPSocket::Send(std::string_view method, std::string_view url, const Folde
 }
 
 void HTTPSocket::Disconnect() {
+  if (transfer_) transfer_->Abort();
+  LetGo();
+}
+
+void HTTPSocket::LetGo() {
   transfer_.reset();
   fileStream_.close();
 }
 
 void HTTPSocket::Start(std::string_view method, std::string_view url) {
-  Disconnect();
+  LetGo();
   url_ = url;
   status_ = 0;
   fault_.reset();
-  responseHeaders_.clear();
+  responseHeaders_ = InternetHeaders();
   announcedLength_.reset();
   receivedLength_ = 0;
   content_ = std::string();
@@ -85,7 +85,7 @@ void HTTPSocket::Start(std::string_view method, std::string_view url) {
 
 void HTTPSocket::HeadersReceived(int status, HTTPHeaders headers, std::optional<std::uint64_t> length) {
   status_ = status;
-  responseHeaders_ = std::move(headers);
+  responseHeaders_ = InternetHeaders(std::move(headers));
   announcedLength_ = length;
   if (length.value_or(0) > LargestBody) {
     FailAsTooLarge();
@@ -150,8 +150,7 @@ void HTTPSocket::FailToWrite(std::string_view what) {
 
 void HTTPSocket::FailWith(TransferFault fault, const std::string& message) {
   fault_ = fault;
-  const auto ended = std::exchange(transfer_, nullptr);
-  fileStream_.close();
+  Disconnect();
   content_ = std::string();
   Event_Error(RuntimeException(message));
 }

@@ -11,6 +11,7 @@
 
 #include "toolkit/FolderItem.h"
 #include "toolkit/HTTPTransfer.h"
+#include "toolkit/InternetHeaders.h"
 #include "toolkit/RuntimeException.h"
 
 namespace toolkit {
@@ -37,18 +38,19 @@ class HTTPSocket : private HTTPTransferEvents {
   /// The empty value takes the header away.
   void RequestHeader(std::string_view name, std::string_view value);
   /// A header of the last reply; empty if it had none of that name.
-  [[nodiscard]] std::string ResponseHeader(std::string_view name) const;
-  [[nodiscard]] const HTTPHeaders& ResponseHeaders() const { return responseHeaders_; }
+  [[nodiscard]] std::string ResponseHeader(std::string_view name) const { return responseHeaders_.Value(name); }
+  [[nodiscard]] const InternetHeaders& ResponseHeaders() const { return responseHeaders_; }
 
   /// Makes `data` the body of the next request, and of that one only.
   void SetRequestContent(std::string data, std::string_view mimeType);
-  /// Starts a request and returns at once. The reply comes whole, as Event_PageReceived. A request that is under way is
-  /// abandoned: its reply is never delivered. The request reaches the server at most once.
+  /// Starts a request and returns at once. The reply comes whole, as Event_PageReceived. The request reaches the server
+  /// at most once. Of a request that is under way the reply is never delivered; but it is sent and carried out, as it
+  /// is if this socket goes.
   void Send(std::string_view method, std::string_view url);
   /// As the other Send, but the reply's body goes to `file` as it arrives, and Event_FileReceived tells its end. The
   /// file is created or emptied when the reply begins; after a failure it holds what had arrived.
   void Send(std::string_view method, std::string_view url, const FolderItem& file);
-  /// Abandons the request under way, if there is one, without any event.
+  /// Ends the request under way, if there is one, wherever it is and without any event.
   void Disconnect();
   /// Whether a request is under way.
   [[nodiscard]] bool IsConnected() const { return transfer_ != nullptr; }
@@ -67,6 +69,7 @@ class HTTPSocket : private HTTPTransferEvents {
 
  private:
   void Start(std::string_view method, std::string_view url);
+  void LetGo();
   bool OpenFile();
   void FailWith(TransferFault fault, const std::string& message);
   void FailAsTooLarge();
@@ -85,7 +88,7 @@ class HTTPSocket : private HTTPTransferEvents {
   std::string url_;
   int status_ = 0;
   std::optional<TransferFault> fault_;
-  HTTPHeaders responseHeaders_;
+  InternetHeaders responseHeaders_;
   std::optional<std::uint64_t> announcedLength_;
   std::uint64_t receivedLength_ = 0;
   std::string content_;

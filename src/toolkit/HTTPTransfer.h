@@ -38,6 +38,7 @@ enum class TransferFault {
   TLSFailed,
   ConnectTimedOut,
   Inactive,
+  NoLongerAnswers,
   ClosedEarly,
   NotHTTP,
   Proxy,
@@ -61,7 +62,7 @@ class HTTPTransferEvents {
  public:
   virtual ~HTTPTransferEvents() = default;
 
-  /// Once, before any body. `length` is the announced size of the body in bytes, if it was announced.
+  /// Once, before any body. `length` is the size in bytes of the body that follows, if it was announced.
   virtual void HeadersReceived(int status, HTTPHeaders headers, std::optional<std::uint64_t> length) = 0;
   virtual void BodyReceived(std::string_view bytes) = 0;
   /// `sent` of `total` bytes of the request's body are on their way.
@@ -72,10 +73,12 @@ class HTTPTransferEvents {
   virtual void Failed(const TransferFailure& failure) = 0;
 };
 
-/// A transfer under way. Destroying it abandons the transfer: no call comes afterwards.
+/// A transfer under way. When it is destroyed, no call comes any more, but the request is still sent and carried out.
 class HTTPTransfer {
  public:
   virtual ~HTTPTransfer() = default;
+  /// Ends the transfer at once, wherever it is. No call comes any more.
+  virtual void Abort() = 0;
 };
 
 }  // namespace toolkit

@@ -1,15 +1,17 @@
 #include "toolkit/InternetHeaders.h"
 
-#include <algorithm>
-
 #include "toolkit/Text.h"
 
 namespace toolkit {
 
 std::string InternetHeaders::Value(std::string_view name) const {
-  const auto field =
-      std::ranges::find_if(fields_, [&](const auto& candidate) { return EqualIgnoringCase(candidate.first, name); });
-  return field == fields_.end() ? std::string() : field->second;
+  std::string values;
+  for (const auto& [field, value] : fields_) {
+    if (!EqualIgnoringCase(field, name)) continue;
+    if (!values.empty()) values += ", ";
+    values += value;
+  }
+  return values;
 }
 
 }  // namespace toolkit

@@ -13,7 +13,8 @@ class InternetHeaders {
   InternetHeaders() = default;
   explicit InternetHeaders(HTTPHeaders fields) : fields_(std::move(fields)) {}
 
-  /// The value of the first field of that name, in either case; empty if there is none.
+  /// The values of all fields of that name, in either case, with a comma and a blank between them; empty if there is
+  /// none.
   [[nodiscard]] std::string Value(std::string_view name) const;
 
  private:

@@ -31,6 +31,9 @@ std::string DescribeFailure(const TransferFailure& failure) {
              ": the connection was not made within the time allowed.";
     case TransferFault::Inactive:
       return "The server " + host + " stopped answering" + AtPort(failure) + ": nothing came within the time allowed.";
+    case TransferFault::NoLongerAnswers:
+      return "The server " + host + " no longer answers" + AtPort(failure) +
+             ". Whether it received the request is not known.";
     case TransferFault::ClosedEarly:
       return "The connection to the server " + host + " was closed before its reply was complete.";
     case TransferFault::NotHTTP:

@@ -22,8 +22,12 @@ class Held : public Interface {
   std::shared_ptr<Thing> thing_;
 };
 
-using HandTransfer = Held<toolkit::HTTPTransfer, SentRequest>;
 using HandTimer = Held<toolkit::PlatformTimer, SetTimer>;
+
+struct HandTransfer final : Held<toolkit::HTTPTransfer, SentRequest> {
+  using Held::Held;
+  void Abort() override { thing_->Abort(); }
+};
 
 struct HandProcess final : Held<toolkit::ChildProcess, StartedProcess> {
   using Held::Held;

@@ -18,8 +18,10 @@ class SentRequest {
       : Request(std::move(request)), events_(&events) {}
 
   const toolkit::HTTPRequest Request;
-  /// Whether it has neither ended nor been abandoned.
+  /// Whether somebody still listens for the end of it.
   [[nodiscard]] bool IsRunning() const { return events_ != nullptr; }
+  /// Whether it was ended by the program, so that it may never reach the server.
+  [[nodiscard]] bool IsAborted() const { return isAborted_; }
   /// A whole reply.
   void Reply(int status, std::string_view body);
   /// A reply in pieces: these three, the second as often as wanted.
@@ -28,14 +30,19 @@ class SentRequest {
   void EndReply();
   /// No reply, or no more of it. The failure names the host of the request and port 1701.
   void Fail(toolkit::TransferFault fault);
-  /// For the platform: the program let go of the transfer.
+  /// For the platform: the program let go of the transfer, or ended it.
   void LetGo() { events_ = nullptr; }
+  void Abort() {
+    isAborted_ = events_ != nullptr;
+    LetGo();
+  }
 
  private:
   using Telling = std::function<void(toolkit::HTTPTransferEvents&)>;
   static void Tell(toolkit::HTTPTransferEvents* events, const Telling& telling);
 
   toolkit::HTTPTransferEvents* events_;
+  bool isAborted_ = false;
 };
 
 /// A command line that the program gave to the shell, and the hand that ends it.

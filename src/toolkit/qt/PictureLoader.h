@@ -18,6 +18,7 @@ class PictureLoader final : private HTTPSocket {
   };
 
   PictureLoader(const std::string& url, std::uint64_t largest, Events events);
+  ~PictureLoader() override { Disconnect(); }
 
  private:
   void Event_Error(const RuntimeException& error) override;

@@ -8,21 +8,18 @@
 #include <QEventLoop>
 #include <QIcon>
 #include <QPixmap>
-#include <QSslCertificate>
-#include <QSslConfiguration>
 #include <QStandardPaths>
 #include <QTimer>
 #include <QUrl>
 
 #include "toolkit/Picture.h"
 #include "toolkit/Window.h"
-#include "toolkit/qt/ConnectionPool.h"
 #include "toolkit/qt/DialogBox.h"
 #include "toolkit/qt/QtPicture.h"
 #include "toolkit/qt/QtProcess.h"
 #include "toolkit/qt/QtText.h"
-#include "toolkit/qt/QtTransfer.h"
 #include "toolkit/qt/QtWindow.h"
+#include "toolkit/qt/SystemProxies.h"
 #include "toolkit/qt/Translations.h"
 
 namespace toolkit::qt {
@@ -92,8 +89,8 @@ QtPlatform::~QtPlatform() {
 }
 
 std::unique_ptr<HTTPTransfer> QtPlatform::StartTransfer(HTTPRequest request, HTTPTransferEvents& events) {
-  if (!connections_) connections_ = std::make_unique<ConnectionPool>();
-  return std::make_unique<QtTransfer>(*connections_, std::move(request), events);
+  const std::string proxy = ProxyFor(request.URL);
+  return transfers_.Start(std::move(request), proxy, events);
 }
 
 // A call that is made while a dialog stands runs the loop on top of that dialog's own. It can end before the calls
@@ -158,9 +155,7 @@ std::chrono::milliseconds QtPlatform::Uptime() const {
 }
 
 void QtPlatform::TrustAuthority(std::string_view certificate) {
-  QSslConfiguration tls = QSslConfiguration::defaultConfiguration();
-  tls.addCaCertificates(QSslCertificate::fromData(QByteArray(certificate.data(), qsizetype(certificate.size()))));
-  QSslConfiguration::setDefaultConfiguration(tls);
+  transfers_.Trust(certificate);
 }
 
 std::optional<Size> QtPlatform::SizeOfPicture(std::span<const std::byte> encoded) { return SizeOf(encoded); }

@@ -5,13 +5,14 @@
 #include <vector>
 
 #include "toolkit/Platform.h"
+#include "toolkit/http/TransferPool.h"
+#include "toolkit/qt/QtEventLoop.h"
 
 class QApplication;
 class QObject;
 
 namespace toolkit::qt {
 
-class ConnectionPool;
 class Translations;
 class QtWindow;
 
@@ -57,7 +58,8 @@ class QtPlatform final : public Platform {
 
   std::unique_ptr<QApplication> application_;
   std::unique_ptr<QObject> sessionWatch_;
-  std::unique_ptr<ConnectionPool> connections_;
+  QtEventLoop loop_;
+  http::TransferPool transfers_{loop_};
   std::unique_ptr<Translations> translations_;
   std::vector<std::unique_ptr<QtWindow>> views_;
   // Views whose window was closed; they may have code on the stack, so they go when no dialog keeps any there.

@@ -1,0 +1,216 @@
+#include "toolkit/http/Exchange.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "toolkit/Platform.h"
+#include "toolkit/Text.h"
+
+namespace toolkit::http {
+namespace {
+
+// More than this does not wait for a listener who is slow.
+constexpr std::size_t mostKept = std::size_t{1} << 20U;
+// So much of a reply is read to its end though nobody listens: the server can finish, and the connection stays.
+constexpr std::uint64_t mostDropped = std::uint64_t{1} << 20U;
+constexpr long firstFinalStatus = 200;
+constexpr long noContent = 204;
+constexpr long notModified = 304;
+
+Exchange& Of(void* self) { return *static_cast<Exchange*>(self); }
+
+}  // namespace
+
+Exchange::Exchange(const Curl& curl, HTTPRequest request, const std::string& proxy, const Authorities& authorities,
+                   HTTPTransferEvents& listener)
+    : curl_(curl),
+      address_(curl, request.URL),
+      easy_(curl, request, address_, proxy, authorities),
+      listener_(&listener),
+      requestBody_(std::move(request.Body)),
+      requestSize_(requestBody_.size()),
+      isHead_(request.Method == "HEAD") {
+  SetCallbacks();
+}
+
+void Exchange::SetCallbacks() {
+  using Bytes = std::string_view;
+  for (const CURLoption data : {CURLOPT_PRIVATE, CURLOPT_PREREQDATA, CURLOPT_READDATA, CURLOPT_HEADERDATA, CURLOPT_WRITEDATA}) {
+    easy_.Set(data, this);
+  }
+  easy_.Set(CURLOPT_PREREQFUNCTION, +[](void* self, char*, char*, int, int) { return Of(self).TakeConnection(); });
+  easy_.Set(CURLOPT_READFUNCTION, +[](char* place, std::size_t size, std::size_t count, void* self) {
+    return Of(self).GiveBody(place, size * count);
+  });
+  easy_.Set(CURLOPT_HEADERFUNCTION, +[](char* line, std::size_t size, std::size_t count, void* self) {
+    return Of(self).TakeHeader(Bytes(line, size * count));
+  });
+  easy_.Set(CURLOPT_WRITEFUNCTION, +[](char* bytes, std::size_t size, std::size_t count, void* self) {
+    return Of(self).TakeBody(Bytes(bytes, size * count));
+  });
+}
+
+void Exchange::OpenSocketsIn(Sockets& sockets) {
+  sockets_ = &sockets;
+  easy_.Set(CURLOPT_OPENSOCKETDATA, this);
+  easy_.Set(CURLOPT_OPENSOCKETFUNCTION, +[](void* self, curlsocktype, curl_sockaddr* address) {
+    return Of(self).OpenSocket(*address);
+  });
+  easy_.Set(CURLOPT_CLOSESOCKETDATA, sockets_);
+  easy_.Set(CURLOPT_CLOSESOCKETFUNCTION, +[](void* all, curl_socket_t descriptor) {
+    static_cast<Sockets*>(all)->Close(descriptor);
+    return 0;
+  });
+}
+
+void Exchange::LimitSilence(std::unique_ptr<Alarm> patience, std::chrono::milliseconds time) {
+  patience_ = std::move(patience);
+  patienceTime_ = time;
+  NoteProgress();
+}
+
+void Exchange::NoteProgress() {
+  ++progress_;
+  if (patience_) patience_->Set(patienceTime_);
+}
+
+// libcurl would try again over another connection when one breaks that was kept. But the request may have reached the
+// server over the first one.
+int Exchange::OpenSocket(const curl_sockaddr& address) {
+  wasTriedAgain_ = hasHadConnection_;
+  return wasTriedAgain_ ? CURL_SOCKET_BAD : sockets_->Open(address);
+}
+
+int Exchange::TakeConnection() {
+  NoteProgress();
+  wasTriedAgain_ = std::exchange(hasHadConnection_, true);
+  return wasTriedAgain_ ? CURL_PREREQFUNC_ABORT : CURL_PREREQFUNC_OK;
+}
+
+std::size_t Exchange::GiveBody(char* place, std::size_t size) {
+  NoteProgress();
+  const std::size_t count = std::min<std::size_t>(size, requestBody_.size() - given_);
+  std::copy_n(requestBody_.data() + given_, count, place);
+  given_ += count;
+  if (given_ == requestSize_) std::string().swap(requestBody_);  // a large one is not kept while the reply is awaited
+  return count;
+}
+
+std::size_t Exchange::TakeHeader(std::string_view line) {
+  NoteProgress();
+  const std::size_t size = line.size();
+  if (headersAreComplete_) return size;  // a trailer
+  const bool isContinued = line.starts_with(' ') || line.starts_with('\t');
+  const std::string_view text = Trim(line);
+  const std::size_t colon = text.find(':');
+  if (text.empty()) {
+    headersAreComplete_ = easy_.Information<long>(CURLINFO_RESPONSE_CODE) >= firstFinalStatus;
+  } else if (line.starts_with("HTTP/")) {
+    headers_.clear();
+  } else if (isContinued && !headers_.empty()) {
+    headers_.back().second.append(" ").append(text);
+  } else if (colon != std::string_view::npos) {
+    headers_.emplace_back(Trim(text.substr(0, colon)), Trim(text.substr(colon + 1)));
+  }
+  return size;
+}
+
+std::size_t Exchange::TakeBody(std::string_view bytes) {
+  NoteProgress();
+  if (listener_ == nullptr) {
+    dropped_ += bytes.size();
+    return dropped_ <= mostDropped ? bytes.size() : 0;
+  }
+  isPaused_ = inbox_.size() >= mostKept;
+  if (isPaused_) return CURL_WRITEFUNC_PAUSE;
+  inbox_ += bytes;
+  return bytes.size();
+}
+
+std::optional<std::uint64_t> Exchange::AnnouncedLength() const {
+  const long status = easy_.Information<long>(CURLINFO_RESPONSE_CODE);
+  const auto isChunked = [](const auto& header) { return EqualIgnoringCase(header.first, "Transfer-Encoding"); };
+  const auto length = easy_.Information<curl_off_t>(CURLINFO_CONTENT_LENGTH_DOWNLOAD_T);
+  if (isHead_ || status == noContent || status == notModified || length < 0) return std::nullopt;
+  if (std::ranges::any_of(headers_, isChunked)) return std::nullopt;
+  return static_cast<std::uint64_t>(length);
+}
+
+void Exchange::End(CURLcode code) {
+  if (wasTriedAgain_) {
+    Fail(TransferFault::ClosedEarly);
+  } else if (code != CURLE_OK) {
+    const FaultAndDetail why = easy_.WhyFailed(code);
+    Fail(why.Fault);
+    failure_->Detail = why.Detail;
+  } else if (!headersAreComplete_) {
+    Fail(TransferFault::ClosedEarly);
+  }
+  hasEnded_ = true;
+  patience_.reset();
+}
+
+void Exchange::Fail(TransferFault fault) {
+  hasEnded_ = true;
+  patience_.reset();
+  failure_ = TransferFailure{.Fault = fault, .Host = address_.Host(), .Port = address_.Port(), .Detail = ""};
+}
+
+bool Exchange::HasNews() const {
+  if (listener_ == nullptr || isDelivering_) return false;
+  return given_ > givenAndTold_ || headersAreComplete_ > headersAreTold_ || !inbox_.empty() || hasEnded_;
+}
+
+void Exchange::Deliver() {
+  const auto alive = shared_from_this();
+  if (isDelivering_) return;
+  isDelivering_ = true;
+  while (listener_ != nullptr && TellNext()) {
+  }
+  isDelivering_ = false;
+}
+
+/// Returns whether there may be more.
+bool Exchange::TellNext() {
+  if (given_ > givenAndTold_) {
+    givenAndTold_ = given_;
+    Platform::Current().Dispatch([this] { listener_->BodySent(givenAndTold_, requestSize_); });
+  } else if (headersAreComplete_ && !headersAreTold_) {
+    headersAreTold_ = true;
+    const auto status = static_cast<int>(easy_.Information<long>(CURLINFO_RESPONSE_CODE));
+    Platform::Current().Dispatch(
+        [&] { listener_->HeadersReceived(status, std::exchange(headers_, {}), AnnouncedLength()); });
+  } else if (!inbox_.empty()) {
+    TellBody();
+  } else {
+    if (hasEnded_) TellEnd();
+    return false;
+  }
+  return true;
+}
+
+void Exchange::TellBody() {
+  outbox_.swap(inbox_);
+  Platform::Current().Dispatch([this] { listener_->BodyReceived(outbox_); });
+  outbox_.clear();
+  if (std::exchange(isPaused_, false)) curl_.easy_pause(easy_.Get(), CURLPAUSE_CONT);
+}
+
+void Exchange::TellEnd() {
+  HTTPTransferEvents& listener = *std::exchange(listener_, nullptr);
+  Platform::Current().Dispatch([&] { failure_ ? listener.Failed(*failure_) : listener.Finished(); });
+}
+
+void Exchange::LetGo() {
+  listener_ = nullptr;
+  std::string().swap(inbox_);
+  if (std::exchange(isPaused_, false) && !hasEnded_) curl_.easy_pause(easy_.Get(), CURLPAUSE_CONT);
+}
+
+bool Exchange::HasWritten() const {
+  if (hasEnded_ || headersAreComplete_) return true;
+  const auto written = static_cast<std::uint64_t>(easy_.Information<curl_off_t>(CURLINFO_SIZE_UPLOAD_T));
+  return easy_.Information<long>(CURLINFO_REQUEST_SIZE) > 0 && written >= requestSize_;
+}
+
+}  // namespace toolkit::http

@@ -1,0 +1,95 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "toolkit/HTTPTransfer.h"
+#include "toolkit/http/EasyHandle.h"
+#include "toolkit/http/EventLoop.h"
+#include "toolkit/http/Sockets.h"
+
+namespace toolkit::http {
+
+/// One request and its reply. What arrives is kept, within bounds, until it is delivered, so that no handler runs
+/// inside libcurl.
+class Exchange final : public std::enable_shared_from_this<Exchange> {
+ public:
+  Exchange(const Curl& curl, HTTPRequest request, const std::string& proxy, const Authorities& authorities,
+           HTTPTransferEvents& listener);
+  Exchange(const Exchange&) = delete;
+  Exchange& operator=(const Exchange&) = delete;
+
+  [[nodiscard]] CURL* Handle() const { return easy_.Get(); }
+  /// Whether there is a server to ask.
+  [[nodiscard]] bool IsPossible() const { return address_.IsValid(); }
+  /// Its sockets come from `sockets`, which must outlive the connections.
+  void OpenSocketsIn(Sockets& sockets);
+  /// `patience` is set to `time` whenever something happens.
+  void LimitSilence(std::unique_ptr<Alarm> patience, std::chrono::milliseconds time);
+  /// Grows whenever something happens.
+  [[nodiscard]] std::uint64_t Progress() const { return progress_; }
+
+  /// What libcurl says of its end. Nothing is taken or given any more.
+  void End(CURLcode code);
+  void Fail(TransferFault fault);
+  [[nodiscard]] bool HasEnded() const { return hasEnded_; }
+  /// Whether its listener keeps it from going on.
+  [[nodiscard]] bool IsHeldUp() const { return isPaused_; }
+
+  /// Tells the listener all that there is to tell. Each call may lead back here, and let go of the exchange.
+  void Deliver();
+  /// Whether Deliver() would tell something.
+  [[nodiscard]] bool HasNews() const;
+  /// Nobody listens any more. The request still goes out, and its reply is read and dropped.
+  void LetGo();
+  /// Whether all of the request has been handed to the system.
+  [[nodiscard]] bool HasWritten() const;
+
+ private:
+  void SetCallbacks();
+  void NoteProgress();
+  // libcurl's callbacks; each returns what libcurl wants.
+  int OpenSocket(const curl_sockaddr& address);
+  int TakeConnection();
+  std::size_t GiveBody(char* place, std::size_t size);
+  std::size_t TakeHeader(std::string_view line);
+  std::size_t TakeBody(std::string_view bytes);
+  [[nodiscard]] std::optional<std::uint64_t> AnnouncedLength() const;
+
+  bool TellNext();
+  void TellBody();
+  void TellEnd();
+
+  const Curl& curl_;
+  Address address_;
+  EasyHandle easy_;
+  HTTPTransferEvents* listener_;
+  std::unique_ptr<Alarm> patience_;
+  std::chrono::milliseconds patienceTime_{0};
+  std::uint64_t progress_ = 0;
+
+  std::string requestBody_;
+  std::uint64_t requestSize_;
+  std::uint64_t given_ = 0;
+  std::uint64_t givenAndTold_ = 0;
+  Sockets* sockets_ = nullptr;
+  bool hasHadConnection_ = false;
+  bool wasTriedAgain_ = false;
+
+  bool isHead_;
+  HTTPHeaders headers_;
+  bool headersAreComplete_ = false;
+  bool headersAreTold_ = false;
+  std::string inbox_;
+  std::string outbox_;  // what is being delivered
+  std::uint64_t dropped_ = 0;
+  bool isPaused_ = false;
+
+  bool isDelivering_ = false;
+  bool hasEnded_ = false;
+  std::optional<TransferFailure> failure_;
+};
+
+}  // namespace toolkit::http

@@ -1,0 +1,143 @@
+#include "toolkit/http/Sockets.h"
+
+#include <array>
+#include <ctime>
+#include <linux/sockios.h>
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <poll.h>
+#include <sys/ioctl.h>
+#include <sys/socket.h>
+#include <unistd.h>
+#include <utility>
+
+namespace toolkit::http {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr int secondsBeforeProbes = 15;
+constexpr int secondsBetweenProbes = 5;
+constexpr int mostProbes = 3;
+constexpr auto longestSilence = 30s;
+constexpr auto longestIdle = 60s;
+
+void SetOption(int descriptor, int level, int option, int value) {
+  setsockopt(descriptor, level, option, &value, sizeof value);
+}
+
+tcp_info StateOf(int descriptor) {
+  tcp_info info{};
+  socklen_t size = sizeof info;
+  getsockopt(descriptor, IPPROTO_TCP, TCP_INFO, &info, &size);
+  return info;
+}
+
+bool IsReadable(int descriptor) {
+  pollfd entry{.fd = descriptor, .events = POLLIN, .revents = 0};
+  return poll(&entry, 1, 0) > 0;
+}
+
+/// Time since the machine was started, the time that it slept included.
+std::chrono::nanoseconds BootTime() {
+  timespec now{};
+  clock_gettime(CLOCK_BOOTTIME, &now);
+  return std::chrono::seconds(now.tv_sec) + std::chrono::nanoseconds(now.tv_nsec);
+}
+
+// A server that says goodbye by TLS leaves something to read, which libcurl takes for a sign of life. It must find the
+// end of the stream.
+void ShowEnd(int descriptor) {
+  std::array<char, 4096> goodbye{};
+  while (recv(descriptor, goodbye.data(), goodbye.size(), MSG_DONTWAIT) > 0) {
+  }
+  shutdown(descriptor, SHUT_RDWR);
+}
+
+}  // namespace
+
+Sockets::Sockets(EventLoop& loop, std::function<void(int descriptor, Readiness)> ready)
+    : loop_(loop), ready_(std::move(ready)) {}
+
+Sockets::Socket& Sockets::Add(int descriptor, bool isOwn) {
+  Socket& socket = sockets_[descriptor];
+  socket.IsOwn = isOwn;
+  socket.Watch = loop_.Watch(descriptor, [this, descriptor](Readiness readiness) { ready_(descriptor, readiness); });
+  return socket;
+}
+
+int Sockets::Open(const curl_sockaddr& address) {
+  const int descriptor = socket(address.family, address.socktype | SOCK_CLOEXEC, address.protocol);
+  if (descriptor < 0) return -1;
+  SetOption(descriptor, SOL_SOCKET, SO_KEEPALIVE, 1);
+  SetOption(descriptor, IPPROTO_TCP, TCP_KEEPIDLE, secondsBeforeProbes);
+  SetOption(descriptor, IPPROTO_TCP, TCP_KEEPINTVL, secondsBetweenProbes);
+  SetOption(descriptor, IPPROTO_TCP, TCP_KEEPCNT, mostProbes);
+  Add(descriptor, true);
+  return descriptor;
+}
+
+void Sockets::Close(int descriptor) {
+  sockets_.erase(descriptor);
+  close(descriptor);
+}
+
+void Sockets::WaitFor(const CURL* user, int descriptor, Readiness readiness) {
+  const auto known = sockets_.find(descriptor);
+  if (readiness == Readiness::None && (known == sockets_.end() || !known->second.IsOwn)) {
+    sockets_.erase(descriptor);
+    return;
+  }
+  Socket& socket = known == sockets_.end() ? Add(descriptor, false) : known->second;
+  if (socket.User != user) socket.AnsweredAt = std::chrono::steady_clock::now();
+  socket.User = user;
+  socket.WaitsFor = readiness;
+  socket.Watch->WaitFor(readiness);
+}
+
+void Sockets::Release(const CURL* user) {
+  for (auto& [descriptor, socket] : sockets_) {
+    if (socket.User != user) continue;
+    socket.User = nullptr;
+    socket.IdleSince = BootTime();
+  }
+}
+
+bool Sockets::HasInput(int descriptor) const {
+  const auto known = sockets_.find(descriptor);
+  if (known == sockets_.end()) return false;
+  const Readiness waitsFor = known->second.WaitsFor;
+  return (waitsFor == Readiness::Reading || waitsFor == Readiness::Both) && IsReadable(descriptor);
+}
+
+void Sockets::RetireDeadOnes() {
+  for (const auto& [descriptor, socket] : sockets_) {
+    if (socket.User != nullptr || !socket.IsOwn) continue;
+    const bool isOld = BootTime() - socket.IdleSince >= longestIdle;
+    if (isOld || IsReadable(descriptor) || StateOf(descriptor).tcpi_probes > 0) ShowEnd(descriptor);
+  }
+}
+
+// The system's own limit for data without an answer would also end the wait for a server that lives but takes no more
+// data for a while. Such a one answers the probes.
+bool Sockets::HasFallenSilent(const CURL* user) {
+  const auto now = std::chrono::steady_clock::now();
+  for (auto& [descriptor, socket] : sockets_) {
+    if (socket.User != user || !socket.IsOwn) continue;
+    const tcp_info state = StateOf(descriptor);
+    const bool waits = state.tcpi_unacked > 0 || state.tcpi_probes > 1;
+    if (!waits || std::chrono::milliseconds(state.tcpi_last_ack_recv) <= pulse) socket.AnsweredAt = now;
+    if (now - socket.AnsweredAt >= longestSilence) return true;
+  }
+  return false;
+}
+
+bool Sockets::HasDelivered(const CURL* user) const {
+  for (const auto& [descriptor, socket] : sockets_) {
+    int unacknowledged = 0;
+    if (socket.User == user && ioctl(descriptor, SIOCOUTQ, &unacknowledged) == 0 && unacknowledged > 0) return false;
+  }
+  return true;
+}
+
+}  // namespace toolkit::http
