@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <exception>
 #include <iostream>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,48 +20,38 @@ namespace {
 
 using bench::Desktop;
 
-constexpr int rounds = 20;
-constexpr int requestsOfRound = 100;
+constexpr int rounds = 2000;
+constexpr int warmUps = 100;
 
-/// Presses one button over and over, the next time as soon as the reply is there.
-class Requests {
+/// Presses one button, again and again.
+class Button {
  public:
-  explicit Requests(std::string url) : url_(std::move(url)) {
-    client_.ButtonPressed = [this] {
-      seconds_.push_back(bench::SecondsSince(pressedAt_));
-      if (--left_ > 0) Press();
-    };
+  explicit Button(std::string url) : url_(std::move(url)) {
+    client_.ButtonPressed = [this] { repliedAt_ = bench::Clock::now(); };
     client_.Error = [](const toolkit::RuntimeException& error) { throw error; };
   }
 
-  /// The seconds that each of `count` requests took.
-  std::vector<double> Make(int count) {
-    seconds_.clear();
-    left_ = count;
-    Press();
-    Desktop::RunUntil([this] { return left_ == 0; });
-    return seconds_;
-  }
-
- private:
-  void Press() {
-    pressedAt_ = bench::Clock::now();
+  /// The seconds from a press to its reply.
+  double Press() {
+    repliedAt_.reset();
+    const auto pressedAt = bench::Clock::now();
     client_.Operator_Lookup("username", bench::PanelService::User);
     client_.Operator_Lookup("password", bench::PanelService::Password);
     client_.PressButton(url_, "information");
+    Desktop::RunUntil([this] { return repliedAt_.has_value(); });
+    return bench::Duration(*repliedAt_ - pressedAt).count();
   }
 
+ private:
   std::string url_;
   TessenServicesClient client_;
-  bench::Clock::time_point pressedAt_;
-  std::vector<double> seconds_;
-  int left_ = 0;
+  std::optional<bench::Clock::time_point> repliedAt_;
 };
 
 int Measure(int argc, char** argv) {
   const bench::PanelService service;
   Desktop desktop(argc, argv);
-  Requests requests(service.BaseURL() + "/api/v1/system");
+  Button button(service.BaseURL() + "/api/v1/system");
   bench::CurlConnection curl;
   const std::string url = service.BaseURL() + "/api/v1/system/information";
   // The client sends the members of its last reply along, so the floor does too.
@@ -69,15 +60,12 @@ int Measure(int argc, char** argv) {
 
   std::vector<double> ofClient;
   std::vector<double> ofCurl;
-  for (int round = 0; round <= rounds; ++round) {
-    const bool isWarm = round > 0;
-    for (const double seconds : requests.Make(requestsOfRound)) {
-      if (isWarm) ofClient.push_back(seconds);
-    }
-    for (int request = 0; request < requestsOfRound; ++request) {
-      const double seconds = bench::SecondsOf([&] { curl.Post(url, body); });
-      if (isWarm) ofCurl.push_back(seconds);
-    }
+  for (int round = -warmUps; round < rounds; ++round) {
+    const double pressed = button.Press();
+    const double posted = bench::SecondsOf([&] { curl.Post(url, body); });
+    if (round < 0) continue;
+    ofClient.push_back(pressed);
+    ofCurl.push_back(posted);
   }
   bench::Report report;
   report.Ratio("round trip of a request on a kept connection", bench::Unit::Seconds, bench::Median(ofClient),

@@ -30,6 +30,7 @@ void Connections::Add(Exchange& exchange) {
   curl_.multi_add_handle(multi_, exchange.Handle());
   int running = 0;
   curl_.multi_socket_action(multi_, CURL_SOCKET_TIMEOUT, 0, &running);
+  EndFinished();
 }
 
 void Connections::Remove(Exchange& exchange) {

@@ -18,7 +18,7 @@ class Connections {
   Connections& operator=(const Connections&) = delete;
   ~Connections();
 
-  /// Starts an exchange, which must live until it has ended or is removed.
+  /// Starts an exchange, which must live until it has ended or is removed. It may end at once, and so may others.
   void Add(Exchange& exchange);
   /// Ends an exchange before its time, and its connection with it.
   void Remove(Exchange& exchange);
@@ -28,13 +28,12 @@ class Connections {
   [[nodiscard]] bool HasDelivered(const Exchange& exchange) const;
   /// Waits until something happens to an exchange, `time` at most, without the loop.
   void Work(std::chrono::milliseconds time);
-  /// Ends the exchanges that libcurl has done with.
-  void EndFinished();
 
  private:
   static int WaitForSocket(CURL* easy, curl_socket_t descriptor, int what, void* self, void* unused);
   static int WaitForTime(CURLM* multi, long milliseconds, void* self);
   void Act(int descriptor, Readiness readiness);
+  void EndFinished();
 
   const Curl& curl_;
   Sockets sockets_;

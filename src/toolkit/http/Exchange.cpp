@@ -38,7 +38,9 @@ void Exchange::SetCallbacks() {
   for (const CURLoption data : {CURLOPT_PRIVATE, CURLOPT_PREREQDATA, CURLOPT_READDATA, CURLOPT_HEADERDATA, CURLOPT_WRITEDATA}) {
     easy_.Set(data, this);
   }
-  easy_.Set(CURLOPT_PREREQFUNCTION, +[](void* self, char*, char*, int, int) { return Of(self).TakeConnection(); });
+  easy_.Set(CURLOPT_PREREQFUNCTION, +[](void* self, char*, char*, int, int localPort) {
+    return Of(self).TakeConnection(localPort);
+  });
   easy_.Set(CURLOPT_READFUNCTION, +[](char* place, std::size_t size, std::size_t count, void* self) {
     return Of(self).GiveBody(place, size * count);
   });
@@ -81,8 +83,9 @@ int Exchange::OpenSocket(const curl_sockaddr& address) {
   return wasTriedAgain_ ? CURL_SOCKET_BAD : sockets_->Open(address);
 }
 
-int Exchange::TakeConnection() {
+int Exchange::TakeConnection(int localPort) {
   NoteProgress();
+  sockets_->Take(easy_.Get(), localPort);
   wasTriedAgain_ = std::exchange(hasHadConnection_, true);
   return wasTriedAgain_ ? CURL_PREREQFUNC_ABORT : CURL_PREREQFUNC_OK;
 }

@@ -35,6 +35,8 @@ class Exchange final : public std::enable_shared_from_this<Exchange> {
   void End(CURLcode code);
   void Fail(TransferFault fault);
   [[nodiscard]] bool HasEnded() const { return hasEnded_; }
+  /// Whether a reply has begun or will never come.
+  [[nodiscard]] bool HasReplied() const { return headersAreComplete_ || hasEnded_; }
   /// Whether its listener keeps it from going on.
   [[nodiscard]] bool IsHeldUp() const { return isPaused_; }
 
@@ -52,7 +54,7 @@ class Exchange final : public std::enable_shared_from_this<Exchange> {
   void NoteProgress();
   // libcurl's callbacks; each returns what libcurl wants.
   int OpenSocket(const curl_sockaddr& address);
-  int TakeConnection();
+  int TakeConnection(int localPort);
   std::size_t GiveBody(char* place, std::size_t size);
   std::size_t TakeHeader(std::string_view line);
   std::size_t TakeBody(std::string_view bytes);

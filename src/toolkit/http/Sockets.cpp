@@ -38,6 +38,15 @@ bool IsReadable(int descriptor) {
   return poll(&entry, 1, 0) > 0;
 }
 
+int LocalPort(int descriptor) {
+  sockaddr_storage address{};
+  socklen_t size = sizeof address;
+  getsockname(descriptor, reinterpret_cast<sockaddr*>(&address), &size);
+  const bool isV6 = address.ss_family == AF_INET6;
+  return ntohs(isV6 ? reinterpret_cast<const sockaddr_in6&>(address).sin6_port
+                    : reinterpret_cast<const sockaddr_in&>(address).sin_port);
+}
+
 /// Time since the machine was started, the time that it slept included.
 std::chrono::nanoseconds BootTime() {
   timespec now{};
@@ -62,7 +71,7 @@ Sockets::Sockets(EventLoop& loop, std::function<void(int descriptor, Readiness)>
 Sockets::Socket& Sockets::Add(int descriptor, bool isOwn) {
   Socket& socket = sockets_[descriptor];
   socket.IsOwn = isOwn;
-  socket.Watch = loop_.Watch(descriptor, [this, descriptor](Readiness readiness) { ready_(descriptor, readiness); });
+  socket.Watch = loop_.Watch(descriptor, [this, descriptor](Readiness readiness) { BeReady(descriptor, readiness); });
   return socket;
 }
 
@@ -89,10 +98,39 @@ void Sockets::WaitFor(const CURL* user, int descriptor, Readiness readiness) {
     return;
   }
   Socket& socket = known == sockets_.end() ? Add(descriptor, false) : known->second;
-  if (socket.User != user) socket.AnsweredAt = std::chrono::steady_clock::now();
-  socket.User = user;
+  GiveTo(user, socket);
   socket.WaitsFor = readiness;
+  // The next request on the connection waits for the same again; until then only the server's goodbye can come.
+  const bool isEnough = readiness == Readiness::None && socket.Watched == Readiness::Reading;
+  if (!isEnough && socket.Watched != readiness) Watch(socket, readiness);
+}
+
+// Where two have the same port, both count as used, which does no harm.
+void Sockets::Take(const CURL* user, int localPort) {
+  for (auto& [descriptor, socket] : sockets_) {
+    if (socket.IsOwn && LocalPort(descriptor) == localPort) GiveTo(user, socket);
+  }
+}
+
+void Sockets::GiveTo(const CURL* user, Socket& socket) {
+  if (socket.User == user) return;
+  socket.User = user;
+  socket.AnsweredAt = std::chrono::steady_clock::now();
+}
+
+void Sockets::Watch(Socket& socket, Readiness readiness) {
+  socket.Watched = readiness;
   socket.Watch->WaitFor(readiness);
+}
+
+void Sockets::BeReady(int descriptor, Readiness readiness) {
+  Socket& socket = sockets_.at(descriptor);
+  if (socket.WaitsFor != Readiness::None) {
+    ready_(descriptor, readiness);
+    return;
+  }
+  Watch(socket, Readiness::None);
+  if (socket.User == nullptr) ShowEnd(descriptor);
 }
 
 void Sockets::Release(const CURL* user) {
@@ -113,8 +151,9 @@ bool Sockets::HasInput(int descriptor) const {
 void Sockets::RetireDeadOnes() {
   for (const auto& [descriptor, socket] : sockets_) {
     if (socket.User != nullptr || !socket.IsOwn) continue;
-    const bool isOld = BootTime() - socket.IdleSince >= longestIdle;
-    if (isOld || IsReadable(descriptor) || StateOf(descriptor).tcpi_probes > 0) ShowEnd(descriptor);
+    const auto idle = BootTime() - socket.IdleSince;
+    const bool isSilent = idle >= std::chrono::seconds(secondsBeforeProbes) && StateOf(descriptor).tcpi_probes > 0;
+    if (isSilent || idle >= longestIdle || IsReadable(descriptor)) ShowEnd(descriptor);
   }
 }
 

@@ -22,6 +22,8 @@ class Sockets {
   int Open(const curl_sockaddr& address);
   void Close(int descriptor);
 
+  /// `user` has the connection that goes out from a port of this machine.
+  void Take(const CURL* user, int localPort);
   /// `user` waits for the descriptor, which may be one that was not opened here.
   void WaitFor(const CURL* user, int descriptor, Readiness readiness);
   /// The sockets of `user` are idle from now on.
@@ -44,11 +46,15 @@ class Sockets {
     bool IsOwn = false;
     const CURL* User = nullptr;
     Readiness WaitsFor = Readiness::None;
+    Readiness Watched = Readiness::None;
     std::chrono::nanoseconds IdleSince{0};
     std::chrono::steady_clock::time_point AnsweredAt;
   };
 
   Socket& Add(int descriptor, bool isOwn);
+  static void GiveTo(const CURL* user, Socket& socket);
+  static void Watch(Socket& socket, Readiness readiness);
+  void BeReady(int descriptor, Readiness readiness);
 
   EventLoop& loop_;
   std::function<void(int descriptor, Readiness)> ready_;

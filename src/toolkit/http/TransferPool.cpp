@@ -58,7 +58,7 @@ class TransferPool::Held final : public HTTPTransfer {
 
 TransferPool::TransferPool(EventLoop& loop)
     : loop_(loop),
-      delivery_(loop.MakeAlarm([this] { connections_->EndFinished(), Deliver(); })),
+      delivery_(loop.MakeAlarm([this] { Deliver(); })),
       pulse_(loop.MakeAlarm([this] { CheckServers(); })),
       idle_(loop.MakeAlarm([this] { connections_.reset(); })) {}
 
@@ -96,7 +96,8 @@ std::unique_ptr<HTTPTransfer> TransferPool::Begin(HTTPRequest request, const std
   } else {
     exchange->Fail(TransferFault::BadURL);
   }
-  delivery_->Set(0ms);
+  const auto hasReplied = [](const auto& one) { return one->HasReplied(); };
+  if (std::ranges::any_of(exchanges_, hasReplied)) delivery_->Set(0ms);
   return std::make_unique<Held>(*this, exchange);
 }
 
