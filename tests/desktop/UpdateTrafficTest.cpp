@@ -1,6 +1,5 @@
 // The sockets of the update check against a web server that does what servers do.
 
-#include <QSslConfiguration>
 #include <gmock/gmock.h>
 
 #include "tests/desktop/Desktop.h"
@@ -46,7 +45,6 @@ TEST_F(UpdateTraffic, FollowsRedirectsByTheirHeadersAlone) {
 }
 
 TEST_F(UpdateTraffic, GoesFromPlainToSecureOnlyWithACertificateThatIsTrusted) {
-  const QSslConfiguration untrusting = QSslConfiguration::defaultConfiguration();
   for (const bool isTrusted : {false, true}) {
     if (isTrusted) toolkit::Platform::Current().TrustAuthority(FaultServer::Certificate());
     const FaultServer secure({{{Reply(200, "secret")}}});
@@ -59,7 +57,6 @@ TEST_F(UpdateTraffic, GoesFromPlainToSecureOnlyWithACertificateThatIsTrusted) {
     EXPECT_EQ(socket.Get("http" + secure.URL().substr(5), 5), isTrusted ? "secret" : "");
     EXPECT_EQ(socket.Get(plain.URL(), 5), "");
   }
-  QSslConfiguration::setDefaultConfiguration(untrusting);  // for the tests that follow in this process
 }
 
 TEST_F(UpdateTraffic, TellsEveryOutcomeByBodyStatusAndError) {
@@ -101,10 +98,13 @@ TEST_F(UpdateTraffic, TellsEveryOutcomeByBodyStatusAndError) {
 TEST_F(UpdateTraffic, AnswersAChallengeOnceWithTheNamesInTheAddress) {
   const Answer asks{{Reply(401, "who?", "WWW-Authenticate: Basic realm=\"r\"\r\n")}};
   const Answer gives{{Reply(200, "yours")}};
+  const Answer asksInTwoLines{
+      {Reply(401, "who?", "WWW-Authenticate: Digest realm=\"d\"\r\nwww-authenticate: Basic realm=\"r\"\r\n")}};
   const Answer refuses{{Reply(401, "no", "WWW-Authenticate: Digest realm=\"r\"\r\n")}};
   const std::tuple<std::string, std::vector<Answer>, std::string, std::vector<std::string>> rows[] = {
       // clang-format off
       {"a%40b:p%3aw@", {asks, gives}, "yours", {"", "Basic YUBiOnA6dw=="}},
+      {"a:b@",         {asksInTwoLines, gives}, "yours", {"", "Basic YTpi"}},
       {"a:@",          {asks, gives}, "yours", {"", "Basic YTo="}},
       {"a:wrong@",     {asks},        "who?",  {"", "Basic YTp3cm9uZw=="}},
       {"",             {asks},        "who?",  {""}},

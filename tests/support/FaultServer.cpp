@@ -80,6 +80,16 @@ std::string FaultServer::URL() const {
   return (wire_ == Wire::TLS ? "https" : "http") + ("://127.0.0.1:" + std::to_string(Port()));
 }
 
+bool FaultServer::IsConnected() const {
+  return std::ranges::any_of(sockets_, [](const auto& socket) { return socket->state() != QSslSocket::UnconnectedState; });
+}
+
+std::size_t FaultServer::Unsent() const {
+  qint64 bytes = 0;
+  for (const auto& socket : sockets_) bytes += socket->bytesToWrite() + socket->encryptedBytesToWrite();
+  return static_cast<std::size_t>(bytes);
+}
+
 void FaultServer::Release() {
   released_ = true;
   for (const auto& answer : std::exchange(waiting_, {})) answer();

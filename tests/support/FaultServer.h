@@ -51,6 +51,10 @@ class FaultServer final : private QTcpServer {
   /// Every whole request so far, byte for byte, head and body.
   [[nodiscard]] const std::vector<std::string>& Requests() const { return requests_; }
   [[nodiscard]] std::size_t Connections() const { return sockets_.size(); }
+  /// Whether one of them still stands.
+  [[nodiscard]] bool IsConnected() const;
+  /// How many bytes of answers nobody has taken yet.
+  [[nodiscard]] std::size_t Unsent() const;
   /// Lets the answers go that wait for it, now and from now on.
   void Release();
 
