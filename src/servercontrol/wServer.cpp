@@ -189,6 +189,8 @@ void wServer::containers_logs_ButtonPressed() {
   const auto window = std::make_shared<wContainerLogs>();
   TessenServicesClient::TessenListBox_FillDesktopListBox(window->list_logs, *table, false);
   window->Show();
+  // The client would keep the lines, and send them back with the next request.
+  containers_logs.Operator_Lookup("log", std::string_view());
 }
 
 void wServer::containers_logs_Error(const RuntimeException& err) { MsgBox(err.Message()); }

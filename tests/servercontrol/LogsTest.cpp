@@ -48,8 +48,11 @@ TEST_F(Logs, OnlyANumberIsSentAndInItsPlainForm) {
 
 TEST_F(Logs, LinesComeInTheOrderOfTheirNumbersIntoAWindowOfTheirOwn) {
   Ask().Reply(200, R"({"log":{"11":["l","hidden"],"2":["c"],"10":["k"],"0":["a\nb"],"9":[9],"1":[],"3":["d"],"4":["e"],
-                              "8":["i"],"5":["f"],"7":["h"],"6":["g"]}})");
-  Ask().Reply(200, R"({"log":{"0":["again"]}})");
+                              "8":["i"],"5":["f"],"7":["h"],"6":["g"]},"note":"n"})");
+  SentRequest& again = Ask();
+  EXPECT_EQ(Body(again).at("log"), "") << "lines that are shown travel back";
+  EXPECT_EQ(Body(again).at("note"), "n");
+  again.Reply(200, R"({"log":{"0":["again"]}})");
   EXPECT_EQ(window->list_containers.ListIndex(), 0);
   EXPECT_EQ(platform.Requests.size(), 4U) << "the containers were asked for again";
   window->Close();

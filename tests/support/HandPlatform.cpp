@@ -51,14 +51,19 @@ void SentRequest::ReplyPart(std::string_view bytes) {
 }
 
 void SentRequest::EndReply() {
-  Tell(std::exchange(events_, nullptr), [](auto& events) { events.Finished(); });
+  TellEnd([](auto& events) { events.Finished(); });
 }
 
 void SentRequest::Fail(toolkit::TransferFault fault) {
   const std::size_t host = Request.URL.find("://") + 3;
   const toolkit::TransferFailure failure{
       .Fault = fault, .Host = Request.URL.substr(host, Request.URL.find(':', host) - host), .Port = 1701, .Detail = ""};
-  Tell(std::exchange(events_, nullptr), [&](auto& events) { events.Failed(failure); });
+  TellEnd([&](auto& events) { events.Failed(failure); });
+}
+
+void SentRequest::TellEnd(const Telling& telling) {
+  isRunning_ = false;
+  Tell(std::exchange(events_, nullptr), telling);
 }
 
 void SentRequest::Tell(toolkit::HTTPTransferEvents* events, const Telling& telling) {

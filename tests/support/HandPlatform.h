@@ -10,18 +10,16 @@
 
 #include "toolkit/Platform.h"
 
-/// A request that the program sent, and the hand that answers it. What is told to a transfer that has ended or was
-/// abandoned is lost, as on a real network.
+/// A request that the program sent, and the hand that answers it. What is told to a transfer that has ended, or that
+/// nobody holds any more, is lost, as on a real network.
 class SentRequest {
  public:
   SentRequest(toolkit::HTTPRequest request, toolkit::HTTPTransferEvents& events)
       : Request(std::move(request)), events_(&events) {}
 
   const toolkit::HTTPRequest Request;
-  /// Whether somebody still listens for the end of it.
-  [[nodiscard]] bool IsRunning() const { return events_ != nullptr; }
-  /// Whether it was ended by the program, so that it may never reach the server.
-  [[nodiscard]] bool IsAborted() const { return isAborted_; }
+  /// Whether it has neither ended nor been aborted. It goes on when the program has only let go of it.
+  [[nodiscard]] bool IsRunning() const { return isRunning_; }
   /// A whole reply.
   void Reply(int status, std::string_view body);
   /// A reply in pieces: these three, the second as often as wanted.
@@ -30,19 +28,17 @@ class SentRequest {
   void EndReply();
   /// No reply, or no more of it. The failure names the host of the request and port 1701.
   void Fail(toolkit::TransferFault fault);
-  /// For the platform: the program let go of the transfer, or ended it.
+  /// For the platform: the program let go of the transfer, or aborted it.
   void LetGo() { events_ = nullptr; }
-  void Abort() {
-    isAborted_ = events_ != nullptr;
-    LetGo();
-  }
+  void Abort() { isRunning_ = false, LetGo(); }
 
  private:
   using Telling = std::function<void(toolkit::HTTPTransferEvents&)>;
   static void Tell(toolkit::HTTPTransferEvents* events, const Telling& telling);
+  void TellEnd(const Telling& telling);
 
   toolkit::HTTPTransferEvents* events_;
-  bool isAborted_ = false;
+  bool isRunning_ = true;
 };
 
 /// A command line that the program gave to the shell, and the hand that ends it.
