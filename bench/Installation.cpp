@@ -49,9 +49,9 @@ constexpr int megabytesOfLarge = 200;
 constexpr int megabytesOfSmall = 20;
 constexpr std::size_t megabyte = 1'000'000;
 constexpr double slowestUnpacking = 1.2;
-constexpr double slowestDownload = 1 / 0.8;
+constexpr double slowestDownload = 1.1;
 constexpr double longestOpening = 0.080;
-// A file that is held whole gives 4. What arrives before anybody asks for it depends on what else runs.
+// A file that is held whole gives 4.
 constexpr double tolerableGrowth = 1.5;
 constexpr double tolerableDelay = 1.2;
 

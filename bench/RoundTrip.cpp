@@ -69,7 +69,7 @@ int Measure(int argc, char** argv) {
   }
   bench::Report report;
   report.Ratio("round trip of a request on a kept connection", bench::Unit::Seconds, bench::Median(ofClient),
-               {"libcurl, keep-alive", bench::Median(ofCurl)}, 2.5);
+               {"libcurl, keep-alive", bench::Median(ofCurl)}, 1.25);
   return report.Status();
 }
 

@@ -81,7 +81,8 @@ std::string FaultServer::URL() const {
 }
 
 bool FaultServer::IsConnected() const {
-  return std::ranges::any_of(sockets_, [](const auto& socket) { return socket->state() != QSslSocket::UnconnectedState; });
+  return std::ranges::any_of(sockets_,
+                             [](const auto& socket) { return socket->state() != QSslSocket::UnconnectedState; });
 }
 
 std::size_t FaultServer::Unsent() const {

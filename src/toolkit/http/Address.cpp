@@ -5,8 +5,8 @@
 namespace toolkit::http {
 
 Address::Address(const Curl& curl, const std::string& url) : curl_(&curl), url_(curl.url(), curl.url_cleanup) {
-  const CURLUcode code =
-      curl.url_set(url_.get(), CURLUPART_URL, url.c_str(), CURLU_NON_SUPPORT_SCHEME | CURLU_PATH_AS_IS | CURLU_URLENCODE);
+  const CURLUcode code = curl.url_set(url_.get(), CURLUPART_URL, url.c_str(),
+                                      CURLU_NON_SUPPORT_SCHEME | CURLU_PATH_AS_IS | CURLU_URLENCODE);
   if (code != CURLUE_OK) return;
   for (const CURLUPart part : {CURLUPART_USER, CURLUPART_PASSWORD, CURLUPART_OPTIONS, CURLUPART_FRAGMENT}) {
     curl.url_set(url_.get(), part, nullptr, 0);

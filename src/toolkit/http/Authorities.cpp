@@ -9,12 +9,12 @@ namespace toolkit::http {
 namespace {
 
 constexpr std::array<std::string_view, 6> usualFiles{
-    "etc/ssl/certs/ca-certificates.crt",                  // Debian, Ubuntu, Arch, Alpine
-    "etc/pki/ca-trust/extracted/pem/tls-ca-bundle.pem",   // Fedora
-    "etc/pki/tls/certs/ca-bundle.crt",                    // Fedora, before
-    "var/lib/ca-certificates/ca-bundle.pem",              // openSUSE
-    "etc/ssl/ca-bundle.pem",                              // openSUSE, before
-    "etc/ssl/cert.pem",                                   // Alpine without its package of authorities
+    "etc/ssl/certs/ca-certificates.crt",                 // Debian, Ubuntu, Arch, Alpine
+    "etc/pki/ca-trust/extracted/pem/tls-ca-bundle.pem",  // Fedora
+    "etc/pki/tls/certs/ca-bundle.crt",                   // Fedora, before
+    "var/lib/ca-certificates/ca-bundle.pem",             // openSUSE
+    "etc/ssl/ca-bundle.pem",                             // openSUSE, before
+    "etc/ssl/cert.pem",                                  // Alpine without its package of authorities
 };
 
 }  // namespace

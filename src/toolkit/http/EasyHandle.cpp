@@ -34,7 +34,7 @@ void EasyHandle::SetConnection(const HTTPRequest& request, const Address& addres
   Set(CURLOPT_SUPPRESS_CONNECT_HEADERS, 1L);
   Set(CURLOPT_HTTP_VERSION, static_cast<long>(CURL_HTTP_VERSION_1_1));
   Set(CURLOPT_CONNECTTIMEOUT_MS, static_cast<long>(request.ConnectTimeout.count()));
-  Set(CURLOPT_NOSIGNAL, 1L);  // it asks the system for none, so that there is none to hold back
+  Set(CURLOPT_NOSIGNAL, 1L);    // it asks the system for none, so that there is none to hold back
   Set(CURLOPT_QUICK_EXIT, 1L);  // a name look-up that is given up is not waited for
   Set(CURLOPT_BUFFERSIZE, sizeOfReads);
 }

@@ -35,34 +35,39 @@ Exchange::Exchange(const Curl& curl, HTTPRequest request, const std::string& pro
 
 void Exchange::SetCallbacks() {
   using Bytes = std::string_view;
-  for (const CURLoption data : {CURLOPT_PRIVATE, CURLOPT_PREREQDATA, CURLOPT_READDATA, CURLOPT_HEADERDATA, CURLOPT_WRITEDATA}) {
+  for (const CURLoption data :
+       {CURLOPT_PRIVATE, CURLOPT_PREREQDATA, CURLOPT_READDATA, CURLOPT_HEADERDATA, CURLOPT_WRITEDATA}) {
     easy_.Set(data, this);
   }
-  easy_.Set(CURLOPT_PREREQFUNCTION, +[](void* self, char*, char*, int, int localPort) {
-    return Of(self).TakeConnection(localPort);
-  });
-  easy_.Set(CURLOPT_READFUNCTION, +[](char* place, std::size_t size, std::size_t count, void* self) {
-    return Of(self).GiveBody(place, size * count);
-  });
-  easy_.Set(CURLOPT_HEADERFUNCTION, +[](char* line, std::size_t size, std::size_t count, void* self) {
-    return Of(self).TakeHeader(Bytes(line, size * count));
-  });
-  easy_.Set(CURLOPT_WRITEFUNCTION, +[](char* bytes, std::size_t size, std::size_t count, void* self) {
-    return Of(self).TakeBody(Bytes(bytes, size * count));
-  });
+  easy_.Set(
+      CURLOPT_PREREQFUNCTION,
+      +[](void* self, char*, char*, int, int localPort) { return Of(self).TakeConnection(localPort); });
+  easy_.Set(
+      CURLOPT_READFUNCTION, +[](char* place, std::size_t size, std::size_t count, void* self) {
+        return Of(self).GiveBody(place, size * count);
+      });
+  easy_.Set(
+      CURLOPT_HEADERFUNCTION, +[](char* line, std::size_t size, std::size_t count, void* self) {
+        return Of(self).TakeHeader(Bytes(line, size * count));
+      });
+  easy_.Set(
+      CURLOPT_WRITEFUNCTION, +[](char* bytes, std::size_t size, std::size_t count, void* self) {
+        return Of(self).TakeBody(Bytes(bytes, size * count));
+      });
 }
 
 void Exchange::OpenSocketsIn(Sockets& sockets) {
   sockets_ = &sockets;
   easy_.Set(CURLOPT_OPENSOCKETDATA, this);
-  easy_.Set(CURLOPT_OPENSOCKETFUNCTION, +[](void* self, curlsocktype, curl_sockaddr* address) {
-    return Of(self).OpenSocket(*address);
-  });
+  easy_.Set(
+      CURLOPT_OPENSOCKETFUNCTION,
+      +[](void* self, curlsocktype, curl_sockaddr* address) { return Of(self).OpenSocket(*address); });
   easy_.Set(CURLOPT_CLOSESOCKETDATA, sockets_);
-  easy_.Set(CURLOPT_CLOSESOCKETFUNCTION, +[](void* all, curl_socket_t descriptor) {
-    static_cast<Sockets*>(all)->Close(descriptor);
-    return 0;
-  });
+  easy_.Set(
+      CURLOPT_CLOSESOCKETFUNCTION, +[](void* all, curl_socket_t descriptor) {
+        static_cast<Sockets*>(all)->Close(descriptor);
+        return 0;
+      });
 }
 
 void Exchange::LimitSilence(std::unique_ptr<Alarm> patience, std::chrono::milliseconds time) {

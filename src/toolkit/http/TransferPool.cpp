@@ -125,8 +125,8 @@ void TransferPool::Deliver() {
   for (const auto& exchange : exchanges) {
     if (exchange->HasNews()) exchange->Deliver();
   }
-  const auto ended = std::erase_if(
-      exchanges_, [](const auto& exchange) { return exchange->HasEnded() && !exchange->HasNews(); });
+  const auto ended =
+      std::erase_if(exchanges_, [](const auto& exchange) { return exchange->HasEnded() && !exchange->HasNews(); });
   if (ended == 0 || !exchanges_.empty()) return;
   pulse_->Stop();
   idle_->Set(longestIdle);

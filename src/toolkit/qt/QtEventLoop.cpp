@@ -21,9 +21,7 @@ struct DeleteLater {
 template <typename Object>
 using Own = std::unique_ptr<Object, DeleteLater>;
 
-bool Includes(Readiness all, Readiness one) {
-  return (static_cast<unsigned>(all) & static_cast<unsigned>(one)) != 0;
-}
+bool Includes(Readiness all, Readiness one) { return (static_cast<unsigned>(all) & static_cast<unsigned>(one)) != 0; }
 
 class QtDescriptorWatch final : public http::DescriptorWatch {
  public:
@@ -71,8 +69,7 @@ class QtAlarm final : public http::Alarm {
 
 }  // namespace
 
-std::unique_ptr<http::DescriptorWatch> QtEventLoop::Watch(int descriptor,
-                                                          std::function<void(http::Readiness)> ready) {
+std::unique_ptr<http::DescriptorWatch> QtEventLoop::Watch(int descriptor, std::function<void(http::Readiness)> ready) {
   return std::make_unique<QtDescriptorWatch>(descriptor, ready);
 }
 

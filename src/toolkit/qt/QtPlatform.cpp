@@ -154,9 +154,7 @@ std::chrono::milliseconds QtPlatform::Uptime() const {
   return std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now().time_since_epoch());
 }
 
-void QtPlatform::TrustAuthority(std::string_view certificate) {
-  transfers_.Trust(certificate);
-}
+void QtPlatform::TrustAuthority(std::string_view certificate) { transfers_.Trust(certificate); }
 
 std::optional<Size> QtPlatform::SizeOfPicture(std::span<const std::byte> encoded) { return SizeOf(encoded); }
 

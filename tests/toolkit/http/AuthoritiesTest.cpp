@@ -1,9 +1,9 @@
-#include "toolkit/http/Authorities.h"
-
 #include <filesystem>
 #include <fstream>
 
 #include <gmock/gmock.h>
+
+#include "toolkit/http/Authorities.h"
 
 namespace fs = std::filesystem;
 using toolkit::http::Authorities;

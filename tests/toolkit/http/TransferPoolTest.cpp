@@ -78,10 +78,10 @@ TEST_F(Transport, SendsExactlyThisAndSharesTheConnection) {
     ASSERT_TRUE(Until([&] { return isDone; })) << name;
     const std::string body = R"({"username":")" + name + "\"}";
     const std::string port = std::to_string(server.Port());
-    EXPECT_EQ(server.Requests().back(), "POST /Api/v1/system/information HTTP/1.1\r\nHost: 127.0.0.1:" + port +
-                                            "\r\nContent-Type: application/json\r\nUser-Agent: Corvane\r\n" +
-                                            "Accept-Encoding: identity\r\nContent-Length: " +
-                                            std::to_string(body.size()) + "\r\n\r\n" + body);
+    EXPECT_EQ(server.Requests().back(),
+              "POST /Api/v1/system/information HTTP/1.1\r\nHost: 127.0.0.1:" + port +
+                  "\r\nContent-Type: application/json\r\nUser-Agent: Corvane\r\n" +
+                  "Accept-Encoding: identity\r\nContent-Length: " + std::to_string(body.size()) + "\r\n\r\n" + body);
   }
   EXPECT_THAT(server.Requests(), SizeIs(2));
   EXPECT_EQ(server.Connections(), 1U);
@@ -192,8 +192,7 @@ TEST_F(Transport, CertificatesAreCheckedWhereThatIsAskedForOnAKeptConnectionToo)
   EXPECT_EQ(Outcome(Request(server.URL())), "page 200 {}");
   toolkit::HTTPRequest checked = Request(server.URL());
   checked.Certificates = toolkit::CertificateCheck::Required;
-  EXPECT_THAT(Outcome(checked),
-              StartsWith("error No secure connection (TLS) could be made to the server “127.0.0.1”"));
+  EXPECT_THAT(Outcome(checked), StartsWith("error No secure connection (TLS) could be made to the server “127.0.0.1”"));
   EXPECT_THAT(server.Requests(), SizeIs(1));
 }
 
