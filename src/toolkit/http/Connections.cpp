@@ -80,7 +80,7 @@ void Connections::EndFinished() {
   int left = 0;
   while (const CURLMsg* message = curl_.multi_info_read(multi_, &left)) {
     CURL* easy = message->easy_handle;
-    const CURLcode code = message->data.result;
+    const CURLcode code = message->data.result;  // NOLINT(cppcoreguidelines-pro-type-union-access): libcurl has it so
     Exchange* exchange = nullptr;
     curl_.easy_getinfo(easy, CURLINFO_PRIVATE, &exchange);
     exchange->End(code);

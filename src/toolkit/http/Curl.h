@@ -2,32 +2,6 @@
 
 #include <curl/curl.h>
 
-// clang-format off
-#define CORVANE_CURL_FUNCTIONS(FUNCTION) \
-  FUNCTION(global_init)                  \
-  FUNCTION(easy_init)                    \
-  FUNCTION(easy_setopt)                  \
-  FUNCTION(easy_getinfo)                 \
-  FUNCTION(easy_pause)                   \
-  FUNCTION(easy_cleanup)                 \
-  FUNCTION(multi_init)                   \
-  FUNCTION(multi_setopt)                 \
-  FUNCTION(multi_add_handle)             \
-  FUNCTION(multi_remove_handle)          \
-  FUNCTION(multi_socket_action)          \
-  FUNCTION(multi_info_read)              \
-  FUNCTION(multi_poll)                   \
-  FUNCTION(multi_perform)                \
-  FUNCTION(multi_cleanup)                \
-  FUNCTION(slist_append)                 \
-  FUNCTION(slist_free_all)               \
-  FUNCTION(url)                          \
-  FUNCTION(url_set)                      \
-  FUNCTION(url_get)                      \
-  FUNCTION(url_cleanup)                  \
-  FUNCTION(free)
-// clang-format on
-
 namespace toolkit::http {
 
 /// The functions of libcurl that are used, by their names without "curl_".
@@ -35,9 +9,28 @@ namespace toolkit::http {
 /// The library is loaded with the first request: it brings some twenty others, whose loading would be a tenth of the
 /// program's start.
 struct Curl {
-#define CORVANE_CURL_MEMBER(name) decltype(&::curl_##name) name = nullptr;
-  CORVANE_CURL_FUNCTIONS(CORVANE_CURL_MEMBER)
-#undef CORVANE_CURL_MEMBER
+  decltype(&curl_global_init) global_init = nullptr;
+  decltype(&curl_easy_init) easy_init = nullptr;
+  decltype(&curl_easy_setopt) easy_setopt = nullptr;
+  decltype(&curl_easy_getinfo) easy_getinfo = nullptr;
+  decltype(&curl_easy_pause) easy_pause = nullptr;
+  decltype(&curl_easy_cleanup) easy_cleanup = nullptr;
+  decltype(&curl_multi_init) multi_init = nullptr;
+  decltype(&curl_multi_setopt) multi_setopt = nullptr;
+  decltype(&curl_multi_add_handle) multi_add_handle = nullptr;
+  decltype(&curl_multi_remove_handle) multi_remove_handle = nullptr;
+  decltype(&curl_multi_socket_action) multi_socket_action = nullptr;
+  decltype(&curl_multi_info_read) multi_info_read = nullptr;
+  decltype(&curl_multi_poll) multi_poll = nullptr;
+  decltype(&curl_multi_perform) multi_perform = nullptr;
+  decltype(&curl_multi_cleanup) multi_cleanup = nullptr;
+  decltype(&curl_slist_append) slist_append = nullptr;
+  decltype(&curl_slist_free_all) slist_free_all = nullptr;
+  decltype(&curl_url) url = nullptr;
+  decltype(&curl_url_set) url_set = nullptr;
+  decltype(&curl_url_get) url_get = nullptr;
+  decltype(&curl_url_cleanup) url_cleanup = nullptr;
+  decltype(&curl_free) free = nullptr;
 
   /// Loads the library, the first time. Throws a RuntimeException that tells why, if it cannot.
   static const Curl& Load();

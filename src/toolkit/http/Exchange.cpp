@@ -97,7 +97,7 @@ int Exchange::TakeConnection(int localPort) {
 
 std::size_t Exchange::GiveBody(char* place, std::size_t size) {
   NoteProgress();
-  const std::size_t count = std::min<std::size_t>(size, requestBody_.size() - given_);
+  const std::size_t count = std::min<std::size_t>(size, requestSize_ - given_);
   std::copy_n(requestBody_.data() + given_, count, place);
   given_ += count;
   if (given_ == requestSize_) std::string().swap(requestBody_);  // a large one is not kept while the reply is awaited
@@ -145,23 +145,20 @@ std::optional<std::uint64_t> Exchange::AnnouncedLength() const {
 }
 
 void Exchange::End(CURLcode code) {
-  if (wasTriedAgain_) {
+  hasEnded_ = true;
+  patience_.reset();
+  if (wasTriedAgain_ || (code == CURLE_OK && !headersAreComplete_)) {
     Fail(TransferFault::ClosedEarly);
   } else if (code != CURLE_OK) {
-    const FaultAndDetail why = easy_.WhyFailed(code);
-    Fail(why.Fault);
-    failure_->Detail = why.Detail;
-  } else if (!headersAreComplete_) {
-    Fail(TransferFault::ClosedEarly);
+    FaultAndDetail why = easy_.WhyFailed(code);
+    Fail(why.Fault, std::move(why.Detail));
   }
-  hasEnded_ = true;
-  patience_.reset();
 }
 
-void Exchange::Fail(TransferFault fault) {
+void Exchange::Fail(TransferFault fault, std::string detail) {
   hasEnded_ = true;
   patience_.reset();
-  failure_ = TransferFailure{.Fault = fault, .Host = address_.Host(), .Port = address_.Port(), .Detail = ""};
+  failure_ = {.Fault = fault, .Host = address_.Host(), .Port = address_.Port(), .Detail = std::move(detail)};
 }
 
 bool Exchange::HasNews() const {

@@ -33,7 +33,7 @@ class Exchange final : public std::enable_shared_from_this<Exchange> {
 
   /// What libcurl says of its end. Nothing is taken or given any more.
   void End(CURLcode code);
-  void Fail(TransferFault fault);
+  void Fail(TransferFault fault, std::string detail = {});
   [[nodiscard]] bool HasEnded() const { return hasEnded_; }
   /// Whether a reply has begun or will never come.
   [[nodiscard]] bool HasReplied() const { return headersAreComplete_ || hasEnded_; }

@@ -51,7 +51,7 @@ TransferFault FaultOfExchanging(const CurlFailure& failure) {
     case ENETDOWN:
       return TransferFault::NoLongerAnswers;
     default:
-      return HasOneOf(failure.Text, {"chunk"}) ? TransferFault::NotHTTP : TransferFault::ClosedEarly;
+      return HasOneOf(failure.Text, {"chunk", "headers"}) ? TransferFault::NotHTTP : TransferFault::ClosedEarly;
   }
 }
 

@@ -105,10 +105,10 @@ void Sockets::WaitFor(const CURL* user, int descriptor, Readiness readiness) {
   if (!isEnough && socket.Watched != readiness) Watch(socket, readiness);
 }
 
-// Where two have the same port, both count as used, which does no harm.
+// Where two idle ones have the same port, both count as used, which does no harm.
 void Sockets::Take(const CURL* user, int localPort) {
   for (auto& [descriptor, socket] : sockets_) {
-    if (socket.IsOwn && LocalPort(descriptor) == localPort) GiveTo(user, socket);
+    if (socket.IsOwn && socket.User == nullptr && LocalPort(descriptor) == localPort) GiveTo(user, socket);
   }
 }
 
@@ -164,7 +164,7 @@ bool Sockets::HasFallenSilent(const CURL* user) {
   for (auto& [descriptor, socket] : sockets_) {
     if (socket.User != user || !socket.IsOwn) continue;
     const tcp_info state = StateOf(descriptor);
-    const bool waits = state.tcpi_unacked > 0 || state.tcpi_probes > 1;
+    const bool waits = state.tcpi_state != TCP_SYN_SENT && (state.tcpi_unacked > 0 || state.tcpi_probes > 1);
     if (!waits || std::chrono::milliseconds(state.tcpi_last_ack_recv) <= pulse) socket.AnsweredAt = now;
     if (now - socket.AnsweredAt >= longestSilence) return true;
   }

@@ -60,7 +60,7 @@ TransferPool::TransferPool(EventLoop& loop)
     : loop_(loop),
       delivery_(loop.MakeAlarm([this] { Deliver(); })),
       pulse_(loop.MakeAlarm([this] { CheckServers(); })),
-      idle_(loop.MakeAlarm([this] { connections_.reset(); })) {}
+      idle_(loop.MakeAlarm([this] { DropConnections(); })) {}
 
 TransferPool::~TransferPool() {
   LetRequestsOut();
@@ -121,15 +121,26 @@ void TransferPool::Stop(Exchange& exchange, TransferFault fault) {
 }
 
 void TransferPool::Deliver() {
+  ++deliveries_;
   const auto exchanges = exchanges_;
   for (const auto& exchange : exchanges) {
     if (exchange->HasNews()) exchange->Deliver();
   }
+  --deliveries_;
   const auto ended =
       std::erase_if(exchanges_, [](const auto& exchange) { return exchange->HasEnded() && !exchange->HasNews(); });
   if (ended == 0 || !exchanges_.empty()) return;
   pulse_->Stop();
   idle_->Set(longestIdle);
+}
+
+// A handler that waits, in a loop of its own, may have been called from within the connections.
+void TransferPool::DropConnections() {
+  if (deliveries_ > 0) {
+    idle_->Set(longestIdle);
+  } else {
+    connections_.reset();
+  }
 }
 
 void TransferPool::CheckServers() {

@@ -39,6 +39,7 @@ class TransferPool {
   void LimitSilence(Exchange& exchange, std::chrono::milliseconds time);
   void Stop(Exchange& exchange, TransferFault fault);
   void Deliver();
+  void DropConnections();
   void CheckServers();
   void LetRequestsOut();
 
@@ -46,6 +47,7 @@ class TransferPool {
   Authorities authorities_;
   std::unique_ptr<Connections> connections_;
   std::vector<std::shared_ptr<Exchange>> exchanges_;
+  int deliveries_ = 0;
   std::unique_ptr<Alarm> delivery_;
   std::unique_ptr<Alarm> pulse_;
   std::unique_ptr<Alarm> idle_;

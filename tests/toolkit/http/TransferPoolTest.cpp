@@ -125,6 +125,9 @@ TEST_F(Transport, WhatWasPressedOnceReachesABrokenServerAtMostOnceAndIsToldAsAnE
       {"another protocol", {{"SSH-2.0-Server\r\n"}}, notHTTP},
       {"bytes of no meaning", {{std::string("\0\1\2\xFF\r\n\r\n\0", 9)}, Close}, notHTTP},
       {"no chunks", {{chunked + "what?\r\n"}, Close}, notHTTP},
+      {"endless head",
+       {{QString("HTTP/1.1 200 OK\r\n%1").arg(QString("a:\r\n").repeated(500'000)).toStdString()}},
+       notHTTP},
   };
   const Answer good{{Reply(200, "{}")}};
   for (const auto& [what, fault, expected] : faults) {
