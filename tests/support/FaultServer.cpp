@@ -120,11 +120,11 @@ void FaultServer::Give(QSslSocket& socket, const Answer& answer, std::size_t pie
     socket.write(QByteArray::fromStdString(answer.Pieces[piece]).replace("$", URL().c_str()));
   if (piece + 1 < answer.Pieces.size()) {
     QTimer::singleShot(answer.Pause, &socket, [this, &socket, &answer, piece] { Give(socket, answer, piece + 1); });
-  } else if (answer.After == Answer::Then::Close) {
-    socket.disconnectFromHost();
-  } else if (answer.After == Answer::Then::Reset) {
-    Reset(socket);
+    return;
   }
+  ++answered_;
+  if (answer.After == Answer::Then::Close) socket.disconnectFromHost();
+  if (answer.After == Answer::Then::Reset) Reset(socket);
 }
 
 }  // namespace test_servers

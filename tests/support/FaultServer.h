@@ -50,6 +50,8 @@ class FaultServer final : private QTcpServer {
   [[nodiscard]] int Port() const { return serverPort(); }
   /// Every whole request so far, byte for byte, head and body.
   [[nodiscard]] const std::vector<std::string>& Requests() const { return requests_; }
+  /// How many of them have got all of their answer.
+  [[nodiscard]] std::size_t Answered() const { return answered_; }
   [[nodiscard]] std::size_t Connections() const { return sockets_.size(); }
   /// Whether one of them still stands.
   [[nodiscard]] bool IsConnected() const;
@@ -69,6 +71,7 @@ class FaultServer final : private QTcpServer {
   std::vector<std::string> requests_;
   std::vector<std::function<void()>> waiting_;
   bool released_ = false;
+  std::size_t answered_ = 0;
   std::vector<std::unique_ptr<QSslSocket>> sockets_;
 };
 

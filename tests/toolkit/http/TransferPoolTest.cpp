@@ -216,9 +216,14 @@ TEST_F(Transport, OfATransferThatIsLetGoNothingIsToldButItIsCarriedOut) {
       };
       if (when.empty()) drop();
       EXPECT_TRUE(Until([&] { return !exchange.Transfer; }));
-      QTest::qWait(100);
-      EXPECT_THAT(server.Requests(), SizeIs(when.empty() && isAborted ? 0 : 1));
-      if (isAborted || fails) continue;
+      if (isAborted) {
+        QTest::qWait(100);
+        EXPECT_THAT(server.Requests(), SizeIs(Le(when.empty() ? 0U : 1U)));
+        continue;
+      }
+      EXPECT_TRUE(Until([&] { return server.Answered() == 1; }));
+      if (fails) continue;
+      QTest::qWait(50);
       EXPECT_EQ(Outcome(Request(server.URL())), "page 200 0123456789");
       EXPECT_EQ(server.Connections(), 1U);
     }
