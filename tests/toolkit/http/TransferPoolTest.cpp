@@ -231,7 +231,7 @@ TEST_F(Transport, OfATransferThatIsLetGoNothingIsToldButItIsCarriedOut) {
 }
 
 TEST_F(Transport, AnEndlessReplyForNobodyIsNotReadForLong) {
-  const std::string megabytes(50'000'000, 'x');
+  const std::string megabytes = QString("x").repeated(50'000'000).toStdString();
   const FaultServer server({{{Reply(200, megabytes)}}}, Wire::Plain);
   Exchange(Request(server.URL())).Transfer.reset();
   EXPECT_TRUE(Until([&] { return server.Requests().size() == 1 && server.Unsent() == 0 && !server.IsConnected(); }));
@@ -255,7 +255,7 @@ TEST_F(Transport, TheEndOfTheProgramLetsARequestGoOutForTwoSecondsAtMost) {
 }
 
 TEST_F(Transport, AHandlerThatTakesItsTimeHoldsTheServerUp) {
-  const std::string megabytes(50'000'000, 'x');
+  const std::string megabytes = QString("x").repeated(50'000'000).toStdString();
   const FaultServer server({{{Reply(200, megabytes)}}});
   Exchange exchange(Request(server.URL()));
   std::size_t unsent = 0;
