@@ -147,7 +147,9 @@ std::optional<std::uint64_t> Exchange::AnnouncedLength() const {
 void Exchange::End(CURLcode code) {
   hasEnded_ = true;
   patience_.reset();
-  if (wasTriedAgain_ || (code == CURLE_OK && !headersAreComplete_)) {
+  if (code != CURLE_OK && sockets_->HasFallenSilent(easy_.Get())) {
+    Fail(TransferFault::NoLongerAnswers);
+  } else if (wasTriedAgain_ || (code == CURLE_OK && !headersAreComplete_)) {
     Fail(TransferFault::ClosedEarly);
   } else if (code != CURLE_OK) {
     FaultAndDetail why = easy_.WhyFailed(code);

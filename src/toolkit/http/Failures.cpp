@@ -42,17 +42,8 @@ TransferFault FaultOfConnecting(int systemError) {
   return TransferFault::Unreachable;
 }
 
-TransferFault FaultOfExchanging(const CurlFailure& failure) {
-  switch (failure.SystemError) {
-    case ETIMEDOUT:
-    case EHOSTUNREACH:
-    case EHOSTDOWN:
-    case ENETUNREACH:
-    case ENETDOWN:
-      return TransferFault::NoLongerAnswers;
-    default:
-      return HasOneOf(failure.Text, {"chunk", "headers"}) ? TransferFault::NotHTTP : TransferFault::ClosedEarly;
-  }
+bool IsReset(const CurlFailure& failure) {
+  return failure.SystemError == ECONNRESET || HasOneOf(failure.Text, {"SYSCALL", "unexpected eof"});
 }
 
 TransferFault FaultOf(const CurlFailure& failure) {
@@ -62,9 +53,9 @@ TransferFault FaultOf(const CurlFailure& failure) {
       return failure.UsesProxy ? TransferFault::Proxy : FaultOfConnecting(failure.SystemError);
     case CURLE_SEND_ERROR:
     case CURLE_RECV_ERROR:
-      return FaultOfExchanging(failure);
+      return HasOneOf(failure.Text, {"chunk", "headers"}) ? TransferFault::NotHTTP : TransferFault::ClosedEarly;
     case CURLE_SSL_CONNECT_ERROR:
-      if (HasOneOf(failure.Text, {"SYSCALL", "reset by peer", "unexpected eof"})) return TransferFault::ClosedEarly;
+      if (IsReset(failure)) return TransferFault::ClosedEarly;
       break;
     default:
       break;

@@ -87,7 +87,10 @@ int Sockets::Open(const curl_sockaddr& address) {
 }
 
 void Sockets::Close(int descriptor) {
-  sockets_.erase(descriptor);
+  const auto known = sockets_.find(descriptor);
+  const CURL* user = known->second.User;
+  if (user != nullptr && StateOf(descriptor).tcpi_probes >= mostProbes) usersOfSilentOnes_.insert(user);
+  sockets_.erase(known);
   close(descriptor);
 }
 
@@ -134,6 +137,7 @@ void Sockets::BeReady(int descriptor, Readiness readiness) {
 }
 
 void Sockets::Release(const CURL* user) {
+  usersOfSilentOnes_.erase(user);
   for (auto& [descriptor, socket] : sockets_) {
     if (socket.User != user) continue;
     socket.User = nullptr;
@@ -160,6 +164,7 @@ void Sockets::RetireDeadOnes() {
 // The system's own limit for data without an answer would also end the wait for a server that lives but takes no more
 // data for a while. Such a one answers the probes.
 bool Sockets::HasFallenSilent(const CURL* user) {
+  if (usersOfSilentOnes_.contains(user)) return true;
   const auto now = std::chrono::steady_clock::now();
   for (auto& [descriptor, socket] : sockets_) {
     if (socket.User != user || !socket.IsOwn) continue;

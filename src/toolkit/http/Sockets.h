@@ -4,6 +4,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <set>
 
 #include "toolkit/http/Curl.h"
 #include "toolkit/http/EventLoop.h"
@@ -34,7 +35,8 @@ class Sockets {
   /// Makes sure that no idle connection is taken for a living one that has been closed by the server, is a minute old,
   /// or does not answer the system's probes.
   void RetireDeadOnes();
-  /// Whether data of `user` has not been acknowledged for half a minute. To be asked every `pulse`.
+  /// Whether nobody acknowledges data of `user` for half a minute, or the system has broken the connection because its
+  /// probes were not answered. To be asked every `pulse`.
   bool HasFallenSilent(const CURL* user);
   static constexpr std::chrono::seconds pulse{5};
   /// Whether the other end has all that was written.
@@ -59,6 +61,7 @@ class Sockets {
   EventLoop& loop_;
   std::function<void(int descriptor, Readiness)> ready_;
   std::map<int, Socket> sockets_;
+  std::set<const CURL*> usersOfSilentOnes_;  // which the system has broken
 };
 
 }  // namespace toolkit::http
