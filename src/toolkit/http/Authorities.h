@@ -18,12 +18,16 @@ class Authorities {
 
   /// The system's, as a file of PEM; empty if there is none at a known place.
   [[nodiscard]] const std::string& SystemFile() const { return systemFile_; }
+  /// The same, as a folder with a file for each, by the hash of its name as OpenSSL wants it; empty if there is none.
+  /// Of it only the one that is needed is read, where the file takes 40 ms and 1 MB.
+  [[nodiscard]] const std::string& SystemFolder() const { return systemFolder_; }
   [[nodiscard]] bool HasAdded() const { return !added_.empty(); }
   /// All of them, as PEM.
   [[nodiscard]] std::string All() const;
 
  private:
   std::string systemFile_;
+  std::string systemFolder_;
   std::string added_;
 };
 

@@ -48,7 +48,9 @@ void EasyHandle::SetCertificates(CertificateCheck check, const Authorities& auth
     curl_blob blob{.data = all.data(), .len = all.size(), .flags = CURL_BLOB_COPY};
     Set(CURLOPT_CAINFO_BLOB, &blob);
   } else if (!authorities.SystemFile().empty()) {
-    Set(CURLOPT_CAINFO, authorities.SystemFile().c_str());
+    const bool isFolder = !authorities.SystemFolder().empty();
+    Set(CURLOPT_CAINFO, isFolder ? nullptr : authorities.SystemFile().c_str());
+    Set(CURLOPT_CAPATH, isFolder ? authorities.SystemFolder().c_str() : nullptr);
   }
 }
 
