@@ -4,6 +4,7 @@
 #include <charconv>
 #include <numeric>
 #include <optional>
+#include <utility>
 
 namespace toolkit {
 
@@ -60,13 +61,6 @@ std::string_view Listbox::Cell(int row, int column) const {
   return rows_.Cell(static_cast<std::size_t>(row), static_cast<std::size_t>(column));
 }
 
-void Listbox::Cell(int row, int column, std::string_view text) {
-  const auto index = static_cast<std::size_t>(row);
-  if (index >= rows_.RowCount()) return;
-  rows_.SetCell(index, static_cast<std::size_t>(column), text);
-  Changed();
-}
-
 std::any Listbox::RowTag(int row) const {
   const auto index = static_cast<std::size_t>(row);
   return index < tags_.size() ? tags_[index] : std::any();
@@ -119,9 +113,12 @@ std::optional<int> TakeWidth(std::string_view& widths) {
 
 }  // namespace
 
-std::vector<int> LayOutColumns(std::string_view widths, int count, int available) {
-  std::vector<std::optional<int>> wanted(static_cast<std::size_t>(std::max(count, 0)));
-  for (auto& width : wanted) width = TakeWidth(widths);
+std::vector<int> LayOutColumns(std::string_view widths, std::vector<std::optional<int>> usersWidths, int available) {
+  std::vector<std::optional<int>> wanted = std::move(usersWidths);
+  for (auto& width : wanted) {
+    const std::optional<int> programs = TakeWidth(widths);
+    if (!width) width = programs;
+  }
 
   const int fixed = std::accumulate(wanted.begin(), wanted.end(), 0,
                                     [](int sum, const auto& width) { return sum + width.value_or(0); });

@@ -2,6 +2,7 @@
 
 #include <any>
 #include <initializer_list>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -42,20 +43,18 @@ class Listbox final : public ControlOf<Listbox> {
   void Heading(int column, std::string heading);
 
   [[nodiscard]] int ListCount() const { return static_cast<int>(rows_.RowCount()); }
+  /// Cells beyond the columns are kept and not shown.
   void AddRow(std::span<const std::string_view> cells);
   void AddRow(std::initializer_list<std::string_view> cells) { AddRow(std::span(cells.begin(), cells.size())); }
   /// Raises Change if a row was selected.
   void DeleteAllRows();
-  /// The empty text for a cell that was never written. Valid until the next change of the list.
+  /// The empty text for a cell that there is not. Valid while the list's rows are.
   [[nodiscard]] std::string_view Cell(int row, int column) const;
-  /// Writes a cell of an existing row. Cells beyond the columns are kept and not shown.
-  void Cell(int row, int column, std::string_view text);
   /// An object kept with the row; empty if there is none.
   [[nodiscard]] std::any RowTag(int row) const;
   void RowTag(int row, std::any tag);
   /// The texts of the row that are shown, separated by tabs.
   [[nodiscard]] std::string RowText(int row) const;
-  [[nodiscard]] const RowStore& Rows() const { return rows_; }
 
   /// The selected row, -1 if there is none.
   [[nodiscard]] int ListIndex() const { return listIndex_; }
@@ -83,8 +82,10 @@ class Listbox final : public ControlOf<Listbox> {
   unsigned generation_ = 0;
 };
 
-/// The widths in points of `count` columns that together fill `available`, as `widths` asks for them (see
-/// Listbox::ColumnWidths). What is no number counts as "*"; no column is narrower than 0.
-[[nodiscard]] std::vector<int> LayOutColumns(std::string_view widths, int count, int available);
+/// The widths in points of columns that together fill `available`, as `widths` asks for them (see
+/// Listbox::ColumnWidths), or as the user does, who comes first. What is no number counts as "*"; no column is narrower
+/// than 0.
+[[nodiscard]] std::vector<int> LayOutColumns(std::string_view widths, std::vector<std::optional<int>> usersWidths,
+                                             int available);
 
 }  // namespace toolkit

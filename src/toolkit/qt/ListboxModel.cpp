@@ -4,6 +4,22 @@
 #include "toolkit/qt/QtText.h"
 
 namespace toolkit::qt {
+namespace {
+
+// More of a line than anybody reads on a screen; laying out more would take long.
+constexpr qsizetype mostCharacters = 10'000;
+constexpr std::size_t mostBytesEach = 4;
+
+QString ShownText(std::string_view cell) {
+  const std::string_view start = WholeCharacters(cell, 0, mostCharacters * mostBytesEach);
+  QString text = DisplayText(start);
+  if (start.size() == cell.size() && text.size() <= mostCharacters) return text;
+  text.truncate(mostCharacters);
+  if (text.back().isHighSurrogate()) text.chop(1);
+  return text + QChar(0x2026);
+}
+
+}  // namespace
 
 bool ListboxModel::Follow() {
   const int rows = list_.ListCount();
@@ -28,7 +44,7 @@ int ListboxModel::columnCount(const QModelIndex& parent) const { return parent.i
 
 QVariant ListboxModel::data(const QModelIndex& index, int role) const {
   if (role != Qt::DisplayRole && role != Qt::AccessibleTextRole) return {};
-  return DisplayText(list_.Cell(index.row(), index.column()));
+  return ShownText(list_.Cell(index.row(), index.column()));
 }
 
 QVariant ListboxModel::headerData(int section, Qt::Orientation orientation, int role) const {

@@ -5,7 +5,7 @@
 #include <QLineEdit>
 
 #include "toolkit/qt/ListExport.h"
-#include "toolkit/qt/ListboxView.h"
+#include "toolkit/qt/ListTable.h"
 
 namespace toolkit::qt {
 namespace {
@@ -60,7 +60,7 @@ void EditField(StandardAction action, QLineEdit& field) {
 
 bool CanEdit(StandardAction action, QWidget* target) {
   if (const auto* field = qobject_cast<QLineEdit*>(target)) return CanEditField(action, *field);
-  if (const auto* list = dynamic_cast<ListboxView*>(target)) {
+  if (const auto* list = dynamic_cast<ListTable*>(target)) {
     return action == StandardAction::Copy && list->List().ListIndex() >= 0;
   }
   return false;
@@ -70,7 +70,7 @@ void Edit(StandardAction action, QWidget* target) {
   if (!CanEdit(action, target)) return;
   if (auto* field = qobject_cast<QLineEdit*>(target)) {
     EditField(action, *field);
-  } else if (const auto* list = dynamic_cast<ListboxView*>(target)) {
+  } else if (const auto* list = dynamic_cast<ListTable*>(target)) {
     CopySelectedRow(list->List());
   }
 }

@@ -4,8 +4,10 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
+#include <QHeaderView>
 #include <QHelpEvent>
 #include <QLabel>
+#include <QTableView>
 #include <QTemporaryDir>
 #include <QTextDocument>
 #include <QToolTip>
@@ -80,7 +82,7 @@ TEST_F(ListOnScreen, MouseAndKeysDoWhatTheUserMeans) {
   EXPECT_EQ(QApplication::clipboard()->text(), "a\t<i>&amp;\x1B[1m\tc");
 }
 
-TEST_F(ListOnScreen, TextIsShownAsItIsAndAScreenReaderFindsIt) {
+TEST_F(ListOnScreen, TextIsShownAsItIs) {
   const std::string marked = "<b>" + std::string(200, 'x') + "</b>";
   AddRows(1, {marked, "bold", "c"});
   AddRows(1, {"line\nbreak \x1B[31m", "<b>bold</b>", "c"});
@@ -90,9 +92,65 @@ TEST_F(ListOnScreen, TextIsShownAsItIsAndAScreenReaderFindsIt) {
   QTextDocument shown;
   shown.setHtml(QToolTip::text());
   EXPECT_EQ(shown.toPlainText().toStdString(), marked);
-  QAccessibleInterface* cell = QAccessible::queryAccessibleInterface(&view)->child(3);
-  ASSERT_NE(cell, nullptr);
-  EXPECT_EQ(cell->text(QAccessible::Name).toStdString(), "line␊break ␛[31m");
+}
+
+TEST_F(ListOnScreen, AScreenReaderFindsATableWithItsHeadings) {
+  list.Heading(1, "State");
+  list.AccessibleName("Boxes");
+  AddRows(2, {"line\nbreak \x1B[31m", "<b>up</b>", "c"});
+  QAccessibleInterface* seen = QAccessible::queryAccessibleInterface(&view);
+  EXPECT_EQ(seen->role(), QAccessible::Table);
+  EXPECT_EQ(seen->text(QAccessible::Name), "Boxes");
+  QAccessibleTableInterface* table = seen->tableInterface();
+  ASSERT_NE(table, nullptr);
+  EXPECT_EQ(table->rowCount(), 2);
+  EXPECT_EQ(table->columnCount(), 3);
+  EXPECT_EQ(table->columnDescription(1), "State");
+  EXPECT_EQ(table->cellAt(1, 0)->text(QAccessible::Name).toStdString(), "line␊break ␛[31m");
+  const auto headings = table->cellAt(1, 1)->tableCellInterface()->columnHeaderCells();
+  ASSERT_EQ(headings.size(), 1);
+  EXPECT_EQ(headings.front()->role(), QAccessible::ColumnHeader);
+  EXPECT_EQ(headings.front()->text(QAccessible::Name), "State");
+  view.setFocus();
+  Press(Qt::Key_End);
+  EXPECT_EQ(table->selectedRows(), QList<int>{1});
+  EXPECT_TRUE(table->cellAt(1, 0)->state().focused);
+  EXPECT_TRUE(table->cellAt(1, 2)->state().selected);
+}
+
+TEST_F(ListOnScreen, LettersFindARowOfASmallList) {
+  AddRows(1, {"alpha", "x"});
+  AddRows(1, {"beta", "y"});
+  AddRows(1, {"berta", "a"});
+  ClickAt(*view.viewport(), Cell(0, 1).center());
+  Type("ber");
+  EXPECT_EQ(list.ListIndex(), 2);
+  AddRows(10'000, {"gamma", "z"});
+  QTest::qWait(QApplication::keyboardInputInterval() + 50);
+  Type("g");
+  EXPECT_EQ(list.ListIndex(), 2) << "a long list was read through";
+}
+
+TEST_F(ListOnScreen, BordersOfColumnsFollowTheUser) {
+  AddRows(3, {std::string(40, 'm'), "b", "c"});
+  QHeaderView& header = *dynamic_cast<QTableView&>(view).horizontalHeader();
+  const auto border = [&](int column) { return QPoint(header.sectionViewportPosition(column + 1) - 1, 5); };
+  const auto widths = [&] { return std::vector{header.sectionSize(0), header.sectionSize(1), header.sectionSize(2)}; };
+  const int all = view.viewport()->width();
+  EXPECT_EQ(widths(), (std::vector{100, 100, all - 200}));
+  QTest::mousePress(header.viewport(), Qt::LeftButton, {}, border(0));
+  QTest::mouseMove(header.viewport(), border(0) + QPoint(30, 0));
+  QTest::mouseRelease(header.viewport(), Qt::LeftButton, {}, border(0) + QPoint(30, 0));
+  QTest::qWait(5);
+  EXPECT_EQ(widths(), (std::vector{130, 100, all - 230}));
+  EXPECT_EQ(Cell(0, 1).left(), header.sectionViewportPosition(1)) << "headings stand over their cells";
+  QTest::mouseDClick(header.viewport(), Qt::LeftButton, {}, border(0));
+  QTest::qWait(5);
+  EXPECT_GE(widths()[0], view.fontMetrics().horizontalAdvance(QString(40, 'm')));
+  EXPECT_EQ(widths()[1], 100);
+  list.DeleteAllRows();
+  AddRows(1, {"a", "b", "c"});
+  EXPECT_GT(widths()[0], 200) << "a list that is refreshed keeps the user's widths";
 }
 
 TEST_F(ListOnScreen, FindGoesRoundTheRowsThatMatch) {
@@ -117,7 +175,7 @@ TEST_F(ListOnScreen, FindGoesRoundTheRowsThatMatch) {
       return list.ListIndex() == row && Find<QLabel>("findCount").text() == count;
     })) << typed;
   }
-  EXPECT_FALSE(view.viewport()->geometry().intersects(Find("findBar").geometry())) << "the bar covers rows";
+  EXPECT_FALSE(view.geometry().intersects(Find("findBar").geometry())) << "the bar covers rows";
   Press(Qt::Key_Escape);
   EXPECT_EQ(QApplication::focusWidget(), &view);
 }

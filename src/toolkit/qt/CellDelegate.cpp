@@ -1,0 +1,58 @@
+#include "toolkit/qt/CellDelegate.h"
+
+#include <algorithm>
+
+#include <QAbstractItemView>
+#include <QHelpEvent>
+#include <QPainter>
+#include <QToolTip>
+
+#include "toolkit/qt/LongText.h"
+
+namespace toolkit::qt {
+namespace {
+
+constexpr int cellMargin = 4;
+constexpr qsizetype longestToolTip = 2000;
+
+QRect TextArea(const QRect& cell) { return cell.adjusted(cellMargin, 0, -cellMargin, 0); }
+
+/// The part of `text` that can matter in `width` pixels: every character is taken to need half a pixel at least.
+QString Fitting(const QString& text, int width) { return text.left(2 * std::max(width, 1)); }
+
+}  // namespace
+
+void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+  const QRect area = TextArea(option.rect);
+  const bool isSelected = option.state.testFlag(QStyle::State_Selected);
+  const auto group = !option.state.testFlag(QStyle::State_Enabled) ? QPalette::Disabled
+                     : option.state.testFlag(QStyle::State_Active) ? QPalette::Active
+                                                                   : QPalette::Inactive;
+  if (isSelected) painter->fillRect(option.rect, option.palette.brush(group, QPalette::Highlight));
+  painter->setPen(option.palette.color(group, isSelected ? QPalette::HighlightedText : QPalette::Text));
+  const QString text = Fitting(index.data().toString(), area.width());
+  const bool fits = LineWidth(option.fontMetrics, text) <= area.width();
+  const QRect visible = area & option.widget->rect();
+  DrawLine(*painter, area, visible, fits ? text : option.fontMetrics.elidedText(text, Qt::ElideRight, area.width()));
+}
+
+QSize CellDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
+  return {LineWidth(option.fontMetrics, index.data().toString()) + 2 * cellMargin, option.fontMetrics.height()};
+}
+
+bool CellDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                             const QModelIndex& index) {
+  if (event->type() != QEvent::ToolTip) return QStyledItemDelegate::helpEvent(event, view, option, index);
+  const QString text = index.data().toString();
+  const int available = TextArea(option.rect).width();
+  if (LineWidth(option.fontMetrics, Fitting(text, available)) > available) {
+    // Escaped and put into a paragraph, the text is markup for certain, and shows as it is.
+    QToolTip::showText(event->globalPos(), "<p>" + text.left(longestToolTip).toHtmlEscaped() + "</p>",
+                       view->viewport());
+  } else {
+    QToolTip::hideText();
+  }
+  return true;
+}
+
+}  // namespace toolkit::qt

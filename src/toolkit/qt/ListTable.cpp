@@ -1,0 +1,200 @@
+#include "toolkit/qt/ListTable.h"
+
+#include <algorithm>
+#include <numeric>
+#include <utility>
+
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QScrollBar>
+
+#include "toolkit/Platform.h"
+#include "toolkit/qt/ListCommands.h"
+
+namespace toolkit::qt {
+namespace {
+
+constexpr int rowPadding = 4;
+// In a longer list nobody looks for a row by its first letters, and reading all rows at each key would take long.
+constexpr int mostRowsToType = 10'000;
+// So many rows, beside those on the screen, are measured when a column is to fit its texts.
+constexpr int rowsToMeasure = 50;
+
+}  // namespace
+
+ListTable::ListTable(Listbox& list) : list_(list), model_(list) {
+  setModel(&model_);
+  setItemDelegate(&cells_);
+  SetUpHeaders();
+  setSelectionMode(SingleSelection);
+  setSelectionBehavior(SelectRows);
+  setEditTriggers(NoEditTriggers);
+  setTabKeyNavigation(false);
+  setShowGrid(false);
+  setWordWrap(false);
+  setCornerButtonEnabled(false);
+  setVerticalScrollMode(ScrollPerPixel);
+  setHorizontalScrollMode(ScrollPerPixel);
+}
+
+// The headers read the model, which goes before the children do.
+ListTable::~ListTable() {
+  following_ = true;  // it is not the user who takes the selection away
+  setModel(nullptr);
+}
+
+void ListTable::SetUpHeaders() {
+  verticalHeader()->hide();
+  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  verticalHeader()->setMinimumSectionSize(1);
+  horizontalHeader()->setSectionsClickable(false);
+  horizontalHeader()->setHighlightSections(false);
+  horizontalHeader()->setMinimumSectionSize(0);
+  horizontalHeader()->setResizeContentsPrecision(rowsToMeasure);
+  horizontalHeader()->setTextElideMode(Qt::ElideRight);
+  connect(horizontalHeader(), &QHeaderView::sectionResized, this,
+          [this](int column, int /*before*/, int width) { KeepUsersWidth(column, width); });
+}
+
+bool ListTable::Follow() {
+  following_ = true;
+  setHorizontalScrollBarPolicy(list_.Scrolling() == ScrollBars::Both ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
+  horizontalHeader()->setVisible(list_.HasHeading());
+  const bool haveRowsChanged = model_.Follow();
+  if (haveRowsChanged) widestText_ = 0;
+  usersWidths_.resize(static_cast<std::size_t>(list_.ColumnCount()));
+  LayOut();
+  FollowSelection();
+  viewport()->update();
+  following_ = false;
+  return haveRowsChanged;
+}
+
+void ListTable::FollowSelection() {
+  const int row = list_.ListIndex();
+  const QModelIndexList selected = selectionModel()->selectedRows();
+  if (row == (selected.isEmpty() ? -1 : selected.front().row())) return;
+  if (row < 0) {
+    selectionModel()->clear();
+  } else {
+    setCurrentIndex(model_.index(row, 0));
+  }
+}
+
+/// Whether the last column is as wide as its texts, and scrolls.
+bool ListTable::LastColumnIsWide() const {
+  if (list_.Scrolling() != ScrollBars::Both) return false;
+  const auto widths = LayOutColumns(list_.ColumnWidths(), usersWidths_, 0);
+  return !widths.empty() && widths.back() == 0;
+}
+
+void ListTable::LayOut() {
+  if (usersWidths_.empty() || std::exchange(layingOut_, true)) return;
+  const int height = fontMetrics().height() + rowPadding;
+  if (verticalHeader()->defaultSectionSize() != height) verticalHeader()->setDefaultSectionSize(height);
+  const int available = viewport()->width();
+  const int last = model_.columnCount() - 1;
+  auto widths = LayOutColumns(list_.ColumnWidths(), usersWidths_, available);
+  if (LastColumnIsWide()) {
+    widestText_ = std::max(widestText_, sizeHintForColumn(last));
+    widths.back() = std::max(widths.back(), widestText_);
+  }
+  // The last column goes on to the list's edge, so that its heading has no end before it.
+  widths.back() += std::max(available - std::accumulate(widths.begin(), widths.end(), 0), 0);
+  for (int column = 0; column <= last; ++column) setColumnWidth(column, widths[static_cast<std::size_t>(column)]);
+  layingOut_ = false;
+}
+
+// The header may still be at work on what the user does to it.
+void ListTable::KeepUsersWidth(int column, int width) {
+  if (layingOut_ || following_) return;
+  usersWidths_.at(static_cast<std::size_t>(column)) = width;
+  QMetaObject::invokeMethod(this, &ListTable::LayOut, Qt::QueuedConnection);
+}
+
+void ListTable::changeEvent(QEvent* event) {
+  QTableView::changeEvent(event);
+  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) LayOut();
+}
+
+void ListTable::resizeEvent(QResizeEvent* event) {
+  QTableView::resizeEvent(event);
+  LayOut();
+}
+
+void ListTable::scrollContentsBy(int dx, int dy) {
+  QTableView::scrollContentsBy(dx, dy);
+  if (dy != 0 && LastColumnIsWide()) LayOut();
+}
+
+// Going through the rows leaves long lines scrolled as they are.
+void ListTable::scrollTo(const QModelIndex& index, ScrollHint hint) {
+  const int left = horizontalScrollBar()->value();
+  QTableView::scrollTo(index, hint);
+  horizontalScrollBar()->setValue(left);
+}
+
+void ListTable::keyboardSearch(const QString& typed) {
+  if (model_.rowCount() > mostRowsToType) return;
+  // A row begins with its first column.
+  if (currentIndex().column() > 0) {
+    selectionModel()->setCurrentIndex(currentIndex().siblingAtColumn(0), QItemSelectionModel::NoUpdate);
+  }
+  QTableView::keyboardSearch(typed);
+}
+
+void ListTable::keyPressEvent(QKeyEvent* event) {
+  const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (isEnter && list_.ListIndex() >= 0) {
+    // A key that is held down counts once.
+    if (!event->isAutoRepeat()) Platform::Current().Dispatch([this] { list_.Activate(); });
+  } else {
+    QTableView::keyPressEvent(event);
+  }
+}
+
+QModelIndex ListTable::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+  switch (action) {
+    case MoveLeft:
+      horizontalScrollBar()->triggerAction(QAbstractSlider::SliderSingleStepSub);
+      return currentIndex();
+    case MoveRight:
+      horizontalScrollBar()->triggerAction(QAbstractSlider::SliderSingleStepAdd);
+      return currentIndex();
+    case MoveHome:
+      return model_.index(0, 0);
+    case MoveEnd:
+      return model_.index(model_.rowCount() - 1, 0);
+    default:
+      return QTableView::moveCursor(action, modifiers);
+  }
+}
+
+void ListTable::contextMenuEvent(QContextMenuEvent* event) { PopUpListCommands(*this, list_, event->globalPos()); }
+
+void ListTable::mousePressEvent(QMouseEvent* event) {
+  QTableView::mousePressEvent(event);
+  if (!indexAt(event->position().toPoint()).isValid()) selectionModel()->clear();
+}
+
+void ListTable::mouseDoubleClickEvent(QMouseEvent* event) {
+  QTableView::mouseDoubleClickEvent(event);
+  if (event->button() == Qt::LeftButton) Platform::Current().Dispatch([this] { list_.Activate(); });
+}
+
+void ListTable::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+  QTableView::selectionChanged(selected, deselected);
+  if (following_) return;
+  const QModelIndexList rows = selectionModel()->selectedRows();
+  Platform::Current().Dispatch([&] { list_.Select(rows.isEmpty() ? -1 : rows.front().row()); });
+}
+
+// Qt makes the first row current without selecting it, and the Down key would then pass it over.
+void ListTable::focusInEvent(QFocusEvent* event) {
+  QTableView::focusInEvent(event);
+  if (list_.ListIndex() < 0) selectionModel()->clear();
+}
+
+}  // namespace toolkit::qt
