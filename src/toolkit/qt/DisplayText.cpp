@@ -14,6 +14,8 @@ bool IsControl(QChar character) {
   return code < 0x20 || (code >= 0x7F && code < 0xA0) || code == 0x2028 || code == 0x2029;
 }
 
+bool IsContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
+
 /// The Unicode "control pictures" block shows 00..1F and 7F; the rest has no picture of its own.
 QChar PictureOf(QChar control) {
   const char16_t code = control.unicode();
@@ -39,14 +41,13 @@ QString DisplayText(std::string_view text) {
   return shown;
 }
 
-std::string_view WholeCharacters(std::string_view text, std::size_t start, std::size_t count) {
-  const auto toCharacterStart = [text](std::size_t position) {
-    while (position < text.size() && (static_cast<unsigned char>(text[position]) & 0xC0U) == 0x80U) ++position;
-    return std::min(position, text.size());
-  };
-  const std::size_t from = toCharacterStart(start);
-  const std::size_t to = toCharacterStart(start + std::min(count, text.size()));
-  return text.substr(from, to - from);
+std::string_view FirstCharacters(std::string_view text, std::size_t count) {
+  if (text.size() <= count) return text;
+  std::size_t end = 0;
+  for (; end < text.size(); ++end) {
+    if (!IsContinuation(text[end]) && count-- == 0) break;
+  }
+  return text.substr(0, end);
 }
 
 }  // namespace toolkit::qt

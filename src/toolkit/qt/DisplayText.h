@@ -10,7 +10,7 @@ namespace toolkit::qt {
 /// line breaks among them, become their visible pictures ("␛", "␊"), so that none is ever interpreted.
 [[nodiscard]] QString DisplayText(std::string_view text);
 
-/// As many bytes of `text` as hold `count` bytes or a little more, so that no character is cut.
-[[nodiscard]] std::string_view WholeCharacters(std::string_view text, std::size_t start, std::size_t count);
+/// The first `count` characters of `text`.
+[[nodiscard]] std::string_view FirstCharacters(std::string_view text, std::size_t count);
 
 }  // namespace toolkit::qt

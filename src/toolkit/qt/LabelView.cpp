@@ -97,7 +97,7 @@ QRect LabelView::TextPlace() const {
 QStringList LabelView::ShownLines() const {
   const QSize size = TextPlace().size();
   const QFontMetrics metrics(TextFont());
-  const std::string_view text = WholeCharacters(Shown().Text(), 0, mostBytes);
+  const std::string_view text = FirstCharacters(Shown().Text(), mostBytes);
   QStringList lines;
   if (Shown().Lines() == LabelLines::One) {
     lines.append(DisplayText(text));
@@ -139,7 +139,7 @@ bool LabelView::event(QEvent* event) {
   const QStringList lines = ShownLines();
   if (Shown().Text().empty() || !lines.back().endsWith(ellipsis)) return QLabel::event(event);
   const QString text =
-      qt::ToQt(WholeCharacters(Shown().Text(), 0, longestToolTip)).remove('\r').toHtmlEscaped().replace('\n', "<br>");
+      qt::ToQt(FirstCharacters(Shown().Text(), longestToolTip)).remove('\r').toHtmlEscaped().replace('\n', "<br>");
   QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), "<p>" + text + "</p>", this);
   return true;
 }

@@ -19,8 +19,8 @@ namespace {
 constexpr int rowPadding = 4;
 // In a longer list nobody looks for a row by its first letters, and reading all rows at each key would take long.
 constexpr int mostRowsToType = 10'000;
-// So many rows, beside those on the screen, are measured when a column is to fit its texts.
-constexpr int rowsToMeasure = 50;
+// How many rows, beside those on the screen, are measured when a column is to fit its texts.
+constexpr int rowsToMeasure = 1000;
 
 }  // namespace
 
@@ -52,7 +52,6 @@ void ListTable::SetUpHeaders() {
   horizontalHeader()->setSectionsClickable(false);
   horizontalHeader()->setHighlightSections(false);
   horizontalHeader()->setMinimumSectionSize(0);
-  horizontalHeader()->setResizeContentsPrecision(rowsToMeasure);
   horizontalHeader()->setTextElideMode(Qt::ElideRight);
   connect(horizontalHeader(), &QHeaderView::sectionResized, this,
           [this](int column, int /*before*/, int width) { KeepUsersWidth(column, width); });
@@ -65,6 +64,8 @@ bool ListTable::Follow() {
   const bool haveRowsChanged = model_.Follow();
   if (haveRowsChanged) widestText_ = 0;
   usersWidths_.resize(static_cast<std::size_t>(list_.ColumnCount()));
+  horizontalHeader()->setResizeContentsPrecision(LastColumnIsWide() ? 0 : rowsToMeasure);
+  Measure();
   LayOut();
   FollowSelection();
   viewport()->update();
@@ -90,6 +91,11 @@ bool ListTable::LastColumnIsWide() const {
   return !widths.empty() && widths.back() == 0;
 }
 
+/// Looks how wide the texts on the screen are.
+void ListTable::Measure() {
+  if (LastColumnIsWide()) widestText_ = std::max(widestText_, sizeHintForColumn(model_.columnCount() - 1));
+}
+
 void ListTable::LayOut() {
   if (usersWidths_.empty() || std::exchange(layingOut_, true)) return;
   const int height = fontMetrics().height() + rowPadding;
@@ -97,10 +103,7 @@ void ListTable::LayOut() {
   const int available = viewport()->width();
   const int last = model_.columnCount() - 1;
   auto widths = LayOutColumns(list_.ColumnWidths(), usersWidths_, available);
-  if (LastColumnIsWide()) {
-    widestText_ = std::max(widestText_, sizeHintForColumn(last));
-    widths.back() = std::max(widths.back(), widestText_);
-  }
+  widths.back() = std::max(widths.back(), widestText_);
   // The last column goes on to the list's edge, so that its heading has no end before it.
   widths.back() += std::max(available - std::accumulate(widths.begin(), widths.end(), 0), 0);
   for (int column = 0; column <= last; ++column) setColumnWidth(column, widths[static_cast<std::size_t>(column)]);
@@ -116,17 +119,20 @@ void ListTable::KeepUsersWidth(int column, int width) {
 
 void ListTable::changeEvent(QEvent* event) {
   QTableView::changeEvent(event);
-  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) LayOut();
+  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) Follow();
 }
 
 void ListTable::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
+  if (event->size().height() > event->oldSize().height()) Measure();
   LayOut();
 }
 
 void ListTable::scrollContentsBy(int dx, int dy) {
   QTableView::scrollContentsBy(dx, dy);
-  if (dy != 0 && LastColumnIsWide()) LayOut();
+  if (dy == 0 || !LastColumnIsWide()) return;
+  Measure();
+  if (widestText_ > columnWidth(model_.columnCount() - 1)) LayOut();
 }
 
 // Going through the rows leaves long lines scrolled as they are.

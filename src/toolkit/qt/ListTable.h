@@ -40,6 +40,7 @@ class ListTable final : public QTableView {
  private:
   void SetUpHeaders();
   void FollowSelection();
+  void Measure();
   void LayOut();
   void KeepUsersWidth(int column, int width);
   [[nodiscard]] bool LastColumnIsWide() const;

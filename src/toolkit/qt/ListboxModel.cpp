@@ -7,16 +7,11 @@ namespace toolkit::qt {
 namespace {
 
 // More of a line than anybody reads on a screen; laying out more would take long.
-constexpr qsizetype mostCharacters = 10'000;
-constexpr std::size_t mostBytesEach = 4;
+constexpr std::size_t mostCharacters = 10'000;
 
 QString ShownText(std::string_view cell) {
-  const std::string_view start = WholeCharacters(cell, 0, mostCharacters * mostBytesEach);
-  QString text = DisplayText(start);
-  if (start.size() == cell.size() && text.size() <= mostCharacters) return text;
-  text.truncate(mostCharacters);
-  if (text.back().isHighSurrogate()) text.chop(1);
-  return text + QChar(0x2026);
+  const std::string_view start = FirstCharacters(cell, mostCharacters);
+  return start.size() == cell.size() ? DisplayText(cell) : DisplayText(start) + QChar(0x2026);
 }
 
 }  // namespace

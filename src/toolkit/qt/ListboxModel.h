@@ -6,8 +6,8 @@
 
 namespace toolkit::qt {
 
-/// The rows of a list as an item model, of very long texts the beginning. It holds no text of its own; it only remembers how many rows it has announced,
-/// since the list changes first and the views are told later.
+/// The rows of a list as an item model, with the beginnings of very long texts. It holds no text of its own; it only
+/// remembers how many rows it has announced, since the list changes first and the views are told later.
 class ListboxModel final : public QAbstractTableModel {
  public:
   explicit ListboxModel(const Listbox& list) : list_(list) {}

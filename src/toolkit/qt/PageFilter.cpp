@@ -53,7 +53,7 @@ std::size_t SplitPlace(std::string_view text, std::size_t most) {
   const std::string_view window = text.substr(0, most);
   const std::size_t line = window.rfind('\n');
   const std::size_t blank = line != none ? line : window.rfind(' ');
-  return blank != none ? blank + 1 : WholeCharacters(text, 0, most).size();
+  return blank != none ? blank + 1 : FirstCharacters(text, most).size();
 }
 
 }  // namespace

@@ -122,7 +122,7 @@ void PagePictures::Fail(std::size_t number, int status, const std::string& why) 
   constexpr std::size_t mostOfAddress = 200;
   const auto ended = loaders_.extract(number);
   const auto failed = events_.Failed;
-  failed(status, std::string(WholeCharacters(addresses_[number], 0, mostOfAddress)).append(": ").append(why));
+  failed(status, std::string(FirstCharacters(addresses_[number], mostOfAddress)).append(": ").append(why));
 }
 
 }  // namespace toolkit::qt

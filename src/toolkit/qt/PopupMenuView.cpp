@@ -14,7 +14,7 @@ constexpr std::size_t mostBytes = 2000;
 constexpr int widestRow = 320;
 
 QString RowText(std::string_view text, const QFontMetrics& font) {
-  return font.elidedText(DisplayText(WholeCharacters(text, 0, mostBytes)), Qt::ElideRight, widestRow);
+  return font.elidedText(DisplayText(FirstCharacters(text, mostBytes)), Qt::ElideRight, widestRow);
 }
 
 }  // namespace
