@@ -41,7 +41,9 @@ QWidget* MakeView(Control& control, QWidget& parent) {
 
 void ShowCommonProperties(QWidget& view, const Control& control) {
   view.setObjectName(ToQt(control.Name()));
-  view.setAccessibleName(ToQt(control.AccessibleName()));
+  // A screen reader hears of each name that is set.
+  const QString name = ToQt(control.AccessibleName());
+  if (view.accessibleName() != name) view.setAccessibleName(name);
   view.setEnabled(control.Enabled());
   view.setVisible(control.IsOnScreen());
 }

@@ -194,6 +194,10 @@ void ListTable::selectionChanged(const QItemSelection& selected, const QItemSele
   QTableView::selectionChanged(selected, deselected);
   if (following_) return;
   const QModelIndexList rows = selectionModel()->selectedRows();
+  // An assistive program selects a row without going there.
+  if (!rows.isEmpty() && rows.front().row() != currentIndex().row()) {
+    selectionModel()->setCurrentIndex(rows.front(), QItemSelectionModel::NoUpdate);
+  }
   Platform::Current().Dispatch([&] { list_.Select(rows.isEmpty() ? -1 : rows.front().row()); });
 }
 
