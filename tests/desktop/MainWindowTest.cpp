@@ -31,7 +31,10 @@ struct MainWindow : Desktop {
     return Content().grab().toImage();
   }
   /// What lies below the menus.
-  static QWidget& Content() { return *Find("Canvas1").parentWidget(); }
+  static QWidget& Content() { return Find("content"); }
+  static QRect PlaceOf(const QString& control) {
+    return {Find(control).mapTo(&Content(), QPoint()), Find(control).size()};
+  }
 
   std::vector<std::string> opened;
   std::shared_ptr<wMain> main =
@@ -57,7 +60,7 @@ TEST_F(MainWindow, ControlsKeepTheirPlacesWhileTheWindowGrowsAndShrinks) {
     EXPECT_EQ(Content().size(), QSize(600, height));
     for (const Place& place : places) {
       const QRect expected = place.designed.translated(0, place.followsBottom ? height - 514 : 0);
-      EXPECT_TRUE(Find(place.name).geometry() == expected) << place.name << " at height " << height;
+      EXPECT_TRUE(PlaceOf(place.name) == expected) << place.name << " at height " << height;
       EXPECT_FALSE(Find(place.name).accessibleName().isEmpty()) << place.name;
     }
   }
@@ -136,7 +139,7 @@ TEST_F(AtDoubleScale, EverythingIsTwiceAsFineAndStandsWhereItDid) {
   const QImage picture = Picture(QApplication::palette());
   EXPECT_EQ(picture.size(), QSize(1200, 1028));
   for (const Place& place : places) {
-    EXPECT_TRUE(Find(place.name).geometry() == place.designed) << place.name;
+    EXPECT_TRUE(PlaceOf(place.name) == place.designed) << place.name;
     const QRect area(place.designed.topLeft() * 2, place.designed.size() * 2);
     EXPECT_GT(InkWidth(picture.copy(area.adjusted(8, 8, -8, -8))), 30) << place.name << " is empty";
   }

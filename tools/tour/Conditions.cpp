@@ -110,7 +110,7 @@ Condition StandsAt(const QString& name, const QRect& place) {
   return [=]() -> QString {
     const QWidget* part = screen::Find(name);
     if (part == nullptr) return "there is no " + name;
-    const QRect is = part->geometry();
+    const QRect is(part->mapTo(part->window()->findChild<QWidget*>("content"), QPoint()), part->size());
     return If(is != place, name + QStringLiteral(" stands at %1, %2 and is %3 wide and %4 high")
                                       .arg(is.x())
                                       .arg(is.y())

@@ -12,10 +12,16 @@
 namespace toolkit::qt {
 namespace {
 
-constexpr int cellMargin = 4;
 constexpr qsizetype longestToolTip = 2000;
 
-QRect TextArea(const QRect& cell) { return cell.adjusted(cellMargin, 0, -cellMargin, 0); }
+/// The same as that of the headings above.
+int MarginOf(const QStyleOptionViewItem& option) {
+  return option.widget->style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, option.widget);
+}
+
+QRect TextArea(const QStyleOptionViewItem& option) {
+  return option.rect.adjusted(MarginOf(option), 0, -MarginOf(option), 0);
+}
 
 /// The part of `text` that can matter in `width` pixels: every character is taken to need half a pixel at least.
 QString Fitting(const QString& text, int width) { return text.left(2 * std::max(width, 1)); }
@@ -23,7 +29,7 @@ QString Fitting(const QString& text, int width) { return text.left(2 * std::max(
 }  // namespace
 
 void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
-  const QRect area = TextArea(option.rect);
+  const QRect area = TextArea(option);
   const bool isSelected = option.state.testFlag(QStyle::State_Selected);
   const auto group = !option.state.testFlag(QStyle::State_Enabled) ? QPalette::Disabled
                      : option.state.testFlag(QStyle::State_Active) ? QPalette::Active
@@ -37,14 +43,14 @@ void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
 }
 
 QSize CellDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
-  return {LineWidth(option.fontMetrics, index.data().toString()) + 2 * cellMargin, option.fontMetrics.height()};
+  return {LineWidth(option.fontMetrics, index.data().toString()) + 2 * MarginOf(option), option.fontMetrics.height()};
 }
 
 bool CellDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                              const QModelIndex& index) {
   if (event->type() != QEvent::ToolTip) return QStyledItemDelegate::helpEvent(event, view, option, index);
   const QString text = index.data().toString();
-  const int available = TextArea(option.rect).width();
+  const int available = TextArea(option).width();
   if (LineWidth(option.fontMetrics, Fitting(text, available)) > available) {
     // Escaped and put into a paragraph, the text is markup for certain, and shows as it is.
     QToolTip::showText(event->globalPos(), "<p>" + text.left(longestToolTip).toHtmlEscaped() + "</p>",

@@ -45,6 +45,7 @@ QtWindow::QtWindow(std::shared_ptr<Window> window) : window_(std::move(window)) 
   window_->ShowIn(this);
   if (const auto& menus = window_->Menus()) menus_ = new MenuBarView(*menus, *this);
   content_ = new QWidget(this);
+  content_->setObjectName("content");
   content_->installEventFilter(this);
   for (Control* control : window_->Controls()) views_[control] = MakeView(*control, *content_);
   OrderByTab();
