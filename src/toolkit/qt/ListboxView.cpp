@@ -18,6 +18,7 @@
 #include "toolkit/qt/CellPainter.h"
 #include "toolkit/qt/DisplayText.h"
 #include "toolkit/qt/ListCommands.h"
+#include "toolkit/qt/ListExport.h"
 
 namespace toolkit::qt {
 namespace {
@@ -235,6 +236,12 @@ void ListboxView::keyPressEvent(QKeyEvent* event) {
 }
 
 void ListboxView::contextMenuEvent(QContextMenuEvent* event) { PopUpListCommands(*this, Shown(), event->globalPos()); }
+
+bool ListboxView::CanEdit(StandardAction action) const {
+  return action == StandardAction::Copy && Shown().ListIndex() >= 0;
+}
+
+void ListboxView::Edit(StandardAction /*action*/) { CopySelectedRow(Shown()); }
 
 // The find bar came or went.
 bool ListboxView::eventFilter(QObject* watched, QEvent* event) {

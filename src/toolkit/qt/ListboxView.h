@@ -4,6 +4,7 @@
 
 #include "toolkit/Listbox.h"
 #include "toolkit/qt/ControlViews.h"
+#include "toolkit/qt/EditTarget.h"
 #include "toolkit/qt/FindBar.h"
 #include "toolkit/qt/ListGeometry.h"
 #include "toolkit/qt/ListboxModel.h"
@@ -15,13 +16,14 @@ namespace toolkit::qt {
 /// A list on the screen. All rows are of one height, so nothing is kept or computed for a row that is not visible: a
 /// million rows cost what a screenful costs. Of QListView only the item-view behaviour is used (selection, keyboard,
 /// accessibility); places and painting are done here, since its own layout holds data for every row.
-class ListboxView final : public ViewOf<QListView, Listbox> {
+class ListboxView final : public ViewOf<QListView, Listbox>, public EditTarget {
  public:
   ListboxView(Listbox& list, QWidget& parent);
   ~ListboxView() override;
 
   void Refresh() override;
-  [[nodiscard]] const Listbox& List() const { return Shown(); }
+  [[nodiscard]] bool CanEdit(StandardAction action) const override;
+  void Edit(StandardAction action) override;
 
   void doItemsLayout() override;
   [[nodiscard]] QModelIndex indexAt(const QPoint& point) const override;
