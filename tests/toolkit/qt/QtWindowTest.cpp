@@ -212,7 +212,6 @@ TEST_F(Form, OnlyAWindowThatNobodyAskedForLeavesTheKeyboardInAField) {
       QTest::qWait(100);
       const bool staysBehind = origin == WindowOrigin::Unasked && focus == std::string("field");
       EXPECT_EQ(QApplication::activeWindow() == &window, staysBehind) << focus;
-      EXPECT_EQ(platform.OpenWindows().back() == model, staysBehind) << focus;
       late->Close();
     }
   }
