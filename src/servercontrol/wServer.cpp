@@ -94,6 +94,12 @@ void wServer::WireEvents() {
   On(overview_reload.Error, &wServer::overview_reload_Error);
   On(containers_backup.ButtonPressed, &wServer::containers_backup_ButtonPressed);
   On(containers_backup.Error, &wServer::containers_backup_Error);
+
+  for (auto* client : {&info, &restart, &containers_list, &containers_restart, &containers_stop, &containers_start,
+                       &containers_logs, &overview_reload, &containers_backup}) {
+    client->Begun = [this] { BeginWait(); };
+    client->Ended = [this] { EndWait(); };
+  }
 }
 
 void wServer::btn_overview_refresh_Action() { mOverview_refresh(); }

@@ -60,6 +60,8 @@ void wMain::WireEvents() {
   On(btnAddServer.Action, &wMain::btnAddServer_Action);
   On(labelVersion.Open, &wMain::labelVersion_Open);
   On(labelCopyright.Open, &wMain::labelCopyright_Open);
+  client.Begun = [this] { BeginWait(); };
+  client.Ended = [this] { EndWait(); };
   On(client.ButtonPressed, &wMain::client_ButtonPressed);
   On(client.Error, &wMain::client_Error);
 }

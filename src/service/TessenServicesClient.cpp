@@ -63,11 +63,13 @@ void TessenServicesClient::PressButton(std::string_view url, std::string_view bu
     Error(RuntimeException("No button name was provided."));
     return;
   }
+  if (!IsConnected()) Begun();
   SetRequestContent(toolkit::GenerateJSON(pDictionary_Properties), "application/json");
   Send("POST", std::string(url) + "/" + toolkit::LowerCase(buttonName));
 }
 
 void TessenServicesClient::Event_PageReceived(const std::string& /*url*/, int status, std::string content) {
+  Ended();
   if (const auto refusal = Accept(status, content)) {
     Error(RuntimeException(*refusal));
     return;
@@ -91,7 +93,10 @@ std::optional<std::string> TessenServicesClient::Accept(int status, std::string_
   }
 }
 
-void TessenServicesClient::Event_Error(const RuntimeException& error) { Error(error); }
+void TessenServicesClient::Event_Error(const RuntimeException& error) {
+  Ended();
+  Error(error);
+}
 
 void TessenServicesClient::Event_FileReceived(const std::string&, int, const toolkit::FolderItem&) {}
 void TessenServicesClient::Event_HeadersReceived(const std::string&, int) {}

@@ -18,6 +18,9 @@
 /// failure leaves it as it was. So the values of a reply travel with the next request, unless they are assigned anew.
 class TessenServicesClient final : public toolkit::HTTPSocket {
  public:
+  /// There is a request under way from Begun to Ended, which comes before the event that tells how it ended.
+  toolkit::Event<> Begun;
+  toolkit::Event<> Ended;
   /// A reply was accepted, and the store holds it.
   toolkit::Event<> ButtonPressed;
   /// The request was refused before sending, or failed, or its reply was refused. The message is for the user.

@@ -6,8 +6,8 @@
 
 namespace toolkit {
 
-/// What the desktop does by itself when a menu item is chosen. The editing ones act on the control with the focus and
-/// are enabled where that makes sense; none is handled by the program.
+/// What the desktop does by itself when a menu item is chosen. The editing ones act on what has the keyboard,
+/// or had it before the menu, and are enabled where that makes sense; none is handled by the program.
 enum class StandardAction { None, Quit, Undo, Cut, Copy, Paste, Delete, SelectAll };
 
 /// An entry of a menu, or a menu with its entries.

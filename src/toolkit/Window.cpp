@@ -68,6 +68,16 @@ void Window::Invalidate() const {
   if (view_ != nullptr) view_->Refresh();
 }
 
+void Window::BeginWait() {
+  ++waits_;
+  Invalidate();
+}
+
+void Window::EndWait() {
+  --waits_;
+  Invalidate();
+}
+
 void Window::Resize(Size size) {
   size_ = {.Width = std::clamp(size.Width, minimum_.Width, maximum_.Width),
            .Height = std::clamp(size.Height, minimum_.Height, maximum_.Height)};

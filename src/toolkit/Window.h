@@ -18,12 +18,16 @@ namespace toolkit {
 class WindowView {
  public:
   virtual ~WindowView() = default;
-  /// The window's background or title is no longer what it was.
+  /// The window's background, title or busy state is no longer what it was.
   virtual void Refresh() = 0;
 };
 
 /// What the user can do to a window by its frame: everything, or only move it. A fixed one keeps its size.
 enum class WindowFrame { Standard, Fixed };
+
+/// Whether the user's own press opens a window. That one takes the keyboard; one that nobody asked for leaves it in a
+/// field that is in use, and asks for attention.
+enum class WindowOrigin { Asked, Unasked };
 
 /// A window: a title, a size and controls. It is made with std::make_shared, shown with Show(), and owned by the
 /// platform while it is open. A window whose handler is running lives at least until that handler ends.
@@ -46,6 +50,9 @@ class Window : public std::enable_shared_from_this<Window> {
   [[nodiscard]] Size MinimumSize() const { return minimum_; }
   [[nodiscard]] Size MaximumSize() const { return maximum_; }
   [[nodiscard]] WindowFrame Frame() const { return frame_; }
+  [[nodiscard]] WindowOrigin Origin() const { return origin_; }
+  /// Whether the window waits for something. The pointer tells it; everything can be used meanwhile.
+  [[nodiscard]] bool Busy() const { return waits_ > 0; }
   /// The controls in the order in which they were created; later ones lie over earlier ones.
   [[nodiscard]] const std::vector<Control*>& Controls() const { return controls_; }
   /// The window's menus, nullptr if it has none. Several windows may share one bar.
@@ -101,6 +108,11 @@ class Window : public std::enable_shared_from_this<Window> {
   }
 
   void Menus(std::shared_ptr<const MenuBar> menus) { menus_ = std::move(menus); }
+  void Origin(WindowOrigin origin) { origin_ = origin; }
+
+  /// There is one thing more, or one less, that the window waits for.
+  void BeginWait();
+  void EndWait();
 
   /// Lets the member function `handler` of this window react to `event`.
   template <typename Self, typename... Arguments>
@@ -130,6 +142,8 @@ class Window : public std::enable_shared_from_this<Window> {
   Size minimum_;
   Size maximum_;
   WindowFrame frame_;
+  WindowOrigin origin_ = WindowOrigin::Asked;
+  int waits_ = 0;
   WindowView* view_ = nullptr;
   std::vector<Control*> controls_;
   std::shared_ptr<const MenuBar> menus_;

@@ -30,10 +30,14 @@ TEST_F(LateReplies, OnlyTheSecondOfTwoPressesCounts) {
   second.Reply(200, R"({"status":"second"})");
   SentRequest& list = Sent("containers/list");
   start.Reply(200, R"({"status":"third"})");
+  EXPECT_TRUE(window->Busy());
   EXPECT_THAT(platform.Messages, ElementsAre("second", "third"));
   list.Reply(200, R"({"containers":{"0":["old"]}})");
   EXPECT_EQ(window->list_containers.ListCount(), 0);
   Fill({"new"});
+  EXPECT_EQ(window->Busy(), Sent("system/information").IsRunning());
+  Sent("system/information").Reply(200, "{}");
+  EXPECT_FALSE(window->Busy());
   EXPECT_THAT(RowsOf(window->list_containers), ElementsAre("new\trunning\tUp"));
 }
 

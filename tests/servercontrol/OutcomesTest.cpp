@@ -59,10 +59,12 @@ TEST_F(Outcomes, WhateverBecomesOfACallNothingStaysBusy) {
       const std::size_t sent = platform.Requests.size();
       if (path == "system/reload" || path == "containers/list") Press(button);
       ExpectBusyWith(path);
+      EXPECT_TRUE(window->Busy());
       platform.Messages.clear();
       const std::size_t windows = platform.OpenWindows().size();
       platform.WhileMessageStands = [&, &path = path] {
         ExpectBusyWith(path);
+        EXPECT_FALSE(window->Busy());
         EXPECT_EQ(platform.Requests.size(), sent);
       };
       outcome.happen(Sent(path));
@@ -70,6 +72,7 @@ TEST_F(Outcomes, WhateverBecomesOfACallNothingStaysBusy) {
       EXPECT_EQ(platform.OpenWindows().size(), windows);
       const bool lists = outcome.isReply && NamesContainer(path);
       ExpectBusyWith(lists ? "containers/list" : "");
+      EXPECT_EQ(window->Busy(), lists);
       ASSERT_EQ(platform.Requests.size(), sent + (lists ? 1 : 0));
       EXPECT_EQ(Sent("containers/list").IsRunning(), lists);
       const bool isEmpty = lists || path == "containers/list";

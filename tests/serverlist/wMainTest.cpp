@@ -78,7 +78,7 @@ TEST_F(MainWindowTest, AsksTheTypedHostAndTakesAnyCredentialsOfTheMomentOfTheRep
   SentRequest& sent = Add();
   EXPECT_EQ(sent.Request.URL, "https://srv:1701/api/v1/system/information");
   EXPECT_EQ(parse(sent.Request.Body), parse(R"({"username":"amy","password":"pässw0rd"})"));
-  EXPECT_TRUE(window->btnAddServer.Enabled());
+  EXPECT_TRUE(window->btnAddServer.Enabled() && window->Busy());
   EXPECT_EQ(Form(), "srv|amy|pässw0rd");
   ExpectNothingAdded();
   Fill("edited", " שלום\t", "\0\"\\n"s);
@@ -86,6 +86,7 @@ TEST_F(MainWindowTest, AsksTheTypedHostAndTakesAnyCredentialsOfTheMomentOfTheRep
   ASSERT_EQ(Servers.size(), 1U);
   EXPECT_THAT(FieldsOf(*Servers[0]), ElementsAre(" named ", "192.0.2.1", "\0\"\\n"s, systemName, " שלום\t"));
   EXPECT_EQ(Form(), "||");
+  EXPECT_FALSE(window->Busy());
   EXPECT_EQ(platform.Requests.size() + platform.Messages.size(), 1U);
 }
 

@@ -3,17 +3,19 @@
 #include <algorithm>
 #include <cmath>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
+#include <QStyle>
 #include <QTextBlock>
 #include <QTextLayout>
 #include <QVBoxLayout>
 
-#include "toolkit/qt/CautionSign.h"
 #include "toolkit/qt/QtText.h"
 
 namespace toolkit::qt {
@@ -60,6 +62,16 @@ int HeightOfText(const QPlainTextEdit& area, int width, int tallest) {
   return std::min(static_cast<int>(std::ceil(height)), tallest);
 }
 
+QWidget* MakeCautionSign(const QWidget& box) {
+  auto* sign = new QLabel;
+  const int side = box.style()->pixelMetric(QStyle::PM_MessageBoxIconSize, nullptr, &box);
+  const QIcon icon = box.style()->standardIcon(QStyle::SP_MessageBoxWarning, nullptr, &box);
+  sign->setPixmap(icon.pixmap(QSize(side, side), box.devicePixelRatioF()));
+  sign->setObjectName("caution");
+  sign->setAccessibleName(QStringLiteral("Caution"));
+  return sign;
+}
+
 QPlainTextEdit* MakeTextArea(const QString& name, const QString& text, const QFont& font, QSize screen) {
   auto* area = new QPlainTextEdit;
   area->setObjectName(name);
@@ -86,6 +98,9 @@ QPlainTextEdit* MakeTextArea(const QString& name, const QString& text, const QFo
 DialogBox::DialogBox(const MessageDialog& dialog) : QDialog(QApplication::activeWindow()) {
   setObjectName("dialogBox");
   setWindowTitle(QStringLiteral(" "));  // an empty title would show the program's name
+  setAccessibleName(QApplication::applicationName());
+  const std::string gap = dialog.Explanation.empty() ? "" : "\n";
+  setAccessibleDescription(Shorten(ToQt(dialog.Message + gap + dialog.Explanation)));
   setModal(true);
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(MakeTexts(dialog));
@@ -97,12 +112,18 @@ DialogBox::DialogBox(const MessageDialog& dialog) : QDialog(QApplication::active
   }
 }
 
+void DialogBox::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  QAccessibleEvent alert(this, QAccessible::Alert);
+  QAccessible::updateAccessibility(&alert);
+}
+
 QWidget* DialogBox::MakeTexts(const MessageDialog& dialog) {
   const QSize screenSize = screen()->availableSize();
   auto* row = new QWidget;
   auto* rowLayout = new QHBoxLayout(row);
   rowLayout->setContentsMargins({});
-  if (dialog.Icon == DialogIcon::Caution) rowLayout->addWidget(new CautionSign, 0, Qt::AlignTop);
+  if (dialog.Icon == DialogIcon::Caution) rowLayout->addWidget(MakeCautionSign(*this), 0, Qt::AlignTop);
 
   auto* column = new QVBoxLayout;
   QFont messageFont = font();

@@ -3,12 +3,12 @@
 #include <vector>
 
 #include <QLabel>
-#include <QLineEdit>
 #include <QTimer>
 #include <QToolButton>
 #include <QWidget>
 
 #include "toolkit/Listbox.h"
+#include "toolkit/qt/EditViews.h"
 
 namespace toolkit::qt {
 
@@ -37,7 +37,7 @@ class FindBar final : public QWidget {
 
   Listbox& list_;
   QWidget& listView_;
-  QLineEdit field_;
+  EditLine field_;
   QLabel count_;
   QTimer pause_;
   std::vector<int> matches_;

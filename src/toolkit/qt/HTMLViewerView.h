@@ -3,18 +3,18 @@
 #include <map>
 #include <memory>
 
-#include <QTextBrowser>
 #include <QTimer>
 
 #include "toolkit/HTMLViewer.h"
 #include "toolkit/qt/ControlViews.h"
+#include "toolkit/qt/EditViews.h"
 #include "toolkit/qt/PageDocument.h"
 #include "toolkit/qt/PageFilter.h"
 #include "toolkit/qt/PagePictures.h"
 
 namespace toolkit::qt {
 
-class HTMLViewerView final : public ViewOf<QTextBrowser, HTMLViewer> {
+class HTMLViewerView final : public ViewOf<EditPage, HTMLViewer> {
  public:
   HTMLViewerView(HTMLViewer& viewer, QWidget& parent);
   ~HTMLViewerView() override;

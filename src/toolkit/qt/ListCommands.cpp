@@ -8,14 +8,12 @@
 namespace toolkit::qt {
 namespace {
 
-constexpr const char* copyName = "listCopy";
-
 void AddCommand(QWidget& view, const char* name, const QString& caption, const QKeySequence& keys,
                 const std::function<void()>& command) {
   auto* action = new QAction(caption, &view);
   action->setObjectName(name);
   action->setShortcut(keys);
-  action->setShortcutContext(Qt::WidgetShortcut);
+  action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
   QObject::connect(action, &QAction::triggered, &view, command);
   view.addAction(action);
 }
@@ -23,7 +21,6 @@ void AddCommand(QWidget& view, const char* name, const QString& caption, const Q
 }  // namespace
 
 void AddListCommands(QWidget& view, const Listbox& list, const std::function<void()>& find) {
-  AddCommand(view, copyName, QStringLiteral("Copy"), QKeySequence::Copy, [&list] { CopySelectedRow(list); });
   AddCommand(view, "listCopyAll", QStringLiteral("Copy All"), QKeySequence("Ctrl+Shift+C"),
              [&list] { CopyAllRows(list); });
   AddCommand(view, "listSaveAs", QStringLiteral("Save As…"), QKeySequence::Save,
@@ -35,11 +32,12 @@ void PopUpListCommands(QWidget& view, const Listbox& list, const QPoint& positio
   auto* menu = new QMenu(&view);
   menu->setObjectName("listMenu");
   menu->setAttribute(Qt::WA_DeleteOnClose);
-  menu->addActions(view.actions());
-  auto* copy = view.findChild<QAction*>(copyName);
+  // Without a menu bar above it, the entry only shows the key.
+  QAction* copy =
+      menu->addAction(QStringLiteral("Copy"), QKeySequence::Copy, &view, [&list] { CopySelectedRow(list); });
+  copy->setObjectName("listCopy");
   copy->setEnabled(list.ListIndex() >= 0);
-  // The key works again once the menu is gone.
-  QObject::connect(menu, &QMenu::aboutToHide, copy, [copy] { copy->setEnabled(true); });
+  menu->addActions(view.actions());
   menu->popup(position);
 }
 

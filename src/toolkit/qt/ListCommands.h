@@ -9,10 +9,10 @@
 
 namespace toolkit::qt {
 
-/// Gives the view of `list` its commands, each with its key: Copy, Copy All, Save As… and Find…, which calls `find`.
+/// Gives the view of `list` its commands, each with its key: Copy All, Save As… and Find…, which calls `find`.
 void AddListCommands(QWidget& view, const Listbox& list, const std::function<void()>& find);
 
-/// Offers the commands of `view` in a menu at a position on the screen, and does not wait.
+/// Offers Copy and the commands of `view` in a menu at a position on the screen, and does not wait.
 void PopUpListCommands(QWidget& view, const Listbox& list, const QPoint& position);
 
 }  // namespace toolkit::qt

@@ -4,14 +4,13 @@
 #include <numeric>
 #include <utility>
 
-#include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
 
 #include "toolkit/Platform.h"
-#include "toolkit/qt/ListCommands.h"
+#include "toolkit/qt/ListExport.h"
 
 namespace toolkit::qt {
 namespace {
@@ -117,6 +116,20 @@ void ListTable::KeepUsersWidth(int column, int width) {
   QMetaObject::invokeMethod(this, &ListTable::LayOut, Qt::QueuedConnection);
 }
 
+bool ListTable::CanEdit(StandardAction action) const {
+  return action == StandardAction::Copy && list_.ListIndex() >= 0;
+}
+
+void ListTable::Edit(StandardAction /*action*/) { CopySelectedRow(list_); }
+
+// The key that copies is the list's own, whether or not a menu has the same one.
+bool ListTable::event(QEvent* event) {
+  const bool isCopy =
+      event->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy);
+  if (isCopy) event->accept();
+  return isCopy || QTableView::event(event);
+}
+
 void ListTable::changeEvent(QEvent* event) {
   QTableView::changeEvent(event);
   if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) Follow();
@@ -156,6 +169,8 @@ void ListTable::keyPressEvent(QKeyEvent* event) {
   if (isEnter && list_.ListIndex() >= 0) {
     // A key that is held down counts once.
     if (!event->isAutoRepeat()) Platform::Current().Dispatch([this] { list_.Activate(); });
+  } else if (event->matches(QKeySequence::Copy)) {
+    CopySelectedRow(list_);
   } else {
     QTableView::keyPressEvent(event);
   }
@@ -177,8 +192,6 @@ QModelIndex ListTable::moveCursor(CursorAction action, Qt::KeyboardModifiers mod
       return QTableView::moveCursor(action, modifiers);
   }
 }
-
-void ListTable::contextMenuEvent(QContextMenuEvent* event) { PopUpListCommands(*this, list_, event->globalPos()); }
 
 void ListTable::mousePressEvent(QMouseEvent* event) {
   QTableView::mousePressEvent(event);

@@ -7,27 +7,29 @@
 
 #include "toolkit/Listbox.h"
 #include "toolkit/qt/CellDelegate.h"
+#include "toolkit/qt/EditTarget.h"
 #include "toolkit/qt/ListboxModel.h"
 
 namespace toolkit::qt {
 
 /// The rows of a list as a table, and what the user does to them with mouse and keys. All rows are of one height, and
 /// only those on the screen are read or measured.
-class ListTable final : public QTableView {
+class ListTable final : public QTableView, public EditTarget {
  public:
   explicit ListTable(Listbox& list);
   ~ListTable() override;
 
   /// Shows the list as it is now. Returns whether rows came or went.
   bool Follow();
-  [[nodiscard]] const Listbox& List() const { return list_; }
 
+  [[nodiscard]] bool CanEdit(StandardAction action) const override;
+  void Edit(StandardAction action) override;
   void keyboardSearch(const QString& typed) override;
   void scrollTo(const QModelIndex& index, ScrollHint hint) override;
 
  protected:
   void changeEvent(QEvent* event) override;
-  void contextMenuEvent(QContextMenuEvent* event) override;
+  bool event(QEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;

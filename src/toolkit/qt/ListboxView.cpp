@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include <QContextMenuEvent>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -16,9 +17,11 @@ ListboxView::ListboxView(Listbox& list, QWidget& parent) : ViewOf(list, parent),
   layout->addWidget(&table_);
   layout->addWidget(&findBar_);
   setFocusProxy(&table_);
-  AddListCommands(table_, list, [this] { findBar_.Open(); });
+  AddListCommands(*this, list, [this] { findBar_.Open(); });
   Follow();
 }
+
+void ListboxView::contextMenuEvent(QContextMenuEvent* event) { PopUpListCommands(*this, Shown(), event->globalPos()); }
 
 // A list that is being filled tells of every cell; the screen follows once, when the handler that fills it is done.
 void ListboxView::Refresh() {

@@ -15,6 +15,9 @@ class ListboxView final : public ViewOf<QWidget, Listbox> {
 
   void Refresh() override;
 
+ protected:
+  void contextMenuEvent(QContextMenuEvent* event) override;
+
  private:
   void Follow();
 

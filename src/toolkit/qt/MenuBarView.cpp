@@ -5,25 +5,12 @@
 #include "toolkit/Application.h"
 #include "toolkit/Platform.h"
 #include "toolkit/qt/QtText.h"
-#include "toolkit/qt/StandardEditing.h"
 
 namespace toolkit::qt {
 namespace {
 
 QKeySequence KeysOf(const MenuItem& item) {
   return QKeySequence(ToQt(item.Shortcut).replace(QLatin1String("Cmd+"), QLatin1String("Ctrl+")));
-}
-
-void Choose(StandardAction action) {
-  if (action == StandardAction::Quit) {
-    Platform::Current().Dispatch([] { toolkit::Quit(); });
-  } else {
-    Edit(action, QApplication::focusWidget());
-  }
-}
-
-bool IsEnabled(StandardAction action) {
-  return action == StandardAction::Quit || CanEdit(action, QApplication::focusWidget());
 }
 
 }  // namespace
@@ -34,6 +21,25 @@ MenuBarView::MenuBarView(const MenuBar& bar, QWidget& parent) : QMenuBar(&parent
     shown->setObjectName(ToQt(menu.Name));
     for (const MenuItem& item : menu.Items) AddItem(*shown, item);
   }
+  connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { FollowKeyboard(now); });
+}
+
+void MenuBarView::FollowKeyboard(QWidget* widget) {
+  const bool isMenu = widget == this || qobject_cast<QMenu*>(widget) != nullptr;
+  if (widget != nullptr && !isMenu && widget->window() == window()) target_ = widget;
+}
+
+bool MenuBarView::IsEnabled(StandardAction action) const {
+  return action == StandardAction::Quit || (Target() != nullptr && Target()->CanEdit(action));
+}
+
+void MenuBarView::Choose(StandardAction action) const {
+  if (!IsEnabled(action)) return;
+  if (action == StandardAction::Quit) {
+    Platform::Current().Dispatch([] { toolkit::Quit(); });
+  } else {
+    Target()->Edit(action);
+  }
 }
 
 void MenuBarView::AddItem(QMenu& menu, const MenuItem& item) {
@@ -42,11 +48,11 @@ void MenuBarView::AddItem(QMenu& menu, const MenuItem& item) {
     return;
   }
   const StandardAction action = item.Action;
-  QAction* entry = menu.addAction(ToQt(item.Caption), this, [action] { Choose(action); });
+  QAction* entry = menu.addAction(ToQt(item.Caption), this, [this, action] { Choose(action); });
   entry->setObjectName(ToQt(item.Name));
   entry->setShortcut(KeysOf(item));
   // While the menu is closed its entries stay enabled, so that their keys work.
-  connect(&menu, &QMenu::aboutToShow, entry, [entry, action] { entry->setEnabled(IsEnabled(action)); });
+  connect(&menu, &QMenu::aboutToShow, entry, [this, entry, action] { entry->setEnabled(IsEnabled(action)); });
   connect(
       &menu, &QMenu::aboutToHide, entry, [entry] { entry->setEnabled(true); }, Qt::QueuedConnection);
 }

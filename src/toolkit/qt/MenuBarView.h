@@ -1,8 +1,10 @@
 #pragma once
 
 #include <QMenuBar>
+#include <QPointer>
 
 #include "toolkit/MenuBar.h"
+#include "toolkit/qt/EditTarget.h"
 
 namespace toolkit::qt {
 
@@ -13,6 +15,14 @@ class MenuBarView final : public QMenuBar {
 
  private:
   void AddItem(QMenu& menu, const MenuItem& item);
+  void FollowKeyboard(QWidget* widget);
+  /// What the editing entries act on, nullptr if there is nothing.
+  [[nodiscard]] EditTarget* Target() const { return dynamic_cast<EditTarget*>(target_.data()); }
+  [[nodiscard]] bool IsEnabled(StandardAction action) const;
+  void Choose(StandardAction action) const;
+
+  // The widget of the window that has the keyboard, or had it before a menu.
+  QPointer<QWidget> target_;
 };
 
 }  // namespace toolkit::qt

@@ -14,6 +14,7 @@
 
 #include "toolkit/Picture.h"
 #include "toolkit/Window.h"
+#include "toolkit/qt/Accessibility.h"
 #include "toolkit/qt/DialogBox.h"
 #include "toolkit/qt/QtPicture.h"
 #include "toolkit/qt/QtProcess.h"
@@ -80,6 +81,7 @@ QtPlatform::QtPlatform(int& argumentCount, char** arguments)
   QApplication::setDesktopFileName("corvane");
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setWindowIcon(ProgramIcon());
+  DescribeViews();
   sessionWatch_ = std::make_unique<SessionWatch>([this] { EndWithSession(); });
 }
 
@@ -200,9 +202,7 @@ void QtPlatform::Present(Window& window) {
 
 void QtPlatform::BringToFront(Window& window) {
   for (const auto& view : views_) {
-    if (!view->Shows(window)) continue;
-    view->raise();
-    view->activateWindow();
+    if (view->Shows(window)) view->ComeToFront();
   }
 }
 

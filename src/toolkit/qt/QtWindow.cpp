@@ -80,18 +80,44 @@ void QtWindow::ShowFrame() {
 }
 
 void QtWindow::Appear() {
-  QWidget* field = FieldInUse();
+  QWidget* field = window_->Origin() == WindowOrigin::Unasked ? FieldInUse() : nullptr;
   setAttribute(Qt::WA_ShowWithoutActivating, field != nullptr);
   show();
-  if (field == nullptr) return;
+  if (field == nullptr) return ComeToFront();
   // Some desktops activate a new window whatever it asks for.
   field->window()->activateWindow();
+  raise();
   QApplication::alert(this);
+}
+
+void QtWindow::ComeToFront() {
+  raise();
+  activateWindow();
 }
 
 void QtWindow::Refresh() {
   setWindowTitle(qt::ToQt(window_->Title()));
+  ShowBusy();
   content_->update();
+}
+
+// A pointer of a part of the window goes before that of the whole window.
+void QtWindow::ShowBusy() {
+  const bool isShown = testAttribute(Qt::WA_SetCursor);
+  if (window_->Busy() == isShown) return;
+  if (isShown) {
+    unsetCursor();
+    for (const auto& [part, cursor] : std::exchange(ownCursors_, {})) {
+      if (part != nullptr) part->setCursor(cursor);
+    }
+    return;
+  }
+  for (QWidget* part : findChildren<QWidget*>()) {
+    if (part->isWindow() || !part->testAttribute(Qt::WA_SetCursor)) continue;
+    ownCursors_.emplace_back(part, part->cursor());
+    part->setCursor(Qt::BusyCursor);
+  }
+  setCursor(Qt::BusyCursor);
 }
 
 void QtWindow::resizeEvent(QResizeEvent* /*event*/) { LayOut(); }
@@ -122,13 +148,14 @@ void QtWindow::keyPressEvent(QKeyEvent* event) {
   const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   const bool isPlain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier && !event->isAutoRepeat();
   const bool isEscape = event->key() == Qt::Key_Escape;
+  const bool isAltF4 = event->key() == Qt::Key_F4 && event->modifiers() == Qt::AltModifier;
   auto* focused = qobject_cast<QPushButton*>(focusWidget());
   if (isPlain && isReturn && focused != nullptr && !HasDefaultButton(*window_)) {
     focused->click();
   } else if (isPlain && (isReturn || isEscape)) {
     const PushButton* button = window_->ButtonOf(isReturn ? ButtonRole::Default : ButtonRole::Cancel);
     if (button != nullptr) Platform::Current().Dispatch([&] { button->Press(); });
-  } else if (event->key() == Qt::Key_F4 && event->modifiers() == Qt::AltModifier) {
+  } else if (isAltF4 || (event->matches(QKeySequence::Close) && window_->Frame() == WindowFrame::Standard)) {
     close();
   } else {
     QWidget::keyPressEvent(event);

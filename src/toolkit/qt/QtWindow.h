@@ -2,7 +2,11 @@
 
 #include <map>
 #include <memory>
+#include <utility>
+#include <vector>
 
+#include <QCursor>
+#include <QPointer>
 #include <QWidget>
 
 #include "toolkit/Window.h"
@@ -19,9 +23,10 @@ class QtWindow final : public QWidget, public WindowView {
   ~QtWindow() override;
 
   [[nodiscard]] bool Shows(const Window& window) const { return window_.get() == &window; }
-  /// Puts the window on the screen. Where the user is typing into a field of another window of the program, the
-  /// keyboard stays there.
+  /// Puts the window on the screen, in front of the others. It gets the keyboard, unless nobody asked for it and the
+  /// user is typing into a field of another window of the program.
   void Appear();
+  void ComeToFront();
   void Refresh() override;
 
  protected:
@@ -34,6 +39,7 @@ class QtWindow final : public QWidget, public WindowView {
 
  private:
   void ShowFrame();
+  void ShowBusy();
   void LayOut();
   void PlaceControls();
   void PaintContent();
@@ -44,6 +50,8 @@ class QtWindow final : public QWidget, public WindowView {
   QWidget* content_;
   std::map<const Control*, QWidget*> views_;
   DrawnPictures pictures_;
+  // The pointers that parts of the window have of their own, while all show that it is busy.
+  std::vector<std::pair<QPointer<QWidget>, QCursor>> ownCursors_;
   bool painted_ = false;
   bool cannotPaint_ = false;
 };

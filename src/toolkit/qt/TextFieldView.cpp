@@ -9,8 +9,11 @@ namespace toolkit::qt {
 
 TextFieldView::TextFieldView(TextField& field, QWidget& parent) : ViewOf(field, parent) {
   setMaxLength(std::numeric_limits<int>::max());
-  connect(this, &QLineEdit::textEdited, this,
-          [this](const QString& text) { Platform::Current().Dispatch([&] { Shown().Type(FromQt(text)); }); });
+  // Not every way to write into a field edits it: assistive programs set its text.
+  connect(this, &QLineEdit::textChanged, this, [this](const QString& text) {
+    Platform::Current().Dispatch([&] { Shown().Type(FromQt(text)); });
+    TextFieldView::Refresh();  // the field may have refused it
+  });
   TextFieldView::Refresh();
 }
 
@@ -19,7 +22,9 @@ void TextFieldView::Refresh() {
   setEchoMode(Shown().Masked() == Masking::Password ? Password : Normal);
   setPlaceholderText(ToQt(Shown().CueText()));
   const QString wanted = ToQt(Shown().Text());
-  if (text() != wanted) setText(wanted);
+  if (text() == wanted) return;
+  const QSignalBlocker notTheUser(this);
+  setText(wanted);
 }
 
 }  // namespace toolkit::qt

@@ -1,13 +1,12 @@
 #pragma once
 
-#include <QLineEdit>
-
 #include "toolkit/TextField.h"
 #include "toolkit/qt/ControlViews.h"
+#include "toolkit/qt/EditViews.h"
 
 namespace toolkit::qt {
 
-class TextFieldView final : public ViewOf<QLineEdit, TextField> {
+class TextFieldView final : public ViewOf<EditLine, TextField> {
  public:
   TextFieldView(TextField& field, QWidget& parent);
   void Refresh() override;

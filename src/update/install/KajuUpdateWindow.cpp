@@ -46,6 +46,7 @@ std::shared_ptr<KajuUpdateWindow> KajuUpdateWindow::Shared() {
 
 void KajuUpdateWindow::BuildControls() {
   Menus(MenuBar1());
+  Origin(toolkit::WindowOrigin::Unasked);
   // clang-format off
   //  control                                    left  top  width height   locks   order
   Add(hvNotes,           "hvNotes",           { 149,  84, 631, 445}, leftTop,  0).AccessibleName("Release notes");

@@ -1,4 +1,5 @@
 #include <QAbstractItemView>
+#include <QAccessible>
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>
@@ -15,6 +16,7 @@
 #include "toolkit/MessageDialog.h"
 #include "toolkit/PopupMenu.h"
 #include "toolkit/ProgressBar.h"
+#include "toolkit/ProgressWheel.h"
 #include "toolkit/TextField.h"
 
 using namespace testing;
@@ -31,6 +33,7 @@ struct FormWindow final : Window {
     Add(List, "list", {10, 40, 200, 100}, {}, 4).AddRow({"a row"});
     Add(Menu, "menu", {10, 150, 101, 20}, {}, 5);
     Add(Bar, "bar", {10, 180, 117, 20}, {}, 6);
+    Add(Wheel, "wheel", {340, 10, 16, 16}, {}, 6);
     Add(Text, "text", {220, 40, 150, 60}, {}, 7);
     Paint = [this](Graphics& graphics) {
       ++Paints;
@@ -45,6 +48,7 @@ struct FormWindow final : Window {
   Listbox List;
   PopupMenu Menu;
   ProgressBar Bar;
+  ProgressWheel Wheel;
   Label Text;
   std::shared_ptr<const Picture> Background;
   int Paints = 0;
@@ -194,18 +198,55 @@ TEST_F(Form, ABackgroundIsDecodedOnceAndFadesByItsTransparency) {
   EXPECT_TRUE(Until([&] { return model->Paints > before; })) << "the palette's change was not painted";
 }
 
-TEST_F(Form, AWindowThatAppearsLeavesTheKeyboardInAFieldButNotElsewhere) {
-  for (const char* focus : {"field", "list"}) {
-    window.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    Find(focus).setFocus();
-    const auto late = std::make_shared<OtherWindow>();
-    late->Show();
-    QTest::qWait(100);
-    EXPECT_EQ(QApplication::activeWindow() == &window, focus == std::string("field")) << focus;
-    EXPECT_EQ(platform.OpenWindows().back() == model, focus == std::string("field")) << focus;
-    late->Close();
+TEST_F(Form, OnlyAWindowThatNobodyAskedForLeavesTheKeyboardInAField) {
+  struct Late final : Window {
+    explicit Late(WindowOrigin origin) : Window("Late", {100, 100}, {}, {100, 100}) { Origin(origin); }
+  };
+  for (const auto origin : {WindowOrigin::Asked, WindowOrigin::Unasked}) {
+    for (const char* focus : {"field", "list"}) {
+      window.activateWindow();
+      ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+      Find(focus).setFocus();
+      const auto late = std::make_shared<Late>(origin);
+      late->Show();
+      QTest::qWait(100);
+      const bool staysBehind = origin == WindowOrigin::Unasked && focus == std::string("field");
+      EXPECT_EQ(QApplication::activeWindow() == &window, staysBehind) << focus;
+      late->Close();
+    }
   }
+}
+
+TEST_F(Form, AssistiveProgramsAreToldOfDialogsAndOfWhatGoesOn) {
+  const BoxReader reader([](QDialog& box) {
+    auto* seen = QAccessible::queryAccessibleInterface(&box);
+    EXPECT_EQ(seen->role(), QAccessible::Dialog);
+    EXPECT_EQ(seen->text(QAccessible::Name), "Corvane");
+    EXPECT_EQ(seen->text(QAccessible::Description), "Sure?\nReally.");
+    auto* sign = QAccessible::queryAccessibleInterface(box.findChild<QWidget*>("caution"));
+    EXPECT_EQ(sign->text(QAccessible::Name), "Caution");
+    EXPECT_EQ(box.windowTitle(), " ");
+    box.reject();
+  });
+  MessageDialog question;
+  question.Icon = DialogIcon::Caution;
+  question.Message = "Sure?";
+  question.Explanation = "Really.";
+  platform.ShowDialog(question);
+  EXPECT_EQ(reader.Texts.size(), 1U);
+
+  const std::tuple<const char*, int, int, bool> rows[] = {
+      {"bar", 0, 0, true}, {"bar", 100, 40, true}, {"bar", 100, 100, false}, {"wheel", 0, 0, true}};
+  for (const auto& [name, maximum, value, isBusy] : rows) {
+    model->Bar.Maximum(maximum).Value(value);
+    auto* seen = QAccessible::queryAccessibleInterface(&Find(name));
+    EXPECT_EQ(seen->role(), QAccessible::ProgressBar) << name;
+    EXPECT_EQ(seen->state().busy, isBusy) << name << value;
+    EXPECT_EQ(seen->valueInterface()->currentValue(), value) << name;
+    EXPECT_EQ(seen->valueInterface()->maximumValue(), maximum) << name;
+  }
+  model->Wheel.Visible(false);
+  EXPECT_FALSE(QAccessible::queryAccessibleInterface(&Find("wheel"))->state().busy);
 }
 
 TEST_F(Form, AFixedWindowStandsInTheMiddleAndMayRefuseToCloseButNotBeyondTheSession) {

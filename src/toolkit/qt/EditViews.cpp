@@ -1,0 +1,64 @@
+#include "toolkit/qt/EditViews.h"
+
+#include <QClipboard>
+#include <QFocusEvent>
+#include <QGuiApplication>
+
+namespace toolkit::qt {
+
+bool EditLine::CanEdit(StandardAction action) const {
+  const bool canChange = isEnabled() && !isReadOnly();
+  const bool canShow = echoMode() == Normal;
+  switch (action) {
+    case StandardAction::Undo:
+      return canChange && isUndoAvailable();
+    case StandardAction::Cut:
+      return canChange && canShow && hasSelectedText();
+    case StandardAction::Copy:
+      return canShow && hasSelectedText();
+    case StandardAction::Paste:
+      return canChange && !QGuiApplication::clipboard()->text().isEmpty();
+    case StandardAction::Delete:
+      return canChange && hasSelectedText();
+    case StandardAction::SelectAll:
+      return !text().isEmpty();
+    default:
+      return false;
+  }
+}
+
+void EditLine::Edit(StandardAction action) {
+  switch (action) {
+    case StandardAction::Undo:
+      return undo();
+    case StandardAction::Cut:
+      return cut();
+    case StandardAction::Copy:
+      return copy();
+    case StandardAction::Paste:
+      return paste();
+    case StandardAction::Delete:
+      return del();
+    case StandardAction::SelectAll:
+      return selectAll();
+    default:
+      break;
+  }
+}
+
+// A menu that is reached by the keyboard takes it in another way than one that is clicked; only in that one the base
+// class would keep the selection.
+void EditLine::focusOutEvent(QFocusEvent* event) {
+  const bool isForMenu = event->reason() == Qt::MenuBarFocusReason;
+  QFocusEvent popup(QEvent::FocusOut, Qt::PopupFocusReason);
+  QLineEdit::focusOutEvent(isForMenu ? &popup : event);
+}
+
+bool EditPage::CanEdit(StandardAction action) const {
+  return (action == StandardAction::Copy && textCursor().hasSelection()) ||
+         (action == StandardAction::SelectAll && !document()->isEmpty());
+}
+
+void EditPage::Edit(StandardAction action) { action == StandardAction::Copy ? copy() : selectAll(); }
+
+}  // namespace toolkit::qt

@@ -1,0 +1,71 @@
+// A test on the desktop fails on every line on standard error that tests/support/allowed-errors does not have: that is
+// where Qt and the system's libraries tell of misuse.
+
+#include <array>
+#include <csignal>
+#include <fstream>
+#include <regex>
+#include <sstream>
+#include <sys/mman.h>
+#include <sys/sendfile.h>
+#include <unistd.h>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+int own = STDERR_FILENO;
+int caught = -1;
+
+// A test that ends the program has its last words heard.
+void PassOn() {
+  if (off_t start = 0; caught >= 0) std::ignore = sendfile(own, caught, &start, 1U << 20U);
+}
+extern "C" void PassOnAndEnd(int signal) {
+  PassOn();
+  std::signal(signal, SIG_DFL);
+  std::ignore = raise(signal);
+}
+extern "C" void __attribute__((weak)) __sanitizer_set_death_callback(void (*callback)());  // NOLINT: its real name
+
+std::vector<std::regex> AllowedLines() {
+  std::vector<std::regex> allowed;
+  std::ifstream list(ALLOWED_ERRORS);
+  for (std::string line; std::getline(list, line);) {
+    if (!line.empty() && line.front() != '#') allowed.emplace_back(line, std::regex::extended);
+  }
+  return allowed;
+}
+
+class ErrorWatch final : public testing::EmptyTestEventListener {
+ public:
+  ErrorWatch() {
+    own = dup(STDERR_FILENO);
+    if (__sanitizer_set_death_callback != nullptr) {
+      __sanitizer_set_death_callback(PassOn);
+    } else {
+      for (const int signal : {SIGABRT, SIGSEGV}) std::signal(signal, PassOnAndEnd);
+    }
+  }
+  void OnTestStart(const testing::TestInfo& /*test*/) override {
+    caught = memfd_create("errors", MFD_CLOEXEC);
+    dup2(caught, STDERR_FILENO);
+  }
+  void OnTestEnd(const testing::TestInfo& /*test*/) override {
+    dup2(own, STDERR_FILENO);
+    std::ifstream lines("/proc/self/fd/" + std::to_string(caught));
+    for (std::string line; std::getline(lines, line);) {
+      const auto allows = [&](const std::regex& allowed) { return std::regex_match(line, allowed); };
+      if (!line.empty() && std::ranges::none_of(allowed_, allows)) ADD_FAILURE() << "on standard error: " << line;
+    }
+    close(std::exchange(caught, -1));
+  }
+
+ private:
+  std::vector<std::regex> allowed_ = AllowedLines();
+};
+
+// GoogleTest owns it.
+const bool isWatched = (testing::UnitTest::GetInstance()->listeners().Append(new ErrorWatch), true);
+
+}  // namespace

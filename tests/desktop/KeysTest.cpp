@@ -1,0 +1,220 @@
+#include <QAccessible>
+#include <QApplication>
+#include <QClipboard>
+#include <QDialog>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QPlainTextEdit>
+#include <QTabWidget>
+#include <QTextBrowser>
+#include <QWindow>
+#include <gmock/gmock.h>
+
+#include "servercontrol/wContainerLogs.h"
+#include "servercontrol/wServer.h"
+#include "serverlist/wMain.h"
+#include "tests/desktop/Desktop.h"
+#include "tests/support/FaultServer.h"
+#include "toolkit/MessageDialog.h"
+#include "update/install/KajuUpdateWindow.h"
+
+using namespace test_servers;
+using namespace testing;
+
+namespace {
+
+const Answer everything{{test_servers::Reply(200, R"({"systemName":"edge","containers":{"0":["web","up","1 s"]}})")}};
+
+using Road = std::function<void()>;
+
+/// The windows of the program, each with its menus if it has some, and the user's hands in one of them.
+struct Keys : Desktop {
+  Keys() {
+    main->listServers.AddRow({"one", "two", "three"});
+    logs->list_logs.AddRow({"line"});
+    Desktop::Open(main);
+  }
+  ~Keys() override { update->Close(); }
+  /// Gives the keyboard to the part of that name, in a state in which everything can be done with it.
+  QWidget& Enter(const std::shared_ptr<toolkit::Window>& window, const QString& name) {
+    window->Show();
+    QWidget& part = Find(name);
+    part.window()->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(part.window()));
+    QApplication::clipboard()->setText("before");
+    part.setFocus();
+    if (qobject_cast<QLineEdit*>(&part) != nullptr) {
+      Press(Qt::Key_A, Qt::ControlModifier);
+      Type("typed");
+    }
+    name.startsWith("list") ? Press(Qt::Key_Home) : Press(Qt::Key_A, Qt::ControlModifier);
+    return part;
+  }
+  /// Goes back from the menus to where the keyboard was.
+  static void Leave(const QWidget& part) {
+    for (int times = 0; times < 5 && (QApplication::activePopupWidget() != nullptr || !part.hasFocus()); ++times) {
+      Press(Qt::Key_Escape);
+    }
+    EXPECT_TRUE(part.hasFocus());
+  }
+  static QPoint PlaceOf(const char* menu) {
+    const auto* bar = QApplication::activeWindow()->findChild<QMenuBar*>();
+    return bar->actionGeometry(bar->findChild<QMenu*>(menu)->menuAction()).center();
+  }
+  static QWindow* Front() { return QApplication::activeWindow()->windowHandle(); }
+  static QAction& Entry(const char* name) {
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    auto* entry = menu == nullptr ? nullptr : menu->findChild<QAction*>(name);
+    return entry == nullptr ? throw std::runtime_error("the Edit menu is not open") : *entry;
+  }
+  /// Which of the entries of the open Edit menu can be chosen, from Undo to Select All, as in "001000".
+  static std::string Choices() {
+    std::string choices;
+    for (const char* name : {"EditUndo", "EditCut", "EditCopy", "EditPaste", "EditClear", "EditSelectAll"}) {
+      choices += Entry(name).isEnabled() ? '1' : '0';
+    }
+    return choices;
+  }
+
+  FaultServer server{{everything, everything}};
+  std::shared_ptr<CorvaneServer> record = std::make_shared<CorvaneServer>(
+      CorvaneServer{"127.0.0.1:" + std::to_string(server.Port()) + "/x", "", "pw", "", "amy"});
+  std::shared_ptr<wMain> main = std::make_shared<wMain>([](const auto&) {});
+  std::shared_ptr<wServer> control = std::make_shared<wServer>(record);
+  std::shared_ptr<wContainerLogs> logs = std::make_shared<wContainerLogs>();
+  std::shared_ptr<KajuUpdateWindow> update = std::make_shared<KajuUpdateWindow>();
+
+  const Road click = [] { QTest::mouseClick(Front(), Qt::LeftButton, {}, PlaceOf("EditMenu")); };
+  const Road slide = [] {
+    QTest::mousePress(Front(), Qt::LeftButton, {}, PlaceOf("FileMenu"));
+    for (const char* menu : {"FileMenu", "EditMenu"}) QTest::mouseMove(Front(), PlaceOf(menu) + QPoint(1, 1));
+  };
+  const Road accessKey = [] { Press(Qt::Key_F, Qt::AltModifier), Press(Qt::Key_Right); };
+  const Road arrows = [] {
+    QTest::keyClick(Front(), Qt::Key_Alt);
+    for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Down}) Press(key);
+  };
+  const std::vector<std::pair<const char*, Road>> roads{
+      {"click", click}, {"slide", slide}, {"access key", accessKey}, {"arrows", arrows}};
+};
+
+}  // namespace
+
+TEST_F(Keys, CopyAndTheEditMenuActOnWhatHasTheKeyboardInEveryPlace) {
+  ASSERT_TRUE(Until([&] { return control->list_containers.ListCount() + control->list_overview.ListCount() == 20; }));
+  update->Loading = true;
+  update->hvNotes.LoadPage("<p>notes</p>", toolkit::FolderItem(""));
+  control->list_containers.ListIndex(0);  // which enables the field for the number of log lines
+  const std::string fact = control->list_overview.RowText(0);
+  const std::tuple<std::shared_ptr<toolkit::Window>, const char*, int, std::string, std::string> places[] = {
+      // the window, the part, its panel, the choices in the Edit menu ("" where there is none), what is copied
+      {main, "listServers", 0, "001000", "one\ttwo\tthree"},
+      {main, "txtHostname", 0, "111111", "typed"},
+      {main, "txtPassword", 0, "100111", "before"},
+      {main, "btnAddServer", 0, "000000", "before"},
+      {control, "list_overview", 1, "001000", fact},
+      {control, "list_containers", 2, "001000", "web\tup\t1 s"},
+      {control, "txt_containers_logs", 2, "111111", "typed"},
+      {logs, "list_logs", 0, "", "line"},
+      {update, "hvNotes", 0, "001001", "notes"},
+  };
+  for (const auto& [window, name, panel, choices, copied] : places) {
+    SCOPED_TRACE(name);
+    if (panel != 0) control->tabs.Select(panel);
+    QTest::qWait(20);
+    Enter(window, name);
+    Press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text().toStdString(), copied);
+    for (const auto& [road, open] : roads) {
+      if (choices.empty()) break;
+      SCOPED_TRACE(road);
+      const QWidget& part = Enter(window, name);
+      open();
+      ASSERT_TRUE(Until([] { return QApplication::activePopupWidget() != nullptr; }));
+      EXPECT_EQ(Choices(), choices);
+      Press(Qt::Key_C);  // the access key of Copy
+      Leave(part);
+      EXPECT_EQ(QApplication::clipboard()->text().toStdString(), copied);
+    }
+  }
+}
+
+TEST_F(Keys, TheEditMenuDoesToAFieldWhatItsEntriesSay) {
+  const std::tuple<const char*, const char*, bool> rows[] = {{"EditUndo", "", true},
+                                                             {"EditCut", "", true},
+                                                             {"EditPaste", "before", true},
+                                                             {"EditClear", "", true},
+                                                             {"EditSelectAll", "typed", true}};
+  for (const auto& [entry, text, _] : rows) {
+    const QWidget& field = Enter(main, "txtHostname");
+    slide();
+    Entry(entry).trigger();
+    EXPECT_EQ(main->txtHostname.Text(), text) << entry;
+    Leave(field);
+  }
+}
+
+TEST_F(Keys, TheFindBarAndTheListsMenuHaveKeysOfTheirOwn) {
+  Enter(main, "listServers");
+  Press(Qt::Key_F, Qt::ControlModifier);
+  Type("two");
+  for (const auto& [key, copied] : {std::pair(Qt::Key_C, "before"), {Qt::Key_A, "before"}, {Qt::Key_C, "two"}}) {
+    Press(key, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text().toStdString(), copied) << key;
+  }
+  slide();
+  EXPECT_EQ(Choices(), "111111");
+  for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_Escape, Qt::Key_Escape}) Press(key);
+  for (int time = 0; time < 2; ++time) {
+    Enter(main, "listServers");
+    Press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), "one\ttwo\tthree");
+    QApplication::clipboard()->setText("before");
+    QContextMenuEvent menu(QContextMenuEvent::Keyboard, {}, QPoint(5, 5));
+    QApplication::sendEvent(&Find("listServers"), &menu);
+    Entry("listCopy").trigger();
+    EXPECT_EQ(QApplication::clipboard()->text(), "one\ttwo\tthree");
+    Press(Qt::Key_Escape);
+  }
+  const BoxReader reader([](QDialog& box) {
+    box.findChild<QPlainTextEdit*>("message")->setFocus();
+    for (const Qt::Key key : {Qt::Key_A, Qt::Key_C}) QTest::keyClick(box.windowHandle(), key, Qt::ControlModifier);
+    QTest::keyClick(box.windowHandle(), Qt::Key_Escape);
+  });
+  toolkit::MsgBox("A message");
+  EXPECT_EQ(QApplication::clipboard()->text(), "A message");
+}
+
+TEST_F(Keys, OneKeyClosesEveryWindowWhoseFrameDoes) {
+  for (const auto& [window, part] : std::initializer_list<std::pair<std::shared_ptr<toolkit::Window>, const char*>>{
+           {update, "hvNotes"}, {logs, "list_logs"}, {control, "list_overview"}, {main, "txtHostname"}}) {
+    Enter(window, part);
+    Press(Qt::Key_W, Qt::ControlModifier);
+    EXPECT_EQ(window->IsClosed(), window != update) << part;
+  }
+}
+
+TEST_F(Keys, AFieldTakesWhatComesFromAnyInputButNotItsOwnText) {
+  auto& field = Find<QLineEdit>("txtHostname");
+  QAccessible::queryAccessibleInterface(&field)->setText(QAccessible::Value, "spoken");
+  EXPECT_EQ(main->txtHostname.Text(), "spoken");
+  main->txtHostname.Enabled(false);
+  field.setText("refused");
+  EXPECT_EQ(field.text().toStdString() + main->txtHostname.Text(), "spokenspoken");
+  main->txtHostname.Enabled(true).Text("\xFF");
+  EXPECT_EQ(main->txtHostname.Text(), "\xFF") << "what is shown for it came back";
+}
+
+TEST_F(Keys, AWindowShowsOnAllItsPartsThatItWaits) {
+  control->Show();
+  const auto pointers = [](const char* name) {
+    QWidget& part = Find(name);
+    return std::vector{part.window()->cursor().shape(), part.cursor().shape()};
+  };
+  Find<QTabWidget>("tabs").setCurrentIndex(1);
+  ASSERT_TRUE(control->Busy());
+  EXPECT_THAT(pointers("txt_containers_logs"), Each(Qt::BusyCursor));
+  EXPECT_THAT(pointers("btn_containers_refresh"), Each(Qt::BusyCursor));
+  ASSERT_TRUE(Until([&] { return !control->Busy(); }));
+  EXPECT_THAT(pointers("txt_containers_logs"), ElementsAre(Qt::ArrowCursor, Qt::IBeamCursor));
+}
