@@ -1,9 +1,14 @@
 #include "toolkit/qt/Accessibility.h"
 
 #include <QAccessibleWidget>
+#include <QAction>
 
+#include "toolkit/Platform.h"
+#include "toolkit/qt/CanvasView.h"
+#include "toolkit/qt/ListTable.h"
 #include "toolkit/qt/ProgressBarView.h"
 #include "toolkit/qt/ProgressWheelView.h"
+#include "toolkit/qt/QtWindow.h"
 
 namespace toolkit::qt {
 namespace {
@@ -35,11 +40,48 @@ class AccessibleProgress final : public QAccessibleWidget, public QAccessibleVal
   [[nodiscard]] const QProgressBar* Bar() const { return qobject_cast<const QProgressBar*>(object()); }
 };
 
+/// What surrounds the table of a list. Its actions open the selected row and do what the list's menu offers, for which
+/// Qt gives a table none.
+class AccessibleList final : public QAccessibleWidget {
+ public:
+  AccessibleList(QWidget& view, ListTable& table) : QAccessibleWidget(&view, QAccessible::Grouping), table_(table) {}
+
+  [[nodiscard]] QStringList actionNames() const override {
+    QStringList names{setFocusAction(), activate};
+    for (const QAction* command : table_.actions()) names.append(command->text());
+    return names;
+  }
+  // The program that asks waits for the end of this, and a command may ask the user.
+  void doAction(const QString& name) override {
+    QMetaObject::invokeMethod(
+        &table_, [&table = table_, name] { Do(name, table); }, Qt::QueuedConnection);
+  }
+
+ private:
+  static inline const QString activate = QStringLiteral("Activate");
+
+  static void Do(const QString& name, ListTable& table) {
+    if (name == setFocusAction()) table.setFocus();
+    if (name == activate && table.List().ListIndex() >= 0) {
+      Platform::Current().Dispatch([&] { table.List().Activate(); });
+    }
+    for (QAction* command : table.actions()) {
+      if (command->text() == name) command->trigger();
+    }
+  }
+
+  ListTable& table_;
+};
+
 QAccessibleInterface* Describe(const QString& /*className*/, QObject* object) {
-  auto* wheel = dynamic_cast<ProgressWheelView*>(object);
-  auto* bar = dynamic_cast<ProgressBarView*>(object);
-  if (wheel == nullptr && bar == nullptr) return nullptr;
-  return new AccessibleProgress(*static_cast<QWidget*>(object));
+  auto* view = qobject_cast<QWidget*>(object);
+  if (view == nullptr) return nullptr;
+  if (dynamic_cast<QtWindow*>(view) != nullptr) return new QAccessibleWidget(view, QAccessible::Window);
+  if (dynamic_cast<CanvasView*>(view) != nullptr) return new QAccessibleWidget(view, QAccessible::Graphic);
+  if (dynamic_cast<ProgressWheelView*>(view) != nullptr) return new AccessibleProgress(*view);
+  if (dynamic_cast<ProgressBarView*>(view) != nullptr) return new AccessibleProgress(*view);
+  if (auto* table = dynamic_cast<ListTable*>(view->focusProxy())) return new AccessibleList(*view, *table);
+  return nullptr;
 }
 
 }  // namespace

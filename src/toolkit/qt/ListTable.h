@@ -21,6 +21,7 @@ class ListTable final : public QTableView, public EditTarget {
 
   /// Shows the list as it is now. Returns whether rows came or went.
   bool Follow();
+  [[nodiscard]] const Listbox& List() const { return list_; }
 
   [[nodiscard]] bool CanEdit(StandardAction action) const override;
   void Edit(StandardAction action) override;
