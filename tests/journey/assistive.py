@@ -4,6 +4,7 @@ No key, no click, no place on the screen. The environment tells how to log in, a
 server of the update go on.
 """
 
+import itertools
 import os
 import re
 
@@ -28,8 +29,8 @@ def until(what, attempt):
         try:
             if result := attempt():
                 return result
-        except GLib.Error as error:
-            failure = error.message
+        except (GLib.Error, SystemError) as error:  # the second one where a program ends within its answer
+            failure = str(error)
         GLib.usleep(20_000)
     raise AssertionError("\n".join([f"Waited in vain for {what}. {failure}", *map(str, EARS.heard[-30:])]))
 
@@ -40,12 +41,18 @@ class Ears:
     def __init__(self):
         self.heard = []
         self.listener = Atspi.EventListener.new(self.hear)
+
+    def listen(self, field):
+        """Writes into a field until the program knows that somebody listens, and tells of it."""
         self.listener.register("object:")
+        texts = itertools.cycle(["heard", ""])
+        until("any sound", lambda: Atspi.EditableText.set_text_contents(field, next(texts)) and self.heard)
+        assert Atspi.EditableText.set_text_contents(field, "")
 
     def hear(self, event):
         try:
             self.heard.append((event.type, event.detail1, event.source.get_role_name(), event.source.get_name()))
-        except GLib.Error:
+        except (GLib.Error, SystemError):
             pass  # its source has gone already
 
     def forget(self):
@@ -180,6 +187,7 @@ class Table:
 
 def add_server():
     window = find_window("frame", PROGRAM)
+    EARS.listen(find(window, "text", "Username", "SHOWING"))
     expect_names(window)
     find(window, "image", "Corvane banner", "SHOWING")
     servers = Table(window, "Servers")

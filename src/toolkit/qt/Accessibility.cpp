@@ -48,24 +48,24 @@ class AccessibleList final : public QAccessibleWidget {
 
   [[nodiscard]] QStringList actionNames() const override {
     QStringList names{setFocusAction(), activate};
-    for (const QAction* command : table_.actions()) names.append(command->text());
+    for (const QAction* command : widget()->actions()) names.append(command->text());
     return names;
   }
   // The program that asks waits for the end of this, and a command may ask the user.
   void doAction(const QString& name) override {
     QMetaObject::invokeMethod(
-        &table_, [&table = table_, name] { Do(name, table); }, Qt::QueuedConnection);
+        widget(), [view = widget(), &table = table_, name] { Do(name, *view, table); }, Qt::QueuedConnection);
   }
 
  private:
   static inline const QString activate = QStringLiteral("Activate");
 
-  static void Do(const QString& name, ListTable& table) {
+  static void Do(const QString& name, const QWidget& view, ListTable& table) {
     if (name == setFocusAction()) table.setFocus();
     if (name == activate && table.List().ListIndex() >= 0) {
       Platform::Current().Dispatch([&] { table.List().Activate(); });
     }
-    for (QAction* command : table.actions()) {
+    for (QAction* command : view.actions()) {
       if (command->text() == name) command->trigger();
     }
   }
