@@ -37,8 +37,11 @@ class TransferPool {
 
   std::unique_ptr<HTTPTransfer> Begin(HTTPRequest request, const std::string& proxy, HTTPTransferEvents& events);
   void LimitSilence(Exchange& exchange, std::chrono::milliseconds time);
+  void EndIfSilent(Exchange& exchange);
   void Stop(Exchange& exchange, TransferFault fault);
   void Deliver();
+  void DeliverFrom(Exchange& exchange);
+  void ForgetEnded();
   void DropConnections();
   void CheckServers();
   void LetRequestsOut();
