@@ -97,12 +97,10 @@ void Connections::EndFinished() {
 // Nothing of the request has been sent.
 void Connections::ConnectLater(Exchange& exchange) {
   Remove(exchange);
-  Platform::Current().WhenFree([this, weak = exchange.weak_from_this()] {
-    const auto alive = weak.lock();
-    if (!alive || alive->HasEnded()) return;
-    Add(*alive);
+  exchange.StartNextAttemptBy(Platform::Current().StartTimer(std::chrono::milliseconds(0), [this, &exchange] {
+    Add(exchange);
     moved_();
-  });
+  }));
 }
 
 }  // namespace toolkit::http

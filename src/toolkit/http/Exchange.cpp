@@ -165,6 +165,7 @@ void Exchange::End(CURLcode code) {
 void Exchange::Fail(TransferFault fault, std::string detail) {
   hasEnded_ = true;
   patience_.reset();
+  nextAttempt_.reset();
   failure_ = {.Fault = fault, .Host = address_.Host(), .Port = address_.Port(), .Detail = std::move(detail)};
 }
 

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "toolkit/HTTPTransfer.h"
 #include "toolkit/Timer.h"
@@ -33,6 +34,8 @@ class Exchange final : public std::enable_shared_from_this<Exchange> {
   /// Whether libcurl, which does not know of dialogs, ended the attempt to connect before its time. It has the rest of
   /// the time for the next one.
   bool MayConnectLater(CURLcode code);
+  /// `start` runs until the exchange has ended.
+  void StartNextAttemptBy(std::unique_ptr<PlatformTimer> start) { nextAttempt_ = std::move(start); }
 
   /// What libcurl says of its end. Nothing is taken or given any more.
   void End(CURLcode code);
@@ -77,6 +80,7 @@ class Exchange final : public std::enable_shared_from_this<Exchange> {
   EasyHandle easy_;
   HTTPTransferEvents* listener_;
   std::unique_ptr<PlatformTimer> patience_;
+  std::unique_ptr<PlatformTimer> nextAttempt_;
   // Of Platform::CountedTime().
   std::chrono::milliseconds longestSilence_;
   std::chrono::milliseconds lastProgress_;
