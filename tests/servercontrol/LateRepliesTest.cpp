@@ -104,6 +104,16 @@ TEST_F(LateReplies, WhatArrivesUnderAMessageWaitsForItsHandlerAndWhatTheUserDoes
   EXPECT_TRUE(!window->IsClosed() && platform.Quits.empty());
 }
 
+TEST_F(LateReplies, WhatArrivedFirstIsShownFirst) {
+  SendAll();
+  platform.Messages.clear();
+  const auto reply = [this](const std::string& path) { Sent(path).Reply(200, R"({"status":")" + path + "\"}"); };
+  platform.WhileMessageStands = [&] { reply("system/reload"), reply("containers/stop"); };
+  Press(&wServer::btn_overview_restart);
+  reply("containers/start");
+  EXPECT_THAT(platform.Messages, ElementsAre(_, "system/reload", "containers/stop", "containers/start"));
+}
+
 TEST_F(LateReplies, AListThatIsAskedForBetweenTwoMessagesStaysBusy) {
   Fill({"web"}, 0);
   SendAll();

@@ -77,7 +77,8 @@ class HandPlatform final : public toolkit::Platform {
   /// What happens while the next dialog stands, and in the next break of long work; forgotten then.
   std::function<void()> WhileMessageStands;
   std::function<void()> DuringBreak;
-  /// An event, after those that wait. The empty one only lets these run: a test that acts as the user calls for it.
+  /// Lets an event happen, after those that wait. The empty one lets only these run: a test calls for it when it has
+  /// acted as the user.
   void Happen(std::function<void()> event = [] {});
   /// The addresses that were to be opened, and whether the desktop can.
   std::vector<std::string> OpenedURLs;

@@ -182,7 +182,6 @@ bool Exchange::BecomesDue() {
 }
 
 void Exchange::Deliver() {
-  const auto alive = shared_from_this();
   due_ = Due::Nothing;
   isDelivering_ = true;
   while (listener_ != nullptr && TellNext()) {

@@ -15,7 +15,7 @@ namespace toolkit::http {
 
 /// One request and its reply. What arrives is kept, within bounds, until it is delivered, so that no handler runs
 /// inside libcurl.
-class Exchange final : public std::enable_shared_from_this<Exchange> {
+class Exchange final {
  public:
   Exchange(const Curl& curl, HTTPRequest request, const std::string& proxy, const Authorities& authorities,
            HTTPTransferEvents& listener);
@@ -49,7 +49,8 @@ class Exchange final : public std::enable_shared_from_this<Exchange> {
   /// Whether there is something to tell for which Deliver() is not to be called yet: the first news since its last
   /// call, and the end. Then it is.
   bool BecomesDue();
-  /// Tells the listener all that there is to tell. A handler may let go of the exchange, and wait while more arrives.
+  /// Tells the listener all that there is to tell. The exchange must be held: a handler may let go of it, and wait while
+  /// more arrives.
   void Deliver();
   /// Whether Deliver() would tell something.
   [[nodiscard]] bool HasNews() const;
