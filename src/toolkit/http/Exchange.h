@@ -49,8 +49,8 @@ class Exchange final {
   /// Whether there is something to tell for which Deliver() is not to be called yet: the first news since its last
   /// call, and the end. Then it is.
   bool BecomesDue();
-  /// Tells the listener all that there is to tell. The exchange must be held: a handler may let go of it, and wait while
-  /// more arrives.
+  /// Tells the listener all that there is to tell. Hold the exchange: a handler may let go of it, and wait while more
+  /// arrives.
   void Deliver();
   /// Whether Deliver() would tell something.
   [[nodiscard]] bool HasNews() const;
