@@ -46,8 +46,7 @@ class Exchange final {
   /// Whether its listener keeps it from going on.
   [[nodiscard]] bool IsHeldUp() const { return isPaused_; }
 
-  /// Whether there is something to tell for which Deliver() is not to be called yet: the first news since its last
-  /// call, and the end. Then it is.
+  /// Whether Deliver() is to be called: true once for the first news since its last call, and once for the end.
   bool BecomesDue();
   /// Tells the listener all that there is to tell. Hold the exchange: a handler may let go of it, and wait while more
   /// arrives.
