@@ -43,7 +43,6 @@ class Desktop final : private QtBelow, public toolkit::Platform {
 
   std::unique_ptr<toolkit::HTTPTransfer> StartTransfer(toolkit::HTTPRequest request,
                                                        toolkit::HTTPTransferEvents& events) override;
-  toolkit::DialogButton ShowDialog(const toolkit::MessageDialog& dialog) override;
   void RunEventsUntil(const std::function<bool()>& isDone) override { Qt.RunEventsUntil(isDone); }
   void RunDueEvents() override { Qt.RunDueEvents(); }
   std::unique_ptr<toolkit::PlatformTimer> StartTimer(std::chrono::milliseconds period,
@@ -72,6 +71,8 @@ class Desktop final : private QtBelow, public toolkit::Platform {
   void Present(toolkit::Window& window) override { Qt.Open(window.shared_from_this()); }
   void BringToFront(toolkit::Window& window) override { Qt.Open(window.shared_from_this()); }
   void Withdraw(toolkit::Window& window) override { Qt.Close(window); }
+  toolkit::DialogButton AskUser(const toolkit::MessageDialog& dialog) override;
+  void RunNextEventLater() override {}
 
  private:
   class Watch;

@@ -254,7 +254,7 @@ void wServer::mContainers_logs() {
   Issue(containers_logs, ControlAPI::containerLogs);
 }
 
-/// Every request of the window goes out here. After a message box the window may be closed and the selection gone.
+/// Every request of the window goes out here. The end of the desktop session may have closed it under a message box.
 void wServer::Issue(TessenServicesClient& client, const ControlAPI::Call& call) const {
   const bool namesContainer = call.Target == ControlAPI::Names::Container;
   if (IsClosed() || (namesContainer && list_containers.ListIndex() == -1)) return;

@@ -31,6 +31,8 @@ FolderItem Application::ExecutableFile() {
   return FolderItem(std::filesystem::read_symlink("/proc/self/exe", error));
 }
 
-void Quit(int status) { Platform::Current().Quit(status); }
+void Quit(int status) {
+  if (!Platform::WaitsForUser()) Platform::Current().Quit(status);
+}
 
 }  // namespace toolkit

@@ -53,7 +53,7 @@ class Application {
   ReleaseNumbers version_;
 };
 
-/// Ends the program with `status`, after the handlers that are running.
+/// Ends the program with `status`, after the handlers that are running. Does nothing while a dialog stands.
 void Quit(int status = 0);
 
 }  // namespace toolkit

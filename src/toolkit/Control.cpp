@@ -1,5 +1,7 @@
 #include "toolkit/Control.h"
 
+#include "toolkit/Platform.h"
+
 namespace toolkit {
 
 void Control::Place(std::string name, Rect frame, Locks locks, int tabOrder) {
@@ -17,6 +19,13 @@ void Control::ShowOnPanel(int panel, int shownPanel) {
 
 void Control::Changed() const {
   if (view_ != nullptr) view_->Refresh();
+}
+
+// An assistive technology acts on windows that a dialog blocks as well.
+bool Control::Operable() const {
+  const bool isOperable = enabled_ && IsOnScreen() && !Platform::WaitsForUser();
+  if (!isOperable) Changed();
+  return isOperable;
 }
 
 void Control::SetEnabled(bool enabled) {

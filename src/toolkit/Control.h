@@ -79,8 +79,8 @@ class Control {
   void SetEnabled(bool enabled);
   void SetVisible(bool visible);
   void SetAccessibleName(std::string name);
-  /// Whether the user can act on the control now.
-  [[nodiscard]] bool Operable() const { return enabled_ && IsOnScreen(); }
+  /// Whether the user may act on the control now. If not, the view is told, so that it shows nothing else.
+  [[nodiscard]] bool Operable() const;
 
  private:
   std::string name_;

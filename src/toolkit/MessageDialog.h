@@ -26,8 +26,8 @@ struct MessageDialog {
   Button CancelButton;
 
   /// Shows the dialog and waits for the user. Returns the button that ended it: closing the dialog any other way, and
-  /// quitting the program, counts as Cancel. Other events run meanwhile, so afterwards a window may be closed and a
-  /// selection gone. Where a dialog or message box stands already, this one comes after it.
+  /// quitting the program, counts as Cancel. No handler starts meanwhile; only the end of the desktop session may have
+  /// closed the windows.
   [[nodiscard]] DialogButton ShowModal() const;
 };
 

@@ -56,6 +56,18 @@ void Platform::CloseWindows() {
   closesAll_ = false;
 }
 
+void Platform::EndSession() {
+  sessionEnds_ = true;
+  Quit(EXIT_SUCCESS);
+  auto windows = windows_;
+  std::ranges::reverse(windows);
+  for (const auto& window : windows) {
+    Dispatch([&] { window->CloseAsUser(); });
+    Dispatch([&] { window->Close(); });
+  }
+  sessionEnds_ = false;
+}
+
 void Platform::TellActivated(const Window& window) {
   const auto place =
       std::find_if(windows_.begin(), windows_.end(), [&](const auto& open) { return open.get() == &window; });
@@ -70,6 +82,37 @@ void Platform::Dispatch(const std::function<void()>& handler) {
   } catch (...) {
     MsgBox("Something went wrong that has no description.");
   }
+}
+
+void Platform::WhenFree(std::function<void()> handler) {
+  if (WaitsForUser() || HasWaitingEvents()) {
+    waitingEvents_.push_back(std::move(handler));
+  } else {
+    Dispatch(handler);
+  }
+}
+
+void Platform::RunNextEvent() {
+  if (WaitsForUser() || !HasWaitingEvents()) return;
+  const auto handler = std::move(waitingEvents_.front());
+  waitingEvents_.pop_front();
+  if (HasWaitingEvents()) RunNextEventLater();  // it may be a handler that waits for what comes next
+  Dispatch(handler);
+}
+
+bool Platform::WaitsForUser() { return current != nullptr && current->dialogs_ > 0 && !current->sessionEnds_; }
+
+DialogButton Platform::ShowDialog(const MessageDialog& dialog) {
+  if (sessionEnds_) return DialogButton::Cancel;
+  if (dialogs_++ == 0) dialogSince_ = Uptime();
+  const DialogButton pressed = AskUser(dialog);
+  if (--dialogs_ == 0) dialogTime_ += Uptime() - dialogSince_;
+  if (HasWaitingEvents()) RunNextEventLater();
+  return pressed;
+}
+
+std::chrono::milliseconds Platform::CountedTime() const {
+  return (dialogs_ > 0 ? dialogSince_ : Uptime()) - dialogTime_;
 }
 
 }  // namespace toolkit

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <deque>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -23,7 +24,9 @@ class Window;
 
 /// All that the program asks of the world around it: windows on a screen, an event loop, HTTP, the user's folders.
 ///
-/// There is one platform at a time. It calls back on the event loop only, never from within the call that asked.
+/// There is one platform at a time. It calls back on the event loop only, never from within the call that asked, and
+/// never while a dialog stands: what happens meanwhile waits in its order until the handler that asked the user has
+/// ended, or waits by RunEventsUntil() or RunDueEvents(). These two are the only waits that run other handlers.
 class Platform {
  public:
   Platform();
@@ -45,19 +48,31 @@ class Platform {
   /// The open windows, the one at the back first.
   [[nodiscard]] const std::vector<std::shared_ptr<Window>>& OpenWindows() const { return windows_; }
 
+  /// The desktop session ends: quits, and closes every window as the user does, the last one first, whether or not it
+  /// refuses. A dialog that stands is cancelled, and none comes any more.
+  void EndSession();
+
   /// Runs `handler`; an exception that leaves it ends in a message box, and the program goes on.
   void Dispatch(const std::function<void()>& handler);
+  /// Runs the handler of an event by Dispatch(), at once if nothing keeps it from that: a dialog, or events that wait
+  /// already. It must not rely on what may be gone by then.
+  void WhenFree(std::function<void()> handler);
+  /// Whether a dialog stands, so that the user can act on nothing else.
+  [[nodiscard]] static bool WaitsForUser();
+  /// Shows a dialog and waits for the button that ends it, Cancel if the program quits. Windows are painted meanwhile,
+  /// and transfers go on, but no handler starts.
+  DialogButton ShowDialog(const MessageDialog& dialog);
+  /// Uptime() without the time that dialogs have stood. Every time-out counts by it.
+  [[nodiscard]] std::chrono::milliseconds CountedTime() const;
 
   /// Sends a request. `events` must outlive the result.
   virtual std::unique_ptr<HTTPTransfer> StartTransfer(HTTPRequest request, HTTPTransferEvents& events) = 0;
-  /// Shows a dialog and waits for the button that ends it. Other events run meanwhile. Dialogs stand one at a time, in
-  /// the order in which they were asked for.
-  virtual DialogButton ShowDialog(const MessageDialog& dialog) = 0;
-  /// Runs the event loop until `isDone`, which is asked after each round of events, or until the program quits.
+  /// Runs the event loop until `isDone`, which is asked after each round of events, or until the program quits. Other
+  /// handlers run meanwhile.
   virtual void RunEventsUntil(const std::function<bool()>& isDone) = 0;
-  /// Runs the events that are due, without waiting for any: for the breaks in long work.
+  /// Runs the events that are due and their handlers, without waiting for any: for the breaks in long work.
   virtual void RunDueEvents() = 0;
-  /// Calls `expired` once, after `period`, unless the result goes before. It may go in that call.
+  /// Calls `expired` once, after `period` of CountedTime(), unless the result goes before. It may go in that call.
   virtual std::unique_ptr<PlatformTimer> StartTimer(std::chrono::milliseconds period,
                                                     std::function<void()> expired) = 0;
   /// Runs a command line in the system's shell, without a terminal, and tells how it ended. The result may go in that
@@ -86,10 +101,24 @@ class Platform {
   virtual void Present(Window& window) = 0;
   virtual void BringToFront(Window& window) = 0;
   virtual void Withdraw(Window& window) = 0;
+  /// As ShowDialog(), without care for other events.
+  virtual DialogButton AskUser(const MessageDialog& dialog) = 0;
+  /// Lets the event loop call RunNextEvent() once.
+  virtual void RunNextEventLater() = 0;
+  /// Runs the event that has waited longest, if there is one and no dialog stands.
+  void RunNextEvent();
+  [[nodiscard]] bool HasWaitingEvents() const { return !waitingEvents_.empty(); }
+  /// Nothing is to be heard any more of the events that wait.
+  void DropEvents() { waitingEvents_.clear(); }
 
  private:
   bool closesAll_ = false;
+  bool sessionEnds_ = false;
   std::vector<std::shared_ptr<Window>> windows_;
+  std::deque<std::function<void()>> waitingEvents_;
+  int dialogs_ = 0;
+  std::chrono::milliseconds dialogSince_{0};
+  std::chrono::milliseconds dialogTime_{0};
 };
 
 }  // namespace toolkit

@@ -13,7 +13,7 @@ class PlatformTimer {
   virtual ~PlatformTimer() = default;
 };
 
-/// Raises an event after a time, once or again and again.
+/// Raises an event after a time, once or again and again. The time stands still while a dialog does.
 class Timer {
  public:
   enum class RunMode { Off = 0, Single = 1, Multiple = 2 };

@@ -57,6 +57,7 @@ void Window::Close() {
 }
 
 void Window::CloseAsUser() {
+  if (Platform::WaitsForUser()) return;
   if (const PushButton* button = ButtonOf(ButtonRole::Cancel)) {
     button->Press();
   } else {

@@ -71,7 +71,7 @@ class Window : public std::enable_shared_from_this<Window> {
   /// the window. A closed window may be shown again.
   void Close();
   /// Closes the window as the user does by its frame, by the keyboard or by the end of the desktop session: presses its
-  /// cancel button, if it has one that can be pressed.
+  /// cancel button, if it has one that can be pressed. Does nothing while a dialog stands.
   void CloseAsUser();
   [[nodiscard]] bool IsClosed() const { return closed_; }
   /// The user, through the desktop, gave the content another size; kept within the minimum and maximum.

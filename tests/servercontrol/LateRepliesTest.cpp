@@ -1,4 +1,5 @@
 #include "tests/servercontrol/ServerFixture.h"
+#include "toolkit/Application.h"
 
 using namespace testing;
 
@@ -75,6 +76,57 @@ TEST_F(LateReplies, AMessageMayOutliveItsWindow) {
       EXPECT_EQ(platform.Requests.size(), sent);
     }
   }
+}
+
+TEST_F(LateReplies, WhatArrivesUnderAMessageWaitsForItsHandlerAndWhatTheUserDoesIsRefused) {
+  Fill({"web", "db"}, 0);
+  Press(&wServer::btn_overview_reload);
+  Press(&wServer::btn_containers_stop);
+  SentRequest& list = Sent("containers/list");
+  SentRequest& stop = Sent("containers/stop");
+  const std::size_t sent = platform.Requests.size();
+  platform.WhileMessageStands = [&] {
+    stop.Reply(200, R"({"status":"stopped"})");
+    for (const auto& [path, button] : calls) ((*window).*button).Press();
+    window->list_containers.Select(1);
+    window->txt_containers_logs.Type("7");
+    window->CloseAsUser();
+    toolkit::Quit();
+    EXPECT_THAT(platform.Messages, ElementsAre("reloaded"));
+    EXPECT_TRUE(window->overview_progress.Visible());
+    platform.WhileMessageStands = [&] {
+      EXPECT_TRUE(window->btn_overview_reload.Enabled() && !window->overview_progress.Visible());
+      EXPECT_EQ(window->list_containers.ListIndex(), 0);
+      EXPECT_EQ(platform.Requests.size(), sent);
+    };
+  };
+  Sent("system/reload").Reply(200, R"({"status":"reloaded"})");
+  EXPECT_THAT(platform.Messages, ElementsAre("reloaded", "stopped"));
+  EXPECT_NE(&Sent("containers/list"), &list);
+  EXPECT_EQ(platform.Requests.size(), sent + 1);
+  EXPECT_EQ(window->txt_containers_logs.Text(), "20");
+  EXPECT_TRUE(!window->IsClosed() && platform.Quits.empty());
+}
+
+TEST_F(LateReplies, WhatArrivedFirstIsShownFirst) {
+  SendAll();
+  platform.Messages.clear();
+  const auto reply = [this](const std::string& path) { Sent(path).Reply(200, R"({"status":")" + path + "\"}"); };
+  platform.WhileMessageStands = [&] { reply("system/reload"), reply("containers/stop"); };
+  Press(&wServer::btn_overview_restart);
+  Sent("containers/start").Fail(toolkit::TransferFault::Refused);
+  EXPECT_THAT(platform.Messages, ElementsAre(_, "system/reload", "containers/stop", HasSubstr("refused")));
+}
+
+TEST_F(LateReplies, AListThatIsAskedForBetweenTwoMessagesStaysBusy) {
+  Fill({"web"}, 0);
+  SendAll();
+  platform.Messages.clear();
+  platform.WhileMessageStands = [&] { Sent("containers/stop").Reply(200, R"({"status":"stopped"})"); };
+  Sent("containers/list").Fail(toolkit::TransferFault::Refused);
+  EXPECT_THAT(platform.Messages, SizeIs(2));
+  EXPECT_TRUE(Sent("containers/list").IsRunning());
+  EXPECT_FALSE(window->btn_containers_refresh.Enabled());
 }
 
 TEST_F(LateReplies, FiftyWindowsComeAndGoInEveryStageOfTheirRequests) {

@@ -144,11 +144,7 @@ TEST_F(MainWindowTest, NothingReachesAWindowThatWasClosed) {
   }
 }
 
-TEST_F(MainWindowTest, AMessageMayStandWhileAnotherReplyArrivesOrTheWindowIsClosed) {
-  platform.WhileMessageStands = [this] { Add().Reply(200, reply); };
-  Add().Reply(400, R"({"_error":"first"})");
-  EXPECT_EQ(Servers.size(), 1U);
-  EXPECT_EQ(Form(), "||");
+TEST_F(MainWindowTest, AMessageMayStandWhileTheWindowIsClosed) {
   for (const int status : {200, 400}) {
     OpenWindow();
     SentRequest& sent = Add();
@@ -156,7 +152,6 @@ TEST_F(MainWindowTest, AMessageMayStandWhileAnotherReplyArrivesOrTheWindowIsClos
     sent.Reply(status, R"({"_error":"second"})");
     EXPECT_EQ(window, nullptr) << "no message stood";
   }
-  EXPECT_EQ(Servers.size(), 1U);
 }
 
 TEST_F(MainWindowTest, LooksForUpdatesOnceItHasBeenPainted) {

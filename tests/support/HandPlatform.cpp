@@ -22,6 +22,8 @@ class Held : public Interface {
   std::shared_ptr<Thing> thing_;
 };
 
+HandPlatform& Hand() { return dynamic_cast<HandPlatform&>(toolkit::Platform::Current()); }
+
 using HandTimer = Held<toolkit::PlatformTimer, SetTimer>;
 
 struct HandTransfer final : Held<toolkit::HTTPTransfer, SentRequest> {
@@ -43,11 +45,11 @@ void SentRequest::Reply(int status, std::string_view body) {
 }
 
 void SentRequest::BeginReply(int status, toolkit::HTTPHeaders headers, std::optional<std::uint64_t> length) {
-  Tell(events_, [&](auto& events) { events.HeadersReceived(status, std::move(headers), length); });
+  Tell([=](auto& events) { events.HeadersReceived(status, headers, length); });
 }
 
 void SentRequest::ReplyPart(std::string_view bytes) {
-  Tell(events_, [&](auto& events) { events.BodyReceived(bytes); });
+  Tell([body = std::string(bytes)](auto& events) { events.BodyReceived(body); });
 }
 
 void SentRequest::EndReply() {
@@ -58,16 +60,26 @@ void SentRequest::Fail(toolkit::TransferFault fault) {
   const std::size_t host = Request.URL.find("://") + 3;
   const toolkit::TransferFailure failure{
       .Fault = fault, .Host = Request.URL.substr(host, Request.URL.find(':', host) - host), .Port = 1701, .Detail = ""};
-  TellEnd([&](auto& events) { events.Failed(failure); });
+  TellEnd([=](auto& events) { events.Failed(failure); });
+}
+
+void SentRequest::Tell(const Telling& telling) {
+  Hand().Happen([alive = shared_from_this(), telling] {
+    if (alive->events_ != nullptr) telling(*alive->events_);
+  });
 }
 
 void SentRequest::TellEnd(const Telling& telling) {
   isRunning_ = false;
-  Tell(std::exchange(events_, nullptr), telling);
+  Hand().Happen([alive = shared_from_this(), telling] {
+    if (auto* events = std::exchange(alive->events_, nullptr)) telling(*events);
+  });
 }
 
-void SentRequest::Tell(toolkit::HTTPTransferEvents* events, const Telling& telling) {
-  if (events != nullptr) toolkit::Platform::Current().Dispatch([&] { telling(*events); });
+void StartedProcess::End(int exitCode) {
+  Hand().Happen([alive = shared_from_this(), exitCode] {
+    if (const auto tell = std::exchange(alive->Ended, nullptr)) tell({.ExitCode = exitCode, .Output = ""});
+  });
 }
 
 HandPlatform::HandPlatform() : folder_(toolkit::MakeTemporaryFolder()) {
@@ -87,30 +99,46 @@ std::unique_ptr<toolkit::HTTPTransfer> HandPlatform::StartTransfer(toolkit::HTTP
   return std::make_unique<HandTransfer>(Requests.back());
 }
 
-toolkit::DialogButton HandPlatform::ShowDialog(const toolkit::MessageDialog& dialog) {
+void HandPlatform::Happen(std::function<void()> event) {
+  WhenFree(std::move(event));
+  while (HasWaitingEvents() && !WaitsForUser()) RunNextEvent();
+}
+
+toolkit::DialogButton HandPlatform::AskUser(const toolkit::MessageDialog& dialog) {
   Messages.push_back(dialog.Message);
   LastDialog = dialog;
-  if (const auto meanwhile = std::exchange(WhileMessageStands, nullptr)) Dispatch(meanwhile);
-  return Answer;
+  if (const auto meanwhile = std::exchange(WhileMessageStands, nullptr)) meanwhile();
+  return Quits.empty() ? Answer : toolkit::DialogButton::Cancel;
 }
 
 void HandPlatform::RunEventsUntil(const std::function<bool()>& isDone) {
   while (!isDone() && Quits.empty()) {
-    if (!WhileWaiting) throw std::logic_error("The program waits for something that never happens.");
-    Dispatch(WhileWaiting);
+    if (HasWaitingEvents() && !WaitsForUser()) {
+      RunNextEvent();
+    } else if (WhileWaiting) {
+      Dispatch(WhileWaiting);
+    } else {
+      throw std::logic_error("The program waits for something that never happens.");
+    }
   }
+}
+
+void HandPlatform::RunDueEvents() {
+  RunNextEvent();
+  if (const auto meanwhile = std::exchange(DuringBreak, nullptr)) Dispatch(meanwhile);
 }
 
 std::unique_ptr<toolkit::PlatformTimer> HandPlatform::StartTimer(std::chrono::milliseconds period,
                                                                  std::function<void()> expired) {
-  timers_.push_back(std::make_shared<SetTimer>(SetTimer{.Due = now_ + period, .Expired = std::move(expired)}));
+  timers_.push_back(std::make_shared<SetTimer>(SetTimer{.Due = CountedTime() + period, .Expired = std::move(expired)}));
   return std::make_unique<HandTimer>(timers_.back());
 }
 
 std::unique_ptr<toolkit::ChildProcess> HandPlatform::StartProcess(const std::string& commandLine,
                                                                   std::function<void(toolkit::ProcessEnd)> ended) {
-  Processes.push_back(std::make_shared<StartedProcess>(
-      StartedProcess{.CommandLine = commandLine, .IsKilled = false, .Ended = std::move(ended)}));
+  Processes.push_back(std::make_shared<StartedProcess>());
+  Processes.back()->CommandLine = commandLine;
+  Processes.back()->Ended = std::move(ended);
   return std::make_unique<HandProcess>(Processes.back());
 }
 
@@ -118,8 +146,10 @@ void HandPlatform::Advance(std::chrono::milliseconds time) {
   now_ += time;
   const auto set = timers_;
   for (const auto& timer : set) {
-    if (timer->Due > now_) continue;
-    if (const auto expired = std::exchange(timer->Expired, nullptr)) Dispatch(expired);
+    if (timer->Due > CountedTime()) continue;
+    Happen([timer] {
+      if (const auto expired = std::exchange(timer->Expired, nullptr)) expired();
+    });
   }
   std::erase_if(timers_, [](const auto& timer) { return !timer->Expired; });
 }

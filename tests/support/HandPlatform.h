@@ -12,7 +12,7 @@
 
 /// A request that the program sent, and the hand that answers it. What is told to a transfer that has ended, or that
 /// nobody holds any more, is lost, as on a real network.
-class SentRequest {
+class SentRequest final : public std::enable_shared_from_this<SentRequest> {
  public:
   SentRequest(toolkit::HTTPRequest request, toolkit::HTTPTransferEvents& events)
       : Request(std::move(request)), events_(&events) {}
@@ -34,7 +34,7 @@ class SentRequest {
 
  private:
   using Telling = std::function<void(toolkit::HTTPTransferEvents&)>;
-  static void Tell(toolkit::HTTPTransferEvents* events, const Telling& telling);
+  void Tell(const Telling& telling);
   void TellEnd(const Telling& telling);
 
   toolkit::HTTPTransferEvents* events_;
@@ -42,18 +42,16 @@ class SentRequest {
 };
 
 /// A command line that the program gave to the shell, and the hand that ends it.
-struct StartedProcess {
+struct StartedProcess final : std::enable_shared_from_this<StartedProcess> {
   std::string CommandLine;
   bool IsKilled = false;
   /// Tells the program, unless it let go of the process.
-  void End(int exitCode) {
-    if (const auto tell = std::exchange(Ended, nullptr)) tell({.ExitCode = exitCode, .Output = ""});
-  }
+  void End(int exitCode);
   void LetGo() { Ended = nullptr; }
   std::function<void(toolkit::ProcessEnd)> Ended;
 };
 
-/// A timer of the program that has not expired.
+/// A timer of the program that has not expired. It is due by the platform's counted time.
 struct SetTimer {
   std::chrono::milliseconds Due;
   std::function<void()> Expired;
@@ -61,6 +59,7 @@ struct SetTimer {
 };
 
 /// A platform without screen, network or time: what it is asked for is written down here, and the test plays the world.
+/// What a test lets happen is an event: its handler runs at once, or when the one that raised a dialog has ended.
 /// Its folders are real, empty at first, and gone afterwards.
 class HandPlatform final : public toolkit::Platform {
  public:
@@ -75,8 +74,12 @@ class HandPlatform final : public toolkit::Platform {
   toolkit::MessageDialog LastDialog;
   /// How dialogs are answered.
   toolkit::DialogButton Answer = toolkit::DialogButton::Action;
-  /// What happens while the next dialog stands; forgotten then.
+  /// What happens while the next dialog stands, and in the next break of long work; forgotten then.
   std::function<void()> WhileMessageStands;
+  std::function<void()> DuringBreak;
+  /// Lets an event happen, after those that wait. The empty one lets only these run: a test calls for it when it has
+  /// acted as the user.
+  void Happen(std::function<void()> event = [] {});
   /// The addresses that were to be opened, and whether the desktop can.
   std::vector<std::string> OpenedURLs;
   bool HasBrowser = true;
@@ -93,9 +96,8 @@ class HandPlatform final : public toolkit::Platform {
 
   std::unique_ptr<toolkit::HTTPTransfer> StartTransfer(toolkit::HTTPRequest request,
                                                        toolkit::HTTPTransferEvents& events) override;
-  toolkit::DialogButton ShowDialog(const toolkit::MessageDialog& dialog) override;
   void RunEventsUntil(const std::function<bool()>& isDone) override;
-  void RunDueEvents() override {}
+  void RunDueEvents() override;
   std::unique_ptr<toolkit::PlatformTimer> StartTimer(std::chrono::milliseconds period,
                                                      std::function<void()> expired) override;
   std::unique_ptr<toolkit::ChildProcess> StartProcess(const std::string& commandLine,
@@ -116,6 +118,8 @@ class HandPlatform final : public toolkit::Platform {
   void Present(toolkit::Window&) override {}
   void BringToFront(toolkit::Window&) override {}
   void Withdraw(toolkit::Window&) override {}
+  toolkit::DialogButton AskUser(const toolkit::MessageDialog& dialog) override;
+  void RunNextEventLater() override {}
 
  private:
   toolkit::FolderItem folder_;

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "toolkit/Platform.h"
+
 namespace toolkit::http {
 namespace {
 
@@ -83,9 +85,22 @@ void Connections::EndFinished() {
     const CURLcode code = message->data.result;  // NOLINT(cppcoreguidelines-pro-type-union-access): libcurl has it so
     Exchange* exchange = nullptr;
     curl_.easy_getinfo(easy, CURLINFO_PRIVATE, &exchange);
-    exchange->End(code);
-    Remove(*exchange);
+    if (exchange->MayConnectLater(code)) {
+      ConnectLater(*exchange);
+    } else {
+      exchange->End(code);
+      Remove(*exchange);
+    }
   }
+}
+
+// Nothing of the request has been sent.
+void Connections::ConnectLater(Exchange& exchange) {
+  Remove(exchange);
+  exchange.StartNextAttemptBy(Platform::Current().StartTimer(std::chrono::milliseconds(0), [this, &exchange] {
+    Add(exchange);
+    moved_();
+  }));
 }
 
 }  // namespace toolkit::http

@@ -34,6 +34,7 @@ class Connections {
   static int WaitForTime(CURLM* multi, long milliseconds, void* self);
   void Act(int descriptor, Readiness readiness);
   void EndFinished();
+  void ConnectLater(Exchange& exchange);
 
   const Curl& curl_;
   Sockets sockets_;

@@ -27,6 +27,9 @@ Exchange::Exchange(const Curl& curl, HTTPRequest request, const std::string& pro
       address_(curl, request.URL),
       easy_(curl, request, address_, proxy, authorities),
       listener_(&listener),
+      longestSilence_(request.InactivityTimeout),
+      lastProgress_(Platform::Current().CountedTime()),
+      connectUntil_(lastProgress_ + request.ConnectTimeout),
       requestBody_(std::move(request.Body)),
       requestSize_(requestBody_.size()),
       isHead_(request.Method == "HEAD") {
@@ -70,16 +73,18 @@ void Exchange::OpenSocketsIn(Sockets& sockets) {
       });
 }
 
-void Exchange::LimitSilence(std::unique_ptr<Alarm> patience, std::chrono::milliseconds time) {
-  patience_ = std::move(patience);
-  patienceTime_ = time;
-  NoteProgress();
+std::chrono::milliseconds Exchange::TimeLeft() const {
+  return longestSilence_ - (Platform::Current().CountedTime() - lastProgress_);
 }
 
-void Exchange::NoteProgress() {
-  ++progress_;
-  if (patience_) patience_->Set(patienceTime_);
+bool Exchange::MayConnectLater(CURLcode code) {
+  const auto left = connectUntil_ - Platform::Current().CountedTime();
+  if (code != CURLE_OPERATION_TIMEDOUT || hasHadConnection_ || left.count() <= 0) return false;
+  easy_.Set(CURLOPT_CONNECTTIMEOUT_MS, static_cast<long>(left.count()));
+  return true;
 }
+
+void Exchange::NoteProgress() { lastProgress_ = Platform::Current().CountedTime(); }
 
 // libcurl would try again over another connection when one breaks that was kept. But the request may have reached the
 // server over the first one.
@@ -160,6 +165,7 @@ void Exchange::End(CURLcode code) {
 void Exchange::Fail(TransferFault fault, std::string detail) {
   hasEnded_ = true;
   patience_.reset();
+  nextAttempt_.reset();
   failure_ = {.Fault = fault, .Host = address_.Host(), .Port = address_.Port(), .Detail = std::move(detail)};
 }
 
@@ -168,9 +174,15 @@ bool Exchange::HasNews() const {
   return given_ > givenAndTold_ || headersAreComplete_ > headersAreTold_ || !inbox_.empty() || hasEnded_;
 }
 
+bool Exchange::BecomesDue() {
+  const Due due = !HasNews() ? Due::Nothing : hasEnded_ ? Due::End : Due::Part;
+  if (due <= due_) return false;
+  due_ = due;
+  return true;
+}
+
 void Exchange::Deliver() {
-  const auto alive = shared_from_this();
-  if (isDelivering_) return;
+  due_ = Due::Nothing;
   isDelivering_ = true;
   while (listener_ != nullptr && TellNext()) {
   }

@@ -4,17 +4,18 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "toolkit/HTTPTransfer.h"
+#include "toolkit/Timer.h"
 #include "toolkit/http/EasyHandle.h"
-#include "toolkit/http/EventLoop.h"
 #include "toolkit/http/Sockets.h"
 
 namespace toolkit::http {
 
 /// One request and its reply. What arrives is kept, within bounds, until it is delivered, so that no handler runs
 /// inside libcurl.
-class Exchange final : public std::enable_shared_from_this<Exchange> {
+class Exchange final {
  public:
   Exchange(const Curl& curl, HTTPRequest request, const std::string& proxy, const Authorities& authorities,
            HTTPTransferEvents& listener);
@@ -26,10 +27,15 @@ class Exchange final : public std::enable_shared_from_this<Exchange> {
   [[nodiscard]] bool IsPossible() const { return address_.IsValid(); }
   /// Its sockets come from `sockets`, which must outlive the connections.
   void OpenSocketsIn(Sockets& sockets);
-  /// `patience` is set to `time` whenever something happens.
-  void LimitSilence(std::unique_ptr<Alarm> patience, std::chrono::milliseconds time);
-  /// Grows whenever something happens.
-  [[nodiscard]] std::uint64_t Progress() const { return progress_; }
+  /// How long nothing at all may happen from now on; not above 0 if there is no limit.
+  [[nodiscard]] std::chrono::milliseconds TimeLeft() const;
+  /// `patience` runs until the exchange has ended.
+  void LimitSilence(std::unique_ptr<PlatformTimer> patience) { patience_ = std::move(patience); }
+  /// Whether libcurl, which does not know of dialogs, ended the attempt to connect before its time. It has the rest of
+  /// the time for the next one.
+  bool MayConnectLater(CURLcode code);
+  /// `start` runs until the exchange has ended.
+  void StartNextAttemptBy(std::unique_ptr<PlatformTimer> start) { nextAttempt_ = std::move(start); }
 
   /// What libcurl says of its end. Nothing is taken or given any more.
   void End(CURLcode code);
@@ -40,7 +46,10 @@ class Exchange final : public std::enable_shared_from_this<Exchange> {
   /// Whether its listener keeps it from going on.
   [[nodiscard]] bool IsHeldUp() const { return isPaused_; }
 
-  /// Tells the listener all that there is to tell. Each call may lead back here, and let go of the exchange.
+  /// Whether Deliver() is to be called: true once for the first news since its last call, and once for the end.
+  bool BecomesDue();
+  /// Tells the listener all that there is to tell. Hold the exchange: a handler may let go of it, and wait while more
+  /// arrives.
   void Deliver();
   /// Whether Deliver() would tell something.
   [[nodiscard]] bool HasNews() const;
@@ -50,6 +59,8 @@ class Exchange final : public std::enable_shared_from_this<Exchange> {
   [[nodiscard]] bool HasWritten() const;
 
  private:
+  enum class Due { Nothing, Part, End };
+
   void SetCallbacks();
   void NoteProgress();
   // libcurl's callbacks; each returns what libcurl wants.
@@ -68,9 +79,12 @@ class Exchange final : public std::enable_shared_from_this<Exchange> {
   Address address_;
   EasyHandle easy_;
   HTTPTransferEvents* listener_;
-  std::unique_ptr<Alarm> patience_;
-  std::chrono::milliseconds patienceTime_{0};
-  std::uint64_t progress_ = 0;
+  std::unique_ptr<PlatformTimer> patience_;
+  std::unique_ptr<PlatformTimer> nextAttempt_;
+  // Of Platform::CountedTime().
+  std::chrono::milliseconds longestSilence_;
+  std::chrono::milliseconds lastProgress_;
+  std::chrono::milliseconds connectUntil_;
 
   std::string requestBody_;
   std::uint64_t requestSize_;
@@ -89,6 +103,7 @@ class Exchange final : public std::enable_shared_from_this<Exchange> {
   std::uint64_t dropped_ = 0;
   bool isPaused_ = false;
 
+  Due due_ = Due::Nothing;
   bool isDelivering_ = false;
   bool hasEnded_ = false;
   std::optional<TransferFailure> failure_;

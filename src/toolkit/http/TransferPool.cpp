@@ -15,25 +15,20 @@ using namespace std::chrono_literals;
 constexpr auto longestIdle = 60s;
 constexpr auto longestFarewell = 2s;
 constexpr auto step = 20ms;
+// Between two looks whether a handler still holds an exchange up that is silent for too long.
+constexpr auto shortestLook = 100ms;
 
 /// A transfer that cannot be.
 class Impossible final : public HTTPTransfer {
  public:
-  Impossible(EventLoop& loop, std::string why, HTTPTransferEvents& events)
-      : why_(std::move(why)), events_(events), alarm_(loop.MakeAlarm([this] { Tell(); })) {
-    alarm_->Set(0ms);
-  }
-  void Abort() override { alarm_->Stop(); }
+  Impossible(const std::string& why, HTTPTransferEvents& events)
+      : telling_(Platform::Current().StartTimer(0ms, [why, &events] {
+          events.Failed({.Fault = TransferFault::Other, .Host = "", .Port = 0, .Detail = why});
+        })) {}
+  void Abort() override { telling_.reset(); }
 
  private:
-  void Tell() {
-    const TransferFailure failure{.Fault = TransferFault::Other, .Host = "", .Port = 0, .Detail = why_};
-    Platform::Current().Dispatch([&] { events_.Failed(failure); });
-  }
-
-  std::string why_;
-  HTTPTransferEvents& events_;
-  std::unique_ptr<Alarm> alarm_;
+  std::unique_ptr<PlatformTimer> telling_;
 };
 
 }  // namespace
@@ -77,7 +72,7 @@ std::unique_ptr<HTTPTransfer> TransferPool::Start(HTTPRequest request, const std
   try {
     return Begin(std::move(request), proxy, events);
   } catch (const RuntimeException& exception) {
-    return std::make_unique<Impossible>(loop_, exception.Message(), events);
+    return std::make_unique<Impossible>(exception.Message(), events);
   }
 }
 
@@ -101,17 +96,23 @@ std::unique_ptr<HTTPTransfer> TransferPool::Begin(HTTPRequest request, const std
   return std::make_unique<Held>(*this, exchange);
 }
 
-// What has arrived while a handler kept the loop is looked at first.
 void TransferPool::LimitSilence(Exchange& exchange, std::chrono::milliseconds time) {
   if (time <= 0ms) return;
-  auto patience = loop_.MakeAlarm([this, &exchange] {
-    const auto before = exchange.Progress();
-    connections_->Work(0ms);
-    const bool isSilent = exchange.Progress() == before && !exchange.IsHeldUp();
-    if (isSilent && !exchange.HasEnded()) Stop(exchange, TransferFault::Inactive);
-    Deliver();
-  });
-  exchange.LimitSilence(std::move(patience), time);
+  exchange.LimitSilence(Platform::Current().StartTimer(time, [this, &exchange] { EndIfSilent(exchange); }));
+}
+
+// What has arrived while a handler kept the loop is looked at first.
+void TransferPool::EndIfSilent(Exchange& exchange) {
+  connections_->Work(0ms);
+  const auto left = exchange.TimeLeft();
+  if (!exchange.HasEnded()) {
+    if (left > 0ms || exchange.IsHeldUp()) {
+      LimitSilence(exchange, left > 0ms ? left : shortestLook);
+    } else {
+      Stop(exchange, TransferFault::Inactive);
+    }
+  }
+  Deliver();
 }
 
 void TransferPool::Stop(Exchange& exchange, TransferFault fault) {
@@ -120,15 +121,28 @@ void TransferPool::Stop(Exchange& exchange, TransferFault fault) {
   delivery_->Set(0ms);
 }
 
+// While a dialog stands, each exchange takes its place among the other events that wait: once for what has arrived, and
+// once more for its end.
 void TransferPool::Deliver() {
-  ++deliveries_;
   const auto exchanges = exchanges_;
   for (const auto& exchange : exchanges) {
-    if (exchange->HasNews()) exchange->Deliver();
+    if (!exchange->BecomesDue()) continue;
+    Platform::Current().WhenFree([this, exchange, isEnd = exchange->HasEnded()] {
+      if (exchange->HasNews() && exchange->HasEnded() == isEnd) DeliverFrom(*exchange);
+    });
   }
+  ForgetEnded();
+}
+
+void TransferPool::DeliverFrom(Exchange& exchange) {
+  ++deliveries_;
+  exchange.Deliver();
   --deliveries_;
-  const auto ended =
-      std::erase_if(exchanges_, [](const auto& exchange) { return exchange->HasEnded() && !exchange->HasNews(); });
+  ForgetEnded();
+}
+
+void TransferPool::ForgetEnded() {
+  const auto ended = std::erase_if(exchanges_, [](const auto& one) { return one->HasEnded() && !one->HasNews(); });
   if (ended == 0 || !exchanges_.empty()) return;
   pulse_->Stop();
   idle_->Set(longestIdle);

@@ -27,7 +27,7 @@ class TransferPool {
   ~TransferPool();
 
   /// Sends a request, by way of `proxy`: a URL of http, socks5 or socks5h with an optional user name and password, or
-  /// empty. `events` must outlive the result. The calls come on the loop, inside Platform::Dispatch.
+  /// empty. `events` must outlive the result. The calls come on the loop, by Platform::WhenFree.
   std::unique_ptr<HTTPTransfer> Start(HTTPRequest request, const std::string& proxy, HTTPTransferEvents& events);
   /// Trusts servers with certificates of this authority from now on. `certificate` is in PEM.
   void Trust(std::string_view certificate) { authorities_.Add(certificate); }
@@ -37,8 +37,11 @@ class TransferPool {
 
   std::unique_ptr<HTTPTransfer> Begin(HTTPRequest request, const std::string& proxy, HTTPTransferEvents& events);
   void LimitSilence(Exchange& exchange, std::chrono::milliseconds time);
+  void EndIfSilent(Exchange& exchange);
   void Stop(Exchange& exchange, TransferFault fault);
   void Deliver();
+  void DeliverFrom(Exchange& exchange);
+  void ForgetEnded();
   void DropConnections();
   void CheckServers();
   void LetRequestsOut();

@@ -5,6 +5,7 @@
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QPointer>
 
 #include "toolkit/ListSearch.h"
 #include "toolkit/Platform.h"
@@ -35,7 +36,11 @@ FindBar::FindBar(Listbox& list, QWidget& listView) : QWidget(&listView), list_(l
   layout->addWidget(&count_);
   pause_.setSingleShot(true);
   pause_.setInterval(pauseInTyping);
-  connect(&pause_, &QTimer::timeout, this, [this] { SearchFromHere(); });
+  connect(&pause_, &QTimer::timeout, this, [this] {
+    Platform::Current().WhenFree([this, bar = QPointer(this)] {
+      if (bar) SearchFromHere();
+    });
+  });
   connect(&field_, &QLineEdit::textChanged, &pause_, qOverload<>(&QTimer::start));
   hide();
 }

@@ -10,6 +10,7 @@
 #include <QHelpEvent>
 #include <QMenu>
 #include <QMimeData>
+#include <QPointer>
 #include <QScrollBar>
 #include <QTextDocumentFragment>
 #include <QToolTip>
@@ -96,7 +97,9 @@ void HTMLViewerView::FollowPictures() {
 }
 
 void HTMLViewerView::TellError(int code, const std::string& description) {
-  Platform::Current().Dispatch([&] { Shown().Error(code, description); });
+  Platform::Current().WhenFree([this, view = QPointer(this), code, description] {
+    if (view) Shown().Error(code, description);
+  });
 }
 
 void HTMLViewerView::FollowLink(const PageLink& link, LinkTarget target) {

@@ -5,6 +5,7 @@
 #include <QClipboard>
 #include <QFileDialog>
 #include <QGuiApplication>
+#include <QPointer>
 #include <QSaveFile>
 
 #include "toolkit/Platform.h"
@@ -58,8 +59,10 @@ void AskWhereToSave(const Listbox& list, QWidget& parent) {
   dialog->setAcceptMode(QFileDialog::AcceptSave);
   dialog->setDefaultSuffix(QStringLiteral("txt"));
   dialog->selectFile(ToQt(list.AccessibleName()) + QLatin1String(".txt"));
-  QObject::connect(dialog, &QFileDialog::fileSelected, &parent, [&list](const QString& path) {
-    Platform::Current().Dispatch([&] { SaveRows(list, FromQt(path)); });
+  QObject::connect(dialog, &QFileDialog::fileSelected, &parent, [&list, view = QPointer(&parent)](const QString& path) {
+    Platform::Current().WhenFree([&list, view, path = FromQt(path)] {
+      if (view) SaveRows(list, path);
+    });
   });
   dialog->open();
 }

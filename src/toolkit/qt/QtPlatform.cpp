@@ -8,6 +8,7 @@
 #include <QEventLoop>
 #include <QIcon>
 #include <QPixmap>
+#include <QPointer>
 #include <QStandardPaths>
 #include <QTimer>
 #include <QUrl>
@@ -34,16 +35,31 @@ FolderItem Folder(QStandardPaths::StandardLocation location) {
 
 class QtTimer final : public PlatformTimer {
  public:
-  QtTimer(std::chrono::milliseconds period, std::function<void()> expired) {
+  QtTimer(std::chrono::milliseconds period, std::function<void()> expired)
+      : due_(Platform::Current().CountedTime() + period), expired_(std::move(expired)) {
     timer_.setSingleShot(true);
-    QObject::connect(&timer_, &QTimer::timeout, [expired = std::move(expired)] {
-      const auto handler = expired;  // the timer may go in it
-      Platform::Current().Dispatch(handler);
+    QObject::connect(&timer_, &QTimer::timeout, [this] {
+      Platform::Current().WhenFree([this, timer = QPointer(&timer_)] {
+        if (timer) Ring();
+      });
     });
     timer_.start(period);
   }
 
  private:
+  // Rings too early for a time in which a dialog stood.
+  void Ring() {
+    const auto left = due_ - Platform::Current().CountedTime();
+    if (left.count() > 0) {
+      timer_.start(left);
+    } else {
+      const auto handler = expired_;  // the timer may go in it
+      handler();
+    }
+  }
+
+  std::chrono::milliseconds due_;
+  std::function<void()> expired_;
   QTimer timer_;
 };
 
@@ -82,11 +98,12 @@ QtPlatform::QtPlatform(int& argumentCount, char** arguments)
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setWindowIcon(ProgramIcon());
   DescribeViews();
-  sessionWatch_ = std::make_unique<SessionWatch>([this] { EndWithSession(); });
+  sessionWatch_ = std::make_unique<SessionWatch>([this] { EndSession(); });
 }
 
 QtPlatform::~QtPlatform() {
   CloseWindows();
+  DropEvents();
   closedViews_.clear();
 }
 
@@ -95,38 +112,18 @@ std::unique_ptr<HTTPTransfer> QtPlatform::StartTransfer(HTTPRequest request, HTT
   return transfers_.Start(std::move(request), proxy, events);
 }
 
-// A call that is made while a dialog stands runs the loop on top of that dialog's own. It can end before the calls
-// under it only if it shows what comes before its own dialog as well.
-DialogButton QtPlatform::ShowDialog(const MessageDialog& dialog) {
-  AskedDialog asked{dialog};
-  dialogs_.push_back(&asked);
+DialogButton QtPlatform::AskUser(const MessageDialog& dialog) {
+  if (quitting_) return DialogButton::Cancel;
   ++nestedLoops_;
-  while (!quitting_ && !asked.HasEnded) {
-    if (dialogStands_) {
-      QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    } else {
-      ShowNextDialog();
-    }
-  }
-  std::erase(dialogs_, &asked);
+  DialogBox box(dialog);
+  box.exec();
   --nestedLoops_;
   DropClosedViewsLater();
-  return asked.Pressed;
+  return box.Pressed();
 }
 
-void QtPlatform::ShowNextDialog() {
-  AskedDialog& next = *dialogs_.front();
-  DialogBox box(next.Dialog);
-  // The one after it may come as soon as this one is gone, even if code on the stack keeps exec() from returning.
-  QObject::connect(&box, &QDialog::finished, [&] {
-    dialogStands_ = false;
-    next.HasEnded = true;
-    next.Pressed = box.Pressed();
-    std::erase(dialogs_, &next);
-  });
-  dialogStands_ = true;
-  box.exec();
-  dialogStands_ = false;
+void QtPlatform::RunNextEventLater() {
+  QTimer::singleShot(0, application_.get(), [this] { RunNextEvent(); });
 }
 
 void QtPlatform::RunEventsUntil(const std::function<bool()>& isDone) {
@@ -137,6 +134,7 @@ void QtPlatform::RunEventsUntil(const std::function<bool()>& isDone) {
 }
 
 void QtPlatform::RunDueEvents() {
+  if (quitting_) return;
   ++nestedLoops_;
   QCoreApplication::processEvents();
   --nestedLoops_;
@@ -177,18 +175,6 @@ int QtPlatform::RunLoop(const std::function<void()>& start) {
 void QtPlatform::Quit(int status) {
   quitting_ = true;
   QApplication::exit(status);
-}
-
-// Every window is told as if the user closed it, but none can refuse, and nobody is asked anything any more.
-void QtPlatform::EndWithSession() {
-  quitting_ = true;
-  auto windows = OpenWindows();
-  std::ranges::reverse(windows);
-  for (const auto& window : windows) {
-    Dispatch([&] { window->CloseAsUser(); });
-    Dispatch([&] { window->Close(); });
-  }
-  Quit(EXIT_SUCCESS);
 }
 
 FolderItem QtPlatform::ApplicationDataFolder() const { return Folder(QStandardPaths::GenericDataLocation); }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <deque>
 #include <memory>
 #include <vector>
 
@@ -24,7 +23,6 @@ class QtPlatform final : public Platform {
   ~QtPlatform() override;
 
   std::unique_ptr<HTTPTransfer> StartTransfer(HTTPRequest request, HTTPTransferEvents& events) override;
-  DialogButton ShowDialog(const MessageDialog& dialog) override;
   void RunEventsUntil(const std::function<bool()>& isDone) override;
   void RunDueEvents() override;
   std::unique_ptr<PlatformTimer> StartTimer(std::chrono::milliseconds period, std::function<void()> expired) override;
@@ -44,16 +42,10 @@ class QtPlatform final : public Platform {
   void Present(Window& window) override;
   void BringToFront(Window& window) override;
   void Withdraw(Window& window) override;
+  DialogButton AskUser(const MessageDialog& dialog) override;
+  void RunNextEventLater() override;
 
  private:
-  struct AskedDialog {
-    const MessageDialog& Dialog;
-    DialogButton Pressed = DialogButton::Cancel;
-    bool HasEnded = false;
-  };
-
-  void EndWithSession();
-  void ShowNextDialog();
   void DropClosedViewsLater();
 
   std::unique_ptr<QApplication> application_;
@@ -64,10 +56,7 @@ class QtPlatform final : public Platform {
   std::vector<std::unique_ptr<QtWindow>> views_;
   // Views whose window was closed; they may have code on the stack, so they go when no dialog keeps any there.
   std::vector<std::unique_ptr<QtWindow>> closedViews_;
-  // The dialogs that have not ended, in the order in which they were asked for. The first one may stand.
-  std::deque<AskedDialog*> dialogs_;
   int nestedLoops_ = 0;
-  bool dialogStands_ = false;
   bool quitting_ = false;
 };
 

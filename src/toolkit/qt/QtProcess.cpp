@@ -8,6 +8,7 @@
 #include <utility>
 
 #include <QCoreApplication>
+#include <QPointer>
 
 #include "toolkit/Platform.h"
 #include "toolkit/qt/QtText.h"
@@ -96,10 +97,12 @@ std::string QtProcess::Output() const {
 }
 
 void QtProcess::Tell(int exitCode) {
-  const auto ended = std::exchange(ended_, nullptr);
-  if (!ended) return;
-  ProcessEnd end{.ExitCode = exitCode, .Output = Output()};
-  Platform::Current().Dispatch([&] { ended(std::move(end)); });
+  if (std::exchange(hasEnded_, true)) return;
+  Platform::Current().WhenFree([this, exitCode, listener = QPointer(listener_.get())] {
+    if (!listener) return;
+    const auto ended = ended_;  // this object may go in it
+    ended({.ExitCode = exitCode, .Output = Output()});
+  });
 }
 
 }  // namespace toolkit::qt

@@ -28,6 +28,7 @@ class QtProcess final : public ChildProcess {
   // Receives what the process tells. Without it, nothing is told any more.
   std::unique_ptr<QObject> listener_;
   std::function<void(ProcessEnd)> ended_;
+  bool hasEnded_ = false;
   // A file in memory. A pipe would end with this object, or with the program, and whatever the command left in the
   // background would be killed as soon as it writes.
   int output_;

@@ -178,7 +178,7 @@ void QtWindow::PaintContent() {
   } catch (...) {
     cannotPaint_ = true;
     QTimer::singleShot(0, QCoreApplication::instance(), [fault = std::current_exception()] {
-      Platform::Current().Dispatch([&] { std::rethrow_exception(fault); });
+      Platform::Current().WhenFree([fault] { std::rethrow_exception(fault); });
     });
   }
 }
@@ -187,7 +187,7 @@ void QtWindow::PaintContent() {
 void QtWindow::paintEvent(QPaintEvent* /*event*/) {
   if (std::exchange(painted_, true)) return;
   QTimer::singleShot(0, QCoreApplication::instance(),
-                     [window = window_] { Platform::Current().Dispatch([&] { window->TellPainted(); }); });
+                     [window = window_] { Platform::Current().WhenFree([window] { window->TellPainted(); }); });
 }
 
 void QtWindow::PlaceControls() {

@@ -37,14 +37,13 @@ void KajuUpdateWindow::HandleOKButton() {
   }
 }
 
-// The questions run the event loop: another update may be chosen, or none any more, once they are answered.
 bool KajuUpdateWindow::LetUserDecide() {
   SelectedUpdate = nullptr;
   SelectedBinary = nullptr;
   const auto update = UpdateInRow(pumUpdates.ListIndex());
   if (!update) return false;
   const auto binary = UserSelectsBinary(*update);
-  if (!binary || !UserConfirmsRequiredPayment(*update) || !IsAt(Stage::ChoosingUpdate)) return false;
+  if (!binary || !UserConfirmsRequiredPayment(*update)) return false;
   SelectedUpdate = update;
   SelectedBinary = binary;
   return true;

@@ -24,7 +24,7 @@
 /// release notes, lets the user choose a version, downloads its file, checks its hash and unpacks it. Nothing of the
 /// running program is touched before the user's last press.
 ///
-/// Many steps run the event loop, and meanwhile the user may stop, close or quit: each step checks the stage
+/// Fetches and hashing run other handlers, by which the user may stop, close or quit: each step checks the stage
 /// afterwards.
 class KajuUpdateWindow final : public toolkit::Window {
  public:

@@ -1,12 +1,14 @@
 #include <list>
 #include <set>
 
+#include <QDialog>
 #include <QElapsedTimer>
 #include <gmock/gmock.h>
 
 #include "service/TessenServicesClient.h"
 #include "tests/desktop/Desktop.h"
 #include "tests/support/FaultServer.h"
+#include "toolkit/MessageDialog.h"
 #include "toolkit/TransferMessages.h"
 #include "toolkit/http/TransferPool.h"
 #include "toolkit/qt/QtEventLoop.h"
@@ -257,19 +259,45 @@ TEST_F(Transport, TheEndOfTheProgramLetsARequestGoOutForTwoSecondsAtMost) {
   }
 }
 
-TEST_F(Transport, AHandlerThatTakesItsTimeHoldsTheServerUp) {
+TEST_F(Transport, AHandlerThatTakesItsTimeAndABoxHoldTheServerUp) {
   const std::string megabytes = QString("x").repeated(50'000'000).toStdString();
-  const FaultServer server({{{Reply(200, megabytes)}}});
-  Exchange exchange(Request(server.URL()));
-  std::size_t unsent = 0;
-  exchange.OnNote = [&](const std::string& note) {
-    if (note != "received" || unsent > 0) return;
-    QTest::qWait(500);  // as under a message box
-    unsent = server.Unsent();
-  };
-  EXPECT_TRUE(Until([&] { return exchange.IsOver(); }));
-  EXPECT_GT(unsent, megabytes.size() / 2);
-  EXPECT_EQ(exchange.Notes.back(), "page 200 " + megabytes);
+  for (const bool isBox : {false, true}) {
+    const FaultServer server({{{Reply(200, megabytes)}}});
+    Exchange exchange(Request(server.URL()));
+    std::size_t unsent = 0;
+    const auto wait = [&] { QTest::qWait(500), unsent = server.Unsent(); };
+    const BoxReader reader([&](QDialog& box) {
+      wait();
+      EXPECT_THAT(exchange.Notes, IsEmpty());
+      box.accept();
+    });
+    exchange.OnNote = [&](const std::string& note) {
+      if (note == "received" && unsent == 0) wait();
+    };
+    if (isBox) toolkit::MsgBox("stands");
+    EXPECT_TRUE(Until([&] { return exchange.IsOver(); }));
+    EXPECT_GT(unsent, megabytes.size() / 2);
+    EXPECT_EQ(exchange.Notes.back(), "page 200 " + megabytes);
+  }
+}
+
+TEST_F(Transport, TheTimeOfABoxCountsForNoLimit) {
+  const FaultServer mute({}, Wire::TLS, Greeting::Silence);
+  const FaultServer slow({Answer()});
+  std::list<Exchange> exchanges;
+  for (const auto& [server, connecting, silent] :
+       {std::tuple(&mute, 700, 0), {&mute, 30'000, 700}, {&slow, 700, 700}}) {
+    toolkit::HTTPRequest request = Request(server->URL());
+    request.ConnectTimeout = std::chrono::milliseconds(connecting);
+    request.InactivityTimeout = std::chrono::milliseconds(silent);
+    exchanges.emplace_back(std::move(request));
+  }
+  const BoxReader reader([](QDialog& box) { QTest::qWait(1000), box.accept(); });
+  toolkit::MsgBox("stands");
+  QTest::qWait(150);
+  for (const Exchange& exchange : exchanges) EXPECT_FALSE(exchange.IsOver()) << exchange.Notes.back();
+  for (const Exchange& exchange : exchanges) EXPECT_TRUE(Until([&] { return exchange.IsOver(); }));
+  EXPECT_THAT(slow.Requests(), SizeIs(1));
 }
 
 TEST_F(Transport, TheLengthIsThatOfTheBodyThatFollows) {

@@ -4,13 +4,19 @@
 #include <QDialog>
 #include <QPushButton>
 #include <QScreen>
+#include <QTabWidget>
 #include <QWindow>
 #include <gmock/gmock.h>
 
+#include "service/TessenServicesClient.h"
 #include "tests/desktop/Desktop.h"
+#include "tests/support/FaultServer.h"
 #include "toolkit/MessageDialog.h"
 #include "toolkit/PushButton.h"
+#include "toolkit/TabPanel.h"
+#include "toolkit/Timer.h"
 
+using test_servers::FaultServer;
 using testing::ElementsAre;
 using toolkit::MsgBox;
 
@@ -19,8 +25,10 @@ namespace {
 struct ButtonWindow final : toolkit::Window {
   ButtonWindow() : Window("Button", {300, 100}, {300, 100}, {300, 100}) {
     Add(Button, "button", {10, 10, 280, 30}, {}, 0);
+    Add(Tabs, "tabs", {10, 50, 280, 40}, {}, 1).Panels({"one", "two"});
   }
   toolkit::PushButton Button;
+  toolkit::TabPanel Tabs;
 };
 
 /// Sees whether a button was painted in any window but `other`.
@@ -88,18 +96,77 @@ TEST_F(Program, AWindowIsOpenOnceItHasBeenPaintedAndStaysAliveWhileItsHandlerWai
   EXPECT_TRUE(isPainted);
 }
 
-TEST_F(Program, BoxesComeOneAfterTheOtherInOrder) {
-  model->Button.Action = [] {
-    QTimer::singleShot(0, [] { MsgBox("second"), MsgBox("after the second"); });
-    QTimer::singleShot(1, [] { MsgBox("third"); });
-    MsgBox("first");
-  };
-  BoxReader reader;
-  Click(Find("button"));
-  EXPECT_TRUE(Until([&] { return reader.Texts.size() == 4; }));
-  QTest::qWait(50);
-  EXPECT_THAT(reader.Texts, ElementsAre("first", "second", "third", "after the second"));
+TEST_F(Program, WhileABoxStandsNothingElseStartsAndAllOfItComesAfterwardsInItsOrder) {
+  const FaultServer server({{{test_servers::Reply(200, "{}")}}});
+  std::vector<std::string> log;
+  TessenServicesClient reload;
+  TessenServicesClient stop;
+  for (auto& [client, name] : {std::pair(&reload, "reload"), {&stop, "stop"}}) {
+    client->ButtonPressed = [&log, name] { MsgBox(name), log.emplace_back(name); };
+  }
+  std::unique_ptr<toolkit::ChildProcess> process;
+  toolkit::Timer timer;
+  timer.Action = [&] { log.emplace_back("timer"); };
+  other->Open = [&] { log.emplace_back("open"); };
+  reload.Send("GET", server.URL());
+  BoxReader reader([&](QDialog& box) {
+    if (reader.Texts.size() == 1) {
+      stop.Send("GET", server.URL());
+      EXPECT_TRUE(Until([&] { return server.Answered() == 2; }));
+      QTest::qWait(50);
+      timer.Period = std::chrono::milliseconds(0);
+      timer.Mode(toolkit::Timer::RunMode::Single);
+      QTest::qWait(20);
+      process = platform.StartProcess("true", [&](const toolkit::ProcessEnd&) { log.emplace_back("process"); });
+      QTest::qWait(200);
+      other->Show();
+      QTest::qWait(100);
+    }
+    EXPECT_EQ(log.size(), reader.Texts.size() - 1) << "something has started";
+    box.accept();
+  });
+  EXPECT_TRUE(Until([&] { return log.size() == 5; }));
+  EXPECT_THAT(log, ElementsAre("reload", "stop", "timer", "process", "open"));
+  EXPECT_THAT(reader.Texts, ElementsAre("reload", "stop"));
   EXPECT_EQ(reader.MostAtOnce, 1U);
+}
+
+// As an assistive technology acts, which does not ask whether the window is blocked.
+TEST_F(Program, WhatTheUserDoesBesideABoxIsRefusedAndWhatHeDoesInItIsNot) {
+  int presses = 0;
+  model->Button.Action = [&] { ++presses; };
+  auto& tabs = Find<QTabWidget>("tabs");
+  const auto act = [&] {
+    Find<QPushButton>("button").click();
+    tabs.setCurrentIndex(1);
+  };
+  const BoxReader reader([&](QDialog& box) {
+    act();
+    window.close();
+    box.findChild<QPushButton*>()->click();
+  });
+  MsgBox("stands");
+  EXPECT_EQ(presses, 0);
+  EXPECT_EQ(model->Tabs.Value(), 1);
+  EXPECT_EQ(tabs.currentIndex(), 0);
+  EXPECT_FALSE(model->IsClosed());
+  QTest::qWait(20);
+  act();
+  EXPECT_EQ(presses, 1);
+  EXPECT_EQ(model->Tabs.Value(), 2);
+}
+
+TEST_F(Program, ATimerStandsStillWhileABoxDoes) {
+  toolkit::Timer timer;
+  timer.Period = std::chrono::milliseconds(500);
+  bool hasExpired = false;
+  timer.Action = [&] { hasExpired = true; };
+  timer.Mode(toolkit::Timer::RunMode::Single);
+  const BoxReader reader([](QDialog& box) { QTest::qWait(600), box.accept(); });
+  MsgBox("stands");
+  QTest::qWait(100);
+  EXPECT_FALSE(hasExpired);
+  EXPECT_TRUE(Until([&] { return hasExpired; }));
 }
 
 TEST_F(Program, AnExceptionEndsInABoxAndTheProgramGoesOn) {
@@ -139,17 +206,27 @@ TEST_F(Program, TheLoopEndsWithTheLastWindowAndNotBefore) {
   EXPECT_TRUE(wentOn);
 }
 
-TEST_F(Program, QuittingEndsEveryWaitAndEveryBoxThatStandsOrWaits) {
-  BoxReader reader([](QDialog&) { toolkit::Quit(3); });
-  bool hasWaited = false;
-  const int status = app.Run([&] {
-    QTimer::singleShot(0, [&] { MsgBox("waits"), hasWaited = true; });
-    MsgBox("stands");
-    platform.RunEventsUntil([] { return false; });
-  });
-  EXPECT_EQ(status, 3);
-  EXPECT_TRUE(hasWaited);
-  EXPECT_THAT(reader.Texts, ElementsAre("stands"));
+TEST_F(Program, TheEndOfTheProgramEndsEveryWaitAndTheBoxThatStands) {
+  for (const bool isSession : {false, true}) {
+    other->Show();
+    BoxReader reader([&](QDialog&) { isSession ? QCoreApplication::quit() : platform.Quit(3); });
+    bool hasWaited = false;
+    toolkit::Timer timer;
+    timer.Period = std::chrono::milliseconds(1);
+    timer.Action = [&] {
+      MsgBox("stands");
+      platform.RunEventsUntil([] { return false; });
+      hasWaited = true;
+    };
+    const int status = app.Run([&] {
+      timer.Mode(toolkit::Timer::RunMode::Single);
+      platform.RunEventsUntil([] { return false; });
+      MsgBox("comes too late");
+    });
+    EXPECT_EQ(status, isSession ? 0 : 3);
+    EXPECT_TRUE(hasWaited && other->IsClosed());
+    EXPECT_THAT(reader.Texts, ElementsAre("stands"));
+  }
 }
 
 }  // namespace

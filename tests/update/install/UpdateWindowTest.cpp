@@ -262,16 +262,17 @@ TEST_F(UpdateWindowTest, StopsInTheMiddleOfEverything) {
       {"the picture's redirects", [&](auto& end) { wait(end), Choose({Offer("2", picture)}); }, 1},
       {"the notes' redirects", [&](auto& end) { wait(end), Choose({Offer("2", link)}); }, 1},
       {"the choice", [&](auto& end) { Choose({Offer("2")}), end(); }, 0},
-      {"a question",
-       [&](auto& end) { platform.WhileMessageStands = end, Install(Offer("2", R"(,"RequiresPayment":true)")); }, 0},
       {"the redirects", [&](auto& end) { Choose({Offer("2")}), wait(end), window->btnOK.Press(); }, 1},
       {"the download", [&](auto& end) { Install(), end(); }, 2},
+      {"hashing",
+       [&](auto& end) { Install(), platform.DuringBreak = end, platform.LastRequest().Reply(200, "archive"); }, 2},
       {"unpacking", [&](auto& end) { InstallUntilUnpacking(), end(); }, 2},
       {"the end", [&](auto& end) { InstallUntilUnpacking(), Unpack("x"), end(); }, 2},
       {"an error", [&](auto& end) { Choose({Offer("2")}), window->ShowError(""), end(); }, 0},
   };
   const std::function<void()> ends[] = {[&] { window->btnCancel.Press(); }, [&] { window->CloseAsUser(); },
-                                        [&] { platform.CloseWindows(); }};
+                                        [&] { platform.EndSession(); },
+                                        [&] { toolkit::Quit(), platform.CloseWindows(); }};
   for (const auto& [name, enter, requests] : rows) {
     for (const auto& end : ends) {
       SCOPED_TRACE(name);
@@ -286,6 +287,18 @@ TEST_F(UpdateWindowTest, StopsInTheMiddleOfEverything) {
       EXPECT_EQ(window->CurrentStage, Stage::Cancelled);
     }
   }
+}
+
+TEST_F(UpdateWindowTest, OnlyTheSessionEndsUnderAQuestion) {
+  const auto paid = Offer("2", R"(,"RequiresPayment":true)");
+  platform.WhileMessageStands = [&] { window->btnCancel.Press(), window->CloseAsUser(), toolkit::Quit(); };
+  Install(paid);
+  EXPECT_EQ(window->CurrentStage, Stage::Installing);
+  Remake();
+  platform.WhileMessageStands = [&] { platform.EndSession(); };
+  Install(paid);
+  EXPECT_TRUE(window->IsClosed() && NothingIsLeft() && platform.Requests.empty());
+  EXPECT_EQ(window->CurrentStage, Stage::Cancelled);
 }
 
 TEST_F(UpdateWindowTest, AnotherChoiceEndsFetchingForTheFirst) {
