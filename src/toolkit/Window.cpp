@@ -70,13 +70,11 @@ void Window::Invalidate() const {
 }
 
 void Window::BeginWait() {
-  ++waits_;
-  Invalidate();
+  if (waits_++ == 0 && view_ != nullptr) view_->RefreshBusy();
 }
 
 void Window::EndWait() {
-  --waits_;
-  Invalidate();
+  if (--waits_ == 0 && view_ != nullptr) view_->RefreshBusy();
 }
 
 void Window::Resize(Size size) {

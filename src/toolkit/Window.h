@@ -18,8 +18,10 @@ namespace toolkit {
 class WindowView {
  public:
   virtual ~WindowView() = default;
-  /// The window's background, title or busy state is no longer what it was.
+  /// The window's background or title is no longer what it was.
   virtual void Refresh() = 0;
+  /// The window has begun to be busy, or ended.
+  virtual void RefreshBusy() = 0;
 };
 
 /// What the user can do to a window by its frame: everything, or only move it. A fixed one keeps its size.

@@ -52,6 +52,7 @@ QtWindow::QtWindow(std::shared_ptr<Window> window) : window_(std::move(window)) 
   ShowFrame();
   LayOut();
   QtWindow::Refresh();
+  QtWindow::RefreshBusy();
 }
 
 // The views must go before the controls that they show.
@@ -97,12 +98,11 @@ void QtWindow::ComeToFront() {
 
 void QtWindow::Refresh() {
   setWindowTitle(qt::ToQt(window_->Title()));
-  ShowBusy();
   content_->update();
 }
 
 // A pointer of a part of the window goes before that of the whole window.
-void QtWindow::ShowBusy() {
+void QtWindow::RefreshBusy() {
   const bool isShown = testAttribute(Qt::WA_SetCursor);
   if (window_->Busy() == isShown) return;
   if (isShown) {

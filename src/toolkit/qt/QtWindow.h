@@ -28,6 +28,7 @@ class QtWindow final : public QWidget, public WindowView {
   void Appear();
   void ComeToFront();
   void Refresh() override;
+  void RefreshBusy() override;
 
  protected:
   void changeEvent(QEvent* event) override;
@@ -39,7 +40,6 @@ class QtWindow final : public QWidget, public WindowView {
 
  private:
   void ShowFrame();
-  void ShowBusy();
   void LayOut();
   void PlaceControls();
   void PaintContent();
