@@ -24,7 +24,7 @@ QRect TextArea(const QStyleOptionViewItem& option) {
 }
 
 /// The part of `text` that can matter in `width` pixels: every character is taken to need half a pixel at least.
-QString Fitting(const QString& text, int width) { return text.left(2 * std::max(width, 1)); }
+QString Fitting(const QString& text, int width) { return text.left(qsizetype{2} * std::max(width, 1)); }
 
 }  // namespace
 

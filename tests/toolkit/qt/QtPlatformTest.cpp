@@ -101,9 +101,8 @@ TEST_F(Program, WhileABoxStandsNothingElseStartsAndAllOfItComesAfterwardsInItsOr
   std::vector<std::string> log;
   TessenServicesClient reload;
   TessenServicesClient stop;
-  for (auto& [client, name] : {std::pair(&reload, "reload"), {&stop, "stop"}}) {
-    client->ButtonPressed = [&log, name] { MsgBox(name), log.emplace_back(name); };
-  }
+  reload.ButtonPressed = [&log] { MsgBox("reload"), log.emplace_back("reload"); };
+  stop.ButtonPressed = [&log] { MsgBox("stop"), log.emplace_back("stop"); };
   std::unique_ptr<toolkit::ChildProcess> process;
   toolkit::Timer timer;
   timer.Action = [&] { log.emplace_back("timer"); };
