@@ -21,9 +21,9 @@ class ListboxView final : public ViewOf<QWidget, Listbox> {
  private:
   void Follow();
 
+  bool followPending_ = false;
   ListTable table_;
   FindBar findBar_;
-  bool followPending_ = false;
 };
 
 }  // namespace toolkit::qt
