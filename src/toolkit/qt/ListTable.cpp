@@ -90,9 +90,10 @@ bool ListTable::LastColumnIsWide() const {
   return !widths.empty() && widths.back() == 0;
 }
 
-/// Looks how wide the texts on the screen are.
+/// Looks how wide the texts on the screen are. Of a table that is not there, Qt would measure every row.
 void ListTable::Measure() {
-  if (LastColumnIsWide()) widestText_ = std::max(widestText_, sizeHintForColumn(model_.columnCount() - 1));
+  if (isVisible() && LastColumnIsWide())
+    widestText_ = std::max(widestText_, sizeHintForColumn(model_.columnCount() - 1));
 }
 
 void ListTable::LayOut() {
@@ -138,6 +139,12 @@ void ListTable::changeEvent(QEvent* event) {
 void ListTable::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
   if (event->size().height() > event->oldSize().height()) Measure();
+  LayOut();
+}
+
+void ListTable::showEvent(QShowEvent* event) {
+  QTableView::showEvent(event);
+  Measure();
   LayOut();
 }
 
