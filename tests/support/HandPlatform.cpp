@@ -49,7 +49,7 @@ void SentRequest::BeginReply(int status, toolkit::HTTPHeaders headers, std::opti
 }
 
 void SentRequest::ReplyPart(std::string_view bytes) {
-  Tell([body = std::string(bytes)](auto& events) { events.BodyReceived(body); });
+  Tell([body = std::make_shared<const std::string>(bytes)](auto& events) { events.BodyReceived(*body); });
 }
 
 void SentRequest::EndReply() {
