@@ -21,7 +21,6 @@
 #include "toolkit/qt/QtProcess.h"
 #include "toolkit/qt/QtText.h"
 #include "toolkit/qt/QtWindow.h"
-#include "toolkit/qt/SystemProxies.h"
 #include "toolkit/qt/Translations.h"
 
 namespace toolkit::qt {
@@ -108,8 +107,7 @@ QtPlatform::~QtPlatform() {
 }
 
 std::unique_ptr<HTTPTransfer> QtPlatform::StartTransfer(HTTPRequest request, HTTPTransferEvents& events) {
-  const std::string proxy = ProxyFor(request.URL);
-  return transfers_.Start(std::move(request), proxy, events);
+  return transfers_.Start(std::move(request), events);
 }
 
 DialogButton QtPlatform::AskUser(const MessageDialog& dialog) {
