@@ -3,7 +3,8 @@
 add_library(corvane_warnings INTERFACE)
 target_compile_options(corvane_warnings INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wold-style-cast -Wnon-virtual-dtor
-  -Woverloaded-virtual -Wsuggest-override -Werror)
+  -Woverloaded-virtual -Wsuggest-override -Werror
+  "$<$<CXX_COMPILER_ID:Clang>:-Wdocumentation>")
 
 # corvane_layer(NAME [USES target...] [PRIVATE_USES target...]): a static library of every source in the calling folder.
 function(corvane_layer name)

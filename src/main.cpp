@@ -6,7 +6,7 @@
 #include "update/install/UpdateWindowPresenter.h"
 
 int main(int argc, char** argv) {
-  toolkit::qt::QtPlatform platform(argc, argv);
+  toolkit::qt::QtPlatform platform(product::program, argc, argv);
   App app(product::version);
 
   std::shared_ptr<wMain> mainWindow;

@@ -27,7 +27,7 @@ std::string TemporaryPath() {
   fs::path folder = fs::temp_directory_path(error);
   if (!error) folder = fs::absolute(folder, error);
   if (error) throw RuntimeException("There is no folder for temporary files: " + error.message() + ".");
-  return (folder / "corvane-XXXXXX").string();
+  return (folder / (Platform::Current().Program().Id + "-XXXXXX")).string();
 }
 
 }  // namespace

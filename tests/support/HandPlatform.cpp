@@ -82,7 +82,8 @@ void StartedProcess::End(int exitCode) {
   });
 }
 
-HandPlatform::HandPlatform() : folder_(toolkit::MakeTemporaryFolder()) {
+HandPlatform::HandPlatform()
+    : Platform({.Name = "Hand-run", .Id = "hand-run"}), folder_(toolkit::MakeTemporaryFolder()) {
   ApplicationDataFolder().CreateAsFolder();
   DesktopFolder().CreateAsFolder();
 }

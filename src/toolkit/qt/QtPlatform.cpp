@@ -26,7 +26,7 @@
 namespace toolkit::qt {
 namespace {
 
-QIcon ProgramIcon() { return {Decode(*OpenPictureResource("corvane"))}; }
+QIcon IconOf(const ProgramFacts& program) { return {Decode(*OpenPictureResource(program.Id))}; }
 
 FolderItem Folder(QStandardPaths::StandardLocation location) {
   return FolderItem(FromQt(QStandardPaths::writableLocation(location)));
@@ -89,13 +89,13 @@ void ReturnLargeBlocks() {
 
 }  // namespace
 
-QtPlatform::QtPlatform(int& argumentCount, char** arguments)
-    : application_(std::make_unique<QApplication>(argumentCount, arguments)) {
+QtPlatform::QtPlatform(ProgramFacts program, int& argumentCount, char** arguments)
+    : Platform(std::move(program)), application_(std::make_unique<QApplication>(argumentCount, arguments)) {
   ReturnLargeBlocks();
-  QApplication::setApplicationName("Corvane");
-  QApplication::setDesktopFileName("corvane");
+  QApplication::setApplicationName(ToQt(Program().Name));
+  QApplication::setDesktopFileName(ToQt(Program().Id));
   QApplication::setQuitOnLastWindowClosed(false);
-  QApplication::setWindowIcon(ProgramIcon());
+  QApplication::setWindowIcon(IconOf(Program()));
   DescribeViews();
   sessionWatch_ = std::make_unique<SessionWatch>([this] { EndSession(); });
 }
