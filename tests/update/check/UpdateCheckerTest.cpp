@@ -142,6 +142,24 @@ TEST_F(UpdateCheckerTest, DecidesOverAllOffersOfADocument) {
   EXPECT_EQ(RunOnReply(200, Publisher().Packet("{}")), Result::NoUpdateAvailable);
 }
 
+TEST_F(UpdateCheckerTest, ServesEventsInALargeDocumentAndStopsThereWhenTheProgramQuits) {
+  std::string many;
+  for (int offer = 0; offer < 100'000; ++offer) many += "{\"LinuxBinary\":{}},";  // 2 MB
+  const std::pair<int, bool> rows[] = {{1, false}, {3, false}, {6, false}, {1000, false}, {100'000, true}};
+  for (const auto& [quitAt, isShown] : rows) {
+    int breaks = 0;
+    std::function<void()> count = [&] {
+      platform.DuringBreak = count;
+      if (++breaks == quitAt) toolkit::Quit();
+    };
+    platform.DuringBreak = count;
+    RunOn(many + Offer("2"));
+    EXPECT_EQ(presenter->Shown.size(), isShown ? 1U : 0U);
+    EXPECT_TRUE(isShown ? breaks > 1500 : breaks == quitAt) << breaks;
+    platform.Quits.clear();
+  }
+}
+
 TEST_F(UpdateCheckerTest, ABadElementSpoilsTheWholeDocument) {
   // clang-format off
   Versions documents{
