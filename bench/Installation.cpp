@@ -22,8 +22,10 @@
 
 #include <QTextDocument>
 #include <QTextEdit>
+#include <QTimer>
 
 #include "shell/App.h"
+#include "signing/SigningKey.h"
 #include "support/ChildProcess.h"
 #include "support/CurlConnection.h"
 #include "support/Desktop.h"
@@ -35,6 +37,7 @@
 #include "support/VirtualScreen.h"
 #include "update/check/FileHelpers.h"
 #include "update/install/KajuUpdateWindow.h"
+#include "update/install/UpdateWindowPresenter.h"
 
 namespace {
 
@@ -51,6 +54,8 @@ constexpr std::size_t megabyte = 1'000'000;
 constexpr double slowestUnpacking = 1.2;
 constexpr double slowestDownload = 1.1;
 constexpr double longestOpening = 0.080;
+constexpr double longestPause = 0.1;
+constexpr int offersOfLargeDocument = 100'000;
 // A file that is held whole gives 4.
 constexpr double tolerableGrowth = 1.5;
 constexpr double tolerableDelay = 1.2;
@@ -229,10 +234,74 @@ void MeasureOpening(bench::Report& report) {
                tolerableDelay);
 }
 
+/// Offers like those that a publisher writes, 60 MB of them.
+std::string LargeDocument() {
+  std::string document;
+  for (int number = 0; number < offersOfLargeDocument; ++number) {
+    document += document.empty() ? "[" : ",";
+    document += R"({"AppName":"Corvane","Version":"2.)" + std::to_string(number / 900) + "." +
+                std::to_string(number % 900) + R"(","MinimumRequiredVersion":"1.0","ReleaseNotes":")" +
+                std::string(260, 'n') + R"(","Expires":"9999-12-31T23:59:59Z","LinuxBinary64bit":{)" +
+                R"("URL":"http://h/corvane.zip","Hash":"d41d8cd98f00b204e9800998ecf8427e","Size":123456,)" +
+                R"("ExecutableName":"corvane"}})";
+  }
+  return document + "]";
+}
+
+/// Keeps the program from ending with its update window.
+class OtherWindow final : public toolkit::Window {
+ public:
+  OtherWindow() : Window("Other", {100, 100}, {}, {100, 100}) {}
+};
+
+/// The longest time between two rounds of the event loop since it was made.
+class PauseWatch {
+ public:
+  PauseWatch() {
+    QObject::connect(&timer_, &QTimer::timeout, [this] {
+      longest_ = std::max(longest_, bench::SecondsSince(std::exchange(last_, bench::Clock::now())));
+    });
+    timer_.start(0);
+  }
+  [[nodiscard]] double Longest() const { return longest_; }
+
+ private:
+  QTimer timer_;
+  bench::Clock::time_point last_ = bench::Clock::now();
+  double longest_ = 0;
+};
+
+void MeasureLargeDocument(bench::Report& report) {
+  const App app({1, 0, 0});
+  const SigningKey publisher;
+  const bench::TemporaryFolder folder;
+  std::ofstream(folder.Path() / "updates", std::ios::binary) << publisher.Packet(LargeDocument());
+  bench::ChildProcess server({bench::BuiltProgram("bench-installation"), "--serve", folder.Path()});
+  const auto checker = std::make_shared<Kaju::UpdateChecker>(toolkit::FolderItem(folder.Path()), "preferences",
+                                                             std::make_shared<Kaju::UpdateWindowPresenter>());
+  checker->ServerPublicRSAKey = publisher.PublicKey();
+  checker->UpdateURL = server.ReadLine() + "/updates";
+  checker->AllowedInteraction = Kaju::UpdateChecker::kAllowUpdateWindow;
+  std::make_shared<OtherWindow>()->Show();
+  std::vector<double> pauses;
+  for (int round = 0; round < rounds; ++round) {
+    const PauseWatch pause;
+    bench::PaintWatch paint("hvNotes");
+    checker->Execute();
+    auto window = KajuUpdateWindow::Shared();
+    if (window->pumUpdates.ListCount() != offersOfLargeDocument) throw std::runtime_error("an offer is missing");
+    paint.Wait();
+    Close(std::move(window));
+    pauses.push_back(pause.Longest());
+  }
+  report.Value("longest pause with a document of 60 MB", Unit::Seconds, bench::Median(pauses), longestPause);
+}
+
 int Measure(int argc, char** argv) {
   const bench::VirtualScreen screen;
   Desktop desktop(argc, argv);
   bench::Report report;
+  MeasureLargeDocument(report);  // first: once a last window has closed, nothing is fetched any more
   MeasureInstalling(report);
   MeasureOpening(report);
   return report.Status();

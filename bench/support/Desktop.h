@@ -45,7 +45,7 @@ class Desktop final : private QtBelow, public toolkit::Platform {
   std::unique_ptr<toolkit::HTTPTransfer> StartTransfer(toolkit::HTTPRequest request,
                                                        toolkit::HTTPTransferEvents& events) override;
   void RunEventsUntil(const std::function<bool()>& isDone) override { Qt.RunEventsUntil(isDone); }
-  void RunDueEvents() override { Qt.RunDueEvents(); }
+  bool RunDueEvents() override { return Qt.RunDueEvents(); }
   std::unique_ptr<toolkit::PlatformTimer> StartTimer(std::chrono::milliseconds period,
                                                      std::function<void()> expired) override {
     return Qt.StartTimer(period, std::move(expired));

@@ -91,6 +91,10 @@
     <source>NO UPDATE INFORMATION</source>
     <translation>KEINE INFORMATIONEN ZUM UPDATE</translation>
 </message>
+<message id="KajuLocale.kNoMD5Message">
+    <source>The file cannot be checked, since MD5 is switched off on this system.</source>
+    <translation>Die Datei kann nicht geprüft werden, weil MD5 auf diesem System abgeschaltet ist.</translation>
+</message>
 <message id="KajuLocale.kPaymentRequiredMessage">
     <source>This update is not free and will require payment. Proceed anyway?</source>
     <translation>Dieses Update ist nicht kostenlos und muss bezahlt werden. Trotzdem fortfahren?</translation>
@@ -103,6 +107,10 @@
     <source>Processing file...</source>
     <translation>Datei wird verarbeitet …</translation>
 </message>
+<message id="KajuLocale.kProgressName">
+    <source>Progress</source>
+    <translation>Fortschritt</translation>
+</message>
 <message id="KajuLocale.kQuitButton">
     <source>Quit &amp;&amp; Install</source>
     <translation>Beenden &amp;&amp; installieren</translation>
@@ -114,6 +122,10 @@
 <message id="KajuLocale.kReleaseNotesLabel">
     <source>Release Notes:</source>
     <translation>Versionshinweise:</translation>
+</message>
+<message id="KajuLocale.kReleaseNotesName">
+    <source>Release notes</source>
+    <translation>Versionshinweise</translation>
 </message>
 <message id="KajuLocale.kRemindMeLaterButton">
     <source>Remind Me Later</source>
@@ -167,6 +179,10 @@
     <source>Available Versions:</source>
     <translation>Versionen:</translation>
 </message>
+<message id="KajuLocale.kVersionsName">
+    <source>Available versions</source>
+    <translation>Verfügbare Versionen</translation>
+</message>
 <message id="KajuLocale.kWindowTitle">
     <source>Update Available</source>
     <translation>Update verfügbar</translation>
@@ -182,6 +198,30 @@
 <message id="KajuException.kErrorMissingUpdateURL">
     <source>The update URL is missing.</source>
     <translation>Die Update-Adresse fehlt.</translation>
+</message>
+<message id="DesktopTexts.kCancelButton">
+    <source>Cancel</source>
+    <translation>Abbrechen</translation>
+</message>
+<message id="DesktopTexts.kCautionSign">
+    <source>Caution</source>
+    <translation>Achtung</translation>
+</message>
+<message id="DesktopTexts.kCopyCommand">
+    <source>Copy</source>
+    <translation>Kopieren</translation>
+</message>
+<message id="DesktopTexts.kNoButton">
+    <source>No</source>
+    <translation>Nein</translation>
+</message>
+<message id="DesktopTexts.kOKButton">
+    <source>OK</source>
+    <translation>OK</translation>
+</message>
+<message id="DesktopTexts.kSelectAllCommand">
+    <source>Select All</source>
+    <translation>Alles auswählen</translation>
 </message>
 </context>
 </TS>

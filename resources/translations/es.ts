@@ -91,6 +91,10 @@
     <source>NO UPDATE INFORMATION</source>
     <translation>NO HAY INFORMACIÓN SOBRE LA ACTUALIZACIÓN</translation>
 </message>
+<message id="KajuLocale.kNoMD5Message">
+    <source>The file cannot be checked, since MD5 is switched off on this system.</source>
+    <translation>No se puede comprobar el archivo porque MD5 está desactivado en este sistema.</translation>
+</message>
 <message id="KajuLocale.kPaymentRequiredMessage">
     <source>This update is not free and will require payment. Proceed anyway?</source>
     <translation>Esta actualización no es gratuita y requerirá un pago. ¿Desea continuar de todos modos?</translation>
@@ -103,6 +107,10 @@
     <source>Processing file...</source>
     <translation>Procesando el archivo…</translation>
 </message>
+<message id="KajuLocale.kProgressName">
+    <source>Progress</source>
+    <translation>Progreso</translation>
+</message>
 <message id="KajuLocale.kQuitButton">
     <source>Quit &amp;&amp; Install</source>
     <translation>Salir &amp;&amp; instalar</translation>
@@ -114,6 +122,10 @@
 <message id="KajuLocale.kReleaseNotesLabel">
     <source>Release Notes:</source>
     <translation>Notas de la versión:</translation>
+</message>
+<message id="KajuLocale.kReleaseNotesName">
+    <source>Release notes</source>
+    <translation>Notas de la versión</translation>
 </message>
 <message id="KajuLocale.kRemindMeLaterButton">
     <source>Remind Me Later</source>
@@ -167,6 +179,10 @@
     <source>Available Versions:</source>
     <translation>Versiones:</translation>
 </message>
+<message id="KajuLocale.kVersionsName">
+    <source>Available versions</source>
+    <translation>Versiones disponibles</translation>
+</message>
 <message id="KajuLocale.kWindowTitle">
     <source>Update Available</source>
     <translation>Actualización disponible</translation>
@@ -182,6 +198,30 @@
 <message id="KajuException.kErrorMissingUpdateURL">
     <source>The update URL is missing.</source>
     <translation>Falta la dirección de las actualizaciones.</translation>
+</message>
+<message id="DesktopTexts.kCancelButton">
+    <source>Cancel</source>
+    <translation>Cancelar</translation>
+</message>
+<message id="DesktopTexts.kCautionSign">
+    <source>Caution</source>
+    <translation>Atención</translation>
+</message>
+<message id="DesktopTexts.kCopyCommand">
+    <source>Copy</source>
+    <translation>Copiar</translation>
+</message>
+<message id="DesktopTexts.kNoButton">
+    <source>No</source>
+    <translation>No</translation>
+</message>
+<message id="DesktopTexts.kOKButton">
+    <source>OK</source>
+    <translation>Aceptar</translation>
+</message>
+<message id="DesktopTexts.kSelectAllCommand">
+    <source>Select All</source>
+    <translation>Seleccionar todo</translation>
 </message>
 </context>
 </TS>

@@ -91,6 +91,10 @@
     <source>NO UPDATE INFORMATION</source>
     <translation>AUCUNE INFORMATION SUR LA MISE À JOUR</translation>
 </message>
+<message id="KajuLocale.kNoMD5Message">
+    <source>The file cannot be checked, since MD5 is switched off on this system.</source>
+    <translation>Le fichier ne peut pas être vérifié, car MD5 est désactivé sur ce système.</translation>
+</message>
 <message id="KajuLocale.kPaymentRequiredMessage">
     <source>This update is not free and will require payment. Proceed anyway?</source>
     <translation>Cette mise à jour n’est pas gratuite : un paiement sera nécessaire. Continuer quand même ?</translation>
@@ -103,6 +107,10 @@
     <source>Processing file...</source>
     <translation>Traitement du fichier…</translation>
 </message>
+<message id="KajuLocale.kProgressName">
+    <source>Progress</source>
+    <translation>Progression</translation>
+</message>
 <message id="KajuLocale.kQuitButton">
     <source>Quit &amp;&amp; Install</source>
     <translation>Quitter &amp;&amp; installer</translation>
@@ -114,6 +122,10 @@
 <message id="KajuLocale.kReleaseNotesLabel">
     <source>Release Notes:</source>
     <translation>Notes de version :</translation>
+</message>
+<message id="KajuLocale.kReleaseNotesName">
+    <source>Release notes</source>
+    <translation>Notes de version</translation>
 </message>
 <message id="KajuLocale.kRemindMeLaterButton">
     <source>Remind Me Later</source>
@@ -167,6 +179,10 @@
     <source>Available Versions:</source>
     <translation>Versions :</translation>
 </message>
+<message id="KajuLocale.kVersionsName">
+    <source>Available versions</source>
+    <translation>Versions disponibles</translation>
+</message>
 <message id="KajuLocale.kWindowTitle">
     <source>Update Available</source>
     <translation>Mise à jour disponible</translation>
@@ -182,6 +198,30 @@
 <message id="KajuException.kErrorMissingUpdateURL">
     <source>The update URL is missing.</source>
     <translation>L’adresse des mises à jour est manquante.</translation>
+</message>
+<message id="DesktopTexts.kCancelButton">
+    <source>Cancel</source>
+    <translation>Annuler</translation>
+</message>
+<message id="DesktopTexts.kCautionSign">
+    <source>Caution</source>
+    <translation>Attention</translation>
+</message>
+<message id="DesktopTexts.kCopyCommand">
+    <source>Copy</source>
+    <translation>Copier</translation>
+</message>
+<message id="DesktopTexts.kNoButton">
+    <source>No</source>
+    <translation>Non</translation>
+</message>
+<message id="DesktopTexts.kOKButton">
+    <source>OK</source>
+    <translation>OK</translation>
+</message>
+<message id="DesktopTexts.kSelectAllCommand">
+    <source>Select All</source>
+    <translation>Tout sélectionner</translation>
 </message>
 </context>
 </TS>

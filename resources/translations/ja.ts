@@ -91,6 +91,10 @@
     <source>NO UPDATE INFORMATION</source>
     <translation>アップデート情報がありません</translation>
 </message>
+<message id="KajuLocale.kNoMD5Message">
+    <source>The file cannot be checked, since MD5 is switched off on this system.</source>
+    <translation>このシステムでは MD5 が無効になっているため、ファイルを検証できません。</translation>
+</message>
 <message id="KajuLocale.kPaymentRequiredMessage">
     <source>This update is not free and will require payment. Proceed anyway?</source>
     <translation>このアップデートは有料で、お支払いが必要です。続行しますか？</translation>
@@ -103,6 +107,10 @@
     <source>Processing file...</source>
     <translation>ファイルを処理しています…</translation>
 </message>
+<message id="KajuLocale.kProgressName">
+    <source>Progress</source>
+    <translation>進行状況</translation>
+</message>
 <message id="KajuLocale.kQuitButton">
     <source>Quit &amp;&amp; Install</source>
     <translation>終了 &amp;&amp; インストール</translation>
@@ -114,6 +122,10 @@
 <message id="KajuLocale.kReleaseNotesLabel">
     <source>Release Notes:</source>
     <translation>リリースノート:</translation>
+</message>
+<message id="KajuLocale.kReleaseNotesName">
+    <source>Release notes</source>
+    <translation>リリースノート</translation>
 </message>
 <message id="KajuLocale.kRemindMeLaterButton">
     <source>Remind Me Later</source>
@@ -167,6 +179,10 @@
     <source>Available Versions:</source>
     <translation>利用可能なバージョン:</translation>
 </message>
+<message id="KajuLocale.kVersionsName">
+    <source>Available versions</source>
+    <translation>利用可能なバージョン</translation>
+</message>
 <message id="KajuLocale.kWindowTitle">
     <source>Update Available</source>
     <translation>アップデートがあります</translation>
@@ -182,6 +198,30 @@
 <message id="KajuException.kErrorMissingUpdateURL">
     <source>The update URL is missing.</source>
     <translation>アップデートの URL がありません。</translation>
+</message>
+<message id="DesktopTexts.kCancelButton">
+    <source>Cancel</source>
+    <translation>キャンセル</translation>
+</message>
+<message id="DesktopTexts.kCautionSign">
+    <source>Caution</source>
+    <translation>注意</translation>
+</message>
+<message id="DesktopTexts.kCopyCommand">
+    <source>Copy</source>
+    <translation>コピー</translation>
+</message>
+<message id="DesktopTexts.kNoButton">
+    <source>No</source>
+    <translation>いいえ</translation>
+</message>
+<message id="DesktopTexts.kOKButton">
+    <source>OK</source>
+    <translation>OK</translation>
+</message>
+<message id="DesktopTexts.kSelectAllCommand">
+    <source>Select All</source>
+    <translation>すべて選択</translation>
 </message>
 </context>
 </TS>

@@ -91,6 +91,10 @@
     <source>NO UPDATE INFORMATION</source>
     <translation>NÃO HÁ INFORMAÇÕES SOBRE A ATUALIZAÇÃO</translation>
 </message>
+<message id="KajuLocale.kNoMD5Message">
+    <source>The file cannot be checked, since MD5 is switched off on this system.</source>
+    <translation>O arquivo não pode ser verificado porque o MD5 está desativado neste sistema.</translation>
+</message>
 <message id="KajuLocale.kPaymentRequiredMessage">
     <source>This update is not free and will require payment. Proceed anyway?</source>
     <translation>Esta atualização não é gratuita e exigirá pagamento. Deseja continuar mesmo assim?</translation>
@@ -103,6 +107,10 @@
     <source>Processing file...</source>
     <translation>Processando o arquivo…</translation>
 </message>
+<message id="KajuLocale.kProgressName">
+    <source>Progress</source>
+    <translation>Progresso</translation>
+</message>
 <message id="KajuLocale.kQuitButton">
     <source>Quit &amp;&amp; Install</source>
     <translation>Sair &amp;&amp; instalar</translation>
@@ -114,6 +122,10 @@
 <message id="KajuLocale.kReleaseNotesLabel">
     <source>Release Notes:</source>
     <translation>Notas da versão:</translation>
+</message>
+<message id="KajuLocale.kReleaseNotesName">
+    <source>Release notes</source>
+    <translation>Notas da versão</translation>
 </message>
 <message id="KajuLocale.kRemindMeLaterButton">
     <source>Remind Me Later</source>
@@ -167,6 +179,10 @@
     <source>Available Versions:</source>
     <translation>Versões:</translation>
 </message>
+<message id="KajuLocale.kVersionsName">
+    <source>Available versions</source>
+    <translation>Versões disponíveis</translation>
+</message>
 <message id="KajuLocale.kWindowTitle">
     <source>Update Available</source>
     <translation>Atualização disponível</translation>
@@ -182,6 +198,30 @@
 <message id="KajuException.kErrorMissingUpdateURL">
     <source>The update URL is missing.</source>
     <translation>Falta o endereço das atualizações.</translation>
+</message>
+<message id="DesktopTexts.kCancelButton">
+    <source>Cancel</source>
+    <translation>Cancelar</translation>
+</message>
+<message id="DesktopTexts.kCautionSign">
+    <source>Caution</source>
+    <translation>Atenção</translation>
+</message>
+<message id="DesktopTexts.kCopyCommand">
+    <source>Copy</source>
+    <translation>Copiar</translation>
+</message>
+<message id="DesktopTexts.kNoButton">
+    <source>No</source>
+    <translation>Não</translation>
+</message>
+<message id="DesktopTexts.kOKButton">
+    <source>OK</source>
+    <translation>OK</translation>
+</message>
+<message id="DesktopTexts.kSelectAllCommand">
+    <source>Select All</source>
+    <translation>Selecionar tudo</translation>
 </message>
 </context>
 </TS>

@@ -52,6 +52,8 @@ class HTTPSocket : private HTTPTransferEvents {
   void Send(std::string_view method, std::string_view url, const FolderItem& file);
   /// Ends the request under way, if there is one, wherever it is and without any event.
   void Disconnect();
+  /// How long the last reply said that its body is.
+  [[nodiscard]] std::optional<std::uint64_t> AnnouncedLength() const { return announcedLength_; }
   /// Whether a request is under way.
   [[nodiscard]] bool IsConnected() const { return transfer_ != nullptr; }
   /// Why the last request failed; nothing if it has not.

@@ -73,8 +73,9 @@ class Platform {
   /// Runs the event loop until `isDone`, which is asked after each round of events, or until the program quits. Other
   /// handlers run meanwhile.
   virtual void RunEventsUntil(const std::function<bool()>& isDone) = 0;
-  /// Runs the events that are due and their handlers, without waiting for any: for the breaks in long work.
-  virtual void RunDueEvents() = 0;
+  /// Runs the events that are due and their handlers, without waiting for any: for the breaks in long work. Returns
+  /// whether the program goes on, false once it quits.
+  virtual bool RunDueEvents() = 0;
   /// Calls `expired` once, after `period` of CountedTime(), unless the result goes before. It may go in that call.
   virtual std::unique_ptr<PlatformTimer> StartTimer(std::chrono::milliseconds period,
                                                     std::function<void()> expired) = 0;

@@ -106,6 +106,9 @@ TEST_F(ZipShellTest, UnpacksWhatItPackedWithNamesAndPermissions) {
   EXPECT_EQ(shell.CurrentOperation(), ZipShell::Operation::None);
   const FolderItem archive = folder.Child(source.Name() + ".zip");
   EXPECT_EQ(ZipShell::ContentsOf(archive), source.Name());
+  toolkit::ReplaceFile(folder.Child("led.zip"), "bytes before it" + toolkit::ReadFile(archive));  // told as a warning
+  EXPECT_EQ(ZipShell::ContentsOf(folder.Child("led.zip")), source.Name());
+  EXPECT_EQ(ZipShell::ContentsOf(folder.Child("missing.zip")), "");
 
   EXPECT_EQ(Unpack(archive), archive.Name() + " to out");
   const FolderItem unpacked = folder.Child("out").Child(source.Name()).Child("-rf");

@@ -124,9 +124,10 @@ void HandPlatform::RunEventsUntil(const std::function<bool()>& isDone) {
   }
 }
 
-void HandPlatform::RunDueEvents() {
+bool HandPlatform::RunDueEvents() {
   RunNextEvent();
   if (const auto meanwhile = std::exchange(DuringBreak, nullptr)) Dispatch(meanwhile);
+  return Quits.empty();
 }
 
 std::unique_ptr<toolkit::PlatformTimer> HandPlatform::StartTimer(std::chrono::milliseconds period,

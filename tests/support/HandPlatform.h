@@ -97,7 +97,7 @@ class HandPlatform final : public toolkit::Platform {
   std::unique_ptr<toolkit::HTTPTransfer> StartTransfer(toolkit::HTTPRequest request,
                                                        toolkit::HTTPTransferEvents& events) override;
   void RunEventsUntil(const std::function<bool()>& isDone) override;
-  void RunDueEvents() override;
+  bool RunDueEvents() override;
   std::unique_ptr<toolkit::PlatformTimer> StartTimer(std::chrono::milliseconds period,
                                                      std::function<void()> expired) override;
   std::unique_ptr<toolkit::ChildProcess> StartProcess(const std::string& commandLine,

@@ -131,12 +131,13 @@ void QtPlatform::RunEventsUntil(const std::function<bool()>& isDone) {
   DropClosedViewsLater();
 }
 
-void QtPlatform::RunDueEvents() {
-  if (quitting_) return;
+bool QtPlatform::RunDueEvents() {
+  if (quitting_) return false;
   ++nestedLoops_;
   QCoreApplication::processEvents();
   --nestedLoops_;
   DropClosedViewsLater();
+  return !quitting_;
 }
 
 std::unique_ptr<PlatformTimer> QtPlatform::StartTimer(std::chrono::milliseconds period, std::function<void()> expired) {

@@ -24,7 +24,7 @@ class QtPlatform final : public Platform {
 
   std::unique_ptr<HTTPTransfer> StartTransfer(HTTPRequest request, HTTPTransferEvents& events) override;
   void RunEventsUntil(const std::function<bool()>& isDone) override;
-  void RunDueEvents() override;
+  bool RunDueEvents() override;
   std::unique_ptr<PlatformTimer> StartTimer(std::chrono::milliseconds period, std::function<void()> expired) override;
   std::unique_ptr<ChildProcess> StartProcess(const std::string& commandLine,
                                              std::function<void(ProcessEnd)> ended) override;

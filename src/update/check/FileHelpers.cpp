@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "toolkit/Application.h"
-#include "toolkit/Cryptography.h"
 #include "toolkit/Platform.h"
 #include "toolkit/Text.h"
 
@@ -20,11 +19,11 @@ void YieldToEvents() { toolkit::Platform::Current().RunDueEvents(); }
 
 }  // namespace
 
-std::string HashOfFile(const FolderItem& file, const toolkit::StillWanted& wanted) {
-  if (file.IsFolder() || !file.IsReadable()) return "";
+std::string HashOfFile(const FolderItem& file, const toolkit::StillWanted& wanted, toolkit::Digest::Kind kind) {
+  if (file.IsFolder() || !file.IsReadable() || !toolkit::Digest::IsAvailable(kind)) return "";
   std::ifstream stream(file.Path(), std::ios::binary);
   std::vector<char> chunk(bytesAtOnce);
-  toolkit::MD5Digest digest;
+  toolkit::Digest digest(kind);
   while (stream) {
     stream.read(chunk.data(), static_cast<std::streamsize>(chunk.size()));
     digest.Process({chunk.data(), static_cast<std::size_t>(stream.gcount())});

@@ -31,12 +31,15 @@ inline constexpr Kaju::LocalizedText kMainNotice{"KajuLocale.kMainNotice", "A ne
 inline constexpr Kaju::LocalizedText kMissingAppNameReason{"KajuLocale.kMissingAppNameReason", "Missing app name"};
 inline constexpr Kaju::LocalizedText kMissingReason{"KajuLocale.kMissingReason", "Missing"};
 inline constexpr Kaju::LocalizedText kNoUpdateInfoMessage{"KajuLocale.kNoUpdateInfoMessage", "NO UPDATE INFORMATION"};
+inline constexpr Kaju::LocalizedText kNoMD5Message{"KajuLocale.kNoMD5Message", "The file cannot be checked, since MD5 is switched off on this system."};
 inline constexpr Kaju::LocalizedText kPaymentRequiredMessage{"KajuLocale.kPaymentRequiredMessage", "This update is not free and will require payment. Proceed anyway?"};
 inline constexpr Kaju::LocalizedText kProceedButton{"KajuLocale.kProceedButton", "Proceed"};
 inline constexpr Kaju::LocalizedText kProcessingFileMessage{"KajuLocale.kProcessingFileMessage", "Processing file..."};
+inline constexpr Kaju::LocalizedText kProgressName{"KajuLocale.kProgressName", "Progress"};
 inline constexpr Kaju::LocalizedText kQuitButton{"KajuLocale.kQuitButton", "Quit && Install"};
 inline constexpr Kaju::LocalizedText kReadyMessage{"KajuLocale.kReadyMessage", "Ready to install"};
 inline constexpr Kaju::LocalizedText kReleaseNotesLabel{"KajuLocale.kReleaseNotesLabel", "Release Notes:"};
+inline constexpr Kaju::LocalizedText kReleaseNotesName{"KajuLocale.kReleaseNotesName", "Release notes"};
 inline constexpr Kaju::LocalizedText kRemindMeLaterButton{"KajuLocale.kRemindMeLaterButton", "Remind Me Later"};
 inline constexpr Kaju::LocalizedText kSecondaryNoticeMultiple{"KajuLocale.kSecondaryNoticeMultiple", "You have version <<ThisVersion>> and there are multiple updates available. Install one?"};
 inline constexpr Kaju::LocalizedText kSecondaryNoticeOne{"KajuLocale.kSecondaryNoticeOne", "You have version <<ThisVersion>>. Would you like to install version <<NewVersion>>?"};
@@ -50,17 +53,19 @@ inline constexpr Kaju::LocalizedText kUse32bitLabel{"KajuLocale.kUse32bitLabel",
 inline constexpr Kaju::LocalizedText kUse64bitLabel{"KajuLocale.kUse64bitLabel", "Switch To 64-bit"};
 inline constexpr Kaju::LocalizedText kVersionMustBeInFormReason{"KajuLocale.kVersionMustBeInFormReason", "Version must be in one of these forms"};
 inline constexpr Kaju::LocalizedText kVersionsLabel{"KajuLocale.kVersionsLabel", "Available Versions:"};
+inline constexpr Kaju::LocalizedText kVersionsName{"KajuLocale.kVersionsName", "Available versions"};
 inline constexpr Kaju::LocalizedText kWindowTitle{"KajuLocale.kWindowTitle", "Update Available"};
 
 inline constexpr std::array All{
-    kBadDownloadMessage, kBinaryInfoInvalidReason, kCancelButton, kCannotSkipVersionsMessage, kChoose64bitMessage,
-    kChooseBetweenBitsMessage, kCurrenlyUsing32bitMessage, kDownloadingMessage, kDryRunMessage, kErrorBadUpdateData,
-    kErrorIncorrectPacketMarker, kErrorIncorrectPacketSignature, kErrorNoUpdateData, kErrorOccurredMessage,
-    kExplain64bitMessage, kGenericErrorMessage, kInstallButton, kLaterButton, kMainNotice, kMissingAppNameReason,
-    kMissingReason, kNoUpdateInfoMessage, kPaymentRequiredMessage, kProceedButton, kProcessingFileMessage,
-    kQuitButton, kReadyMessage, kReleaseNotesLabel, kRemindMeLaterButton, kSecondaryNoticeMultiple,
-    kSecondaryNoticeOne, kSkipVersionButton, kStopButton, kThisApplication, kTimedOutMessage, kTryAgainButton,
-    kTryLaterButton, kUse32bitLabel, kUse64bitLabel, kVersionMustBeInFormReason, kVersionsLabel, kWindowTitle,
+    kBadDownloadMessage, kBinaryInfoInvalidReason, kCancelButton, kCannotSkipVersionsMessage,
+    kChoose64bitMessage, kChooseBetweenBitsMessage, kCurrenlyUsing32bitMessage, kDownloadingMessage,
+    kDryRunMessage, kErrorBadUpdateData, kErrorIncorrectPacketMarker, kErrorIncorrectPacketSignature,
+    kErrorNoUpdateData, kErrorOccurredMessage, kExplain64bitMessage, kGenericErrorMessage, kInstallButton,
+    kLaterButton, kMainNotice, kMissingAppNameReason, kMissingReason, kNoUpdateInfoMessage, kNoMD5Message,
+    kPaymentRequiredMessage, kProceedButton, kProcessingFileMessage, kProgressName, kQuitButton, kReadyMessage,
+    kReleaseNotesLabel, kReleaseNotesName, kRemindMeLaterButton, kSecondaryNoticeMultiple, kSecondaryNoticeOne,
+    kSkipVersionButton, kStopButton, kThisApplication, kTimedOutMessage, kTryAgainButton, kTryLaterButton,
+    kUse32bitLabel, kUse64bitLabel, kVersionMustBeInFormReason, kVersionsLabel, kVersionsName, kWindowTitle,
 };
 // clang-format on
 

@@ -7,6 +7,7 @@
 #include "toolkit/Platform.h"
 #include "toolkit/RuntimeException.h"
 #include "toolkit/Text.h"
+#include "update/check/FileCheck.h"
 #include "update/check/FileHelpers.h"
 #include "update/check/KajuLocale.h"
 #include "update/install/KajuUpdateWindow.h"
@@ -60,7 +61,7 @@ void KajuUpdateWindow::ShowInstalling() {
 }
 
 void KajuUpdateWindow::Download() {
-  if (!SelectedBinary->HasUsableFileName()) return ShowError("");
+  if (!SelectedBinary->HasUsableNames()) return ShowError("");
   try {
     const FolderItem folder = Kaju::GetTemporaryFolder();
     DeleteOnCancel.push_back(folder);
@@ -69,15 +70,30 @@ void KajuUpdateWindow::Download() {
   } catch (const toolkit::RuntimeException& exception) {
     return ShowError(exception.Message());
   }
-  const std::string url = hsSocket.GetRedirectAddress(SelectedBinary->URL, Kaju::HTTPSSocket::kTimeoutSeconds,
-                                                      Kaju::HTTPSSocket::kMostRedirects);
+  const std::string url = hsSocket.GetRedirectAddress(SelectedBinary->URL);
   if (!IsAt(Stage::Installing)) return;
   hsSocket.Get(url, *DownloadFile);
   tmrTimeout.Mode(Timer::RunMode::Single);
 }
 
+// Only the file itself is meant, not what a server says in its place.
+void KajuUpdateWindow::hsSocket_HeadersReceived(int httpStatus, std::int64_t totalBytes) {
+  const auto& size = SelectedBinary->Size;
+  if (httpStatus == ok && size && totalBytes >= 0 && static_cast<std::uint64_t>(totalBytes) != *size) EndAsCorrupted();
+}
+
+void KajuUpdateWindow::EndAsCorrupted() {
+  hsSocket.Disconnect();
+  tmrTimeout.Mode(Timer::RunMode::Off);
+  ShowError(KajuLocale::kBadDownloadMessage());
+}
+
 void KajuUpdateWindow::hsSocket_ReceiveProgress(std::int64_t bytesReceived, std::int64_t totalBytes) {
   if (CurrentStage == Stage::Cancelled) return;
+  const auto& size = SelectedBinary->Size;
+  if (hsSocket.HTTPStatusCode() == ok && size && static_cast<std::uint64_t>(bytesReceived) > *size) {
+    return EndAsCorrupted();
+  }
   const std::int64_t divisor = std::max<std::int64_t>(totalBytes / progressSteps, 1);
   const std::int64_t value = std::min<std::int64_t>(bytesReceived / divisor, std::numeric_limits<int>::max());
   pbProgress.Maximum(static_cast<int>(totalBytes / divisor)).Value(static_cast<int>(value));
@@ -90,11 +106,10 @@ void KajuUpdateWindow::hsSocket_DownloadComplete(int httpStatus, const FolderIte
   tmrTimeout.Mode(Timer::RunMode::Off);
   if (httpStatus != ok) return ShowError("");
   const FolderItem archive(file.Path());  // the socket may forget its file while the hash is computed
-  const std::string hash = Kaju::HashOfFile(archive, [this] { return IsAt(Stage::Installing); });
+  const auto verdict = Kaju::VerifyFile(archive, *SelectedBinary, [this] { return IsAt(Stage::Installing); });
   if (!IsAt(Stage::Installing)) return;
-  if (hash.empty() || !toolkit::EqualIgnoringCase(hash, SelectedBinary->Hash)) {
-    return ShowError(KajuLocale::kBadDownloadMessage());
-  }
+  if (verdict == Kaju::FileVerdict::Uncheckable) return ShowError(KajuLocale::kNoMD5Message());
+  if (verdict != Kaju::FileVerdict::Genuine) return ShowError(KajuLocale::kBadDownloadMessage());
   lblInstallMessage.Text(KajuLocale::kProcessingFileMessage());
   const FolderItem target = archive.Parent().Child("decompressed");
   DeleteOnCancel.push_back(target);

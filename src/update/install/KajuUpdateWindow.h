@@ -115,6 +115,7 @@ class KajuUpdateWindow final : public toolkit::Window {
   void btnCancel_Action() { Cancel(); }
   void btnSkipVersion_Action();
   void pumUpdates_Change();
+  void hsSocket_HeadersReceived(int httpStatus, std::int64_t totalBytes);
   void hsSocket_ReceiveProgress(std::int64_t bytesReceived, std::int64_t totalBytes);
   void hsSocket_DownloadComplete(int httpStatus, const toolkit::FolderItem& file);
   void hsSocket_Error(int code);
@@ -132,6 +133,7 @@ class KajuUpdateWindow final : public toolkit::Window {
   [[nodiscard]] bool LetUserDecide();
   void ShowInstalling();
   void Download();
+  void EndAsCorrupted();
   void AskToQuit();
   void InstallAndQuit();
   void EndWork();

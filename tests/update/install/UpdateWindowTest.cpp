@@ -169,7 +169,18 @@ TEST_F(UpdateWindowTest, AsksForMoneyAndBits) {
 TEST_F(UpdateWindowTest, TellsWhyAnUpdateFails) {
   using Act = std::function<void()>;
   const auto unpacked = [&](const char* entry) { return [&, entry] { InstallUntilUnpacking(), Unpack(entry); }; };
-  const std::string upwards = R"("LinuxBinary64bit":{"URL":"http://h/..","Hash":"0","ExecutableName":"x"})";
+  const auto named = [&](const std::string& name, const std::string& executable) {
+    return [&, name, executable] {
+      Install(Offer("2", "",
+                    R"("LinuxBinary64bit":{"URL":"http://h/)" + name + R"(","Hash":"0","ExecutableName":")" +
+                        executable + "\"}"));
+    };
+  };
+  const auto sized = [&](int size) {
+    auto told = file;
+    told.insert(1, "\"Size\":" + std::to_string(size) + ",");
+    return Offer("2", "", R"("LinuxBinary64bit":)" + told);
+  };
   const std::string error = "An error has occurred.";
   const std::string corrupted = "The downloaded file appears to be corrupted.";
   const std::tuple<const char*, Act, std::string, std::size_t> rows[] = {
@@ -181,7 +192,22 @@ TEST_F(UpdateWindowTest, TellsWhyAnUpdateFails) {
       {"nothing", [&] { InstallUntilUnpacking(), platform.Processes.back()->End(0); }, error, 2},
       {"hidden", unpacked(".x"), error, 2},
       {"underscore", unpacked("_x"), error, 2},
-      {"no name", [&] { Install(Offer("2", "", upwards)); }, error, 0},
+      {"no file name", named("..", "x"), error, 0},
+      {"no executable", named("a.zip", ""), error, 0},
+      {"blank executable", named("a.zip", " "), error, 0},
+      {"executable above", named("a.zip", "../x"), error, 0},
+      {"executable below", named("a.zip", "bin/x"), error, 0},
+      {"size announced", [&] { Install(sized(8)), platform.LastRequest().BeginReply(200, {}, 7); }, corrupted, 2},
+      {"size exceeded",
+       [&] { Install(sized(7)), platform.LastRequest().BeginReply(200), platform.LastRequest().ReplyPart("archives"); },
+       corrupted, 2},
+      {"size missed",
+       [&] {
+         Install(sized(8)), platform.LastRequest().BeginReply(200), platform.LastRequest().ReplyPart("archive");
+         platform.LastRequest().EndReply();
+       },
+       corrupted, 2},
+      {"another page", [&] { Install(sized(7)), platform.LastRequest().Reply(404, "none here"); }, error, 2},
       {"blank message", [&] { Choose({Offer("2")}), window->ShowError("  "); }, error, 0},
   };
   for (const auto& [name, act, message, requests] : rows) {
