@@ -16,6 +16,7 @@ inline constexpr Kaju::LocalizedText kCannotSkipVersionsMessage{"KajuLocale.kCan
 inline constexpr Kaju::LocalizedText kChoose64bitMessage{"KajuLocale.kChoose64bitMessage", "The update is only available as 64-bit. Proceed?"};
 inline constexpr Kaju::LocalizedText kChooseBetweenBitsMessage{"KajuLocale.kChooseBetweenBitsMessage", "This update is also available as 64-bit. Which would you prefer?"};
 inline constexpr Kaju::LocalizedText kCurrenlyUsing32bitMessage{"KajuLocale.kCurrenlyUsing32bitMessage", "You are currently using the 32-bit version."};
+inline constexpr Kaju::LocalizedText kDiskFullMessage{"KajuLocale.kDiskFullMessage", "The disk is full."};
 inline constexpr Kaju::LocalizedText kDownloadingMessage{"KajuLocale.kDownloadingMessage", "Downloading..."};
 inline constexpr Kaju::LocalizedText kDryRunMessage{"KajuLocale.kDryRunMessage", "(Dry run, not really installing)"};
 inline constexpr Kaju::LocalizedText kErrorBadUpdateData{"KajuLocale.kErrorBadUpdateData", "The update data cannot be read."};
@@ -30,6 +31,8 @@ inline constexpr Kaju::LocalizedText kLaterButton{"KajuLocale.kLaterButton", "La
 inline constexpr Kaju::LocalizedText kMainNotice{"KajuLocale.kMainNotice", "A new version of <<AppName>> is available!"};
 inline constexpr Kaju::LocalizedText kMissingAppNameReason{"KajuLocale.kMissingAppNameReason", "Missing app name"};
 inline constexpr Kaju::LocalizedText kMissingReason{"KajuLocale.kMissingReason", "Missing"};
+inline constexpr Kaju::LocalizedText kNoProgramMessage{"KajuLocale.kNoProgramMessage", "The update does not contain the program."};
+inline constexpr Kaju::LocalizedText kNothingStartsMessage{"KajuLocale.kNothingStartsMessage", "No program can be started from the temporary folder."};
 inline constexpr Kaju::LocalizedText kNoUpdateInfoMessage{"KajuLocale.kNoUpdateInfoMessage", "NO UPDATE INFORMATION"};
 inline constexpr Kaju::LocalizedText kPaymentRequiredMessage{"KajuLocale.kPaymentRequiredMessage", "This update is not free and will require payment. Proceed anyway?"};
 inline constexpr Kaju::LocalizedText kProceedButton{"KajuLocale.kProceedButton", "Proceed"};
@@ -38,6 +41,7 @@ inline constexpr Kaju::LocalizedText kQuitButton{"KajuLocale.kQuitButton", "Quit
 inline constexpr Kaju::LocalizedText kReadyMessage{"KajuLocale.kReadyMessage", "Ready to install"};
 inline constexpr Kaju::LocalizedText kReleaseNotesLabel{"KajuLocale.kReleaseNotesLabel", "Release Notes:"};
 inline constexpr Kaju::LocalizedText kRemindMeLaterButton{"KajuLocale.kRemindMeLaterButton", "Remind Me Later"};
+inline constexpr Kaju::LocalizedText kScriptNotWrittenMessage{"KajuLocale.kScriptNotWrittenMessage", "The install script cannot be written."};
 inline constexpr Kaju::LocalizedText kSecondaryNoticeMultiple{"KajuLocale.kSecondaryNoticeMultiple", "You have version <<ThisVersion>> and there are multiple updates available. Install one?"};
 inline constexpr Kaju::LocalizedText kSecondaryNoticeOne{"KajuLocale.kSecondaryNoticeOne", "You have version <<ThisVersion>>. Would you like to install version <<NewVersion>>?"};
 inline constexpr Kaju::LocalizedText kSkipVersionButton{"KajuLocale.kSkipVersionButton", "Skip Version"};
@@ -46,6 +50,9 @@ inline constexpr Kaju::LocalizedText kThisApplication{"KajuLocale.kThisApplicati
 inline constexpr Kaju::LocalizedText kTimedOutMessage{"KajuLocale.kTimedOutMessage", "The operation has timed out."};
 inline constexpr Kaju::LocalizedText kTryAgainButton{"KajuLocale.kTryAgainButton", "Try Again"};
 inline constexpr Kaju::LocalizedText kTryLaterButton{"KajuLocale.kTryLaterButton", "Try Later"};
+inline constexpr Kaju::LocalizedText kUpdateFailedExplanation{"KajuLocale.kUpdateFailedExplanation", "This version goes on. The reason is in the system log, under “Kaju Update Script”."};
+inline constexpr Kaju::LocalizedText kUpdateFailedMessage{"KajuLocale.kUpdateFailedMessage", "The update could not be installed."};
+inline constexpr Kaju::LocalizedText kUpdateGoneMessage{"KajuLocale.kUpdateGoneMessage", "The unpacked update is no longer there."};
 inline constexpr Kaju::LocalizedText kUse32bitLabel{"KajuLocale.kUse32bitLabel", "Stay With 32-bit"};
 inline constexpr Kaju::LocalizedText kUse64bitLabel{"KajuLocale.kUse64bitLabel", "Switch To 64-bit"};
 inline constexpr Kaju::LocalizedText kVersionMustBeInFormReason{"KajuLocale.kVersionMustBeInFormReason", "Version must be in one of these forms"};
@@ -54,13 +61,15 @@ inline constexpr Kaju::LocalizedText kWindowTitle{"KajuLocale.kWindowTitle", "Up
 
 inline constexpr std::array All{
     kBadDownloadMessage, kBinaryInfoInvalidReason, kCancelButton, kCannotSkipVersionsMessage, kChoose64bitMessage,
-    kChooseBetweenBitsMessage, kCurrenlyUsing32bitMessage, kDownloadingMessage, kDryRunMessage, kErrorBadUpdateData,
-    kErrorIncorrectPacketMarker, kErrorIncorrectPacketSignature, kErrorNoUpdateData, kErrorOccurredMessage,
-    kExplain64bitMessage, kGenericErrorMessage, kInstallButton, kLaterButton, kMainNotice, kMissingAppNameReason,
-    kMissingReason, kNoUpdateInfoMessage, kPaymentRequiredMessage, kProceedButton, kProcessingFileMessage,
-    kQuitButton, kReadyMessage, kReleaseNotesLabel, kRemindMeLaterButton, kSecondaryNoticeMultiple,
-    kSecondaryNoticeOne, kSkipVersionButton, kStopButton, kThisApplication, kTimedOutMessage, kTryAgainButton,
-    kTryLaterButton, kUse32bitLabel, kUse64bitLabel, kVersionMustBeInFormReason, kVersionsLabel, kWindowTitle,
+    kChooseBetweenBitsMessage, kCurrenlyUsing32bitMessage, kDiskFullMessage, kDownloadingMessage, kDryRunMessage,
+    kErrorBadUpdateData, kErrorIncorrectPacketMarker, kErrorIncorrectPacketSignature, kErrorNoUpdateData,
+    kErrorOccurredMessage, kExplain64bitMessage, kGenericErrorMessage, kInstallButton, kLaterButton, kMainNotice,
+    kMissingAppNameReason, kMissingReason, kNoProgramMessage, kNothingStartsMessage, kNoUpdateInfoMessage,
+    kPaymentRequiredMessage, kProceedButton, kProcessingFileMessage, kQuitButton, kReadyMessage, kReleaseNotesLabel,
+    kRemindMeLaterButton, kScriptNotWrittenMessage, kSecondaryNoticeMultiple, kSecondaryNoticeOne, kSkipVersionButton,
+    kStopButton, kThisApplication, kTimedOutMessage, kTryAgainButton, kTryLaterButton, kUpdateFailedExplanation,
+    kUpdateFailedMessage, kUpdateGoneMessage, kUse32bitLabel, kUse64bitLabel, kVersionMustBeInFormReason,
+    kVersionsLabel, kWindowTitle,
 };
 // clang-format on
 

@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "toolkit/Application.h"
+#include "toolkit/BinaryStream.h"
 #include "toolkit/Platform.h"
 #include "toolkit/RuntimeException.h"
 #include "toolkit/Text.h"
@@ -67,7 +68,8 @@ void KajuUpdateWindow::Download() {
     DownloadFile = folder.Child(SelectedBinary->FileName());
     DeleteOnClose.push_back(*DownloadFile);
   } catch (const toolkit::RuntimeException& exception) {
-    return ShowError(exception.Message());
+    return ShowError(toolkit::IsDiskFull(exception.SystemError()) ? KajuLocale::kDiskFullMessage()
+                                                                  : exception.Message());
   }
   const std::string url = hsSocket.GetRedirectAddress(SelectedBinary->URL, Kaju::HTTPSSocket::kTimeoutSeconds,
                                                       Kaju::HTTPSSocket::kMostRedirects);
@@ -104,6 +106,7 @@ void KajuUpdateWindow::hsSocket_DownloadComplete(int httpStatus, const FolderIte
 void KajuUpdateWindow::hsSocket_Error(int code) {
   hsSocket.Disconnect();
   tmrTimeout.Mode(Timer::RunMode::Off);
+  if (hsSocket.FoundDiskFull()) return ShowError(KajuLocale::kDiskFullMessage());
   ShowError(KajuLocale::kGenericErrorMessage() + "  (" + std::to_string(code) + ")");
 }
 
@@ -122,7 +125,15 @@ void KajuUpdateWindow::shZipper_DecompressCompleted(const FolderItem& zipFile, c
   Initiater = std::make_shared<Kaju::UpdateInitiater>();
   Initiater->ReplacementAppFolder = *replacement;
   Initiater->ReplacementExecutableName = SelectedBinary->ExecutableName;
-  AskToQuit();
+  if (IsPossible(Stage::Installing)) AskToQuit();
+}
+
+bool KajuUpdateWindow::IsPossible(Stage stage) {
+  const auto initiater = Initiater;
+  const std::string problem = initiater->WhatPreventsIt();
+  if (!IsAt(stage)) return false;
+  if (!problem.empty()) ShowError(problem);
+  return problem.empty();
 }
 
 void KajuUpdateWindow::AskToQuit() {
@@ -134,11 +145,13 @@ void KajuUpdateWindow::AskToQuit() {
 }
 
 void KajuUpdateWindow::shZipper_Error() {
-  if (CurrentStage != Stage::Cancelled) ShowError("");
+  if (CurrentStage != Stage::Cancelled) ShowError(shZipper.FoundDiskFull() ? KajuLocale::kDiskFullMessage() : "");
 }
 
-// The other windows come to the front, each in its turn, so that the user sees what is about to be closed.
+// What has gone since the update was ready is told while the program still runs. The other windows come to the front, each in its turn, so that the user sees what is about to be closed.
 void KajuUpdateWindow::InstallAndQuit() {
+  btnOK.Enabled(false);
+  if (!IsPossible(Stage::AskingToQuit)) return;
   Kaju::StartUpdate(Initiater);
   const auto windows = toolkit::Platform::Current().OpenWindows();
   if (windows.front().get() != this) {
