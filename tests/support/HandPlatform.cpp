@@ -82,7 +82,8 @@ void StartedProcess::End(int exitCode) {
   });
 }
 
-HandPlatform::HandPlatform() : folder_(toolkit::MakeTemporaryFolder()) {
+HandPlatform::HandPlatform()
+    : folder_(toolkit::MakeTemporaryFolder(toolkit::FolderItem(std::filesystem::temp_directory_path()))) {
   ApplicationDataFolder().CreateAsFolder();
   DesktopFolder().CreateAsFolder();
 }

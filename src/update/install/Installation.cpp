@@ -132,8 +132,11 @@ bool KajuUpdateWindow::IsPossible(Stage stage) {
   const auto initiater = Initiater;
   const std::string problem = initiater->WhatPreventsIt();
   if (!IsAt(stage)) return false;
-  if (!problem.empty()) ShowError(problem);
-  return problem.empty();
+  if (problem.empty()) return true;
+  initiater->Cancel();
+  Initiater = nullptr;
+  ShowError(problem);
+  return false;
 }
 
 void KajuUpdateWindow::AskToQuit() {
@@ -148,7 +151,8 @@ void KajuUpdateWindow::shZipper_Error() {
   if (CurrentStage != Stage::Cancelled) ShowError(shZipper.FoundDiskFull() ? KajuLocale::kDiskFullMessage() : "");
 }
 
-// What has gone since the update was ready is told while the program still runs. The other windows come to the front, each in its turn, so that the user sees what is about to be closed.
+// What has gone since the update was ready is told while the program still runs. The other windows come to the front,
+// each in its turn, so that the user sees what is about to be closed.
 void KajuUpdateWindow::InstallAndQuit() {
   btnOK.Enabled(false);
   if (!IsPossible(Stage::AskingToQuit)) return;

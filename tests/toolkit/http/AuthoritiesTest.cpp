@@ -24,7 +24,7 @@ TEST(Authorities, AreFoundWhereEachDistributionKeepsThem) {
   };
   for (const auto& [system, file, folder] : rows) {
     SCOPED_TRACE(system);
-    const toolkit::FolderItem root = toolkit::MakeTemporaryFolder();
+    const toolkit::FolderItem root = toolkit::MakeTemporaryFolder(toolkit::FolderItem(fs::temp_directory_path()));
     EXPECT_EQ(Authorities(root).SystemFile(), "");
     fs::create_directories((root.Path() / file).parent_path());
     fs::create_directories(root.Path() / "etc/ssl/certs");
