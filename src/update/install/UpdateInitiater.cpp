@@ -28,7 +28,7 @@ namespace {
 
 constexpr std::chrono::milliseconds betweenLooks{20};
 
-/// Deletes a file, if one was made, however the work with it ends.
+/// Deletes a file, if one was made, however the work with it ends. Where it stays, the script does nothing.
 struct FileOnLoan {
   std::optional<FolderItem> File;
 
@@ -36,7 +36,9 @@ struct FileOnLoan {
   FileOnLoan(const FileOnLoan&) = delete;
   FileOnLoan& operator=(const FileOnLoan&) = delete;
   ~FileOnLoan() {
-    if (File) File->Delete();
+    if (!File) return;
+    File->Delete();
+    if (File->Exists()) toolkit::MsgBox("Could not complete update - " + File->Path().string() + " cannot be deleted.");
   }
 };
 

@@ -30,7 +30,7 @@ NEW_APP_OTHER_UB=@@NEW_APP_OTHER_UB@@
 NEW_APP_OTHER_NAME=()
 @@NEW_APP_OTHER_ARRAY@@
 # As the old program had it; what started this script is without some of it.
-mapfile -d '' -t user_environment <"$TEMP_FOLDER_PATH/environment"
+mapfile -d '' -t user_environment <"$TEMP_FOLDER_PATH/environment" || user_environment=("$@")
 rm -f -- "$TEMP_FOLDER_PATH/environment"
 APP_PATH=$APP_PARENT/$APP_NAME
 NEW_APP_PATH=$APP_PARENT/$NEW_APP_NAME
