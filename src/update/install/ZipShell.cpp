@@ -54,7 +54,7 @@ void ZipShell::Decompress(const FolderItem& zipFile, const std::optional<FolderI
 
 std::string ZipShell::ContentsOf(const FolderItem& zipFile) {
   Shell shell;
-  shell.Execute("/usr/bin/zipinfo -1 " + zipFile.ShellPath());
+  shell.Execute("/usr/bin/zipinfo -1 " + zipFile.ShellPath() + " 2>/dev/null");
   if (shell.ErrorCode() > warning) return "";
   std::string name = shell.Result().substr(0, shell.Result().find_first_of("\r\n"));
   if (name.ends_with('/')) name.pop_back();
