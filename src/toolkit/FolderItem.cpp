@@ -33,9 +33,8 @@ std::string TemporaryPath(const FolderItem& place) {
 
 [[noreturn]] void ThrowForTemporary(const std::string& what, const std::string& path) {
   const int error = errno;
-  throw RuntimeException("No temporary " + what + " can be made at " + path + ": " +
-                             std::generic_category().message(error) + ".",
-                         error);
+  throw RuntimeException(
+      "No temporary " + what + " can be made at " + path + ": " + std::generic_category().message(error) + ".", error);
 }
 
 FolderItem MakeInFirstPlace(FolderItem (*make)(const FolderItem& place)) {

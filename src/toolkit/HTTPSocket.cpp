@@ -135,9 +135,9 @@ void HTTPSocket::Failed(const TransferFailure& failure) { FailWith(failure.Fault
 bool HTTPSocket::CheckFile() {
   const int error = fileStream_ ? fileStream_->LastErrorCode() : 0;
   if (error == 0) return true;
-  FailWith(IsDiskFull(error) ? TransferFault::DiskFull : TransferFault::FileNotWritten,
-           "The file " + file_->Path().string() + " could not be written: " + std::generic_category().message(error) +
-               ".");
+  FailWith(
+      IsDiskFull(error) ? TransferFault::DiskFull : TransferFault::FileNotWritten,
+      "The file " + file_->Path().string() + " could not be written: " + std::generic_category().message(error) + ".");
   return false;
 }
 
