@@ -7,7 +7,7 @@
 #include "update/install/Updating.h"
 
 int main(int argc, char** argv) {
-  toolkit::qt::QtPlatform platform(argc, argv);
+  toolkit::qt::QtPlatform platform(product::program, argc, argv);
   App app(product::version);
 
   std::shared_ptr<wMain> mainWindow;

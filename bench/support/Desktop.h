@@ -17,7 +17,8 @@ namespace bench {
 
 /// Comes first in the desktop, since the platform that is made last is the one that the program uses.
 struct QtBelow {
-  QtBelow(int& argumentCount, char** arguments) : Qt(argumentCount, arguments) {}
+  QtBelow(int& argumentCount, char** arguments)
+      : Qt({.Name = "Benchmark", .Id = "corvane"}, argumentCount, arguments) {}
   toolkit::qt::QtPlatform Qt;
 };
 
@@ -26,7 +27,7 @@ struct QtBelow {
 /// A dialog ends the benchmark, since none belongs there.
 class Desktop final : private QtBelow, public toolkit::Platform {
  public:
-  Desktop(int& argumentCount, char** arguments) : QtBelow(argumentCount, arguments) {}
+  Desktop(int& argumentCount, char** arguments) : QtBelow(argumentCount, arguments), Platform(Qt.Program()) {}
   ~Desktop() override { CloseWindows(); }
 
   /// Requests for "https://…:1701/path" go to `baseURL` and their path from now on.

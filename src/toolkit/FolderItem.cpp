@@ -23,12 +23,12 @@ fs::file_type TypeOf(const fs::path& path) {
   return fs::symlink_status(path, ignored).type();
 }
 
-constexpr std::string_view temporaryPrefix = "corvane-";
+std::string TemporaryPrefix() { return Platform::Current().Program().Id + "-"; }
 
 /// A path that ends as mkstemp() and mkdtemp() want it.
 std::string TemporaryPath(const FolderItem& place) {
   place.CreateAsFolder();
-  return place.Child(std::string(temporaryPrefix) + "XXXXXX").Path().string();
+  return place.Child(TemporaryPrefix() + "XXXXXX").Path().string();
 }
 
 [[noreturn]] void ThrowForTemporary(const std::string& what, const std::string& path) {
@@ -156,7 +156,7 @@ std::vector<FolderItem> TemporaryFolders() {
     for (const FolderItem& entry : place.Children()) {
       struct stat status {};
       const bool isOwn = lstat(entry.Path().c_str(), &status) == 0 && status.st_uid == geteuid();
-      if (isOwn && entry.IsFolder() && entry.Name().starts_with(temporaryPrefix)) folders.push_back(entry);
+      if (isOwn && entry.IsFolder() && entry.Name().starts_with(TemporaryPrefix())) folders.push_back(entry);
     }
   }
   return folders;

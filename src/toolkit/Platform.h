@@ -14,6 +14,7 @@
 #include "toolkit/FolderItem.h"
 #include "toolkit/HTTPTransfer.h"
 #include "toolkit/MessageDialog.h"
+#include "toolkit/ProgramFacts.h"
 #include "toolkit/Shell.h"
 #include "toolkit/Size.h"
 #include "toolkit/Timer.h"
@@ -29,13 +30,15 @@ class Window;
 /// ended, or waits by RunEventsUntil() or RunDueEvents(). These two are the only waits that run other handlers.
 class Platform {
  public:
-  Platform();
+  explicit Platform(ProgramFacts program);
   Platform(const Platform&) = delete;
   Platform& operator=(const Platform&) = delete;
   virtual ~Platform();
 
   /// The one platform. Misuse, and the end of the program, if there is none.
   static Platform& Current();
+
+  [[nodiscard]] const ProgramFacts& Program() const { return program_; }
 
   /// Puts `window` on the screen and owns it until it is closed. A window that is open already comes to the front.
   void Open(const std::shared_ptr<Window>& window);
@@ -115,6 +118,7 @@ class Platform {
   void DropEvents() { waitingEvents_.clear(); }
 
  private:
+  ProgramFacts program_;
   bool closesAll_ = false;
   bool sessionEnds_ = false;
   std::vector<std::shared_ptr<Window>> windows_;

@@ -186,7 +186,7 @@ int Pass(int socket, int descriptor) {
   if (descriptor >= 0) {
     std::memcpy(CMSG_DATA(header), &descriptor, sizeof descriptor);
     sendmsg(socket, &message, 0);
-  } else if (recvmsg(socket, &message, 0) > 0) {
+  } else if (recvmsg(socket, &message, 0) > 0 && CMSG_FIRSTHDR(&message) != nullptr) {
     std::memcpy(&descriptor, CMSG_DATA(CMSG_FIRSTHDR(&message)), sizeof descriptor);
   }
   return descriptor;
@@ -224,7 +224,9 @@ int main(int /*argc*/, char** argv) {
   prctl(PR_SET_CHILD_SUBREAPER, 1, 0, 0, 0);  // the command's children stay ours, whose memory we may read
   const pid_t child = fork();
   if (child == 0) {
-    Pass(sockets[1], AskAboutCalls());
+    const int listener = AskAboutCalls();
+    if (listener < 0) _exit(EXIT_FAILURE);
+    Pass(sockets[1], listener);
     execvp(command[0], command);
     _exit(127);
   }

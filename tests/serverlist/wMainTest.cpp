@@ -125,7 +125,8 @@ TEST_F(MainWindowTest, WhatIsNotAcceptedAddsNothingAndLeavesTheForm) {
     ExpectNothingAdded();
   }
   Add().Fail(toolkit::TransferFault::Refused);
-  EXPECT_THAT(platform.Messages.back(), HasSubstr("“srv” refused the connection on port 1701"));
+  EXPECT_THAT(platform.Messages.back(),
+              HasSubstr("“srv” refused the connection on port 1701. Is the panel service running"));
 }
 
 TEST_F(MainWindowTest, NothingReachesAWindowThatWasClosed) {

@@ -79,7 +79,7 @@ QPalette DarkPalette() {
 /// Plays in this process. Returns whether every step has worked.
 bool Play(const Options& options, int& argumentCount, char** arguments) {
   const tour::OwnFolders folders;
-  toolkit::qt::QtPlatform platform(argumentCount, arguments);
+  toolkit::qt::QtPlatform platform(product::program, argumentCount, arguments);
   if (options.dark) QApplication::setPalette(DarkPalette());
   App app(product::version);
 

@@ -21,13 +21,12 @@
 #include "toolkit/qt/QtProcess.h"
 #include "toolkit/qt/QtText.h"
 #include "toolkit/qt/QtWindow.h"
-#include "toolkit/qt/SystemProxies.h"
 #include "toolkit/qt/Translations.h"
 
 namespace toolkit::qt {
 namespace {
 
-QIcon ProgramIcon() { return {Decode(*OpenPictureResource("corvane"))}; }
+QIcon IconOf(const ProgramFacts& program) { return {Decode(*OpenPictureResource(program.Id))}; }
 
 FolderItem Folder(QStandardPaths::StandardLocation location) {
   return FolderItem(FromQt(QStandardPaths::writableLocation(location)));
@@ -90,13 +89,13 @@ void ReturnLargeBlocks() {
 
 }  // namespace
 
-QtPlatform::QtPlatform(int& argumentCount, char** arguments)
-    : application_(std::make_unique<QApplication>(argumentCount, arguments)) {
+QtPlatform::QtPlatform(ProgramFacts program, int& argumentCount, char** arguments)
+    : Platform(std::move(program)), application_(std::make_unique<QApplication>(argumentCount, arguments)) {
   ReturnLargeBlocks();
-  QApplication::setApplicationName("Corvane");
-  QApplication::setDesktopFileName("corvane");
+  QApplication::setApplicationName(ToQt(Program().Name));
+  QApplication::setDesktopFileName(ToQt(Program().Id));
   QApplication::setQuitOnLastWindowClosed(false);
-  QApplication::setWindowIcon(ProgramIcon());
+  QApplication::setWindowIcon(IconOf(Program()));
   DescribeViews();
   sessionWatch_ = std::make_unique<SessionWatch>([this] { EndSession(); });
 }
@@ -108,8 +107,7 @@ QtPlatform::~QtPlatform() {
 }
 
 std::unique_ptr<HTTPTransfer> QtPlatform::StartTransfer(HTTPRequest request, HTTPTransferEvents& events) {
-  const std::string proxy = ProxyFor(request.URL);
-  return transfers_.Start(std::move(request), proxy, events);
+  return transfers_.Start(std::move(request), events);
 }
 
 DialogButton QtPlatform::AskUser(const MessageDialog& dialog) {

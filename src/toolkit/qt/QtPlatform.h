@@ -19,7 +19,7 @@ class QtWindow;
 class QtPlatform final : public Platform {
  public:
   /// Takes Qt's own options out of the arguments, which must live as long as the platform.
-  QtPlatform(int& argumentCount, char** arguments);
+  QtPlatform(ProgramFacts program, int& argumentCount, char** arguments);
   ~QtPlatform() override;
 
   std::unique_ptr<HTTPTransfer> StartTransfer(HTTPRequest request, HTTPTransferEvents& events) override;

@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 
+#include "tests/support/HandPlatform.h"
 #include "toolkit/http/Authorities.h"
 
 namespace fs = std::filesystem;
@@ -22,9 +23,10 @@ TEST(Authorities, AreFoundWhereEachDistributionKeepsThem) {
       {"openSUSE", "var/lib/ca-certificates/ca-bundle.pem", "var/lib/ca-certificates/pem"},
       {"Alpine, bare", "etc/ssl/cert.pem", ""},
   };
+  const HandPlatform platform;
   for (const auto& [system, file, folder] : rows) {
     SCOPED_TRACE(system);
-    const toolkit::FolderItem root = toolkit::MakeTemporaryFolder(toolkit::FolderItem(fs::temp_directory_path()));
+    const toolkit::FolderItem root = toolkit::MakeTemporaryFolder();
     EXPECT_EQ(Authorities(root).SystemFile(), "");
     fs::create_directories((root.Path() / file).parent_path());
     fs::create_directories(root.Path() / "etc/ssl/certs");

@@ -46,7 +46,7 @@ struct UpdateInitiaterTest : testing::Test {
     const auto folders = temporary.Children();
     if (folders.empty() || folders[0].Permissions() != fs::perms::owner_all) return -1;
     return static_cast<int>(std::ranges::count_if(
-        folders[0].Children(), [](const FolderItem& item) { return item.Name().starts_with("corvane-"); }));
+        folders[0].Children(), [](const FolderItem& item) { return item.Name().starts_with("hand-run-"); }));
   }
   [[nodiscard]] Kaju::Installation Installation(const char* executable, const char* name) const {
     return {.Executable = FolderItem(executable),
@@ -172,14 +172,14 @@ TEST_F(UpdateInitiaterTest, TakesTheCacheFolderWhereTheTemporaryOneDoesNotServe)
 }
 
 TEST_F(UpdateInitiaterTest, KnowsWhatAFailedUpdateLeft) {
-  const FolderItem download = temporary.Child("corvane-download");
+  const FolderItem download = temporary.Child("hand-run-download");
   const FolderItem unpacked = download.Child("decompressed").Child("app");
   const FolderItem other = temporary.Child("other").Child("decompressed").Child("app");
   std::vector<std::string> arguments{"corvane", "--kaju-fail"};
   std::vector<char*> values{arguments[0].data(), arguments[1].data()};
   for (const FolderItem& left : {unpacked, other}) {
-    const FolderItem failed = temporary.Child("corvane-failed");
-    for (const FolderItem& folder : {unpacked, failed, temporary.Child("corvane-running"), other})
+    const FolderItem failed = temporary.Child("hand-run-failed");
+    for (const FolderItem& folder : {unpacked, failed, temporary.Child("hand-run-running"), other})
       folder.CreateAsFolder();
     fs::create_symlink(left.Path(), failed.Child("failed").Path());
     Kaju::TellFailedUpdate(std::span(values).first(1));
@@ -187,7 +187,7 @@ TEST_F(UpdateInitiaterTest, KnowsWhatAFailedUpdateLeft) {
     Kaju::TellFailedUpdate(values);
     EXPECT_FALSE(failed.Exists());
     EXPECT_EQ(download.Exists(), left.Path() != unpacked.Path());
-    EXPECT_TRUE(temporary.Child("corvane-running").Exists() && other.Exists());
+    EXPECT_TRUE(temporary.Child("hand-run-running").Exists() && other.Exists());
   }
   EXPECT_THAT(platform.Messages,
               ElementsAre("The update could not be installed.", "The update could not be installed."));
