@@ -67,6 +67,7 @@ class Desktop final : private QtBelow, public toolkit::Platform {
   void Quit(int /*status*/) override {}
   [[nodiscard]] toolkit::FolderItem ApplicationDataFolder() const override { return Qt.ApplicationDataFolder(); }
   [[nodiscard]] toolkit::FolderItem DesktopFolder() const override { return Qt.DesktopFolder(); }
+  [[nodiscard]] toolkit::FolderItem CacheFolder() const override { return Qt.CacheFolder(); }
 
  protected:
   void Present(toolkit::Window& window) override { Qt.Open(window.shared_from_this()); }

@@ -31,6 +31,10 @@
     <source>You are currently using the 32-bit version.</source>
     <translation>Sie verwenden derzeit die 32-Bit-Version.</translation>
 </message>
+<message id="KajuLocale.kDiskFullMessage">
+    <source>The disk is full.</source>
+    <translation>Der Datenträger ist voll.</translation>
+</message>
 <message id="KajuLocale.kDownloadingMessage">
     <source>Downloading...</source>
     <translation>Wird heruntergeladen …</translation>
@@ -87,6 +91,14 @@
     <source>Missing</source>
     <translation>Es fehlt:</translation>
 </message>
+<message id="KajuLocale.kNoProgramMessage">
+    <source>The update does not contain the program.</source>
+    <translation>Das Update enthält das Programm nicht.</translation>
+</message>
+<message id="KajuLocale.kNothingStartsMessage">
+    <source>No program can be started from the temporary folder.</source>
+    <translation>Aus dem temporären Ordner lässt sich kein Programm starten.</translation>
+</message>
 <message id="KajuLocale.kNoUpdateInfoMessage">
     <source>NO UPDATE INFORMATION</source>
     <translation>KEINE INFORMATIONEN ZUM UPDATE</translation>
@@ -131,6 +143,10 @@
     <source>Remind Me Later</source>
     <translation>Später erinnern</translation>
 </message>
+<message id="KajuLocale.kScriptNotWrittenMessage">
+    <source>The install script cannot be written.</source>
+    <translation>Das Installationsskript kann nicht geschrieben werden.</translation>
+</message>
 <message id="KajuLocale.kSecondaryNoticeMultiple">
     <source>You have version &lt;&lt;ThisVersion&gt;&gt; and there are multiple updates available. Install one?</source>
     <translation>Sie haben Version &lt;&lt;ThisVersion&gt;&gt;, und es sind mehrere Updates verfügbar. Möchten Sie eines davon installieren?</translation>
@@ -162,6 +178,18 @@
 <message id="KajuLocale.kTryLaterButton">
     <source>Try Later</source>
     <translation>Später versuchen</translation>
+</message>
+<message id="KajuLocale.kUpdateFailedExplanation">
+    <source>This version goes on. The reason is in the system log, under “Kaju Update Script”.</source>
+    <translation>Diese Version läuft weiter. Der Grund steht im Systemprotokoll unter „Kaju Update Script“.</translation>
+</message>
+<message id="KajuLocale.kUpdateFailedMessage">
+    <source>The update could not be installed.</source>
+    <translation>Das Update konnte nicht installiert werden.</translation>
+</message>
+<message id="KajuLocale.kUpdateGoneMessage">
+    <source>The unpacked update is no longer there.</source>
+    <translation>Das entpackte Update ist nicht mehr da.</translation>
 </message>
 <message id="KajuLocale.kUse32bitLabel">
     <source>Stay With 32-bit</source>

@@ -31,6 +31,10 @@
     <source>You are currently using the 32-bit version.</source>
     <translation>Actualmente usa la versión de 32 bits.</translation>
 </message>
+<message id="KajuLocale.kDiskFullMessage">
+    <source>The disk is full.</source>
+    <translation>El disco está lleno.</translation>
+</message>
 <message id="KajuLocale.kDownloadingMessage">
     <source>Downloading...</source>
     <translation>Descargando…</translation>
@@ -87,6 +91,14 @@
     <source>Missing</source>
     <translation>Falta:</translation>
 </message>
+<message id="KajuLocale.kNoProgramMessage">
+    <source>The update does not contain the program.</source>
+    <translation>La actualización no contiene el programa.</translation>
+</message>
+<message id="KajuLocale.kNothingStartsMessage">
+    <source>No program can be started from the temporary folder.</source>
+    <translation>No se puede iniciar ningún programa desde la carpeta temporal.</translation>
+</message>
 <message id="KajuLocale.kNoUpdateInfoMessage">
     <source>NO UPDATE INFORMATION</source>
     <translation>NO HAY INFORMACIÓN SOBRE LA ACTUALIZACIÓN</translation>
@@ -131,6 +143,10 @@
     <source>Remind Me Later</source>
     <translation>Recordar más tarde</translation>
 </message>
+<message id="KajuLocale.kScriptNotWrittenMessage">
+    <source>The install script cannot be written.</source>
+    <translation>No se puede escribir el script de instalación.</translation>
+</message>
 <message id="KajuLocale.kSecondaryNoticeMultiple">
     <source>You have version &lt;&lt;ThisVersion&gt;&gt; and there are multiple updates available. Install one?</source>
     <translation>Tiene la versión &lt;&lt;ThisVersion&gt;&gt; y hay varias actualizaciones disponibles. ¿Desea instalar una?</translation>
@@ -162,6 +178,18 @@
 <message id="KajuLocale.kTryLaterButton">
     <source>Try Later</source>
     <translation>Intentar más tarde</translation>
+</message>
+<message id="KajuLocale.kUpdateFailedExplanation">
+    <source>This version goes on. The reason is in the system log, under “Kaju Update Script”.</source>
+    <translation>Se sigue con esta versión. El motivo está en el registro del sistema, en «Kaju Update Script».</translation>
+</message>
+<message id="KajuLocale.kUpdateFailedMessage">
+    <source>The update could not be installed.</source>
+    <translation>No se ha podido instalar la actualización.</translation>
+</message>
+<message id="KajuLocale.kUpdateGoneMessage">
+    <source>The unpacked update is no longer there.</source>
+    <translation>La actualización descomprimida ya no está.</translation>
 </message>
 <message id="KajuLocale.kUse32bitLabel">
     <source>Stay With 32-bit</source>

@@ -31,6 +31,10 @@
     <source>You are currently using the 32-bit version.</source>
     <translation>Vous utilisez actuellement la version 32 bits.</translation>
 </message>
+<message id="KajuLocale.kDiskFullMessage">
+    <source>The disk is full.</source>
+    <translation>Le disque est plein.</translation>
+</message>
 <message id="KajuLocale.kDownloadingMessage">
     <source>Downloading...</source>
     <translation>Téléchargement en cours…</translation>
@@ -87,6 +91,14 @@
     <source>Missing</source>
     <translation>Élément manquant :</translation>
 </message>
+<message id="KajuLocale.kNoProgramMessage">
+    <source>The update does not contain the program.</source>
+    <translation>La mise à jour ne contient pas le programme.</translation>
+</message>
+<message id="KajuLocale.kNothingStartsMessage">
+    <source>No program can be started from the temporary folder.</source>
+    <translation>Aucun programme ne peut être lancé depuis le dossier temporaire.</translation>
+</message>
 <message id="KajuLocale.kNoUpdateInfoMessage">
     <source>NO UPDATE INFORMATION</source>
     <translation>AUCUNE INFORMATION SUR LA MISE À JOUR</translation>
@@ -131,6 +143,10 @@
     <source>Remind Me Later</source>
     <translation>Rappeler plus tard</translation>
 </message>
+<message id="KajuLocale.kScriptNotWrittenMessage">
+    <source>The install script cannot be written.</source>
+    <translation>Le script d’installation ne peut pas être écrit.</translation>
+</message>
 <message id="KajuLocale.kSecondaryNoticeMultiple">
     <source>You have version &lt;&lt;ThisVersion&gt;&gt; and there are multiple updates available. Install one?</source>
     <translation>Vous avez la version &lt;&lt;ThisVersion&gt;&gt; et plusieurs mises à jour sont disponibles. Voulez-vous en installer une ?</translation>
@@ -162,6 +178,18 @@
 <message id="KajuLocale.kTryLaterButton">
     <source>Try Later</source>
     <translation>Réessayer plus tard</translation>
+</message>
+<message id="KajuLocale.kUpdateFailedExplanation">
+    <source>This version goes on. The reason is in the system log, under “Kaju Update Script”.</source>
+    <translation>Cette version reste en service. La raison figure dans le journal du système, sous « Kaju Update Script ».</translation>
+</message>
+<message id="KajuLocale.kUpdateFailedMessage">
+    <source>The update could not be installed.</source>
+    <translation>La mise à jour n’a pas pu être installée.</translation>
+</message>
+<message id="KajuLocale.kUpdateGoneMessage">
+    <source>The unpacked update is no longer there.</source>
+    <translation>La mise à jour décompressée n’est plus là.</translation>
 </message>
 <message id="KajuLocale.kUse32bitLabel">
     <source>Stay With 32-bit</source>

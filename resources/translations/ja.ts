@@ -31,6 +31,10 @@
     <source>You are currently using the 32-bit version.</source>
     <translation>現在お使いのものは 32 ビット版です。</translation>
 </message>
+<message id="KajuLocale.kDiskFullMessage">
+    <source>The disk is full.</source>
+    <translation>ディスクの空き容量がありません。</translation>
+</message>
 <message id="KajuLocale.kDownloadingMessage">
     <source>Downloading...</source>
     <translation>ダウンロードしています…</translation>
@@ -87,6 +91,14 @@
     <source>Missing</source>
     <translation>不足している項目:</translation>
 </message>
+<message id="KajuLocale.kNoProgramMessage">
+    <source>The update does not contain the program.</source>
+    <translation>アップデートにプログラムが含まれていません。</translation>
+</message>
+<message id="KajuLocale.kNothingStartsMessage">
+    <source>No program can be started from the temporary folder.</source>
+    <translation>一時フォルダからプログラムを起動できません。</translation>
+</message>
 <message id="KajuLocale.kNoUpdateInfoMessage">
     <source>NO UPDATE INFORMATION</source>
     <translation>アップデート情報がありません</translation>
@@ -131,6 +143,10 @@
     <source>Remind Me Later</source>
     <translation>後で通知</translation>
 </message>
+<message id="KajuLocale.kScriptNotWrittenMessage">
+    <source>The install script cannot be written.</source>
+    <translation>インストールスクリプトを書き込めません。</translation>
+</message>
 <message id="KajuLocale.kSecondaryNoticeMultiple">
     <source>You have version &lt;&lt;ThisVersion&gt;&gt; and there are multiple updates available. Install one?</source>
     <translation>お使いのバージョンは &lt;&lt;ThisVersion&gt;&gt; です。複数のアップデートがあります。いずれかをインストールしますか？</translation>
@@ -162,6 +178,18 @@
 <message id="KajuLocale.kTryLaterButton">
     <source>Try Later</source>
     <translation>後で再試行</translation>
+</message>
+<message id="KajuLocale.kUpdateFailedExplanation">
+    <source>This version goes on. The reason is in the system log, under “Kaju Update Script”.</source>
+    <translation>引き続きこのバージョンを使用します。理由はシステムログの「Kaju Update Script」に記録されています。</translation>
+</message>
+<message id="KajuLocale.kUpdateFailedMessage">
+    <source>The update could not be installed.</source>
+    <translation>アップデートをインストールできませんでした。</translation>
+</message>
+<message id="KajuLocale.kUpdateGoneMessage">
+    <source>The unpacked update is no longer there.</source>
+    <translation>展開されたアップデートが見つかりません。</translation>
 </message>
 <message id="KajuLocale.kUse32bitLabel">
     <source>Stay With 32-bit</source>

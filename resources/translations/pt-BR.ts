@@ -31,6 +31,10 @@
     <source>You are currently using the 32-bit version.</source>
     <translation>No momento, você usa a versão de 32 bits.</translation>
 </message>
+<message id="KajuLocale.kDiskFullMessage">
+    <source>The disk is full.</source>
+    <translation>O disco está cheio.</translation>
+</message>
 <message id="KajuLocale.kDownloadingMessage">
     <source>Downloading...</source>
     <translation>Baixando…</translation>
@@ -87,6 +91,14 @@
     <source>Missing</source>
     <translation>Falta:</translation>
 </message>
+<message id="KajuLocale.kNoProgramMessage">
+    <source>The update does not contain the program.</source>
+    <translation>A atualização não contém o programa.</translation>
+</message>
+<message id="KajuLocale.kNothingStartsMessage">
+    <source>No program can be started from the temporary folder.</source>
+    <translation>Nenhum programa pode ser iniciado a partir da pasta temporária.</translation>
+</message>
 <message id="KajuLocale.kNoUpdateInfoMessage">
     <source>NO UPDATE INFORMATION</source>
     <translation>NÃO HÁ INFORMAÇÕES SOBRE A ATUALIZAÇÃO</translation>
@@ -131,6 +143,10 @@
     <source>Remind Me Later</source>
     <translation>Lembrar mais tarde</translation>
 </message>
+<message id="KajuLocale.kScriptNotWrittenMessage">
+    <source>The install script cannot be written.</source>
+    <translation>Não é possível gravar o script de instalação.</translation>
+</message>
 <message id="KajuLocale.kSecondaryNoticeMultiple">
     <source>You have version &lt;&lt;ThisVersion&gt;&gt; and there are multiple updates available. Install one?</source>
     <translation>Você tem a versão &lt;&lt;ThisVersion&gt;&gt; e há várias atualizações disponíveis. Deseja instalar uma delas?</translation>
@@ -162,6 +178,18 @@
 <message id="KajuLocale.kTryLaterButton">
     <source>Try Later</source>
     <translation>Tentar mais tarde</translation>
+</message>
+<message id="KajuLocale.kUpdateFailedExplanation">
+    <source>This version goes on. The reason is in the system log, under “Kaju Update Script”.</source>
+    <translation>Esta versão continua em uso. O motivo está no log do sistema, em “Kaju Update Script”.</translation>
+</message>
+<message id="KajuLocale.kUpdateFailedMessage">
+    <source>The update could not be installed.</source>
+    <translation>Não foi possível instalar a atualização.</translation>
+</message>
+<message id="KajuLocale.kUpdateGoneMessage">
+    <source>The unpacked update is no longer there.</source>
+    <translation>A atualização descompactada não está mais lá.</translation>
 </message>
 <message id="KajuLocale.kUse32bitLabel">
     <source>Stay With 32-bit</source>

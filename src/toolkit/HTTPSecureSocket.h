@@ -68,6 +68,8 @@ class HTTPSecureSocket : private HTTPSocket {
   [[nodiscard]] int LastErrorCode() const;
   /// Whether the last call failed because the body was longer than LargestBody.
   [[nodiscard]] bool WasTooLarge() const { return LastFault() == TransferFault::TooLarge; }
+  /// Whether the last call failed because the file had no space left.
+  [[nodiscard]] bool FoundDiskFull() const { return LastFault() == TransferFault::DiskFull; }
 
  protected:
   /// Changes the URL of a request, and this socket's settings, before the request is sent.

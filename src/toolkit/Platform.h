@@ -79,8 +79,9 @@ class Platform {
   /// Calls `expired` once, after `period` of CountedTime(), unless the result goes before. It may go in that call.
   virtual std::unique_ptr<PlatformTimer> StartTimer(std::chrono::milliseconds period,
                                                     std::function<void()> expired) = 0;
-  /// Runs a command line in the system's shell, without a terminal, and tells how it ended. The result may go in that
-  /// call, or before, and then nothing is told.
+  /// Runs a command line in the system's shell, without a terminal and without what the user's environment has for the
+  /// loader of programs (LD_*), and tells how it ended. The result may go in that call, or before, and then nothing is
+  /// told.
   virtual std::unique_ptr<ChildProcess> StartProcess(const std::string& commandLine,
                                                      std::function<void(ProcessEnd)> ended) = 0;
   /// The time since some moment in the past. It never goes backwards.
@@ -100,6 +101,8 @@ class Platform {
   virtual void Quit(int status) = 0;
   [[nodiscard]] virtual FolderItem ApplicationDataFolder() const = 0;
   [[nodiscard]] virtual FolderItem DesktopFolder() const = 0;
+  /// Where programs keep, for this user, what they can make again.
+  [[nodiscard]] virtual FolderItem CacheFolder() const = 0;
 
  protected:
   virtual void Present(Window& window) = 0;

@@ -41,6 +41,7 @@ std::string DescribeFailure(const TransferFailure& failure) {
       return "The proxy on the way to the server " + host + " could not be used" + Because(failure);
     case TransferFault::TooLarge:
     case TransferFault::FileNotWritten:
+    case TransferFault::DiskFull:
     case TransferFault::Other:
       break;
   }

@@ -83,7 +83,8 @@ void StartedProcess::End(int exitCode) {
 }
 
 HandPlatform::HandPlatform()
-    : Platform({.Name = "Hand-run", .Id = "hand-run"}), folder_(toolkit::MakeTemporaryFolder()) {
+    : Platform({.Name = "Hand-run", .Id = "hand-run"}),
+      folder_(toolkit::MakeTemporaryFolder(toolkit::FolderItem(std::filesystem::temp_directory_path()))) {
   ApplicationDataFolder().CreateAsFolder();
   DesktopFolder().CreateAsFolder();
 }

@@ -113,6 +113,7 @@ class HandPlatform final : public toolkit::Platform {
   void Quit(int status) override { Quits.push_back(status); }
   [[nodiscard]] toolkit::FolderItem ApplicationDataFolder() const override { return folder_.Child("data"); }
   [[nodiscard]] toolkit::FolderItem DesktopFolder() const override { return folder_.Child("desktop"); }
+  [[nodiscard]] toolkit::FolderItem CacheFolder() const override { return folder_.Child("cache"); }
 
  protected:
   void Present(toolkit::Window&) override {}

@@ -180,6 +180,8 @@ FolderItem QtPlatform::ApplicationDataFolder() const { return Folder(QStandardPa
 
 FolderItem QtPlatform::DesktopFolder() const { return Folder(QStandardPaths::DesktopLocation); }
 
+FolderItem QtPlatform::CacheFolder() const { return Folder(QStandardPaths::GenericCacheLocation); }
+
 void QtPlatform::Present(Window& window) {
   views_.push_back(std::make_unique<QtWindow>(window.shared_from_this()));
   views_.back()->Appear();

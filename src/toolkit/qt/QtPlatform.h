@@ -37,6 +37,7 @@ class QtPlatform final : public Platform {
   void Quit(int status) override;
   [[nodiscard]] FolderItem ApplicationDataFolder() const override;
   [[nodiscard]] FolderItem DesktopFolder() const override;
+  [[nodiscard]] FolderItem CacheFolder() const override;
 
  protected:
   void Present(Window& window) override;

@@ -1,7 +1,9 @@
 #include "update/check/FileHelpers.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <vector>
 
 #include "toolkit/Application.h"
@@ -42,6 +44,20 @@ void DeleteRecursive(const FolderItem& item) {
   std::for_each(firstFile, entries.end(), [](const FolderItem& file) { file.Delete(); });
   item.Delete();
   YieldToEvents();
+}
+
+void DeleteWholly(const FolderItem& item) {
+  std::vector<FolderItem> folders{item};
+  while (!folders.empty()) {
+    const FolderItem folder = std::move(folders.back());
+    folders.pop_back();
+    if (!folder.IsFolder()) continue;
+    std::error_code ignored;
+    std::filesystem::permissions(folder.Path(), std::filesystem::perms::owner_all, std::filesystem::perm_options::add,
+                                 ignored);
+    std::ranges::move(folder.Children(), std::back_inserter(folders));
+  }
+  DeleteRecursive(item);
 }
 
 bool IsWriteableRecursive(const FolderItem& item) {

@@ -20,6 +20,9 @@ namespace Kaju {
 /// missing or not writeable stays, with all that is in it, and so does what cannot be deleted: neither is an error.
 void DeleteRecursive(const toolkit::FolderItem& item);
 
+/// The same for a folder of our own, of which nothing is to stay: folders in it are made writeable first.
+void DeleteWholly(const toolkit::FolderItem& item);
+
 /// Whether `item` and, if it is a folder, everything in it can be written. Links are not followed.
 [[nodiscard]] bool IsWriteableRecursive(const toolkit::FolderItem& item);
 

@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "toolkit/Application.h"
+#include "toolkit/BinaryStream.h"
 #include "toolkit/Platform.h"
 #include "toolkit/RuntimeException.h"
 #include "toolkit/Text.h"
@@ -68,7 +69,8 @@ void KajuUpdateWindow::Download() {
     DownloadFile = folder.Child(SelectedBinary->FileName());
     DeleteOnClose.push_back(*DownloadFile);
   } catch (const toolkit::RuntimeException& exception) {
-    return ShowError(exception.Message());
+    return ShowError(toolkit::IsDiskFull(exception.SystemError()) ? KajuLocale::kDiskFullMessage()
+                                                                  : exception.Message());
   }
   const std::string url = hsSocket.GetRedirectAddress(SelectedBinary->URL);
   if (!IsAt(Stage::Installing)) return;
@@ -119,6 +121,7 @@ void KajuUpdateWindow::hsSocket_DownloadComplete(int httpStatus, const FolderIte
 void KajuUpdateWindow::hsSocket_Error(int code) {
   hsSocket.Disconnect();
   tmrTimeout.Mode(Timer::RunMode::Off);
+  if (hsSocket.FoundDiskFull()) return ShowError(KajuLocale::kDiskFullMessage());
   ShowError(KajuLocale::kGenericErrorMessage() + "  (" + std::to_string(code) + ")");
 }
 
@@ -137,7 +140,18 @@ void KajuUpdateWindow::shZipper_DecompressCompleted(const FolderItem& zipFile, c
   Initiater = std::make_shared<Kaju::UpdateInitiater>();
   Initiater->ReplacementAppFolder = *replacement;
   Initiater->ReplacementExecutableName = SelectedBinary->ExecutableName;
-  AskToQuit();
+  if (IsPossible(Stage::Installing)) AskToQuit();
+}
+
+bool KajuUpdateWindow::IsPossible(Stage stage) {
+  const auto initiater = Initiater;
+  const std::string problem = initiater->WhatPreventsIt();
+  if (!IsAt(stage)) return false;
+  if (problem.empty()) return true;
+  initiater->Cancel();
+  Initiater = nullptr;
+  ShowError(problem);
+  return false;
 }
 
 void KajuUpdateWindow::AskToQuit() {
@@ -149,11 +163,14 @@ void KajuUpdateWindow::AskToQuit() {
 }
 
 void KajuUpdateWindow::shZipper_Error() {
-  if (CurrentStage != Stage::Cancelled) ShowError("");
+  if (CurrentStage != Stage::Cancelled) ShowError(shZipper.FoundDiskFull() ? KajuLocale::kDiskFullMessage() : "");
 }
 
-// The other windows come to the front, each in its turn, so that the user sees what is about to be closed.
+// What has gone since the update was ready is told while the program still runs. The other windows come to the front,
+// each in its turn, so that the user sees what is about to be closed.
 void KajuUpdateWindow::InstallAndQuit() {
+  btnOK.Enabled(false);
+  if (!IsPossible(Stage::AskingToQuit)) return;
   Kaju::StartUpdate(Initiater);
   const auto windows = toolkit::Platform::Current().OpenWindows();
   if (windows.front().get() != this) {

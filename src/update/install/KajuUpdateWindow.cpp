@@ -141,7 +141,7 @@ void KajuUpdateWindow::EndWork() {
 // Without the user's last press, the end of the program or of the desktop session is no reason to install anything.
 void KajuUpdateWindow::Event_Close() {
   if (!App::Current().UpdateInitiater) EndWork();
-  if (CurrentStage == Stage::Cancelled) std::ranges::for_each(DeleteOnCancel, Kaju::DeleteRecursive);
+  if (CurrentStage == Stage::Cancelled) std::ranges::for_each(DeleteOnCancel, Kaju::DeleteWholly);
   std::ranges::for_each(DeleteOnClose, Kaju::DeleteRecursive);
   Initiater = nullptr;
 }

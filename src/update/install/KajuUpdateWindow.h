@@ -134,6 +134,9 @@ class KajuUpdateWindow final : public toolkit::Window {
   void ShowInstalling();
   void Download();
   void EndAsCorrupted();
+  /// Whether nothing keeps the update from being installed. If something does, it is on show; if the stage is another
+  /// one by then, it does not matter any more.
+  [[nodiscard]] bool IsPossible(Stage stage);
   void AskToQuit();
   void InstallAndQuit();
   void EndWork();
