@@ -173,7 +173,6 @@ TEST_F(UpdateWindowTest, AsksForMoneyAndBits) {
 
 TEST_F(UpdateWindowTest, TellsWhyAnUpdateFails) {
   using Act = std::function<void()>;
-  const auto unpacked = [&](const char* entry) { return [&, entry] { InstallUntilUnpacking(), Unpack(entry); }; };
   const auto named = [&](const std::string& name, const std::string& executable) {
     return [&, name, executable] {
       Install(Offer("2", "",
