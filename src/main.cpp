@@ -2,10 +2,12 @@
 #include "serverlist/wMain.h"
 #include "shell/App.h"
 #include "shell/Product.h"
+#include "toolkit/qt/DecoderProgram.h"
 #include "toolkit/qt/QtPlatform.h"
 #include "update/install/UpdateWindowPresenter.h"
 
 int main(int argc, char** argv) {
+  if (const auto status = toolkit::qt::DecodeIfAsked(argc, argv)) return *status;
   toolkit::qt::QtPlatform platform(argc, argv);
   App app(product::version);
 
