@@ -24,7 +24,7 @@ class Picture {
   ~Picture() = default;
 
   /// The most that one from elsewhere has; a larger one is made smaller.
-  static constexpr std::int64_t MostPixels = 4'000'000;
+  static constexpr std::int64_t MostPixels = 2'500'000;
 
   /// The picture in `encoded`, which may come from anybody. Runs the event loop while it is decoded, and gives up once
   /// it is no longer wanted. Throws a RuntimeException if there is none that the desktop can show.

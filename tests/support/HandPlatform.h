@@ -104,7 +104,8 @@ class HandPlatform final : public toolkit::Platform {
                                                       std::function<void(toolkit::ProcessEnd)> ended) override;
   [[nodiscard]] std::chrono::milliseconds Uptime() const override { return now_; }
   void TrustAuthority(std::string_view /*certificate*/) override {}
-  std::optional<toolkit::Pixels> DecodePicture(std::string /*encoded*/, const toolkit::StillWanted& /*wanted*/) override {
+  std::optional<toolkit::Pixels> DecodePicture(std::string /*encoded*/,
+                                               const toolkit::StillWanted& /*wanted*/) override {
     return PictureShown;
   }
   std::optional<std::string> Translation(const std::string& /*key*/, const std::string& /*language*/) override {

@@ -12,6 +12,7 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QImageReader>
+#include <QThreadPool>
 
 #include "toolkit/Picture.h"
 #include "toolkit/Text.h"
@@ -20,8 +21,8 @@ namespace toolkit::qt {
 namespace {
 
 constexpr rlim_t mostSeconds = 2;
-// Enough to decode a screen of 3840 by 2160 pixels of any format.
-constexpr rlim_t mostMemory = 64'000'000;
+// Enough for a screen of 3840 by 2160 pixels, but not for every way to store that.
+constexpr rlim_t mostMemory = 72'000'000;
 constexpr rlim_t mostOutput = sizeof(DecodedSize) + Picture::MostPixels * sizeof(QRgb);
 // The least that the system takes for "none" where another program is to receive the core file.
 constexpr rlim_t noCoreFile = 1;
@@ -46,6 +47,14 @@ rlim_t MemoryInUse() {
   rlim_t pages = 0;
   for (int column = 0; column <= dataColumn; ++column) columns >> pages;
   return pages * static_cast<rlim_t>(sysconf(_SC_PAGESIZE));
+}
+
+/// Qt scales and converts on threads, and would wait for ever for one that does not start for want of memory.
+void StartTheThread() {
+  QThreadPool& threads = *QThreadPool::globalInstance();
+  threads.setMaxThreadCount(1);
+  threads.setExpiryTimeout(-1);
+  threads.start([] {});
 }
 
 bool Limit(__rlimit_resource resource, rlim_t most) {
@@ -80,8 +89,8 @@ const char* FormatOf(std::string_view encoded) {
 
 QSize Fitting(QSize size, int mostWidth) {
   const double area = static_cast<double>(size.width()) * size.height();
-  const double scale = std::min({1.0, static_cast<double>(mostWidth) / size.width(),
-                                 std::sqrt(static_cast<double>(Picture::MostPixels) / area)});
+  const double scale = std::min(
+      {1.0, static_cast<double>(mostWidth) / size.width(), std::sqrt(static_cast<double>(Picture::MostPixels) / area)});
   return {std::max(static_cast<int>(size.width() * scale), 1), std::max(static_cast<int>(size.height() * scale), 1)};
 }
 
@@ -126,6 +135,7 @@ bool DecodedSize::IsWithin(int mostWidth) const {
 std::optional<int> DecodeIfAsked(int argumentCount, char** arguments) {
   if (argumentCount != 3 || arguments[1] != decoderOption) return std::nullopt;
   const QCoreApplication application(argumentCount, arguments);  // tells where the plugins are
+  StartTheThread();
   return LimitAll() && DecodeInput(std::atoi(arguments[2])) ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 

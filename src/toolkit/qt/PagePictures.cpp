@@ -18,9 +18,9 @@ constexpr std::size_t mostAtOnce = 6;
 constexpr int mostRedirects = 5;
 constexpr std::chrono::seconds longestSilence(30);
 constexpr std::uint64_t mostBytesOfOne = 16'000'000;
-constexpr std::uint64_t mostBytes = 32'000'000;
-// Showing them takes 40 MB.
-constexpr std::int64_t mostPixels = 10'000'000;
+constexpr std::uint64_t mostBytes = 24'000'000;
+// Showing them takes 32 MB.
+constexpr std::int64_t mostPixels = 8'000'000;
 // A usual picture takes 30 ms, and one that is made to take long 2 s.
 constexpr std::chrono::seconds mostTime(20);
 
@@ -36,8 +36,8 @@ bool IsHTTPAddress(const std::string& url) {
 
 }  // namespace
 
-/// Loads one picture, from a server that shows a valid certificate if it uses TLS, through a few redirects. Its page may
-/// destroy it in every call.
+/// Loads one picture, from a server that shows a valid certificate if it uses TLS, through a few redirects. Its page
+/// may destroy it in every call.
 class PagePictures::Loader final : private HTTPSocket {
  public:
   Loader(PagePictures& page, std::size_t number) : page_(page), number_(number) {
@@ -126,9 +126,9 @@ void PagePictures::Decode() {
   const std::size_t number = first.key();
   if (timeLeft_.count() <= 0) return Fail(number, 0, "The pictures of the page take too long together.");
   decoding_.start();
-  decoder_ = std::make_unique<PictureDecoder>(
-      first.mapped(), std::max(static_cast<int>(std::lround(mostWidth_ * pixelsPerPoint_)), 1),
-      [this, number](QImage image) { Decoded(number, std::move(image)); });
+  decoder_ = std::make_unique<PictureDecoder>(first.mapped(),
+                                              std::max(static_cast<int>(std::lround(mostWidth_ * pixelsPerPoint_)), 1),
+                                              [this, number](QImage image) { Decoded(number, std::move(image)); });
 }
 
 void PagePictures::Decoded(std::size_t number, QImage image) {

@@ -19,15 +19,16 @@ namespace {
 
 // The system ends a process that computes for long. This is for one that is not let to.
 constexpr std::chrono::seconds longestWait(10);
+constexpr std::chrono::milliseconds betweenTries(10);
 constexpr int firstOwnDescriptor = 3;
 
-bool WriteAll(int file, std::string_view bytes) {
+/// Of what finds no room, the picture lacks the end.
+void WriteAll(int file, std::string_view bytes) {
   while (!bytes.empty()) {
     const ssize_t written = write(file, bytes.data(), bytes.size());
-    if (written <= 0) return false;
+    if (written <= 0) return;
     bytes.remove_prefix(static_cast<std::size_t>(written));
   }
-  return true;
 }
 
 /// Starts this program once more, with none of its files and sockets. Returns 0 if that fails.
@@ -74,9 +75,10 @@ PictureDecoder::PictureDecoder(std::string_view encoded, int mostWidth, Decoded 
       decoded_(std::move(decoded)),
       input_(memfd_create("encoded", MFD_CLOEXEC)),
       output_(memfd_create("decoded", MFD_CLOEXEC)) {
+  WriteAll(input_, encoded);
   deadline_.setSingleShot(true);
-  QObject::connect(&deadline_, &QTimer::timeout, [this] { Finish(); });
-  Start(encoded);
+  QObject::connect(&deadline_, &QTimer::timeout, [this] { Go(); });
+  deadline_.start(0);
 }
 
 PictureDecoder::~PictureDecoder() {
@@ -85,12 +87,11 @@ PictureDecoder::~PictureDecoder() {
   close(output_);
 }
 
-void PictureDecoder::Start(std::string_view encoded) {
-  if (WriteAll(input_, encoded)) process_ = StartDecoder(input_, output_, mostWidth_);
-  if (process_ == 0) {
-    deadline_.start(0);
-    return;
-  }
+void PictureDecoder::Go() {
+  if (process_ == 0 && isOneAtWork) return deadline_.start(betweenTries);
+  if (process_ == 0) process_ = StartDecoder(input_, output_, mostWidth_);
+  if (process_ == 0 || ended_) return Finish();
+  isOneAtWork = true;
   ended_ = std::make_unique<QSocketNotifier>(syscall(SYS_pidfd_open, process_, 0), QSocketNotifier::Read);
   QObject::connect(ended_.get(), &QSocketNotifier::activated, [this] { Finish(); });
   deadline_.start(longestWait);
@@ -99,6 +100,7 @@ void PictureDecoder::Start(std::string_view encoded) {
 void PictureDecoder::End() {
   deadline_.stop();
   if (process_ == 0) return;
+  isOneAtWork = false;
   ended_->setEnabled(false);
   close(static_cast<int>(ended_->socket()));
   kill(process_, SIGKILL);

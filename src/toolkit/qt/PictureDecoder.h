@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string_view>
@@ -13,7 +12,7 @@
 namespace toolkit::qt {
 
 /// Decodes one picture that may hold anything, while the event loop runs. A process of its own does it (see
-/// DecoderProgram.h), under limits of time and memory, so that nothing in the picture reaches this one but pixels.
+/// DecoderProgram.h), under limits of time and memory, so that nothing of the picture reaches this one but pixels.
 class PictureDecoder {
  public:
   /// Tells the picture, in premultiplied ARGB; empty if it cannot be had. May destroy the decoder.
@@ -27,9 +26,12 @@ class PictureDecoder {
   ~PictureDecoder();
 
  private:
-  void Start(std::string_view encoded);
+  void Go();
   void End();
   void Finish();
+
+  // Two would take twice the memory; the others wait.
+  inline static bool isOneAtWork = false;
 
   int mostWidth_;
   Decoded decoded_;
@@ -38,6 +40,7 @@ class PictureDecoder {
   int output_;
   pid_t process_ = 0;
   std::unique_ptr<QSocketNotifier> ended_;
+  // When to start, and then when to wait no longer.
   QTimer deadline_;
 };
 

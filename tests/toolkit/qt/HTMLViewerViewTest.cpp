@@ -12,6 +12,7 @@
 
 #include "tests/desktop/Desktop.h"
 #include "tests/support/FaultServer.h"
+#include "tests/support/HostilePictures.h"
 #include "toolkit/HTMLViewer.h"
 #include "toolkit/Text.h"
 #include "toolkit/TextFile.h"
@@ -206,6 +207,37 @@ TEST_F(Page, AThousandPicturesWaitForEachOtherAndGoWithThePage) {
   model->Close.Action = nullptr;
   model->toolkit::Window::Close();
   QTest::qWait(100);
+}
+
+TEST_F(Page, PicturesThatTakeMuchTakeNoOthersWithThemUntilThePageHasHadItsShare) {
+  const FaultServer red({{{Reply(200, Red())}}}, Wire::Plain);
+  std::vector<std::unique_ptr<FaultServer>> servers;
+  for (const auto& picture : HostilePictures())
+    servers.push_back(std::make_unique<FaultServer>(std::vector<Answer>{{{Reply(200, picture.Encoded)}}}, Wire::Plain));
+  std::string page = "x";  // the cursor stands before the text
+  for (std::size_t number = 0; number < 200; ++number) {
+    const FaultServer& server = number == 0 || number == 7 ? red : *servers[number % servers.size()];
+    page += "<img src='" + server.URL() + "/" + std::to_string(number) + "'>";
+  }
+  Load(page);
+  for (int wait = 0; wait < 6 && log.size() < 198; ++wait) Until([&] { return log.size() == 198; });
+  EXPECT_THAT(log, SizeIs(198));
+  EXPECT_THAT(log, Contains(HasSubstr("too long together")));
+  EXPECT_EQ(Redness(), 3200);
+}
+
+TEST_F(Page, WhatArrivesOfPicturesCountsWhetherOrNotTheyArriveWhole) {
+  const std::string bytes(8'000'000, 'x');
+  for (const std::string& announced : {"8000000"s, "9000000"s}) {
+    const std::string head = "HTTP/1.1 200 OK\r\nContent-Length: " + announced + "\r\n\r\n";
+    const FaultServer server({{{head + bytes}, Answer::Then::Close}}, Wire::Plain);
+    std::string page;
+    for (int number = 0; number < 10; ++number)
+      page += "<img src='" + server.URL() + "/" + std::to_string(number) + "'>";
+    Load(page);
+    EXPECT_TRUE(Until([&] { return log.size() == 10; })) << announced;
+    EXPECT_GE(std::ranges::count_if(log, [](const auto& line) { return line.ends_with("too large together."); }), 7);
+  }
 }
 
 TEST_F(Page, LinksAskTheProgramAndTextCanBeCopied) {
