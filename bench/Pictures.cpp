@@ -1,8 +1,9 @@
 // Pictures that are made to take much time or memory: as the picture of an offer, and 200 times in its notes. How long
 // does the event loop pause, and how much memory do the program and its decoders take?
 //
-// Each picture has a process of its own, the real window and a server on this machine. The memory is the proportional
-// one of that process and its children, and that of their files in memory, looked at every few milliseconds.
+// Each picture has a process of its own, the real window and a server on this machine. A pause is the time between two
+// ticks of a timer in the event loop, without what other programs kept from it. The memory is the proportional one of
+// that process and its children, and that of their files in memory, looked at every few milliseconds.
 
 #include <algorithm>
 #include <atomic>
@@ -73,13 +74,26 @@ double MemoryOfAll() {
   return memory;
 }
 
+/// The seconds that this thread was ready to run and waited for a processor (see proc(5), "schedstat"). That says how
+/// busy the machine is, and nothing about the program.
+double SecondsOfWaiting() {
+  constexpr double nanosecond = 1e-9;
+  std::ifstream file("/proc/thread-self/schedstat");
+  double ran = 0;
+  double waited = 0;
+  file >> ran >> waited;
+  return waited * nanosecond;
+}
+
 /// Looks at this process as long as it lives.
 class Watch {
  public:
   Watch() : looking_([this] { Look(); }) {
     QObject::connect(&beat_, &QTimer::timeout, [this] {
-      pause_ = std::max(pause_, bench::SecondsSince(last_));
+      const double waited = SecondsOfWaiting();
+      pause_ = std::max(pause_, bench::SecondsSince(last_) - (waited - waited_));
       last_ = bench::Clock::now();
+      waited_ = waited;
     });
     beat_.setTimerType(Qt::PreciseTimer);
     beat_.start(1);
@@ -101,6 +115,7 @@ class Watch {
 
   QTimer beat_;
   bench::Clock::time_point last_ = bench::Clock::now();
+  double waited_ = SecondsOfWaiting();
   double pause_ = 0;
   std::atomic<double> memory_ = 0;
   std::atomic<bool> ends_ = false;

@@ -22,7 +22,8 @@ QImage ImageOf(const Picture& picture, QSize size) {
   const auto& [own, colors] = picture.Pixels();
   const QImage image(reinterpret_cast<const uchar*>(colors.data()), own.Width, own.Height,
                      QImage::Format_ARGB32_Premultiplied);
-  return image.scaled(size.isEmpty() ? image.size() : size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation).copy();
+  if (size.isEmpty() || size == image.size()) return image.copy();
+  return image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
 }  // namespace toolkit::qt
