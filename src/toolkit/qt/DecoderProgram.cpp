@@ -70,7 +70,7 @@ bool LimitAll() {
 
 /// The picture in a data address; `input` itself if it is none.
 QByteArray PictureIn(std::string_view input) {
-  const QByteArray all = QByteArray::fromRawData(input.data(), static_cast<qsizetype>(input.size()));
+  QByteArray all = QByteArray::fromRawData(input.data(), static_cast<qsizetype>(input.size()));
   if (!StartsWithIgnoringCase(input, "data:")) return all;
   const std::size_t comma = input.find(',');
   if (comma == std::string_view::npos) return {};

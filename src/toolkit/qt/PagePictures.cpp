@@ -59,8 +59,11 @@ class PagePictures::Loader final : private HTTPSocket {
     if (IsRedirect(status) && IsHTTPAddress(target) && redirectsLeft_-- > 0) return Send("GET", target);
     page_.Fail(number_, status, "The server answered with status " + std::to_string(status) + ".");
   }
-  void Event_ReceiveProgress(std::uint64_t received, std::optional<std::uint64_t> /*total*/) override {
-    page_.Spend(number_, received - std::exchange(counted_, received));
+  // All that is announced counts at once. Else pictures that load side by side could use up the bytes that are left,
+  // and none would arrive whole.
+  void Event_ReceiveProgress(std::uint64_t received, std::optional<std::uint64_t> total) override {
+    const std::uint64_t expected = std::max(received, total.value_or(0));
+    page_.Spend(number_, expected - std::exchange(counted_, expected), received);
   }
   void Event_SendProgress(std::uint64_t /*sent*/, std::uint64_t /*total*/) override {}
 
@@ -101,16 +104,16 @@ void PagePictures::Load(std::size_t number) {
     loaders_[number] = std::make_unique<Loader>(*this, number);
   } else if (!StartsWithIgnoringCase(addresses_[number], dataScheme)) {
     Fail(number, 0, "Pictures come from http, https and data addresses only.");
-  } else if (Spend(number, addresses_[number].size())) {
+  } else if (Spend(number, addresses_[number].size(), 0)) {
     // The address is not needed any more, and as long as the picture.
     Loaded(number, std::exchange(addresses_[number], std::string(dataScheme)));
   }
 }
 
-/// Fails if so many more bytes are too many for the page.
-bool PagePictures::Spend(std::size_t number, std::uint64_t bytes) {
+/// Fails if so many more bytes are too many for the page. Those that were received already count all the same.
+bool PagePictures::Spend(std::size_t number, std::uint64_t bytes, std::uint64_t received) {
   const bool isWithin = bytes <= bytesLeft_;
-  bytesLeft_ -= std::min(bytes, bytesLeft_);
+  bytesLeft_ -= isWithin ? bytes : std::min(received, bytesLeft_);
   if (!isWithin) Fail(number, 0, "The pictures of the page are too large together.");
   return isWithin;
 }

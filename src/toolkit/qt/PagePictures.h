@@ -40,7 +40,7 @@ class PagePictures {
 
   void Step();
   void Load(std::size_t number);
-  bool Spend(std::size_t number, std::uint64_t bytes);
+  bool Spend(std::size_t number, std::uint64_t bytes, std::uint64_t received);
   void Loaded(std::size_t number, std::string encoded);
   void Decode();
   void Decoded(std::size_t number, QImage image);

@@ -22,6 +22,12 @@ constexpr std::chrono::seconds longestWait(10);
 constexpr std::chrono::milliseconds betweenTries(10);
 constexpr int firstOwnDescriptor = 3;
 
+/// Two would take twice the memory, so the others wait.
+bool& IsOneAtWork() {
+  static bool isAtWork = false;
+  return isAtWork;
+}
+
 /// Of what finds no room, the picture lacks the end.
 void WriteAll(int file, std::string_view bytes) {
   while (!bytes.empty()) {
@@ -88,10 +94,10 @@ PictureDecoder::~PictureDecoder() {
 }
 
 void PictureDecoder::Go() {
-  if (process_ == 0 && isOneAtWork) return deadline_.start(betweenTries);
+  if (process_ == 0 && IsOneAtWork()) return deadline_.start(betweenTries);
   if (process_ == 0) process_ = StartDecoder(input_, output_, mostWidth_);
   if (process_ == 0 || ended_) return Finish();
-  isOneAtWork = true;
+  IsOneAtWork() = true;
   ended_ = std::make_unique<QSocketNotifier>(syscall(SYS_pidfd_open, process_, 0), QSocketNotifier::Read);
   QObject::connect(ended_.get(), &QSocketNotifier::activated, [this] { Finish(); });
   deadline_.start(longestWait);
@@ -100,7 +106,7 @@ void PictureDecoder::Go() {
 void PictureDecoder::End() {
   deadline_.stop();
   if (process_ == 0) return;
-  isOneAtWork = false;
+  IsOneAtWork() = false;
   ended_->setEnabled(false);
   close(static_cast<int>(ended_->socket()));
   kill(process_, SIGKILL);

@@ -30,9 +30,6 @@ class PictureDecoder {
   void End();
   void Finish();
 
-  // Two would take twice the memory; the others wait.
-  inline static bool isOneAtWork = false;
-
   int mostWidth_;
   Decoded decoded_;
   // Files in memory: the process starts with its input, and what it writes is read when it has ended.
