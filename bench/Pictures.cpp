@@ -148,7 +148,7 @@ void Show(const std::string& where, const std::string& folder, const std::string
     offer->ImageURL = folder + name;
   } else {
     for (; missing < picturesInNotes; ++missing)
-      offer->ReleaseNotes += "<img src='" + folder + name + "?" + std::to_string(missing) + "'>";
+      offer->ReleaseNotes.append("<img src='").append(folder + name).append("?" + std::to_string(missing)).append("'>");
   }
   const Watch watch;
   window = KajuUpdateWindow::Shared();
