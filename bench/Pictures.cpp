@@ -37,6 +37,8 @@
 #include "toolkit/Picture.h"
 #include "toolkit/qt/DecoderProgram.h"
 
+using namespace std::string_literals;
+
 namespace {
 
 using bench::Desktop;
@@ -147,8 +149,10 @@ void Show(const std::string& where, const std::string& folder, const std::string
   if (where == "offer") {
     offer->ImageURL = folder + name;
   } else {
-    for (; missing < picturesInNotes; ++missing)
-      offer->ReleaseNotes.append("<img src='").append(folder + name).append("?" + std::to_string(missing)).append("'>");
+    for (; missing < picturesInNotes; ++missing) {
+      for (const std::string& part : {"<img src='"s, folder, name, "?"s, std::to_string(missing), "'>"s})
+        offer->ReleaseNotes += part;
+    }
   }
   const Watch watch;
   window = KajuUpdateWindow::Shared();
