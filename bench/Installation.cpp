@@ -34,6 +34,7 @@
 #include "support/Memory.h"
 #include "support/Report.h"
 #include "support/TemporaryFolder.h"
+#include "support/UpdateWindow.h"
 #include "support/VirtualScreen.h"
 #include "update/check/FileHelpers.h"
 #include "update/install/KajuUpdateWindow.h"
@@ -86,53 +87,13 @@ std::string MakeArchive(const std::filesystem::path& folder, int megabytes) {
   return name;
 }
 
-std::shared_ptr<Kaju::UpdateInformation> Offer(const std::string& version, const std::string& url = "http://h/a.zip",
-                                               const std::string& hash = "00") {
-  auto offer = std::make_shared<Kaju::UpdateInformation>();
-  offer->AppName = "Corvane";
-  offer->Version = version;
-  for (int line = 0; line < 200; ++line) {
-    offer->ReleaseNotes.append("<h3>Change ").append(std::to_string(line));
-    offer->ReleaseNotes += "</h3><p>The window of a server tells <b>how long</b> it has been <i>running</i>.</p>";
-  }
-  const auto binary = offer->FetchBinary("LinuxBinary64bit");
-  binary->URL = url;
-  binary->Hash = hash;
-  binary->ExecutableName = "corvane";
-  return offer;
-}
-
-class UpdateWindow {
- public:
-  UpdateWindow() : checker_(std::make_shared<Kaju::UpdateChecker>(toolkit::FolderItem(folder_.Path()), "preferences")) {
-    checker_->DefaultImage = Logo_Banner_600x164();
-  }
-
-  std::shared_ptr<KajuUpdateWindow> Open(Kaju::Offers offers) {
-    auto window = KajuUpdateWindow::Shared();
-    window->ChooseUpdate(checker_, std::move(offers));
-    return window;
-  }
-
- private:
-  bench::TemporaryFolder folder_;
-  std::shared_ptr<Kaju::UpdateChecker> checker_;
-};
-
-/// Whoever held the window must have let go of it.
-void Close(std::shared_ptr<KajuUpdateWindow> window) {
-  const std::weak_ptr<KajuUpdateWindow> closing = window;
-  std::exchange(window, nullptr)->Cancel();
-  Desktop::RunUntil([&] { return closing.expired(); });
-}
-
 /// What a process of its own prints: the seconds from the first header to the last byte, those from there to an update
 /// that is ready, and the most memory it has had.
 void Install(Desktop& desktop, const std::string& url, const std::string& hash) {
   const App app({1, 0, 0});
   bench::PaintWatch watch("hvNotes");
-  UpdateWindow update;
-  auto window = update.Open({Offer("2.0.0", url, hash)});
+  bench::UpdateWindow update;
+  auto window = update.Open({bench::Offer("2.0.0", url, hash)});
   watch.Wait();
   window->btnOK.Press();
   Desktop::RunUntil([&] { return window->CurrentStage != Stage::Installing; });
@@ -140,7 +101,7 @@ void Install(Desktop& desktop, const std::string& url, const std::string& hash) 
   if (window->CurrentStage != Stage::AskingToQuit) throw std::runtime_error(window->lblInstallMessage.Text());
   std::cout << bench::Duration(desktop.LastByteAt() - desktop.HeadersAt()).count() << ' ' << unpacking << ' '
             << bench::PeakMemory() << std::endl;
-  Close(std::move(window));
+  bench::UpdateWindow::Close(std::move(window));
 }
 
 struct Figures {
@@ -203,22 +164,22 @@ void MeasureInstalling(bench::Report& report) {
                {"of 20 MB", bench::Median(ofSmall.Memory)}, tolerableGrowth);
 }
 
-double SecondsToOpen(UpdateWindow& update, const Kaju::Offers& offers) {
+double SecondsToOpen(bench::UpdateWindow& update, const Kaju::Offers& offers) {
   bench::PaintWatch watch("hvNotes");
   watch.Expect([](QObject& notes) { return !qobject_cast<QTextEdit*>(&notes)->document()->isEmpty(); });
   std::shared_ptr<KajuUpdateWindow> window;
   const double seconds = watch.SecondsToPaint([&] { window = update.Open(offers); });
   if (window->pumUpdates.ListCount() != static_cast<int>(offers.size()))
     throw std::runtime_error("an offer is missing");
-  Close(std::move(window));
+  bench::UpdateWindow::Close(std::move(window));
   return seconds;
 }
 
 void MeasureOpening(bench::Report& report) {
   const App app({1, 0, 0});
-  UpdateWindow update;
+  bench::UpdateWindow update;
   Kaju::Offers offers;
-  for (int number = 0; number < manyOffers; ++number) offers.push_back(Offer("2.0." + std::to_string(number)));
+  for (int number = 0; number < manyOffers; ++number) offers.push_back(bench::Offer("2.0." + std::to_string(number)));
   const Kaju::Offers one{offers.back()};
   std::vector<double> ofOne;
   std::vector<double> ofMany;

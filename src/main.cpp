@@ -2,11 +2,13 @@
 #include "serverlist/wMain.h"
 #include "shell/App.h"
 #include "shell/Product.h"
+#include "toolkit/qt/DecoderProgram.h"
 #include "toolkit/qt/QtPlatform.h"
 #include "update/install/UpdateWindowPresenter.h"
 #include "update/install/Updating.h"
 
 int main(int argc, char** argv) {
+  if (const auto status = toolkit::qt::DecodeIfAsked(argc, argv)) return *status;
   toolkit::qt::QtPlatform platform(product::program, argc, argv);
   App app(product::version);
 

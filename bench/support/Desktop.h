@@ -56,8 +56,8 @@ class Desktop final : private QtBelow, public toolkit::Platform {
   }
   [[nodiscard]] std::chrono::milliseconds Uptime() const override { return Qt.Uptime(); }
   void TrustAuthority(std::string_view certificate) override { Qt.TrustAuthority(certificate); }
-  std::optional<toolkit::Size> SizeOfPicture(std::span<const std::byte> encoded) override {
-    return Qt.SizeOfPicture(encoded);
+  std::optional<toolkit::Pixels> DecodePicture(std::string encoded, const toolkit::StillWanted& wanted) override {
+    return Qt.DecodePicture(std::move(encoded), wanted);
   }
   std::optional<std::string> Translation(const std::string& key, const std::string& language) override {
     return Qt.Translation(key, language);

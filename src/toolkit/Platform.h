@@ -1,12 +1,10 @@
 #pragma once
 
 #include <chrono>
-#include <cstddef>
 #include <deque>
 #include <functional>
 #include <memory>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,9 +12,10 @@
 #include "toolkit/FolderItem.h"
 #include "toolkit/HTTPTransfer.h"
 #include "toolkit/MessageDialog.h"
+#include "toolkit/Pixels.h"
 #include "toolkit/ProgramFacts.h"
 #include "toolkit/Shell.h"
-#include "toolkit/Size.h"
+#include "toolkit/StillWanted.h"
 #include "toolkit/Timer.h"
 
 namespace toolkit {
@@ -88,8 +87,9 @@ class Platform {
   [[nodiscard]] virtual std::chrono::milliseconds Uptime() const = 0;
   /// Lets servers show certificates of another authority than those that the system trusts. `certificate` is in PEM.
   virtual void TrustAuthority(std::string_view certificate) = 0;
-  /// The size in pixels of a picture in its encoded form, or nothing if it is none that the desktop can show.
-  virtual std::optional<Size> SizeOfPicture(std::span<const std::byte> encoded) = 0;
+  /// The pixels of a picture that may come from anybody, Picture::MostPixels at most; nothing if it is none that the
+  /// desktop can show. Runs the event loop until it is decoded or no longer wanted.
+  virtual std::optional<Pixels> DecodePicture(std::string encoded, const StillWanted& wanted) = 0;
   /// The text for `key` in `language`, an IETF tag, or in the user's languages if that is empty; nothing where the
   /// text in the program serves.
   virtual std::optional<std::string> Translation(const std::string& key, const std::string& language) = 0;

@@ -91,8 +91,8 @@ class HandPlatform final : public toolkit::Platform {
   void Advance(std::chrono::milliseconds time);
   /// All processes ever started, in order.
   std::vector<std::shared_ptr<StartedProcess>> Processes;
-  /// What every picture measures; nothing makes all pictures unreadable.
-  std::optional<toolkit::Size> PictureSize;
+  /// What every picture shows; nothing makes all pictures unreadable.
+  std::optional<toolkit::Pixels> PictureShown;
 
   std::unique_ptr<toolkit::HTTPTransfer> StartTransfer(toolkit::HTTPRequest request,
                                                        toolkit::HTTPTransferEvents& events) override;
@@ -104,7 +104,10 @@ class HandPlatform final : public toolkit::Platform {
                                                       std::function<void(toolkit::ProcessEnd)> ended) override;
   [[nodiscard]] std::chrono::milliseconds Uptime() const override { return now_; }
   void TrustAuthority(std::string_view /*certificate*/) override {}
-  std::optional<toolkit::Size> SizeOfPicture(std::span<const std::byte> /*encoded*/) override { return PictureSize; }
+  std::optional<toolkit::Pixels> DecodePicture(std::string /*encoded*/,
+                                               const toolkit::StillWanted& /*wanted*/) override {
+    return PictureShown;
+  }
   std::optional<std::string> Translation(const std::string& /*key*/, const std::string& /*language*/) override {
     return std::nullopt;
   }

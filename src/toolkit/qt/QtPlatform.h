@@ -30,7 +30,7 @@ class QtPlatform final : public Platform {
                                              std::function<void(ProcessEnd)> ended) override;
   [[nodiscard]] std::chrono::milliseconds Uptime() const override;
   void TrustAuthority(std::string_view certificate) override;
-  std::optional<Size> SizeOfPicture(std::span<const std::byte> encoded) override;
+  std::optional<Pixels> DecodePicture(std::string encoded, const StillWanted& wanted) override;
   std::optional<std::string> Translation(const std::string& key, const std::string& language) override;
   bool OpenURL(const std::string& url) override;
   int RunLoop(const std::function<void()>& start) override;

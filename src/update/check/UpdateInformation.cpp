@@ -73,7 +73,7 @@ std::shared_ptr<const toolkit::Picture> FetchPicture(const std::string& url, con
     const std::string resolved = socket.GetRedirectAddress(url);
     if (!toolkit::IsWanted(wanted)) return nullptr;
     std::string body = socket.Get(resolved, HTTPSSocket::kTimeoutSeconds);
-    return body.empty() ? nullptr : toolkit::Picture::FromData(std::move(body));
+    return body.empty() ? nullptr : toolkit::Picture::FromData(std::move(body), wanted);
   } catch (const toolkit::RuntimeException&) {
     return nullptr;  // an update without a picture is shown all the same
   }

@@ -57,8 +57,8 @@ class UpdateInformation final : public Information {
   [[nodiscard]] bool IsExpiredAt(std::chrono::sys_seconds moment) const;
 
   /// The picture at ImageURL, fetched when it is first asked for; nullptr if there is none or it cannot be had, and
-  /// then fetched again the next time. Runs the event loop for up to 5 seconds without progress a request, and gives up
-  /// once it is no longer wanted.
+  /// then fetched again the next time. Runs the event loop for up to 5 seconds without progress a request and while the
+  /// picture is decoded, and gives up once it is no longer wanted.
   [[nodiscard]] std::shared_ptr<const toolkit::Picture> Image(const toolkit::StillWanted& wanted = {}) const;
 
   /// The file for a platform; nullptr if there is none. On macOS one file serves both widths.
