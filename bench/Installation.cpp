@@ -252,7 +252,7 @@ void MeasureLargeDocument(bench::Report& report) {
     auto window = KajuUpdateWindow::Shared();
     if (window->pumUpdates.ListCount() != offersOfLargeDocument) throw std::runtime_error("an offer is missing");
     paint.Wait();
-    Close(std::move(window));
+    bench::UpdateWindow::Close(std::move(window));
     pauses.push_back(pause.Longest());
   }
   report.Value("longest pause with a document of 60 MB", Unit::Seconds, bench::Median(pauses), longestPause);
