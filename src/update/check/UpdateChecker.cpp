@@ -155,7 +155,8 @@ bool UpdateChecker::Concerns(const UpdateInformation& update, double currentVers
   const bool anyWidth = Target.Bits == Width::Bits32 && Allow32bitTo64bitUpdates;
   const auto binary = anyWidth ? update.PlatformBinaryAny(Target.Platform) : update.PlatformBinarySameBitness(Target);
   if (!binary || update.StageCode() < AllowedStage || currentVersion >= update.VersionAsDouble()) return false;
-  return !update.IsExpiredAt(std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now()));
+  return !update.Expires ||
+         !update.IsExpiredAt(std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now()));
 }
 
 bool UpdateChecker::IsIgnored(const std::string& version) const {
