@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -55,11 +56,10 @@ const boost::json::object& RequireObject(const toolkit::JSONItem& value);
 
 template <typename Record>
 void JSONToProperties(const toolkit::JSONItem& data, std::span<const Property<Record>> properties, Record& record) {
-  const boost::json::object& members = RequireObject(data);
-  for (const Property<Record>& property : properties) {
-    const toolkit::JSONItem* value = members.if_contains(property.Name);
-    if (value == nullptr || value->is_structured()) continue;
-    std::visit([&](auto member) { Convert(*value, record.*member); }, property.Member);
+  for (const auto& given : RequireObject(data)) {
+    const auto property = std::ranges::find(properties, std::string_view(given.key()), &Property<Record>::Name);
+    if (property == properties.end() || given.value().is_structured()) continue;
+    std::visit([&](auto member) { Convert(given.value(), record.*member); }, property->Member);
   }
 }
 

@@ -130,7 +130,7 @@ void UpdateChecker::Decide(std::string_view raw) {
   const double currentVersion = mDryRun ? beforeAllVersions : VersionToDouble(AppVersionString());
   Offers offers;
   bool requiredFound = false;
-  const auto document = toolkit::ParseJSONItem(raw, ServeEvents);
+  auto document = toolkit::ParseJSONItem(raw, ServeEvents);
   if (!document) return;
   std::size_t read = 0;
   for (const toolkit::JSONItem& element : Elements(*document)) {
@@ -145,7 +145,8 @@ void UpdateChecker::Decide(std::string_view raw) {
       offers.push_back(std::move(update));
     }
   }
-  if (offers.empty()) return;
+  document = nullptr;  // which takes a while where it is large
+  if (offers.empty() || !ServeEvents()) return;
   mResult = requiredFound ? ResultType::RequiredUpdateAvailable : ResultType::UpdateAvailable;
   if (presenter_ && IsAllowed(kAllowUpdateWindow)) presenter_->ChooseUpdate(shared_from_this(), std::move(offers));
 }
@@ -155,7 +156,8 @@ bool UpdateChecker::Concerns(const UpdateInformation& update, double currentVers
   const bool anyWidth = Target.Bits == Width::Bits32 && Allow32bitTo64bitUpdates;
   const auto binary = anyWidth ? update.PlatformBinaryAny(Target.Platform) : update.PlatformBinarySameBitness(Target);
   if (!binary || update.StageCode() < AllowedStage || currentVersion >= update.VersionAsDouble()) return false;
-  return !update.IsExpiredAt(std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now()));
+  return !update.Expires ||
+         !update.IsExpiredAt(std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now()));
 }
 
 bool UpdateChecker::IsIgnored(const std::string& version) const {

@@ -14,8 +14,8 @@ namespace Kaju {
 namespace {
 
 constexpr int finalStage = static_cast<int>(toolkit::Stage::Final);
-/// Those of the stages before it, in their order.
-constexpr std::string_view stageLetters = "dab";
+/// Those of the stages before it, in their order and in either case.
+constexpr std::string_view stageLetters = "dabDAB";
 
 /// The number that the digits stand for; 0 if there are none.
 double Val(std::string_view digits) {
@@ -66,11 +66,9 @@ std::string VersionStringFor(int major, int minor, int bug, int stage, int nonRe
 }
 
 int StageCodeOf(std::string_view version) {
-  for (const char letter : version) {
-    const std::size_t stage = stageLetters.find(toolkit::LowerCase({&letter, 1}));
-    if (stage != std::string_view::npos) return static_cast<int>(stage);
-  }
-  return finalStage;
+  const std::size_t place = version.find_first_of(stageLetters);
+  return place == std::string_view::npos ? finalStage
+                                         : static_cast<int>(stageLetters.find(version[place]) % finalStage);
 }
 
 std::string AppVersionString() {

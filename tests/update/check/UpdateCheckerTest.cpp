@@ -146,11 +146,12 @@ TEST_F(UpdateCheckerTest, ServesEventsInALargeDocumentAndStopsThereWhenTheProgra
   std::string many;
   for (int offer = 0; offer < 100'000; ++offer) many += "{\"LinuxBinary\":{}},";  // 2 MB
   const std::pair<int, bool> rows[] = {{1, false}, {3, false}, {6, false}, {1000, false}, {100'000, true}};
-  for (const auto& [quitAt, isShown] : rows) {
+  for (const auto& row : rows) {
+    const auto [quitAt, isShown] = row;
     int breaks = 0;
     std::function<void()> count = [&] {
       platform.DuringBreak = count;
-      if (++breaks == quitAt) toolkit::Quit();
+      if (++breaks == row.first) toolkit::Quit();
     };
     platform.DuringBreak = count;
     RunOn(many + Offer("2"));
