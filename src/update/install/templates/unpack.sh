@@ -75,8 +75,8 @@ ulimit -f $((largest / 1024 + 1))
 root=$(/usr/bin/realpath "$folder")
 /usr/bin/find "$root" -type d ! -perm -700 -exec /bin/chmod u+rwx {} \;
 
-mapfile -d '' -t found < <(/usr/bin/find "$root" -type l -printf '/%P\0%l\0')
-wait "$!"
+shopt -s lastpipe
+/usr/bin/find "$root" -type l -printf '/%P\0%l\0' | mapfile -d '' -t found
 declare -A links=()
 for ((i = 0; i < ${#found[@]}; i += 2)); do links[${found[i]}]=${found[i + 1]}; done
 for ((i = 0; i < ${#found[@]}; i += 2)); do
