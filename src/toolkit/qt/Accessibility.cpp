@@ -5,6 +5,7 @@
 
 #include "toolkit/Platform.h"
 #include "toolkit/qt/CanvasView.h"
+#include "toolkit/qt/DialogBox.h"
 #include "toolkit/qt/ListTable.h"
 #include "toolkit/qt/ProgressBarView.h"
 #include "toolkit/qt/ProgressWheelView.h"
@@ -77,6 +78,7 @@ QAccessibleInterface* Describe(const QString& /*className*/, QObject* object) {
   auto* view = qobject_cast<QWidget*>(object);
   if (view == nullptr) return nullptr;
   if (dynamic_cast<QtWindow*>(view) != nullptr) return new QAccessibleWidget(view, QAccessible::Window);
+  if (dynamic_cast<DialogBox*>(view) != nullptr) return new QAccessibleWidget(view, QAccessible::AlertMessage);
   if (dynamic_cast<CanvasView*>(view) != nullptr) return new QAccessibleWidget(view, QAccessible::Graphic);
   if (dynamic_cast<ProgressWheelView*>(view) != nullptr) return new AccessibleProgress(*view);
   if (dynamic_cast<ProgressBarView*>(view) != nullptr) return new AccessibleProgress(*view);

@@ -95,12 +95,13 @@ QPlainTextEdit* MakeTextArea(const QString& name, const QString& text, const QFo
 
 }  // namespace
 
-DialogBox::DialogBox(const MessageDialog& dialog) : QDialog(QApplication::activeWindow()) {
+DialogBox::DialogBox(const MessageDialog& dialog, QWidget* owner, const QString& about) : QDialog(owner) {
   setObjectName("dialogBox");
-  setWindowTitle(QStringLiteral(" "));  // an empty title would show the program's name
+  setWindowTitle(about.isEmpty() ? QStringLiteral(" ") : about);  // an empty title would show the program's name
   setAccessibleName(QApplication::applicationName());
   const std::string gap = dialog.Explanation.empty() ? "" : "\n";
-  setAccessibleDescription(Shorten(ToQt(dialog.Message + gap + dialog.Explanation)));
+  const QString aboutLine = about.isEmpty() ? about : about + '\n';
+  setAccessibleDescription(aboutLine + Shorten(ToQt(dialog.Message + gap + dialog.Explanation)));
   setModal(true);
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(MakeTexts(dialog));
@@ -112,8 +113,19 @@ DialogBox::DialogBox(const MessageDialog& dialog) : QDialog(QApplication::active
   }
 }
 
+bool DialogBox::eventFilter(QObject* watched, QEvent* event) {
+  const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease ||
+                     event->type() == QEvent::ShortcutOverride;
+  if (!isKey || TakesKeys()) return QDialog::eventFilter(watched, event);
+  moment_.start();
+  event->accept();  // or a shortcut would be looked for
+  return true;
+}
+
 void DialogBox::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
+  moment_.start();
+  qApp->installEventFilter(this);
   QAccessibleEvent alert(this, QAccessible::Alert);
   QAccessible::updateAccessibility(&alert);
 }

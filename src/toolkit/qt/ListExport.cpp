@@ -58,7 +58,7 @@ void AskWhereToSave(const Listbox& list, QWidget& parent) {
   dialog->setAttribute(Qt::WA_DeleteOnClose);
   dialog->setAcceptMode(QFileDialog::AcceptSave);
   dialog->setDefaultSuffix(QStringLiteral("txt"));
-  dialog->selectFile(ToQt(list.AccessibleName()) + QLatin1String(".txt"));
+  dialog->selectFile(ToQt(list.FileName()).replace('/', '_') + QLatin1String(".txt"));
   QObject::connect(dialog, &QFileDialog::fileSelected, &parent, [&list, view = QPointer(&parent)](const QString& path) {
     Platform::Current().WhenFree([&list, view, path = FromQt(path)] {
       if (view) SaveRows(list, path);

@@ -4,6 +4,8 @@
 #include <numeric>
 #include <utility>
 
+#include <QApplication>
+#include <QFontDatabase>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -11,6 +13,7 @@
 
 #include "toolkit/Platform.h"
 #include "toolkit/qt/ListExport.h"
+#include "toolkit/qt/QtWindow.h"
 
 namespace toolkit::qt {
 namespace {
@@ -56,16 +59,31 @@ void ListTable::SetUpHeaders() {
           [this](int column, int /*before*/, int width) { KeepUsersWidth(column, width); });
 }
 
+void ListTable::FollowFont() {
+  if (list_.Texts() == ListTexts::Plain) return;
+  QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  fixed.setPointSizeF(QApplication::font(this).pointSizeF());
+  if (font() != fixed) setFont(fixed);
+}
+
 bool ListTable::Follow() {
   following_ = true;
+  FollowFont();
   setHorizontalScrollBarPolicy(list_.Scrolling() == ScrollBars::Both ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
   horizontalHeader()->setVisible(list_.HasHeading());
+  const bool wasEmpty = model_.rowCount() == 0;
+  if (!wasEmpty) scrolled_ = {horizontalScrollBar()->value(), verticalScrollBar()->value()};
   const bool haveRowsChanged = model_.Follow();
   if (haveRowsChanged) widestText_ = 0;
   usersWidths_.resize(static_cast<std::size_t>(list_.ColumnCount()));
   horizontalHeader()->setResizeContentsPrecision(LastColumnIsWide() ? 0 : rowsToMeasure);
   Measure();
   LayOut();
+  if (wasEmpty && haveRowsChanged) {
+    updateGeometries();
+    horizontalScrollBar()->setValue(scrolled_.x());
+    verticalScrollBar()->setValue(scrolled_.y());
+  }
   FollowSelection();
   viewport()->update();
   following_ = false;
@@ -80,6 +98,24 @@ void ListTable::FollowSelection() {
     selectionModel()->clear();
   } else {
     setCurrentIndex(model_.index(row, 0));
+  }
+}
+
+void ListTable::Mark(const QString& text) {
+  cells_.Mark(text);
+  viewport()->update();
+}
+
+void ListTable::ShowMark(int row) {
+  QStyleOptionViewItem option;
+  initViewItemOption(&option);
+  for (int column = 0; column < model_.columnCount(); ++column) {
+    const QRect mark = cells_.MarkIn(model_.index(row, column).data().toString(), option);
+    if (mark.isEmpty()) continue;
+    const int left = columnViewportPosition(column) + mark.left();
+    const int beyond = std::max(left + mark.width() - viewport()->width(), 0);
+    horizontalScrollBar()->setValue(horizontalScrollBar()->value() + std::min(left, beyond));
+    return;
   }
 }
 
@@ -102,7 +138,9 @@ void ListTable::LayOut() {
   if (verticalHeader()->defaultSectionSize() != height) verticalHeader()->setDefaultSectionSize(height);
   const int available = viewport()->width();
   const int last = model_.columnCount() - 1;
-  auto widths = LayOutColumns(list_.ColumnWidths(), usersWidths_, available);
+  const double scale = QtWindow::ScaleOf(*this);
+  auto widths = LayOutColumns(list_.ColumnWidths(), usersWidths_, qRound(available / scale));
+  for (int& width : widths) width = qRound(width * scale);
   widths.back() = std::max(widths.back(), widestText_);
   // The last column goes on to the list's edge, so that its heading has no end before it.
   widths.back() += std::max(available - std::accumulate(widths.begin(), widths.end(), 0), 0);
@@ -113,7 +151,7 @@ void ListTable::LayOut() {
 // The header may still be at work on what the user does to it.
 void ListTable::KeepUsersWidth(int column, int width) {
   if (layingOut_ || following_) return;
-  usersWidths_.at(static_cast<std::size_t>(column)) = width;
+  usersWidths_.at(static_cast<std::size_t>(column)) = qRound(width / QtWindow::ScaleOf(*this));
   QMetaObject::invokeMethod(this, &ListTable::LayOut, Qt::QueuedConnection);
 }
 

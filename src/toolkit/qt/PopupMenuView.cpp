@@ -19,7 +19,9 @@ QString RowText(std::string_view text, const QFontMetrics& font) {
 
 }  // namespace
 
-PopupMenuView::PopupMenuView(PopupMenu& menu, QWidget& parent) : ViewOf(menu, parent) {
+PopupMenuView::PopupMenuView(PopupMenu& menu, QWidget& parent) : ViewOf(menu, parent), name_(&parent) {
+  name_.setVisible(false);
+  name_.setBuddy(this);
   setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
   connect(this, &QComboBox::activated, this, [this](int row) { UserSelects(row); });
   Follow();
@@ -28,6 +30,7 @@ PopupMenuView::PopupMenuView(PopupMenu& menu, QWidget& parent) : ViewOf(menu, pa
 // The rows follow once, when the handler that fills the menu is done.
 void PopupMenuView::Refresh() {
   ShowCommonProperties(*this, Shown());
+  name_.setText(accessibleName());
   if (shownGeneration_ == Shown().Generation()) {
     setCurrentIndex(Shown().ListIndex());
   } else if (!std::exchange(followPending_, true)) {
