@@ -28,6 +28,8 @@ constexpr int widestText = 480;
 constexpr int scrollBarWidth = 24;
 // What stands beside a text at most: the sign and the margins.
 constexpr int besideText = 96;
+// The same for the title in the frame, which should be read whole.
+constexpr int besideTitle = 120;
 
 QString Shorten(const QString& text) {
   if (text.size() <= longestText) return text;
@@ -105,7 +107,9 @@ DialogBox::DialogBox(const MessageDialog& dialog, QWidget* owner, const QString&
   setModal(true);
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(MakeTexts(dialog));
-  layout->addWidget(MakeButtons(dialog));
+  QWidget* buttons = MakeButtons(dialog);
+  buttons->setMinimumWidth(std::min(fontMetrics().horizontalAdvance(about) + besideTitle, widestText));
+  layout->addWidget(buttons);
   layout->setSizeConstraint(QLayout::SetFixedSize);
   if (defaultButton_ != nullptr) {
     defaultButton_->setDefault(true);

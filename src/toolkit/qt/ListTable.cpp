@@ -24,6 +24,12 @@ constexpr int mostRowsToType = 10'000;
 // How many rows, beside those on the screen, are measured when a column is to fit its texts.
 constexpr int rowsToMeasure = 1000;
 
+QFont FixedFont() {
+  QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  fixed.setPointSizeF(QApplication::font().pointSizeF());
+  return fixed;
+}
+
 }  // namespace
 
 ListTable::ListTable(Listbox& list) : list_(list), model_(list) {
@@ -39,6 +45,7 @@ ListTable::ListTable(Listbox& list) : list_(list), model_(list) {
   setCornerButtonEnabled(false);
   setVerticalScrollMode(ScrollPerPixel);
   setHorizontalScrollMode(ScrollPerPixel);
+  if (list_.Texts() == ListTexts::Terminal) setFont(FixedFont());
 }
 
 // The headers read the model, which goes before the children do.
@@ -59,16 +66,8 @@ void ListTable::SetUpHeaders() {
           [this](int column, int /*before*/, int width) { KeepUsersWidth(column, width); });
 }
 
-void ListTable::FollowFont() {
-  if (list_.Texts() == ListTexts::Plain) return;
-  QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-  fixed.setPointSizeF(QApplication::font(this).pointSizeF());
-  if (font() != fixed) setFont(fixed);
-}
-
 bool ListTable::Follow() {
   following_ = true;
-  FollowFont();
   setHorizontalScrollBarPolicy(list_.Scrolling() == ScrollBars::Both ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
   horizontalHeader()->setVisible(list_.HasHeading());
   const bool wasEmpty = model_.rowCount() == 0;

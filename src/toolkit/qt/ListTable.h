@@ -48,7 +48,6 @@ class ListTable final : public QTableView, public EditTarget {
  private:
   void SetUpHeaders();
   void FollowSelection();
-  void FollowFont();
   void Measure();
   void LayOut();
   void KeepUsersWidth(int column, int width);
@@ -63,8 +62,8 @@ class ListTable final : public QTableView, public EditTarget {
   int widestText_ = 0;
   // Where the rows stood when there were any: a list that is refreshed is empty for a while.
   QPoint scrolled_;
-  // What changes now is not the user's doing.
-  bool following_ = false;
+  // What changes now is not the user's doing, from the making of the table on.
+  bool following_ = true;
   bool layingOut_ = false;
 };
 

@@ -117,6 +117,21 @@ TEST_F(ListOnScreen, AScreenReaderFindsATableWithItsHeadings) {
   EXPECT_TRUE(table->cellAt(1, 2)->state().selected);
 }
 
+TEST_F(ListOnScreen, ATerminalsLinesAreOfFixedWidthAndBeginAtTheNewest) {
+  const auto logs = std::make_shared<ListWindow>();
+  logs->List.Texts(toolkit::ListTexts::Terminal);
+  for (int row = 0; row < 100; ++row) logs->List.AddRow({"\x1B[1;31mred\x1B[0m \x1B[broken \x1B[", "iiii", "mmmm"});
+  logs->List.ListIndex(99);
+  model->Close();
+  Open(logs);
+  auto& lines = Find<QTableView>("list");
+  EXPECT_EQ(lines.model()->index(0, 0).data().toString(), "red roken ␛[");
+  EXPECT_EQ(lines.fontMetrics().horizontalAdvance("iiii"), lines.fontMetrics().horizontalAdvance("mmmm"));
+  EXPECT_TRUE(Until([&] { return lines.viewport()->rect().contains(lines.visualRect(lines.currentIndex())); }));
+  EXPECT_EQ(lines.selectionModel()->selectedRows(), QModelIndexList{lines.model()->index(99, 0)});
+  EXPECT_EQ(logs->List.RowText(0).substr(0, 7), "\x1B[1;31m") << "codes are copied and saved";
+}
+
 TEST_F(ListOnScreen, LettersFindARowOfASmallList) {
   AddRows(1, {"alpha", "x"});
   AddRows(1, {"beta", "y"});
