@@ -215,7 +215,6 @@ def read_overview(window):
     overview = Table(window, "System information")
     overview.expect(["", ""], 19)
     told = dict(zip(overview.column(0), overview.column(1)))
-    assert overview.cell(0, 0).get_description() == "Demonstration", "only labels are read out, but no values"
     assert told["Operating System:"] == "Debian GNU/Linux 12 (bookworm)" and told["CPU Count:"] == "8", told
     expect_names(window)
 
@@ -242,7 +241,6 @@ def stop_and_start(window):
         answer(f"shop has been {said}.", about=[f"shop on {SERVER}"])
         containers.expect(["Name:", "State:", "Status:"], 12)
         assert containers.cell(row, 1).get_name() == state
-        assert containers.cell(row, 0).get_description().startswith(f"State: {state}, Status: ")
         assert Atspi.Table.get_n_selected_rows(containers.node) == 0
     return containers
 
@@ -278,7 +276,7 @@ def share_of(bar):
 def update():
     window = find_window("frame", "Update Available", "A new version of Corvane is available!")
     expect_names(window)
-    notes = find(window, "label", "Release notes", "SHOWING", "MULTI_LINE")
+    notes = find(window, "document frame", "Release notes", "SHOWING", "MULTI_LINE")
     until("the release notes", lambda: "It updates itself." in Atspi.Text.get_text(notes, 0, -1))
 
     press(window, "Install Update")

@@ -4,6 +4,7 @@
 #include <QAction>
 
 #include "toolkit/Platform.h"
+#include "toolkit/qt/AccessiblePage.h"
 #include "toolkit/qt/CanvasView.h"
 #include "toolkit/qt/DialogBox.h"
 #include "toolkit/qt/ListTable.h"
@@ -80,6 +81,7 @@ QAccessibleInterface* Describe(const QString& /*className*/, QObject* object) {
   if (dynamic_cast<QtWindow*>(view) != nullptr) return new QAccessibleWidget(view, QAccessible::Window);
   if (dynamic_cast<DialogBox*>(view) != nullptr) return new QAccessibleWidget(view, QAccessible::AlertMessage);
   if (dynamic_cast<CanvasView*>(view) != nullptr) return new QAccessibleWidget(view, QAccessible::Graphic);
+  if (auto* page = qobject_cast<QTextBrowser*>(view)) return new AccessiblePage(*page);
   if (dynamic_cast<ProgressWheelView*>(view) != nullptr) return new AccessibleProgress(*view);
   if (dynamic_cast<ProgressBarView*>(view) != nullptr) return new AccessibleProgress(*view);
   if (auto* table = dynamic_cast<ListTable*>(view->focusProxy())) return new AccessibleList(*view, *table);

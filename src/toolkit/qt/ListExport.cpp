@@ -8,9 +8,11 @@
 #include <QPointer>
 #include <QSaveFile>
 
+#include "toolkit/HandlerTurn.h"
 #include "toolkit/Platform.h"
 #include "toolkit/RuntimeException.h"
 #include "toolkit/qt/QtText.h"
+#include "toolkit/qt/QtWindow.h"
 
 namespace toolkit::qt {
 namespace {
@@ -61,7 +63,9 @@ void AskWhereToSave(const Listbox& list, QWidget& parent) {
   dialog->selectFile(ToQt(list.FileName()).replace('/', '_') + QLatin1String(".txt"));
   QObject::connect(dialog, &QFileDialog::fileSelected, &parent, [&list, view = QPointer(&parent)](const QString& path) {
     Platform::Current().WhenFree([&list, view, path = FromQt(path)] {
-      if (view) SaveRows(list, path);
+      if (!view) return;
+      const HandlerTurn turn(QtWindow::Of(*view));
+      SaveRows(list, path);
     });
   });
   dialog->open();

@@ -80,8 +80,9 @@ bool ListTable::Follow() {
   LayOut();
   if (wasEmpty && haveRowsChanged) {
     updateGeometries();
-    horizontalScrollBar()->setValue(scrolled_.x());
     verticalScrollBar()->setValue(scrolled_.y());
+    updateGeometries();  // what is on the screen now may be wider
+    horizontalScrollBar()->setValue(scrolled_.x());
   }
   FollowSelection();
   viewport()->update();

@@ -39,24 +39,9 @@ int ListboxModel::rowCount(const QModelIndex& parent) const { return parent.isVa
 int ListboxModel::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : announcedColumns_; }
 
 QVariant ListboxModel::data(const QModelIndex& index, int role) const {
-  if (role == Qt::AccessibleDescriptionRole && index.column() == 0) return RestOf(index.row());
   if (role != Qt::DisplayRole && role != Qt::AccessibleTextRole) return {};
-  return Shown(index.row(), index.column());
-}
-
-QString ListboxModel::Shown(int row, int column) const {
-  const std::string_view cell = list_.Cell(row, column);
+  const std::string_view cell = list_.Cell(index.row(), index.column());
   return list_.Texts() == ListTexts::Terminal ? ShownText(WithoutColorCodes(cell)) : ShownText(cell);
-}
-
-// Who goes through the rows is told of the first cell only.
-QString ListboxModel::RestOf(int row) const {
-  QStringList rest;
-  for (int column = 1; column < announcedColumns_; ++column) {
-    const QString heading = list_.HasHeading() ? ToQt(list_.Heading(column)) + ' ' : QString();
-    rest.append(heading + Shown(row, column));
-  }
-  return rest.join(QStringLiteral(", "));
 }
 
 QVariant ListboxModel::headerData(int section, Qt::Orientation orientation, int role) const {

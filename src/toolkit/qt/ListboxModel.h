@@ -21,9 +21,6 @@ class ListboxModel final : public QAbstractTableModel {
   [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
  private:
-  [[nodiscard]] QString Shown(int row, int column) const;
-  [[nodiscard]] QString RestOf(int row) const;
-
   const Listbox& list_;
   int announcedRows_ = 0;
   int announcedColumns_ = 0;

@@ -70,6 +70,11 @@ QtWindow::~QtWindow() {
   delete content_;
 }
 
+std::shared_ptr<Window> QtWindow::Of(const QWidget& view) {
+  const auto* window = dynamic_cast<const QtWindow*>(view.window());
+  return window == nullptr ? nullptr : window->window_;
+}
+
 double QtWindow::ScaleOf(const QWidget& view) {
   const auto* window = dynamic_cast<const QtWindow*>(view.window());
   return window == nullptr ? 1 : window->scale_;
@@ -109,8 +114,9 @@ void QtWindow::ShowFrame() {
   setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
   const QRect free = TargetScreen()->availableGeometry();
   const QPoint middle = free.center() - rect().center();
-  // On a screen that is too small, the title and the menus stay in reach.
-  move(std::max(middle.x(), free.left()), std::max(middle.y(), free.top()));
+  // On a screen that has just room for it, all of its frame is to be seen, or at least the title and the menus.
+  const int lowest = free.bottom() - height() - roomForFrame.height();
+  move(std::max(middle.x(), free.left()), std::max(std::min(middle.y(), lowest), free.top()));
 }
 
 void QtWindow::Appear() {

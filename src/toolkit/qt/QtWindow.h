@@ -30,6 +30,8 @@ class QtWindow final : public QWidget, public WindowView {
   void ComeToFront();
   void Refresh() override;
   void RefreshBusy() override;
+  /// The window that `view` is in; nullptr if that is none of the program's.
+  [[nodiscard]] static std::shared_ptr<Window> Of(const QWidget& view);
   /// How many pixels a point of the program's places and widths is in the window of `view`.
   [[nodiscard]] static double ScaleOf(const QWidget& view);
   /// Whether Return may press the default button. In a window that nobody asked for, the user comes first by a click or

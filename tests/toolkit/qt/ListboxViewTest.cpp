@@ -7,6 +7,7 @@
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QLabel>
+#include <QScrollBar>
 #include <QTableView>
 #include <QTemporaryDir>
 #include <QTextDocument>
@@ -190,8 +191,45 @@ TEST_F(ListOnScreen, FindGoesRoundTheRowsThatMatch) {
     })) << typed;
   }
   EXPECT_FALSE(view.geometry().intersects(Find("findBar").geometry())) << "the bar covers rows";
+  Type("err");
+  ASSERT_TRUE(Until([&] { return Find<QLabel>("findCount").text() == "2 of 2 rows"; }));
+  const QRgb frame =
+      view.viewport()->grab(Cell(0, 0)).toImage().pixel(view.style()->pixelMetric(QStyle::PM_HeaderMargin), 5);
+  EXPECT_LT(qGray(frame), 128) << "what is found is not marked";
+  const std::tuple<const char*, Qt::Key, Qt::KeyboardModifier, int> keys[] = {
+      {"findPrevious", Qt::Key_Return, {}, 0},
+      {"findPrevious", Qt::Key_Return, {}, 2},
+      {"findNext", Qt::Key_Return, {}, 0},
+      {"findPrevious", Qt::Key_F3, {}, 2},
+      {"list", Qt::Key_F3, {}, 0},
+      {"list", Qt::Key_F3, Qt::ShiftModifier, 2},
+      {"findText", Qt::Key_Return, Qt::ShiftModifier, 0}};
+  for (const auto& [focus, key, modifier, row] : keys) {
+    Find(focus).setFocus();
+    Press(key, modifier);
+    EXPECT_EQ(list.ListIndex(), row) << focus << ", " << key;
+  }
   Press(Qt::Key_Escape);
   EXPECT_EQ(QApplication::focusWidget(), &view);
+}
+
+TEST_F(ListOnScreen, WhatIsFoundIsScrolledToAndARefreshedListStaysWhereItWas) {
+  list.ColumnWidths("100,100,0");
+  for (int row = 0; row < 200; ++row) list.AddRow({"a", "b", std::string(200, 'm') + std::to_string(row)});
+  ASSERT_TRUE(Until([&] { return view.model()->rowCount() == 200; }));
+  Click(view);
+  Press(Qt::Key_F, Qt::ControlModifier);
+  Type("m150");
+  ASSERT_TRUE(Until([&] { return list.ListIndex() == 150; }));
+  const auto isInView = [&] { return Cell(150, 0).top() >= 0 && Cell(150, 0).bottom() < view.viewport()->height(); };
+  EXPECT_TRUE(Until(isInView));
+  EXPECT_GT(view.horizontalScrollBar()->value(), 1000);
+  const QPoint place(view.horizontalScrollBar()->value(), view.verticalScrollBar()->value());
+  list.DeleteAllRows();
+  ASSERT_TRUE(Until([&] { return view.model()->rowCount() == 0; }));
+  for (int row = 0; row < 200; ++row) list.AddRow({"a", "b", std::string(200, 'm') + std::to_string(row)});
+  ASSERT_TRUE(Until([&] { return view.model()->rowCount() == 200; }));
+  EXPECT_EQ(QPoint(view.horizontalScrollBar()->value(), view.verticalScrollBar()->value()), place);
 }
 
 TEST_F(ListOnScreen, CopyAllAndSaveWriteEveryRowOnALineOfItsOwn) {
