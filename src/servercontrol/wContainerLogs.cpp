@@ -2,6 +2,8 @@
 
 wContainerLogs::wContainerLogs() : Window("Corvane - Container Logs", {600, 400}, {500, 400}, {32000, 32000}) {
   constexpr toolkit::Locks allEdges{.Left = true, .Top = true, .Right = true, .Bottom = true};
-  Add(list_logs, "list_logs", {0, 0, 600, 400}, allEdges, 0).AccessibleName("Log lines");
+  Add(list_logs, "list_logs", {0, 0, 600, 400}, allEdges, 0)
+      .Texts(toolkit::ListTexts::Terminal)
+      .AccessibleName("Log lines");
   OpenControls();
 }

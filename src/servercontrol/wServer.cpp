@@ -29,10 +29,17 @@ const boost::json::object* TableOf(const TessenServicesClient& client, std::stri
 
 std::string StatusOf(const TessenServicesClient& client) { return client.Operator_Lookup("status").Text(); }
 
+/// What the user calls a server, and where it is.
+std::string NameOf(const CorvaneServer& server) {
+  if (server.System_Name.empty() || server.System_Name == server.Network_Hostname) return server.Network_Hostname;
+  return server.System_Name + " (" + server.Network_Hostname + ")";
+}
+
 }  // namespace
 
 wServer::wServer(std::shared_ptr<const CorvaneServer> server)
     : Window("Corvane - Server Control Panel", {800, 500}, {800, 500}, {32000, 32000}), Server(std::move(server)) {
+  Subject(NameOf(*Server));
   BuildControls();
   WireEvents();
   OpenControls();
@@ -46,11 +53,11 @@ void wServer::BuildControls() {
   //          tab control                 name                      left top width height  locks    order
   Add(            tabs,                   "tabs",                   { 20,  0, 760, 480}, allEdges, 0).Panels({"Overview", "Containers"}).AccessibleName("Sections");
   AddTo(tabs, 1,  list_overview,          "list_overview",          { 40, 70, 720, 390}, allEdges, 0).ColumnCount(2).ColumnWidths("200,*").Scrolling(toolkit::ScrollBars::Vertical).AccessibleName("System information");
-  AddTo(tabs, 1,  btn_overview_refresh,   "btn_overview_refresh",   { 40, 38, 160,  20}, topLeft,  1).Caption("Refresh Information");
+  AddTo(tabs, 1,  btn_overview_refresh,   "btn_overview_refresh",   { 40, 38, 160,  20}, topLeft,  1).Caption("Refresh Information").Key("F5");
   AddTo(tabs, 1,  btn_overview_restart,   "btn_overview_restart",   {635, 38, 125,  20}, topLeft,  2).Caption("Reboot Server");
   AddTo(tabs, 1,  btn_overview_webui,     "btn_overview_webui",     {212, 38, 125,  20}, topLeft,  3).Caption("Open Web Panel");
   AddTo(tabs, 2,  list_containers,        "list_containers",        { 40, 70, 720, 390}, allEdges, 0).ColumnCount(3).ColumnWidths("200, 100, 200, 200, 100, 100, 200").HasHeading(true).AccessibleName("Containers");
-  AddTo(tabs, 2,  btn_containers_refresh, "btn_containers_refresh", { 40, 38, 160,  20}, topLeft,  1).Caption("Refresh Containers");
+  AddTo(tabs, 2,  btn_containers_refresh, "btn_containers_refresh", { 40, 38, 160,  20}, topLeft,  1).Caption("Refresh Containers").Key("F5");
   AddTo(tabs, 2,  btn_containers_restart, "btn_containers_restart", {212, 38,  80,  20}, topLeft,  2).Caption("Restart").Enabled(false);
   AddTo(tabs, 2,  btn_containers_start,   "btn_containers_start",   {304, 38,  80,  20}, topLeft,  3).Caption("Start").Enabled(false);
   AddTo(tabs, 2,  btn_containers_stop,    "btn_containers_stop",    {396, 38,  80,  20}, topLeft,  4).Caption("Stop").Enabled(false);
@@ -69,6 +76,8 @@ void wServer::WireEvents() {
   On(btn_overview_reload.Action, &wServer::btn_overview_reload_Action);
   On(list_containers.Open, &wServer::list_containers_Open);
   On(list_containers.Change, &wServer::list_containers_Change);
+  On(list_containers.DoubleClick, &wServer::PressLogs);
+  On(txt_containers_logs.Enter, &wServer::PressLogs);
   On(btn_containers_refresh.Action, &wServer::btn_containers_refresh_Action);
   On(btn_containers_restart.Action, &wServer::btn_containers_restart_Action);
   On(btn_containers_start.Action, &wServer::btn_containers_start_Action);
@@ -140,6 +149,8 @@ void wServer::list_containers_Change() {
   txt_containers_logs.Enabled(isOther);
 }
 
+void wServer::PressLogs() { btn_containers_logs.Press(); }
+
 void wServer::btn_containers_refresh_Action() { mContainers_refresh(); }
 void wServer::btn_containers_restart_Action() { mContainers_restart(); }
 void wServer::btn_containers_start_Action() { mContainers_start(); }
@@ -180,26 +191,29 @@ void wServer::containers_list_Error(const RuntimeException& err) {
 }
 
 void wServer::containers_restart_ButtonPressed() { ShowStatusThenRefresh(containers_restart); }
-void wServer::containers_restart_Error(const RuntimeException& err) { MsgBox(err.Message()); }
+void wServer::containers_restart_Error(const RuntimeException& err) { Tell(containers_restart, err.Message()); }
 void wServer::containers_stop_ButtonPressed() { ShowStatusThenRefresh(containers_stop); }
-void wServer::containers_stop_Error(const RuntimeException& err) { MsgBox(err.Message()); }
+void wServer::containers_stop_Error(const RuntimeException& err) { Tell(containers_stop, err.Message()); }
 void wServer::containers_start_ButtonPressed() { ShowStatusThenRefresh(containers_start); }
-void wServer::containers_start_Error(const RuntimeException& err) { MsgBox(err.Message()); }
+void wServer::containers_start_Error(const RuntimeException& err) { Tell(containers_start, err.Message()); }
 
 void wServer::containers_logs_ButtonPressed() {
   const auto* table = TableOf(containers_logs, "log");
   if (table == nullptr || table->empty()) {
-    MsgBox("No logs returned for this container.");
+    Tell(containers_logs, "No logs returned for this container.");
     return;
   }
   const auto window = std::make_shared<wContainerLogs>();
+  window->Subject(SubjectOf(containers_logs));
+  window->list_logs.FileName(targets_[&containers_logs].Container);
   TessenServicesClient::TessenListBox_FillDesktopListBox(window->list_logs, *table, false);
+  window->list_logs.ListIndex(window->list_logs.ListCount() - 1);
   window->Show();
   // The client would keep the lines, and send them back with the next request.
   containers_logs.Operator_Lookup("log", std::string_view());
 }
 
-void wServer::containers_logs_Error(const RuntimeException& err) { MsgBox(err.Message()); }
+void wServer::containers_logs_Error(const RuntimeException& err) { Tell(containers_logs, err.Message()); }
 
 void wServer::overview_reload_ButtonPressed() {
   MsgBox(StatusOf(overview_reload));
@@ -212,7 +226,7 @@ void wServer::overview_reload_Error(const RuntimeException& err) {
 }
 
 void wServer::containers_backup_ButtonPressed() { ShowStatusThenRefresh(containers_backup); }
-void wServer::containers_backup_Error(const RuntimeException& err) { MsgBox(err.Message()); }
+void wServer::containers_backup_Error(const RuntimeException& err) { Tell(containers_backup, err.Message()); }
 
 void wServer::mOverview_refresh() {
   list_overview.DeleteAllRows();
@@ -250,22 +264,38 @@ void wServer::mContainers_logs() {
         "Enter 0 to retrieve all logs for a container.");
     return;
   }
-  containers_logs.Operator_Lookup("logCount", std::to_string(*count));
-  Issue(containers_logs, ControlAPI::containerLogs);
+  Issue(containers_logs, ControlAPI::containerLogs, std::to_string(*count));
 }
 
 /// Every request of the window goes out here. The end of the desktop session may have closed it under a message box.
-void wServer::Issue(TessenServicesClient& client, const ControlAPI::Call& call) const {
+/// What is under way for a container is not sent again by a further press.
+void wServer::Issue(TessenServicesClient& client, const ControlAPI::Call& call, const std::string& logCount) {
   const bool namesContainer = call.Target == ControlAPI::Names::Container;
   if (IsClosed() || (namesContainer && list_containers.ListIndex() == -1)) return;
+  if (namesContainer) {
+    Target target{std::string(list_containers.Cell(list_containers.ListIndex(), 0)), logCount};
+    if (client.IsConnected() && targets_[&client] == target) return;
+    client.Operator_Lookup("containerName", target.Container);
+    targets_[&client] = std::move(target);
+  }
+  if (!logCount.empty()) client.Operator_Lookup("logCount", logCount);
   client.Operator_Lookup("username", Server->Username);
   client.Operator_Lookup("password", Server->Password);
-  if (namesContainer) client.Operator_Lookup("containerName", list_containers.Cell(list_containers.ListIndex(), 0));
   client.PressButton(CorvaneClient::Sanitize_Hostname(Server->Network_Hostname) + std::string(call.Path), call.Button);
 }
 
+/// What the last request of `client` was about.
+std::string wServer::SubjectOf(const TessenServicesClient& client) const {
+  const auto target = targets_.find(&client);
+  return target == targets_.end() ? Subject() : target->second.Container + " on " + Subject();
+}
+
+void wServer::Tell(const TessenServicesClient& client, const std::string& text) const {
+  MsgBox(text, SubjectOf(client));
+}
+
 void wServer::ShowStatusThenRefresh(const TessenServicesClient& client) {
-  MsgBox(StatusOf(client));
+  Tell(client, StatusOf(client));
   mContainers_refresh();
 }
 

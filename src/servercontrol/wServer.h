@@ -1,6 +1,8 @@
 #pragma once
 
+#include <map>
 #include <memory>
+#include <string>
 
 #include "servercontrol/ControlAPI.h"
 #include "serverlist/CorvaneServer.h"
@@ -53,6 +55,7 @@ class wServer final : public toolkit::Window {
   void btn_overview_reload_Action();
   void list_containers_Open();
   void list_containers_Change();
+  void PressLogs();
   void btn_containers_refresh_Action();
   void btn_containers_restart_Action();
   void btn_containers_start_Action();
@@ -89,10 +92,21 @@ class wServer final : public toolkit::Window {
   void mContainers_backup();
   void mContainers_logs();
 
-  void Issue(TessenServicesClient& client, const ControlAPI::Call& call) const;
+  void Issue(TessenServicesClient& client, const ControlAPI::Call& call, const std::string& logCount = {});
+  [[nodiscard]] std::string SubjectOf(const TessenServicesClient& client) const;
+  void Tell(const TessenServicesClient& client, const std::string& text) const;
   void ShowStatusThenRefresh(const TessenServicesClient& client);
   void EndReload();
 
+  /// What a request that names a container was for.
+  struct Target {
+    std::string Container;
+    std::string LogCount;
+
+    friend bool operator==(const Target&, const Target&) = default;
+  };
+
+  std::map<const TessenServicesClient*, Target> targets_;
   // Read at each request, never copied.
   std::shared_ptr<const CorvaneServer> Server;
 };

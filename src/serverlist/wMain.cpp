@@ -55,13 +55,15 @@ void wMain::BuildControls() {
 
 void wMain::WireEvents() {
   On(Open, &wMain::Event_Open);
+  On(Escape, &wMain::Event_Escape);
   On(listServers.Open, &wMain::listServers_Open);
   On(listServers.DoubleClick, &wMain::listServers_DoubleClick);
+  for (auto* field : {&txtHostname, &txtUsername, &txtPassword}) On(field->Enter, &wMain::PressAddServer);
   On(btnAddServer.Action, &wMain::btnAddServer_Action);
   On(labelVersion.Open, &wMain::labelVersion_Open);
   On(labelCopyright.Open, &wMain::labelCopyright_Open);
-  client.Begun = [this] { BeginWait(); };
-  client.Ended = [this] { EndWait(); };
+  client.Begun = [this] { BeginWait(), LetUserEdit(false); };
+  client.Ended = [this] { EndWait(), LetUserEdit(true); };
   On(client.ButtonPressed, &wMain::client_ButtonPressed);
   On(client.Error, &wMain::client_Error);
 }
@@ -90,6 +92,13 @@ std::shared_ptr<Kaju::UpdateChecker> wMain::MakeChecker() const {
   return std::make_shared<Kaju::UpdateChecker>(folder, name, presenter_);
 }
 
+// A server may be silent for ever.
+void wMain::Event_Escape() {
+  if (!client.IsConnected()) return;
+  client.Disconnect();
+  client.Ended();
+}
+
 void wMain::listServers_Open() {
   listServers.Heading(0, "Server Name:");
   listServers.Heading(1, "IP Address:");
@@ -102,7 +111,11 @@ void wMain::listServers_DoubleClick() {
   if (server != nullptr) openServer_(*server);
 }
 
+void wMain::PressAddServer() { btnAddServer.Press(); }
+
+// What is in the form while a request is under way is what was sent, and one press is one request.
 void wMain::btnAddServer_Action() {
+  if (client.IsConnected()) return;
   if (txtHostname.Text().empty()) {
     toolkit::MsgBox("You must provide your server hostname to continue.");
     return;
@@ -124,7 +137,8 @@ void wMain::labelCopyright_Open() { labelCopyright.Text(product::copyright); }
 void wMain::client_ButtonPressed() {
   for (const std::string_view key : {"networkHostname", "networkIPv4", "systemName"}) {
     if (client.Operator_Lookup(key).IsTextOrNumber()) continue;
-    toolkit::MsgBox("The server was not added: its reply gives no usable “" + std::string(key) + "”.");
+    toolkit::MsgBox("The server was not added: its reply gives no usable “" + std::string(key) + "”.",
+                    txtHostname.Text());
     return;
   }
   const auto server = std::make_shared<CorvaneServer>();
@@ -142,4 +156,8 @@ void wMain::client_ButtonPressed() {
   txtPassword.Text("");
 }
 
-void wMain::client_Error(const toolkit::RuntimeException& err) { toolkit::MsgBox(err.Message()); }
+void wMain::client_Error(const toolkit::RuntimeException& err) { toolkit::MsgBox(err.Message(), txtHostname.Text()); }
+
+void wMain::LetUserEdit(bool mayEdit) {
+  for (auto* field : {&txtHostname, &txtUsername, &txtPassword}) field->Enabled(mayEdit);
+}

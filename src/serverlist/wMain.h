@@ -43,13 +43,17 @@ class wMain final : public toolkit::Window {
   [[nodiscard]] std::shared_ptr<Kaju::UpdateChecker> MakeChecker() const;
 
   void Event_Open();
+  void Event_Escape();
   void listServers_Open();
   void listServers_DoubleClick();
+  void PressAddServer();
   void btnAddServer_Action();
   void labelVersion_Open();
   void labelCopyright_Open();
   void client_ButtonPressed();
   void client_Error(const toolkit::RuntimeException& err);
+
+  void LetUserEdit(bool mayEdit);
 
   ServerOpener openServer_;
   std::shared_ptr<Kaju::UpdatePresenter> presenter_;

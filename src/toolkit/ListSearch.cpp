@@ -8,7 +8,9 @@ namespace {
 
 bool RowContains(const Listbox& list, int row, const RegEx& wanted) {
   for (int column = 0; column < list.ColumnCount(); ++column) {
-    if (wanted.IsIn(list.Cell(row, column))) return true;
+    const std::string_view cell = list.Cell(row, column);
+    const bool isColored = list.Texts() == ListTexts::Terminal && cell.find('\x1B') != std::string_view::npos;
+    if (isColored ? wanted.IsIn(WithoutColorCodes(cell)) : wanted.IsIn(cell)) return true;
   }
   return false;
 }

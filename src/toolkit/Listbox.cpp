@@ -32,6 +32,12 @@ Listbox& Listbox::Scrolling(ScrollBars scrollBars) {
   return *this;
 }
 
+Listbox& Listbox::Texts(ListTexts texts) {
+  texts_ = texts;
+  Changed();
+  return *this;
+}
+
 std::string Listbox::Heading(int column) const {
   const auto index = static_cast<std::size_t>(column);
   return index < headings_.size() ? headings_[index] : std::string();

@@ -15,6 +15,10 @@ namespace toolkit {
 
 enum class ScrollBars { Vertical, Both };
 
+/// What the texts of a list are. Those of a terminal are in a font of fixed width, and its colour codes (ECMA-48) are
+/// not shown, though copied and saved.
+enum class ListTexts { Plain, Terminal };
+
 /// A list of rows with text cells, of which the user can select one. Rows and columns count from 0.
 ///
 /// Setters raise no event but for the selection: Change is raised whenever the selected row becomes another one, or
@@ -38,6 +42,11 @@ class Listbox final : public ControlOf<Listbox> {
   Listbox& HasHeading(bool hasHeading);
   [[nodiscard]] ScrollBars Scrolling() const { return scrollBars_; }
   Listbox& Scrolling(ScrollBars scrollBars);
+  [[nodiscard]] ListTexts Texts() const { return texts_; }
+  Listbox& Texts(ListTexts texts);
+  /// What a file of the rows is called, without an ending; the accessible name where it is empty.
+  [[nodiscard]] std::string FileName() const { return fileName_.empty() ? AccessibleName() : fileName_; }
+  void FileName(std::string name) { fileName_ = std::move(name); }
   /// Headings beyond the columns are kept and not shown.
   [[nodiscard]] std::string Heading(int column) const;
   void Heading(int column, std::string heading);
@@ -75,6 +84,8 @@ class Listbox final : public ControlOf<Listbox> {
   std::string columnWidths_;
   bool hasHeading_ = false;
   ScrollBars scrollBars_ = ScrollBars::Both;
+  ListTexts texts_ = ListTexts::Plain;
+  std::string fileName_;
   std::vector<std::string> headings_;
   RowStore rows_;
   std::vector<std::any> tags_;

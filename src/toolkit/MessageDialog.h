@@ -21,6 +21,9 @@ struct MessageDialog {
   std::string Message;
   /// Says more, below the message.
   std::string Explanation;
+  /// What the dialog is about, in a few words, for its frame and for screen readers; where it is empty, the subject of
+  /// the window that asks.
+  std::string About;
   Button ActionButton{.Caption = "", .Visible = true};
   Button AlternateActionButton;
   Button CancelButton;
@@ -31,7 +34,7 @@ struct MessageDialog {
   [[nodiscard]] DialogButton ShowModal() const;
 };
 
-/// Shows `text`, as plain text and without a title, and waits for the user, as MessageDialog::ShowModal does.
-void MsgBox(std::string text);
+/// Shows `text`, as plain text and without a heading, and waits for the user, as MessageDialog::ShowModal does.
+void MsgBox(std::string text, std::string about = {});
 
 }  // namespace toolkit

@@ -76,6 +76,7 @@ void Platform::TellActivated(const Window& window) {
 }
 
 void Platform::Dispatch(const std::function<void()>& handler) {
+  const std::weak_ptr<Window> asker = asker_;
   try {
     handler();
   } catch (const std::exception& exception) {
@@ -83,6 +84,7 @@ void Platform::Dispatch(const std::function<void()>& handler) {
   } catch (...) {
     MsgBox("Something went wrong that has no description.");
   }
+  asker_ = asker;
 }
 
 void Platform::WhenFree(std::function<void()> handler) {
@@ -106,7 +108,8 @@ bool Platform::WaitsForUser() { return current != nullptr && current->dialogs_ >
 DialogButton Platform::ShowDialog(const MessageDialog& dialog) {
   if (sessionEnds_) return DialogButton::Cancel;
   if (dialogs_++ == 0) dialogSince_ = Uptime();
-  const DialogButton pressed = AskUser(dialog);
+  const std::shared_ptr<Window> owner = asker_.lock();
+  const DialogButton pressed = AskUser(dialog, owner.get());
   if (--dialogs_ == 0) dialogTime_ += Uptime() - dialogSince_;
   if (HasWaitingEvents()) RunNextEventLater();
   return pressed;

@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "toolkit/FolderItem.h"
@@ -61,9 +62,11 @@ class Platform {
   void WhenFree(std::function<void()> handler);
   /// Whether a dialog stands, so that the user can act on nothing else.
   [[nodiscard]] static bool WaitsForUser();
-  /// Shows a dialog and waits for the button that ends it, Cancel if the program quits. Windows are painted meanwhile,
-  /// and transfers go on, but no handler starts.
+  /// Shows a dialog and waits for the button that ends it, Cancel if the program quits. It belongs to the window whose
+  /// handler runs. Windows are painted meanwhile, and transfers go on, but no handler starts.
   DialogButton ShowDialog(const MessageDialog& dialog);
+  /// Dialogs belong to `window` from now on. Returns the one that they belonged to. For HandlerTurn.
+  std::weak_ptr<Window> SetAsker(std::weak_ptr<Window> window) { return std::exchange(asker_, std::move(window)); }
   /// Uptime() without the time that dialogs have stood. Every time-out counts by it.
   [[nodiscard]] std::chrono::milliseconds CountedTime() const;
 
@@ -108,8 +111,8 @@ class Platform {
   virtual void Present(Window& window) = 0;
   virtual void BringToFront(Window& window) = 0;
   virtual void Withdraw(Window& window) = 0;
-  /// As ShowDialog(), without care for other events.
-  virtual DialogButton AskUser(const MessageDialog& dialog) = 0;
+  /// As ShowDialog(), without care for other events. `owner` is nullptr where no window asks.
+  virtual DialogButton AskUser(const MessageDialog& dialog, const Window* owner) = 0;
   /// Lets the event loop call RunNextEvent() once.
   virtual void RunNextEventLater() = 0;
   /// Runs the event that has waited longest, if there is one and no dialog stands.
@@ -124,6 +127,7 @@ class Platform {
   bool sessionEnds_ = false;
   std::vector<std::shared_ptr<Window>> windows_;
   std::deque<std::function<void()>> waitingEvents_;
+  std::weak_ptr<Window> asker_;
   int dialogs_ = 0;
   std::chrono::milliseconds dialogSince_{0};
   std::chrono::milliseconds dialogTime_{0};

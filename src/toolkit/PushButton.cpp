@@ -8,6 +8,12 @@ PushButton& PushButton::Caption(std::string caption) {
   return *this;
 }
 
+PushButton& PushButton::Key(std::string key) {
+  key_ = std::move(key);
+  Changed();
+  return *this;
+}
+
 PushButton& PushButton::Role(ButtonRole role) {
   role_ = role;
   Changed();

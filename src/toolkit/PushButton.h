@@ -20,6 +20,9 @@ class PushButton final : public ControlOf<PushButton> {
 
   [[nodiscard]] const std::string& Caption() const { return caption_; }
   PushButton& Caption(std::string caption);
+  /// A further key that presses the button while it shows, as in "F5"; or empty.
+  [[nodiscard]] const std::string& Key() const { return key_; }
+  PushButton& Key(std::string key);
   [[nodiscard]] ButtonRole Role() const { return role_; }
   PushButton& Role(ButtonRole role);
 
@@ -32,6 +35,7 @@ class PushButton final : public ControlOf<PushButton> {
 
  private:
   std::string caption_;
+  std::string key_;
   ButtonRole role_ = ButtonRole::None;
 };
 

@@ -96,6 +96,32 @@ std::string_view Trim(std::string_view text) {
   return text;
 }
 
+namespace {
+
+/// How long the control sequence at the start of `text` is, 0 if there is none.
+std::size_t LengthOfControlSequence(std::string_view text) {
+  if (!text.starts_with("\x1B[")) return 0;
+  std::size_t end = 2;
+  const auto pass = [&](char first, char last) {
+    while (end < text.size() && text[end] >= first && text[end] <= last) ++end;
+  };
+  pass('0', '?');
+  pass(' ', '/');
+  return end < text.size() && text[end] >= '@' && text[end] <= '~' ? end + 1 : 0;
+}
+
+}  // namespace
+
+std::string WithoutColorCodes(std::string_view text) {
+  std::string plain;
+  for (std::size_t escape = text.find('\x1B'); escape != std::string_view::npos; escape = text.find('\x1B')) {
+    const std::size_t length = LengthOfControlSequence(text.substr(escape));
+    plain.append(text.substr(0, length == 0 ? escape + 1 : escape));
+    text.remove_prefix(escape + std::max<std::size_t>(length, 1));
+  }
+  return plain.append(text);
+}
+
 std::string ReplaceAll(std::string_view text, std::string_view part, std::string_view replacement) {
   std::string replaced;
   for (std::size_t found = text.find(part); !part.empty() && found != std::string_view::npos; found = text.find(part)) {

@@ -24,6 +24,9 @@ namespace toolkit {
 /// `text` without the blanks, tabs, line breaks and other control characters at its ends.
 [[nodiscard]] std::string_view Trim(std::string_view text);
 
+/// `text` without the control sequences (ECMA-48) by which programs colour what they write to a terminal.
+[[nodiscard]] std::string WithoutColorCodes(std::string_view text);
+
 /// `text` with every `part` replaced by `replacement`, from left to right; what was put in is not looked at again.
 [[nodiscard]] std::string ReplaceAll(std::string_view text, std::string_view part, std::string_view replacement);
 

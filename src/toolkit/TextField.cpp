@@ -24,4 +24,8 @@ void TextField::Type(std::string text) {
   if (Operable()) Text(std::move(text));
 }
 
+void TextField::PressEnter() const {
+  if (Operable()) Enter();
+}
+
 }  // namespace toolkit

@@ -13,6 +13,9 @@ class TextField final : public ControlOf<TextField> {
  public:
   TextField() : ControlOf(FocusPolicy::Accepts) {}
 
+  /// The user pressed Enter in the field.
+  Event<> Enter;
+
   [[nodiscard]] const std::string& Text() const { return text_; }
   TextField& Text(std::string text);
 
@@ -29,6 +32,8 @@ class TextField final : public ControlOf<TextField> {
 
   /// Replaces the text as the user would: does nothing while the field is disabled or invisible.
   void Type(std::string text);
+  /// Presses Enter in the field as the user would.
+  void PressEnter() const;
 
  private:
   std::string text_;

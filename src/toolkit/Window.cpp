@@ -32,6 +32,11 @@ Rect Window::PlaceOf(const Control& control) const {
   return {.Left = across.start, .Top = down.start, .Width = across.extent, .Height = down.extent};
 }
 
+void Window::Subject(std::string subject) {
+  subject_ = std::move(subject);
+  Invalidate();
+}
+
 const PushButton* Window::ButtonOf(ButtonRole role) const {
   for (const Control* control : controls_) {
     const auto* button = dynamic_cast<const PushButton*>(control);

@@ -7,6 +7,7 @@
 #include "toolkit/Control.h"
 #include "toolkit/Event.h"
 #include "toolkit/Graphics.h"
+#include "toolkit/HandlerTurn.h"
 #include "toolkit/MenuBar.h"
 #include "toolkit/PushButton.h"
 #include "toolkit/Size.h"
@@ -18,7 +19,7 @@ namespace toolkit {
 class WindowView {
  public:
   virtual ~WindowView() = default;
-  /// The window's background or title is no longer what it was.
+  /// The window's background, title or subject is no longer what it was.
   virtual void Refresh() = 0;
   /// The window has begun to be busy, or ended.
   virtual void RefreshBusy() = 0;
@@ -43,6 +44,8 @@ class Window : public std::enable_shared_from_this<Window> {
 
   /// Raised once, when the window has been shown and painted for the first time.
   Event<> Open;
+  /// The user pressed Escape, and there is no cancel button.
+  Event<> Escape;
   /// The background is to be drawn, behind the controls. May be raised often, and must change nothing.
   Event<Graphics&> Paint;
 
@@ -53,6 +56,10 @@ class Window : public std::enable_shared_from_this<Window> {
   [[nodiscard]] Size MaximumSize() const { return maximum_; }
   [[nodiscard]] WindowFrame Frame() const { return frame_; }
   [[nodiscard]] WindowOrigin Origin() const { return origin_; }
+  /// What the window is about, in a few words, where its title does not tell it from others; or empty. Shown beside the
+  /// controls and by the desktop, told to screen readers, and what its dialogs are called if they have nothing better.
+  [[nodiscard]] const std::string& Subject() const { return subject_; }
+  void Subject(std::string subject);
   /// Whether the window waits for something. The pointer tells it; everything can be used meanwhile.
   [[nodiscard]] bool Busy() const { return waits_ > 0; }
   /// The controls in the order in which they were created; later ones lie over earlier ones.
@@ -120,7 +127,7 @@ class Window : public std::enable_shared_from_this<Window> {
   template <typename Self, typename... Arguments>
   void On(Event<Arguments...>& event, void (Self::*handler)(Arguments...)) {
     event = [this, handler](Arguments... arguments) {
-      const std::shared_ptr<Window> alive = weak_from_this().lock();
+      const HandlerTurn turn(weak_from_this().lock());
       if (!closed_) (static_cast<Self*>(this)->*handler)(arguments...);
     };
   }
@@ -129,7 +136,7 @@ class Window : public std::enable_shared_from_this<Window> {
   template <typename Self, typename Answer, typename... Arguments>
   void On(Question<Answer, Arguments...>& question, Answer (Self::*handler)(Arguments...)) {
     question = [this, handler](Arguments... arguments) {
-      const std::shared_ptr<Window> alive = weak_from_this().lock();
+      const HandlerTurn turn(weak_from_this().lock());
       return closed_ ? Answer{} : (static_cast<Self*>(this)->*handler)(arguments...);
     };
   }
@@ -139,6 +146,7 @@ class Window : public std::enable_shared_from_this<Window> {
 
  private:
   std::string title_;
+  std::string subject_;
   Size designed_;
   Size size_;
   Size minimum_;

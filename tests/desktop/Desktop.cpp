@@ -8,6 +8,8 @@
 #include <QPlainTextEdit>
 #include <QWindow>
 
+#include "toolkit/qt/DialogBox.h"
+
 QWidget& Desktop::Open(const std::shared_ptr<toolkit::Window>& window) {
   window->Show();
   const auto tops = QApplication::topLevelWidgets();
@@ -53,8 +55,9 @@ void BoxReader::Look() {
   for (QWidget* top : QApplication::topLevelWidgets()) {
     auto* box = qobject_cast<QDialog*>(top);
     if (box == nullptr || !box->isVisible()) continue;
+    const auto* message = dynamic_cast<toolkit::qt::DialogBox*>(box);
     ++standing;
-    if (!box->property("read").toBool()) newBox = box;
+    if (!box->property("read").toBool() && (message == nullptr || message->TakesKeys())) newBox = box;
   }
   MostAtOnce = std::max(MostAtOnce, standing);
   if (newBox == nullptr) return;

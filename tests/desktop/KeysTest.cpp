@@ -191,6 +191,70 @@ TEST_F(Keys, OneKeyClosesEveryWindowWhoseFrameDoes) {
   }
 }
 
+TEST_F(Keys, EveryKeyDoesWhatDesktopsDo) {
+  ASSERT_TRUE(Until([&] { return !control->Busy(); }));
+  control->Show();
+  auto& tabs = Find<QTabWidget>("tabs");
+  std::string log;
+  for (auto* button : {&control->btn_overview_refresh, &control->btn_containers_refresh, &control->btn_containers_logs,
+                       &main->btnAddServer, &update->btnOK}) {
+    button->Action = [&log, button] { log += button->Name() + ' '; };
+  }
+  control->list_containers.ListIndex(0);
+  const auto& logsButton = control->btn_containers_logs.Name();
+  const std::tuple<std::shared_ptr<toolkit::Window>, const char*, Qt::Key, Qt::KeyboardModifier, std::string, int>
+      rows[] = {
+          // the window, the part that has the keyboard, the key, what is pressed, the tab that shows then
+          {main, "txtHostname", Qt::Key_Return, {}, "btnAddServer ", 1},
+          {main, "txtPassword", Qt::Key_Enter, Qt::KeypadModifier, "btnAddServer ", 1},
+          {main, "listServers", Qt::Key_F5, {}, "", 1},
+          {control, "list_overview", Qt::Key_Return, {}, "", 1},
+          {control, "list_overview", Qt::Key_F5, {}, "btn_overview_refresh ", 1},
+          {control, "list_overview", Qt::Key_Tab, Qt::ControlModifier, "", 2},
+          {control, "list_containers", Qt::Key_F5, {}, "btn_containers_refresh ", 2},
+          {control, "list_containers", Qt::Key_Return, {}, logsButton + " ", 2},
+          {control, "txt_containers_logs", Qt::Key_Return, {}, logsButton + " ", 2},
+          {control, "txt_containers_logs", Qt::Key_Backtab, Qt::ControlModifier, "", 1},
+          {control, "btn_overview_webui", Qt::Key_Tab, Qt::ControlModifier, "", 2},
+          {control, "list_containers", Qt::Key_Tab, Qt::ControlModifier, "", 1},
+          {update, "hvNotes", Qt::Key_Return, {}, "", 1},
+          {update, "hvNotes", Qt::Key_Space, {}, "", 1},
+          {update, "hvNotes", Qt::Key_Tab, {}, "", 1},
+          {update, "hvNotes", Qt::Key_Return, {}, "btnOK ", 1},
+      };
+  for (const auto& [window, part, key, modifier, pressed, tab] : rows) {
+    SCOPED_TRACE(std::string(part) + ", key " + std::to_string(key));
+    log.clear();
+    Enter(window, part);
+    const auto with = key == Qt::Key_Backtab ? modifier | Qt::ShiftModifier : Qt::KeyboardModifiers(modifier);
+    Press(key, with);
+    EXPECT_TRUE(Until([&, &pressed = pressed] { return log == pressed; })) << log;  // a shortcut shows the press first
+    EXPECT_EQ(tabs.currentIndex() + 1, tab);
+  }
+}
+
+TEST_F(Keys, TheKeyboardStaysNearAButtonThatGoesOffAndReturnsWithIt) {
+  ASSERT_TRUE(Until([&] { return !control->Busy(); }));
+  control->Show();
+  const std::tuple<const char*, toolkit::PushButton*, const char*, Qt::Key, const char*> rows[] = {
+      {"btn_overview_reload", &control->btn_overview_reload, "btn_overview_webui", Qt::Key_unknown,
+       "btn_overview_reload"},
+      {"btn_overview_reload", &control->btn_overview_reload, "btn_overview_webui", Qt::Key_Up, "btn_overview_webui"},
+      {"btn_overview_refresh", &control->btn_overview_refresh, "list_overview", Qt::Key_unknown,
+       "btn_overview_refresh"}};
+  for (const auto& [part, button, near, key, then] : rows) {
+    Find(part).window()->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(Find(part).window()));
+    Find(part).setFocus();
+    button->Enabled(false);
+    EXPECT_EQ(Focused(), near);
+    if (key != Qt::Key_unknown) QTest::keyClick(Front(), key);
+    const bool hasMoved = Focused() != near;
+    button->Enabled(true);
+    EXPECT_TRUE(hasMoved || Focused() == then) << Focused() << " after " << part;
+  }
+}
+
 TEST_F(Keys, AFieldTakesWhatComesFromAnyInputButNotItsOwnText) {
   auto& field = Find<QLineEdit>("txtHostname");
   QAccessible::queryAccessibleInterface(&field)->setText(QAccessible::Value, "spoken");

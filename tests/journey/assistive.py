@@ -15,6 +15,7 @@ from gi.repository import Atspi, GLib  # noqa: E402
 
 LIMIT = 20  # seconds that anything may take
 PROGRAM = "Corvane"
+SERVER = f"Demonstration ({os.environ['CORVANE_TEST_ADDRESS']})"
 # Without a keyboard, a Wayland session gives no window the focus.
 HAS_KEYBOARD = os.environ["XDG_SESSION_TYPE"] != "wayland"
 
@@ -127,11 +128,11 @@ def write(window, name, text, role="text"):
     EARS.expect("text-changed:insert", role, name)
 
 
-def answer(*said, button="OK"):
-    """A dialog stands, bears the program's name and says all that. Presses a button of it."""
-    dialog = find_window("dialog", PROGRAM, said[0])
+def answer(*said, button="OK", about=()):
+    """A dialog stands, bears the program's name and says all that, and what it is about. Presses a button of it."""
+    dialog = find_window("alert", PROGRAM, said[0])
     assert set(said) < set(texts(dialog)), texts(dialog)
-    assert dialog.get_description() == "\n".join(said), dialog.get_description()
+    assert dialog.get_description() == "\n".join([*about, *said]), dialog.get_description()
     if HAS_KEYBOARD:
         EARS.expect("state-changed:focused", "push button", texts(find(dialog, "panel", ""))[1], 1)
     press(dialog, button)
@@ -205,7 +206,9 @@ def add_server():
     EARS.expect("text-changed:delete", "text", "Username")
     servers.select("Demonstration")
     servers.do("Activate")
-    return find_window("frame", "Corvane - Server Control Panel")
+    control = find_window("frame", "Corvane - Server Control Panel")
+    assert control.get_description() == SERVER, control.get_description()
+    return control
 
 
 def read_overview(window):
@@ -217,13 +220,13 @@ def read_overview(window):
 
     press(window, "Reboot Server")
     answer("Are you sure you want to restart?",
-           "All system services will be unavailable while the system restarts.", button="Cancel")
+           "All system services will be unavailable while the system restarts.", button="Cancel", about=[SERVER])
 
     press(window, "Reload Server")
     EARS.expect("state-changed:enabled", "push button", "Reload Server", 0)
     EARS.expect("state-changed:showing", "progress bar", "Reloading the server", 1)
     find(window, "progress bar", "Reloading the server", "SHOWING", "BUSY")
-    answer("The panel service has been reloaded.")
+    answer("The panel service has been reloaded.", about=[SERVER])
     EARS.expect("state-changed:showing", "progress bar", "Reloading the server", 0)
 
 
@@ -235,7 +238,7 @@ def stop_and_start(window):
         row = containers.select("shop")
         EARS.expect("state-changed:enabled", "push button", button, 1)
         press(window, button)
-        answer(f"shop has been {said}.")
+        answer(f"shop has been {said}.", about=[f"shop on {SERVER}"])
         containers.expect(["Name:", "State:", "Status:"], 12)
         assert containers.cell(row, 1).get_name() == state
         assert Atspi.Table.get_n_selected_rows(containers.node) == 0
@@ -247,8 +250,10 @@ def read_log(window, containers):
     write(window, "# Logs", "50")
     press(window, "Logs")
     log = find_window("frame", "Corvane - Container Logs")
+    assert log.get_description() == f"web on {SERVER}", log.get_description()
     lines = Table(log, "Log lines")
     lines.expect([""], 50)
+    until("the newest line", lambda: lines.is_selected(49))
     read = lines.column(0)
     assert all(re.match(r"\d{4}-\d\d-\d\dT[\d:.]+Z [A-Z]+ ", line) for line in read), read
 
@@ -271,7 +276,7 @@ def share_of(bar):
 def update():
     window = find_window("frame", "Update Available", "A new version of Corvane is available!")
     expect_names(window)
-    notes = find(window, "label", "Release notes", "SHOWING", "MULTI_LINE")
+    notes = find(window, "document frame", "Release notes", "SHOWING", "MULTI_LINE")
     until("the release notes", lambda: "It updates itself." in Atspi.Text.get_text(notes, 0, -1))
 
     press(window, "Install Update")

@@ -2,6 +2,7 @@
 #include "toolkit/Application.h"
 
 using namespace testing;
+using toolkit::TransferFault;
 
 namespace {
 
@@ -58,6 +59,40 @@ TEST_F(LateReplies, TwoWindowsOfOneServerDoNotSeeEachOther) {
   othersRequests[0]->Reply(200, "{}");
   EXPECT_EQ(other->list_overview.ListCount(), 19);
   EXPECT_EQ(window->list_overview.ListCount(), 0);
+}
+
+TEST_F(LateReplies, OfTwoServersEachIsAskedOnceAndAnswersInItsOwnWindowByItsName) {
+  Fill({"web"}, 0);
+  const auto edge = window;
+  server = std::make_shared<CorvaneServer>(CorvaneServer{"core.example", "", "pw", "Core", "ben"});
+  OpenAgain();
+  const auto core = window;
+  Fill({"db"}, 0);
+  EXPECT_EQ(edge->Subject() + ", " + core->Subject(), "srv, Core (core.example)");
+  for (const auto& [path, button] : calls) {
+    if (!NamesContainer(path)) continue;
+    SCOPED_TRACE(path);
+    const std::size_t before = platform.Requests.size();
+    for (const auto& asked : {core, core, edge, core, edge}) window = asked, Press(button);
+    ASSERT_EQ(platform.Requests.size(), before + 2);
+    EXPECT_EQ(Usable(), "111111");
+    for (const auto& [number, asked, about] :
+         {std::tuple(1, edge, "web on srv"), {0, core, "db on Core (core.example)"}}) {
+      window = asked;
+      SentRequest& sent = *platform.Requests[before + static_cast<std::size_t>(number)];
+      number == 0 ? sent.Fail(TransferFault::Refused) : sent.Reply(400, R"({"_error":"no"})");
+      EXPECT_EQ(platform.Owners.back(), asked.get());
+      EXPECT_EQ(platform.LastDialog.About, about);
+      Press(button);
+      EXPECT_TRUE(platform.LastRequest().IsRunning()) << "it cannot be tried again";
+    }
+    EXPECT_EQ(platform.Requests.size(), before + 4);
+  }
+  core->txt_containers_logs.Type("50");
+  const std::size_t before = platform.Requests.size();
+  core->txt_containers_logs.PressEnter();
+  core->list_containers.Activate();
+  EXPECT_EQ(platform.Requests.size(), before + 1) << "another number of lines is another request, for once";
 }
 
 TEST_F(LateReplies, AMessageMayOutliveItsWindow) {

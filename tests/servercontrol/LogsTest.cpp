@@ -39,7 +39,10 @@ TEST_F(Logs, OnlyANumberIsSentAndInItsPlainForm) {
       Press(&wServer::btn_containers_logs);
       EXPECT_EQ(window->txt_containers_logs.Text(), typed);
       Texts sent;
-      for (const auto& request : platform.Requests) sent.emplace_back(Body(*request).at("logCount").as_string());
+      for (const auto& request : platform.Requests) {
+        sent.emplace_back(Body(*request).at("logCount").as_string());
+        request->Reply(200, R"({"log":{"0":["line"]}})");  // or the next press would ask for the same again
+      }
       EXPECT_EQ(sent, counts);
       EXPECT_EQ(platform.Messages, counts.empty() ? complaint : Texts{});
     }
@@ -54,6 +57,8 @@ TEST_F(Logs, LinesComeInTheOrderOfTheirNumbersIntoAWindowOfTheirOwn) {
   EXPECT_EQ(Body(again).at("note"), "n");
   again.Reply(200, R"({"log":{"0":["again"]}})");
   EXPECT_EQ(window->list_containers.ListIndex(), 0);
+  EXPECT_EQ(Lines(*platform.OpenWindows().back()).FileName(), "web");
+  EXPECT_EQ(platform.OpenWindows().back()->Subject(), "web on srv");
   EXPECT_EQ(platform.Requests.size(), 4U) << "the containers were asked for again";
   window->Close();
   ASSERT_THAT(platform.OpenWindows(), SizeIs(2));
@@ -61,6 +66,7 @@ TEST_F(Logs, LinesComeInTheOrderOfTheirNumbersIntoAWindowOfTheirOwn) {
               ElementsAre("a\nb", "", "c", "d", "e", "f", "g", "h", "i", "9", "k", "l"));
   EXPECT_THAT(RowsOf(Lines(*platform.OpenWindows()[1])), ElementsAre("again"));
   toolkit::Window& logs = *platform.OpenWindows()[0];
+  EXPECT_EQ(Lines(logs).ListIndex(), 11) << "the newest line is not the one to begin with";
   EXPECT_EQ(logs.Title(), "Corvane - Container Logs");
   logs.Resize({.Width = 1, .Height = 1000});
   EXPECT_EQ(logs.PlaceOf(Lines(logs)), (toolkit::Rect{0, 0, 500, 1000}));

@@ -74,14 +74,18 @@ TEST_F(MainWindowTest, ChecksTheHostnameFirstAndSendsNothingThatIsIncomplete) {
   EXPECT_THAT(platform.Requests, IsEmpty());
 }
 
-TEST_F(MainWindowTest, AsksTheTypedHostAndTakesAnyCredentialsOfTheMomentOfTheReply) {
+TEST_F(MainWindowTest, AsksTheTypedHostAndKeepsTheFormUntilTheReply) {
   SentRequest& sent = Add();
   EXPECT_EQ(sent.Request.URL, "https://srv:1701/api/v1/system/information");
   EXPECT_EQ(parse(sent.Request.Body), parse(R"({"username":"amy","password":"pässw0rd"})"));
   EXPECT_TRUE(window->btnAddServer.Enabled() && window->Busy());
   EXPECT_EQ(Form(), "srv|amy|pässw0rd");
   ExpectNothingAdded();
-  Fill("edited", " שלום\t", "\0\"\\n"s);
+  Fill("other", "ben", "other");
+  window->btnAddServer.Press();
+  EXPECT_EQ(Form(), "srv|amy|pässw0rd") << "another login would be stored than the one that was sent";
+  window->txtUsername.Text(" שלום\t");
+  window->txtPassword.Text("\0\"\\n"s);
   sent.Reply(200, reply);
   ASSERT_EQ(Servers.size(), 1U);
   EXPECT_THAT(FieldsOf(*Servers[0]), ElementsAre(" named ", "192.0.2.1", "\0\"\\n"s, systemName, " שלום\t"));
@@ -122,11 +126,21 @@ TEST_F(MainWindowTest, WhatIsNotAcceptedAddsNothingAndLeavesTheForm) {
     Add().Reply(status, answer);
     EXPECT_THAT(platform.Messages, ElementsAre(HasSubstr(message)));
     EXPECT_EQ(Form(), "srv|amy|pässw0rd");
+    EXPECT_EQ(platform.LastDialog.About, "srv");
+    EXPECT_EQ(platform.Owners.back(), window.get());
     ExpectNothingAdded();
   }
   Add().Fail(toolkit::TransferFault::Refused);
   EXPECT_THAT(platform.Messages.back(),
               HasSubstr("“srv” refused the connection on port 1701. Is the panel service running"));
+  SentRequest& silent = Add();
+  for (int time = 0; time < 2; ++time) window->Escape();
+  EXPECT_FALSE(silent.IsRunning() || window->Busy());
+  for (toolkit::TextField* field : {&window->txtHostname, &window->txtUsername, &window->txtPassword}) {
+    field->PressEnter();
+    EXPECT_TRUE(platform.LastRequest().IsRunning()) << "the form was not given back";
+    window->Escape();
+  }
 }
 
 TEST_F(MainWindowTest, NothingReachesAWindowThatWasClosed) {

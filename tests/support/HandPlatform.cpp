@@ -106,9 +106,10 @@ void HandPlatform::Happen(std::function<void()> event) {
   while (HasWaitingEvents() && !WaitsForUser()) RunNextEvent();
 }
 
-toolkit::DialogButton HandPlatform::AskUser(const toolkit::MessageDialog& dialog) {
+toolkit::DialogButton HandPlatform::AskUser(const toolkit::MessageDialog& dialog, const toolkit::Window* owner) {
   Messages.push_back(dialog.Message);
   LastDialog = dialog;
+  Owners.push_back(owner);
   if (const auto meanwhile = std::exchange(WhileMessageStands, nullptr)) meanwhile();
   return Quits.empty() ? Answer : toolkit::DialogButton::Cancel;
 }

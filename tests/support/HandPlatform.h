@@ -72,6 +72,8 @@ class HandPlatform final : public toolkit::Platform {
   /// The messages of all dialogs, in order, and the last dialog.
   std::vector<std::string> Messages;
   toolkit::MessageDialog LastDialog;
+  /// The windows that the dialogs belonged to, in order.
+  std::vector<const toolkit::Window*> Owners;
   /// How dialogs are answered.
   toolkit::DialogButton Answer = toolkit::DialogButton::Action;
   /// What happens while the next dialog stands, and in the next break of long work; forgotten then.
@@ -122,7 +124,7 @@ class HandPlatform final : public toolkit::Platform {
   void Present(toolkit::Window&) override {}
   void BringToFront(toolkit::Window&) override {}
   void Withdraw(toolkit::Window&) override {}
-  toolkit::DialogButton AskUser(const toolkit::MessageDialog& dialog) override;
+  toolkit::DialogButton AskUser(const toolkit::MessageDialog& dialog, const toolkit::Window* owner) override;
   void RunNextEventLater() override {}
 
  private:

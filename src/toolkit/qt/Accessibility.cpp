@@ -4,7 +4,9 @@
 #include <QAction>
 
 #include "toolkit/Platform.h"
+#include "toolkit/qt/AccessiblePage.h"
 #include "toolkit/qt/CanvasView.h"
+#include "toolkit/qt/DialogBox.h"
 #include "toolkit/qt/ListTable.h"
 #include "toolkit/qt/ProgressBarView.h"
 #include "toolkit/qt/ProgressWheelView.h"
@@ -77,7 +79,9 @@ QAccessibleInterface* Describe(const QString& /*className*/, QObject* object) {
   auto* view = qobject_cast<QWidget*>(object);
   if (view == nullptr) return nullptr;
   if (dynamic_cast<QtWindow*>(view) != nullptr) return new QAccessibleWidget(view, QAccessible::Window);
+  if (dynamic_cast<DialogBox*>(view) != nullptr) return new QAccessibleWidget(view, QAccessible::AlertMessage);
   if (dynamic_cast<CanvasView*>(view) != nullptr) return new QAccessibleWidget(view, QAccessible::Graphic);
+  if (auto* page = qobject_cast<QTextBrowser*>(view)) return new AccessiblePage(*page);
   if (dynamic_cast<ProgressWheelView*>(view) != nullptr) return new AccessibleProgress(*view);
   if (dynamic_cast<ProgressBarView*>(view) != nullptr) return new AccessibleProgress(*view);
   if (auto* table = dynamic_cast<ListTable*>(view->focusProxy())) return new AccessibleList(*view, *table);

@@ -3,6 +3,7 @@
 #include <QPainter>
 
 #include "toolkit/qt/QtPicture.h"
+#include "toolkit/qt/QtWindow.h"
 
 namespace toolkit::qt {
 
@@ -18,6 +19,8 @@ void CanvasView::Refresh() {
 void CanvasView::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  const double scale = QtWindow::ScaleOf(*this);
+  painter.scale(scale, scale);
   painter.drawPixmap(0, 0, backdrop_);
 }
 

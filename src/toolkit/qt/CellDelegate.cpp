@@ -39,7 +39,29 @@ void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
   const QString text = Fitting(index.data().toString(), area.width());
   const bool fits = LineWidth(option.fontMetrics, text) <= area.width();
   const QRect visible = area & option.widget->rect();
-  DrawLine(*painter, area, visible, fits ? text : option.fontMetrics.elidedText(text, Qt::ElideRight, area.width()));
+  const QString shown = fits ? text : option.fontMetrics.elidedText(text, Qt::ElideRight, area.width());
+  DrawLine(*painter, area, visible, shown);
+  PaintMarks(*painter, area, shown);
+}
+
+// A frame in the text's own colour is seen on any ground.
+void CellDelegate::PaintMarks(QPainter& painter, const QRect& area, const QString& text) const {
+  if (marked_.isEmpty()) return;
+  const QFontMetrics font = painter.fontMetrics();
+  for (qsizetype at = text.indexOf(marked_, 0, Qt::CaseInsensitive); at >= 0;
+       at = text.indexOf(marked_, at + marked_.size(), Qt::CaseInsensitive)) {
+    const int left = area.left() + LineWidth(font, text.left(at));
+    if (left > area.right()) break;
+    const int width = LineWidth(font, text.mid(at, marked_.size()));
+    painter.drawRect(QRect(left, area.top(), width, area.height() - 1));
+  }
+}
+
+QRect CellDelegate::MarkIn(const QString& text, const QStyleOptionViewItem& option) const {
+  const qsizetype at = marked_.isEmpty() ? -1 : text.indexOf(marked_, 0, Qt::CaseInsensitive);
+  if (at < 0) return {};
+  return {MarginOf(option) + LineWidth(option.fontMetrics, text.left(at)), 0,
+          LineWidth(option.fontMetrics, text.mid(at, marked_.size())), option.fontMetrics.height()};
 }
 
 QSize CellDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {

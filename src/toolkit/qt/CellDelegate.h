@@ -1,5 +1,7 @@
 #pragma once
 
+#include <utility>
+
 #include <QStyledItemDelegate>
 
 namespace toolkit::qt {
@@ -10,10 +12,21 @@ class CellDelegate final : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
 
+  /// A text that is marked wherever it is seen, in either case; the empty one is nowhere.
+  void Mark(QString text) { marked_ = std::move(text); }
+  /// Where the first mark in the text of a cell begins and ends, in pixels from the cell's left edge; empty if it has
+  /// none.
+  [[nodiscard]] QRect MarkIn(const QString& text, const QStyleOptionViewItem& option) const;
+
   void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
   [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
   bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                  const QModelIndex& index) override;
+
+ private:
+  void PaintMarks(QPainter& painter, const QRect& area, const QString& text) const;
+
+  QString marked_;
 };
 
 }  // namespace toolkit::qt

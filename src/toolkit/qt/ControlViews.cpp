@@ -12,6 +12,7 @@
 #include "toolkit/qt/ProgressWheelView.h"
 #include "toolkit/qt/PushButtonView.h"
 #include "toolkit/qt/QtText.h"
+#include "toolkit/qt/QtWindow.h"
 #include "toolkit/qt/TabPanelView.h"
 #include "toolkit/qt/TextFieldView.h"
 
@@ -44,7 +45,11 @@ void ShowCommonProperties(QWidget& view, const Control& control) {
   // A screen reader hears of each name that is set.
   const QString name = ToQt(control.AccessibleName());
   if (view.accessibleName() != name) view.setAccessibleName(name);
-  view.setEnabled(control.Enabled());
+  if (auto* window = dynamic_cast<QtWindow*>(view.window())) {
+    window->Enable(view, control.Enabled());
+  } else {
+    view.setEnabled(control.Enabled());
+  }
   view.setVisible(control.IsOnScreen());
 }
 

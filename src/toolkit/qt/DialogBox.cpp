@@ -30,6 +30,8 @@ constexpr int widestText = 480;
 constexpr int scrollBarWidth = 24;
 // What stands beside a text at most: the sign and the margins.
 constexpr int besideText = 96;
+// The same for the title in the frame, which should be read whole.
+constexpr int besideTitle = 120;
 
 QString Shorten(const QString& text) {
   if (text.size() <= longestText) return text;
@@ -109,16 +111,19 @@ QPlainTextEdit* MakeTextArea(const QString& name, const QString& text, const QFo
 
 }  // namespace
 
-DialogBox::DialogBox(const MessageDialog& dialog) : QDialog(QApplication::activeWindow()) {
+DialogBox::DialogBox(const MessageDialog& dialog, QWidget* owner, const QString& about) : QDialog(owner) {
   setObjectName("dialogBox");
-  setWindowTitle(QStringLiteral(" "));  // an empty title would show the program's name
+  setWindowTitle(about.isEmpty() ? QStringLiteral(" ") : about);  // an empty title would show the program's name
   setAccessibleName(QApplication::applicationName());
   const std::string gap = dialog.Explanation.empty() ? "" : "\n";
-  setAccessibleDescription(Shorten(ToQt(dialog.Message + gap + dialog.Explanation)));
+  const QString aboutLine = about.isEmpty() ? about : about + '\n';
+  setAccessibleDescription(aboutLine + Shorten(ToQt(dialog.Message + gap + dialog.Explanation)));
   setModal(true);
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(MakeTexts(dialog));
-  layout->addWidget(MakeButtons(dialog));
+  QWidget* buttons = MakeButtons(dialog);
+  buttons->setMinimumWidth(std::min(fontMetrics().horizontalAdvance(about) + besideTitle, widestText));
+  layout->addWidget(buttons);
   layout->setSizeConstraint(QLayout::SetFixedSize);
   if (defaultButton_ != nullptr) {
     defaultButton_->setDefault(true);
@@ -126,8 +131,19 @@ DialogBox::DialogBox(const MessageDialog& dialog) : QDialog(QApplication::active
   }
 }
 
+bool DialogBox::eventFilter(QObject* watched, QEvent* event) {
+  const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease ||
+                     event->type() == QEvent::ShortcutOverride;
+  if (!isKey || TakesKeys()) return QDialog::eventFilter(watched, event);
+  moment_.start();
+  event->accept();  // or a shortcut would be looked for
+  return true;
+}
+
 void DialogBox::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
+  moment_.start();
+  qApp->installEventFilter(this);
   QAccessibleEvent alert(this, QAccessible::Alert);
   QAccessible::updateAccessibility(&alert);
 }

@@ -41,6 +41,12 @@ QString DisplayText(std::string_view text) {
   return shown;
 }
 
+QString DisplayName(std::string_view text) {
+  constexpr std::size_t longestName = 100;
+  const std::string_view start = FirstCharacters(text, longestName);
+  return start.size() == text.size() ? DisplayText(text) : DisplayText(start) + QChar(0x2026);
+}
+
 std::string_view FirstCharacters(std::string_view text, std::size_t count) {
   if (text.size() <= count) return text;
   std::size_t end = 0;

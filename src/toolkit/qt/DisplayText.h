@@ -10,6 +10,9 @@ namespace toolkit::qt {
 /// line breaks among them, become their visible pictures ("␛", "␊"), so that none is ever interpreted.
 [[nodiscard]] QString DisplayText(std::string_view text);
 
+/// As DisplayText, but no longer than a name or a frame's title can be.
+[[nodiscard]] QString DisplayName(std::string_view text);
+
 /// The first `count` characters of `text`.
 [[nodiscard]] std::string_view FirstCharacters(std::string_view text, std::size_t count);
 

@@ -18,7 +18,7 @@ constexpr std::chrono::milliseconds pauseInTyping(150);
 
 }  // namespace
 
-FindBar::FindBar(Listbox& list, QWidget& listView) : QWidget(&listView), list_(list), listView_(listView) {
+FindBar::FindBar(Listbox& list, ListTable& table) : list_(list), table_(table) {
   setObjectName("findBar");
   setAutoFillBackground(true);
   field_.setObjectName("findText");
@@ -62,17 +62,28 @@ void FindBar::Open() {
   RowsChanged();
 }
 
+void FindBar::Close() {
+  hide();
+  table_.Mark({});
+  table_.setFocus();
+}
+
+void FindBar::Again(Direction direction) { isVisible() && !field_.text().isEmpty() ? Go(direction) : Open(); }
+
 void FindBar::RowsChanged() {
   if (isVisible()) Search();
 }
 
+// Return on a button is that button's.
 void FindBar::keyPressEvent(QKeyEvent* event) {
   const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   const bool isBack = event->modifiers().testFlag(Qt::ShiftModifier);
+  auto* button = qobject_cast<QToolButton*>(focusWidget());
   if (event->key() == Qt::Key_Escape) {
-    hide();
-    listView_.setFocus();
-  } else if (isEnter || event->key() == Qt::Key_F3) {
+    Close();
+  } else if (isEnter && button != nullptr && button->hasFocus()) {
+    button->click();
+  } else if (isEnter) {
     Go(isBack ? Direction::Previous : Direction::Next);
   } else {
     QWidget::keyPressEvent(event);
@@ -82,6 +93,7 @@ void FindBar::keyPressEvent(QKeyEvent* event) {
 void FindBar::Search() {
   pause_.stop();
   matches_ = RowsContaining(list_, FromQt(field_.text()));
+  table_.Mark(field_.text());
   ShowCount();
 }
 
@@ -104,6 +116,7 @@ void FindBar::Go(Direction direction) {
     row = here == matches_.begin() ? matches_.back() : *(here - 1);
   }
   Platform::Current().Dispatch([&] { list_.Select(row); });
+  table_.ShowMark(row);
   ShowCount();
 }
 

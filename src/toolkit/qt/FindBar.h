@@ -9,6 +9,7 @@
 
 #include "toolkit/Listbox.h"
 #include "toolkit/qt/EditViews.h"
+#include "toolkit/qt/ListTable.h"
 
 namespace toolkit::qt {
 
@@ -16,10 +17,15 @@ namespace toolkit::qt {
 /// after the last key, so that typing stays quick in a long list.
 class FindBar final : public QWidget {
  public:
-  FindBar(Listbox& list, QWidget& listView);
+  enum class Direction { Next, Previous };
+
+  FindBar(Listbox& list, ListTable& table);
 
   /// Shows the bar, ready for typing.
   void Open();
+  void Close();
+  /// Goes to another row with the text; while there is none, opens the bar.
+  void Again(Direction direction);
   /// The rows of the list have changed.
   void RowsChanged();
 
@@ -27,8 +33,6 @@ class FindBar final : public QWidget {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
-  enum class Direction { Next, Previous };
-
   void Search();
   void SearchFromHere();
   void Go(Direction direction);
@@ -36,7 +40,7 @@ class FindBar final : public QWidget {
   QToolButton* MakeButton(const QString& name, const QString& caption, Direction direction);
 
   Listbox& list_;
-  QWidget& listView_;
+  ListTable& table_;
   EditLine field_;
   QLabel count_;
   QTimer pause_;

@@ -1,5 +1,7 @@
 #include "toolkit/qt/ListCommands.h"
 
+#include <functional>
+
 #include <QAction>
 #include <QMenu>
 
@@ -20,12 +22,16 @@ void AddCommand(QWidget& view, const char* name, const QString& caption, const Q
 
 }  // namespace
 
-void AddListCommands(QWidget& view, const Listbox& list, const std::function<void()>& find) {
+void AddListCommands(QWidget& view, const Listbox& list, FindBar& find) {
   AddCommand(view, "listCopyAll", QStringLiteral("Copy All"), QKeySequence("Ctrl+Shift+C"),
              [&list] { CopyAllRows(list); });
   AddCommand(view, "listSaveAs", QStringLiteral("Save As…"), QKeySequence::Save,
              [&view, &list] { AskWhereToSave(list, view); });
-  AddCommand(view, "listFind", QStringLiteral("Find…"), QKeySequence::Find, find);
+  AddCommand(view, "listFind", QStringLiteral("Find…"), QKeySequence::Find, [&find] { find.Open(); });
+  AddCommand(view, "listFindNext", QStringLiteral("Find Next"), QKeySequence("F3"),
+             [&find] { find.Again(FindBar::Direction::Next); });
+  AddCommand(view, "listFindPrevious", QStringLiteral("Find Previous"), QKeySequence("Shift+F3"),
+             [&find] { find.Again(FindBar::Direction::Previous); });
 }
 
 void PopUpListCommands(QWidget& view, const Listbox& list, const QPoint& position) {

@@ -8,9 +8,11 @@
 #include <QPointer>
 #include <QSaveFile>
 
+#include "toolkit/HandlerTurn.h"
 #include "toolkit/Platform.h"
 #include "toolkit/RuntimeException.h"
 #include "toolkit/qt/QtText.h"
+#include "toolkit/qt/QtWindow.h"
 
 namespace toolkit::qt {
 namespace {
@@ -58,10 +60,12 @@ void AskWhereToSave(const Listbox& list, QWidget& parent) {
   dialog->setAttribute(Qt::WA_DeleteOnClose);
   dialog->setAcceptMode(QFileDialog::AcceptSave);
   dialog->setDefaultSuffix(QStringLiteral("txt"));
-  dialog->selectFile(ToQt(list.AccessibleName()) + QLatin1String(".txt"));
+  dialog->selectFile(ToQt(list.FileName()).replace('/', '_') + QLatin1String(".txt"));
   QObject::connect(dialog, &QFileDialog::fileSelected, &parent, [&list, view = QPointer(&parent)](const QString& path) {
     Platform::Current().WhenFree([&list, view, path = FromQt(path)] {
-      if (view) SaveRows(list, path);
+      if (!view) return;
+      const HandlerTurn turn(QtWindow::Of(*view));
+      SaveRows(list, path);
     });
   });
   dialog->open();

@@ -4,6 +4,8 @@
 #include <numeric>
 #include <utility>
 
+#include <QApplication>
+#include <QFontDatabase>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -11,6 +13,7 @@
 
 #include "toolkit/Platform.h"
 #include "toolkit/qt/ListExport.h"
+#include "toolkit/qt/QtWindow.h"
 
 namespace toolkit::qt {
 namespace {
@@ -20,6 +23,12 @@ constexpr int rowPadding = 4;
 constexpr int mostRowsToType = 10'000;
 // How many rows, beside those on the screen, are measured when a column is to fit its texts.
 constexpr int rowsToMeasure = 1000;
+
+QFont FixedFont() {
+  QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  fixed.setPointSizeF(QApplication::font().pointSizeF());
+  return fixed;
+}
 
 }  // namespace
 
@@ -36,6 +45,7 @@ ListTable::ListTable(Listbox& list) : list_(list), model_(list) {
   setCornerButtonEnabled(false);
   setVerticalScrollMode(ScrollPerPixel);
   setHorizontalScrollMode(ScrollPerPixel);
+  if (list_.Texts() == ListTexts::Terminal) setFont(FixedFont());
 }
 
 // The headers read the model, which goes before the children do.
@@ -60,12 +70,20 @@ bool ListTable::Follow() {
   following_ = true;
   setHorizontalScrollBarPolicy(list_.Scrolling() == ScrollBars::Both ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
   horizontalHeader()->setVisible(list_.HasHeading());
+  const bool wasEmpty = model_.rowCount() == 0;
+  if (!wasEmpty) scrolled_ = {horizontalScrollBar()->value(), verticalScrollBar()->value()};
   const bool haveRowsChanged = model_.Follow();
   if (haveRowsChanged) widestText_ = 0;
   usersWidths_.resize(static_cast<std::size_t>(list_.ColumnCount()));
   horizontalHeader()->setResizeContentsPrecision(LastColumnIsWide() ? 0 : rowsToMeasure);
   Measure();
   LayOut();
+  if (wasEmpty && haveRowsChanged) {
+    updateGeometries();
+    verticalScrollBar()->setValue(scrolled_.y());
+    updateGeometries();  // what is on the screen now may be wider
+    horizontalScrollBar()->setValue(scrolled_.x());
+  }
   FollowSelection();
   viewport()->update();
   following_ = false;
@@ -80,6 +98,24 @@ void ListTable::FollowSelection() {
     selectionModel()->clear();
   } else {
     setCurrentIndex(model_.index(row, 0));
+  }
+}
+
+void ListTable::Mark(const QString& text) {
+  cells_.Mark(text);
+  viewport()->update();
+}
+
+void ListTable::ShowMark(int row) {
+  QStyleOptionViewItem option;
+  initViewItemOption(&option);
+  for (int column = 0; column < model_.columnCount(); ++column) {
+    const QRect mark = cells_.MarkIn(model_.index(row, column).data().toString(), option);
+    if (mark.isEmpty()) continue;
+    const int left = columnViewportPosition(column) + mark.left();
+    const int beyond = std::max(left + mark.width() - viewport()->width(), 0);
+    horizontalScrollBar()->setValue(horizontalScrollBar()->value() + std::min(left, beyond));
+    return;
   }
 }
 
@@ -102,7 +138,9 @@ void ListTable::LayOut() {
   if (verticalHeader()->defaultSectionSize() != height) verticalHeader()->setDefaultSectionSize(height);
   const int available = viewport()->width();
   const int last = model_.columnCount() - 1;
-  auto widths = LayOutColumns(list_.ColumnWidths(), usersWidths_, available);
+  const double scale = QtWindow::ScaleOf(*this);
+  auto widths = LayOutColumns(list_.ColumnWidths(), usersWidths_, qRound(available / scale));
+  for (int& width : widths) width = qRound(width * scale);
   widths.back() = std::max(widths.back(), widestText_);
   // The last column goes on to the list's edge, so that its heading has no end before it.
   widths.back() += std::max(available - std::accumulate(widths.begin(), widths.end(), 0), 0);
@@ -113,7 +151,7 @@ void ListTable::LayOut() {
 // The header may still be at work on what the user does to it.
 void ListTable::KeepUsersWidth(int column, int width) {
   if (layingOut_ || following_) return;
-  usersWidths_.at(static_cast<std::size_t>(column)) = width;
+  usersWidths_.at(static_cast<std::size_t>(column)) = qRound(width / QtWindow::ScaleOf(*this));
   QMetaObject::invokeMethod(this, &ListTable::LayOut, Qt::QueuedConnection);
 }
 

@@ -22,6 +22,10 @@ class ListTable final : public QTableView, public EditTarget {
   /// Shows the list as it is now. Returns whether rows came or went.
   bool Follow();
   [[nodiscard]] const Listbox& List() const { return list_; }
+  /// Marks a text wherever it is seen.
+  void Mark(const QString& text);
+  /// Scrolls to the first mark in a row.
+  void ShowMark(int row);
 
   [[nodiscard]] bool CanEdit(StandardAction action) const override;
   void Edit(StandardAction action) override;
@@ -56,8 +60,10 @@ class ListTable final : public QTableView, public EditTarget {
   std::vector<std::optional<int>> usersWidths_;
   // How wide the last column's texts turned out to be, where it is as wide as its texts.
   int widestText_ = 0;
-  // What changes now is not the user's doing.
-  bool following_ = false;
+  // Where the rows stood when there were any: a list that is refreshed is empty for a while.
+  QPoint scrolled_;
+  // What changes now is not the user's doing, from the making of the table on.
+  bool following_ = true;
   bool layingOut_ = false;
 };
 

@@ -1,5 +1,6 @@
 #include "toolkit/qt/ListboxModel.h"
 
+#include "toolkit/Text.h"
 #include "toolkit/qt/DisplayText.h"
 #include "toolkit/qt/QtText.h"
 
@@ -39,7 +40,8 @@ int ListboxModel::columnCount(const QModelIndex& parent) const { return parent.i
 
 QVariant ListboxModel::data(const QModelIndex& index, int role) const {
   if (role != Qt::DisplayRole && role != Qt::AccessibleTextRole) return {};
-  return ShownText(list_.Cell(index.row(), index.column()));
+  const std::string_view cell = list_.Cell(index.row(), index.column());
+  return list_.Texts() == ListTexts::Terminal ? ShownText(WithoutColorCodes(cell)) : ShownText(cell);
 }
 
 QVariant ListboxModel::headerData(int section, Qt::Orientation orientation, int role) const {

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include <QContextMenuEvent>
+#include <QKeyEvent>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -17,11 +18,19 @@ ListboxView::ListboxView(Listbox& list, QWidget& parent) : ViewOf(list, parent),
   layout->addWidget(&table_);
   layout->addWidget(&findBar_);
   setFocusProxy(&table_);
-  AddListCommands(*this, list, [this] { findBar_.Open(); });
+  AddListCommands(*this, list, findBar_);
   Follow();
 }
 
 void ListboxView::contextMenuEvent(QContextMenuEvent* event) { PopUpListCommands(*this, Shown(), event->globalPos()); }
+
+void ListboxView::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape && findBar_.isVisible()) {
+    findBar_.Close();
+  } else {
+    QWidget::keyPressEvent(event);
+  }
+}
 
 // A list that is being filled tells of every cell; the screen follows once, when the handler that fills it is done.
 void ListboxView::Refresh() {

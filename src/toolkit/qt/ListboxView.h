@@ -17,6 +17,7 @@ class ListboxView final : public ViewOf<QWidget, Listbox> {
 
  protected:
   void contextMenuEvent(QContextMenuEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void Follow();

@@ -42,7 +42,9 @@ class PopupMenuView::Rows final : public QAbstractListModel {
   int count_ = 0;
 };
 
-PopupMenuView::PopupMenuView(PopupMenu& menu, QWidget& parent) : ViewOf(menu, parent), rows_(new Rows(*this)) {
+PopupMenuView::PopupMenuView(PopupMenu& menu, QWidget& parent) : ViewOf(menu, parent), rows_(new Rows(*this)), name_(&parent) {
+  name_.setVisible(false);
+  name_.setBuddy(this);
   setModel(rows_);
   if (auto* list = qobject_cast<QListView*>(view())) list->setUniformItemSizes(true);
   setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
@@ -53,6 +55,7 @@ PopupMenuView::PopupMenuView(PopupMenu& menu, QWidget& parent) : ViewOf(menu, pa
 // The rows follow once, when the handler that fills the menu is done.
 void PopupMenuView::Refresh() {
   ShowCommonProperties(*this, Shown());
+  name_.setText(accessibleName());
   if (shownGeneration_ == Shown().Generation()) {
     setCurrentIndex(Shown().ListIndex());
   } else if (!std::exchange(followPending_, true)) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QComboBox>
+#include <QLabel>
 
 #include "toolkit/PopupMenu.h"
 #include "toolkit/qt/ControlViews.h"
@@ -24,6 +25,8 @@ class PopupMenuView final : public ViewOf<QComboBox, PopupMenu> {
   void UserSelects(int row);
 
   Rows* rows_;
+  // Never seen: screen readers take the name from it, since the text of what is chosen stands for that of the menu.
+  QLabel name_;
   unsigned shownGeneration_ = 0;
   bool followPending_ = false;
 };

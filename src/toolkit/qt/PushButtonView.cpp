@@ -2,6 +2,7 @@
 
 #include "toolkit/Platform.h"
 #include "toolkit/qt/QtText.h"
+#include "toolkit/qt/QtWindow.h"
 
 namespace toolkit::qt {
 
@@ -13,7 +14,10 @@ PushButtonView::PushButtonView(PushButton& button, QWidget& parent) : ViewOf(but
 void PushButtonView::Refresh() {
   ShowCommonProperties(*this, Shown());
   setText(ToQt(Shown().Caption()));
-  setDefault(Shown().Role() == ButtonRole::Default);
+  // A text without an access key takes the one away that there is.
+  if (!Shown().Key().empty()) setShortcut(QKeySequence(ToQt(Shown().Key())));
+  const auto* window = dynamic_cast<const QtWindow*>(this->window());
+  setDefault(Shown().Role() == ButtonRole::Default && window != nullptr && window->HasDefault());
 }
 
 }  // namespace toolkit::qt

@@ -19,6 +19,7 @@
 #include "toolkit/Window.h"
 #include "toolkit/qt/Accessibility.h"
 #include "toolkit/qt/DialogBox.h"
+#include "toolkit/qt/DisplayText.h"
 #include "toolkit/qt/PictureDecoder.h"
 #include "toolkit/qt/QtPicture.h"
 #include "toolkit/qt/QtProcess.h"
@@ -113,10 +114,11 @@ std::unique_ptr<HTTPTransfer> QtPlatform::StartTransfer(HTTPRequest request, HTT
   return transfers_.Start(std::move(request), events);
 }
 
-DialogButton QtPlatform::AskUser(const MessageDialog& dialog) {
+DialogButton QtPlatform::AskUser(const MessageDialog& dialog, const Window* owner) {
   if (quitting_) return DialogButton::Cancel;
   ++nestedLoops_;
-  DialogBox box(dialog);
+  const std::string about = dialog.About.empty() && owner != nullptr ? owner->Subject() : dialog.About;
+  DialogBox box(dialog, owner == nullptr ? nullptr : ViewOf(*owner), DisplayName(about));
   box.exec();
   --nestedLoops_;
   DropClosedViewsLater();
@@ -200,9 +202,12 @@ void QtPlatform::Present(Window& window) {
 }
 
 void QtPlatform::BringToFront(Window& window) {
-  for (const auto& view : views_) {
-    if (view->Shows(window)) view->ComeToFront();
-  }
+  if (QtWindow* view = ViewOf(window)) view->ComeToFront();
+}
+
+QtWindow* QtPlatform::ViewOf(const Window& window) const {
+  const auto view = std::ranges::find_if(views_, [&](const auto& shown) { return shown->Shows(window); });
+  return view == views_.end() ? nullptr : view->get();
 }
 
 void QtPlatform::Withdraw(Window& window) {

@@ -43,10 +43,11 @@ class QtPlatform final : public Platform {
   void Present(Window& window) override;
   void BringToFront(Window& window) override;
   void Withdraw(Window& window) override;
-  DialogButton AskUser(const MessageDialog& dialog) override;
+  DialogButton AskUser(const MessageDialog& dialog, const Window* owner) override;
   void RunNextEventLater() override;
 
  private:
+  [[nodiscard]] QtWindow* ViewOf(const Window& window) const;
   void DropClosedViewsLater();
 
   std::unique_ptr<QApplication> application_;

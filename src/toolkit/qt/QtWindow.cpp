@@ -10,21 +10,28 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QScreen>
+#include <QTabWidget>
 #include <QTimer>
+#include <QWindow>
 
 #include "toolkit/Platform.h"
 #include "toolkit/TextField.h"
 #include "toolkit/qt/ControlViews.h"
+#include "toolkit/qt/DisplayText.h"
 #include "toolkit/qt/MenuBarView.h"
+#include "toolkit/qt/PushButtonView.h"
 #include "toolkit/qt/QtText.h"
 
 namespace toolkit::qt {
 namespace {
 
-QSize ToQt(Size size) { return {size.Width, size.Height}; }
+// The controls are designed for fonts up to this height in pixels. With larger ones, all places grow as well.
+constexpr double designedFontHeight = 17;
+// What a window manager puts around a window, roughly.
+constexpr QSize roomForFrame(4, 32);
 
-/// What the menus take of a window's height: nothing where there are none, or where the desktop shows them elsewhere.
-int MenuHeight(const QWidget* menus) { return menus == nullptr ? 0 : menus->sizeHint().height(); }
+// What stands beside the subject, or between it and the menus.
+constexpr int subjectMargin = 8;
 
 /// The field that the user is typing into in any window of the program, nullptr if there is none.
 QWidget* FieldInUse() {
@@ -41,16 +48,18 @@ bool HasDefaultButton(const Window& window) {
 
 }  // namespace
 
-QtWindow::QtWindow(std::shared_ptr<Window> window) : window_(std::move(window)) {
+QtWindow::QtWindow(std::shared_ptr<Window> window)
+    : window_(std::move(window)), hasDefault_(window_->Origin() == WindowOrigin::Asked) {
   window_->ShowIn(this);
   if (const auto& menus = window_->Menus()) menus_ = new MenuBarView(*menus, *this);
   content_ = new QWidget(this);
   content_->setObjectName("content");
-  content_->installEventFilter(this);
+  qApp->installEventFilter(this);
   for (Control* control : window_->Controls()) views_[control] = MakeView(*control, *content_);
   OrderByTab();
+  SetUpSubject();
+  scale_ = FindScale();
   ShowFrame();
-  LayOut();
   QtWindow::Refresh();
   QtWindow::RefreshBusy();
 }
@@ -61,23 +70,53 @@ QtWindow::~QtWindow() {
   delete content_;
 }
 
+std::shared_ptr<Window> QtWindow::Of(const QWidget& view) {
+  const auto* window = dynamic_cast<const QtWindow*>(view.window());
+  return window == nullptr ? nullptr : window->window_;
+}
+
+double QtWindow::ScaleOf(const QWidget& view) {
+  const auto* window = dynamic_cast<const QtWindow*>(view.window());
+  return window == nullptr ? 1 : window->scale_;
+}
+
+QScreen* QtWindow::TargetScreen() const {
+  const QWidget* active = QApplication::activeWindow();
+  return active != nullptr ? active->screen() : screen();
+}
+
+/// As large as the font wants it, but not larger than the screen. A window whose size is fixed may become smaller than
+/// designed for that.
+double QtWindow::FindScale() const {
+  const QSize free = TargetScreen()->availableGeometry().size() - roomForFrame - QSize(0, HeightOfTop());
+  const Size designed = window_->ContentSize();
+  const double largest = std::min(static_cast<double>(free.width()) / designed.Width,
+                                  static_cast<double>(free.height()) / designed.Height);
+  const double wanted = std::max(fontMetrics().height() / designedFontHeight, 1.0);
+  return std::min(wanted, window_->Frame() == WindowFrame::Fixed ? largest : std::max(largest, 1.0));
+}
+
+/// The size of the window around a content of that size.
+QSize QtWindow::Around(Size content) const {
+  return QSize(qRound(content.Width * scale_), qRound(content.Height * scale_) + HeightOfTop())
+      .boundedTo(QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
+}
+
 // The sizes of a window are those of its content.
 void QtWindow::ShowFrame() {
-  const QSize menus(0, MenuHeight(menus_));
-  resize(ToQt(window_->ContentSize()) + menus);
+  resize(Around(window_->ContentSize()));
   if (window_->Frame() == WindowFrame::Standard) {
-    setMinimumSize(ToQt(window_->MinimumSize()) + menus);
-    setMaximumSize(ToQt(window_->MaximumSize()) + menus);
+    setMinimumSize(Around(window_->MinimumSize()));
+    setMaximumSize(Around(window_->MaximumSize()));
     return;
   }
   setFixedSize(size());
   setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
-  const QWidget* active = QApplication::activeWindow();
-  const QScreen* target = active != nullptr ? active->screen() : screen();
-  const QRect free = target->availableGeometry();
+  const QRect free = TargetScreen()->availableGeometry();
   const QPoint middle = free.center() - rect().center();
-  // On a screen that is too small, the title and the menus stay in reach.
-  move(std::max(middle.x(), free.left()), std::max(middle.y(), free.top()));
+  // On a screen that has just room for it, all of its frame is to be seen, or at least the title and the menus.
+  const int lowest = free.bottom() - height() - roomForFrame.height();
+  move(std::max(middle.x(), free.left()), std::max(std::min(middle.y(), lowest), free.top()));
 }
 
 void QtWindow::Appear() {
@@ -97,8 +136,27 @@ void QtWindow::ComeToFront() {
 }
 
 void QtWindow::Refresh() {
+  const QString subject = DisplayName(window_->Subject());
   setWindowTitle(qt::ToQt(window_->Title()));
+  setWindowIconText(subject);  // after the title, which would take its place
+  setAccessibleDescription(subject);
+  LayOut();
   content_->update();
+}
+
+void QtWindow::SetUpSubject() {
+  subject_.setObjectName("subject");
+  subject_.setTextFormat(Qt::PlainText);
+  subject_.setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  subject_.raise();  // over the menus
+  subject_.setVisible(!window_->Subject().empty());
+}
+
+/// What the menus and the subject take of the window's height, on one line: nothing where there is neither, or where
+/// the desktop shows the menus elsewhere.
+int QtWindow::HeightOfTop() const {
+  const int menus = menus_ == nullptr ? 0 : menus_->sizeHint().height();
+  return std::max(menus, window_->Subject().empty() ? 0 : subject_.sizeHint().height());
 }
 
 // A pointer of a part of the window goes before that of the whole window.
@@ -123,10 +181,14 @@ void QtWindow::RefreshBusy() {
 void QtWindow::resizeEvent(QResizeEvent* /*event*/) { LayOut(); }
 
 void QtWindow::LayOut() {
-  const int menuHeight = MenuHeight(menus_);
-  if (menus_ != nullptr) menus_->setGeometry(0, 0, width(), menuHeight);
-  content_->setGeometry(0, menuHeight, width(), height() - menuHeight);
-  window_->Resize({.Width = content_->width(), .Height = content_->height()});
+  const int top = HeightOfTop();
+  const int menuWidth = menus_ == nullptr ? 0 : menus_->sizeHint().width();
+  if (menus_ != nullptr) menus_->setGeometry(0, 0, width(), top);
+  subject_.setGeometry(QRect(menuWidth, 0, width() - menuWidth, top).adjusted(subjectMargin, 0, -subjectMargin, 0));
+  const QString subject = DisplayName(window_->Subject());
+  subject_.setText(fontMetrics().elidedText(subject, Qt::ElideRight, subject_.width()));
+  content_->setGeometry(0, top, width(), height() - top);
+  window_->Resize({.Width = qRound(content_->width() / scale_), .Height = qRound(content_->height() / scale_)});
   PlaceControls();
 }
 
@@ -141,38 +203,82 @@ void QtWindow::changeEvent(QEvent* event) {
   if (event->type() == QEvent::ActivationChange && isActiveWindow()) Platform::Current().TellActivated(*window_);
 }
 
-// Only keys that the widget with the keyboard has no use for come here. Where there is a default button, Return is for
-// it alone: the one that has the keyboard may have got it from another that was disabled under it. A frame without a
-// close button can keep the desktop from closing the window by the keyboard.
+// Only keys that the widget with the keyboard has no use for come here. A frame without a close button can keep the
+// desktop from closing the window by the keyboard.
 void QtWindow::keyPressEvent(QKeyEvent* event) {
-  const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-  const bool isPlain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier && !event->isAutoRepeat();
-  const bool isEscape = event->key() == Qt::Key_Escape;
   const bool isAltF4 = event->key() == Qt::Key_F4 && event->modifiers() == Qt::AltModifier;
-  auto* focused = qobject_cast<QPushButton*>(focusWidget());
-  if (isPlain && isReturn && focused != nullptr && !HasDefaultButton(*window_)) {
-    focused->click();
-  } else if (isPlain && (isReturn || isEscape)) {
-    const PushButton* button = window_->ButtonOf(isReturn ? ButtonRole::Default : ButtonRole::Cancel);
-    if (button != nullptr) Platform::Current().Dispatch([&] { button->Press(); });
-  } else if (isAltF4 || (event->matches(QKeySequence::Close) && window_->Frame() == WindowFrame::Standard)) {
+  if (isAltF4 || (event->matches(QKeySequence::Close) && window_->Frame() == WindowFrame::Standard)) {
     close();
-  } else {
+  } else if (!PressForKey(*event) && !ChangeTab(*event)) {
     QWidget::keyPressEvent(event);
   }
 }
 
+/// Return and Escape. Where there is a default button, Return is for it alone: the one that has the keyboard may have
+/// got it from another that was disabled under it.
+bool QtWindow::PressForKey(const QKeyEvent& event) {
+  const bool isReturn = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+  const bool isPlain = (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier && !event.isAutoRepeat();
+  if (!isPlain || (!isReturn && event.key() != Qt::Key_Escape)) return false;
+  auto* focused = qobject_cast<QPushButton*>(focusWidget());
+  if (isReturn && focused != nullptr && !HasDefaultButton(*window_)) {
+    focused->click();
+    return true;
+  }
+  const PushButton* button = window_->ButtonOf(isReturn ? ButtonRole::Default : ButtonRole::Cancel);
+  Platform::Current().Dispatch([&] {
+    if (button != nullptr && (hasDefault_ || !isReturn)) button->Press();
+    if (button == nullptr && !isReturn && !Platform::WaitsForUser()) window_->Escape();
+  });
+  return true;
+}
+
+/// The keys that go through tabs, wherever the keyboard is in their window.
+bool QtWindow::ChangeTab(const QKeyEvent& event) {
+  const bool isTab = event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab;
+  auto* tabs = findChild<QTabWidget*>();
+  if (!isTab || !event.modifiers().testFlag(Qt::ControlModifier) || tabs == nullptr) return false;
+  const int step = event.modifiers().testFlag(Qt::ShiftModifier) ? tabs->count() - 1 : 1;
+  tabs->setCurrentIndex((tabs->currentIndex() + step) % tabs->count());
+  return true;
+}
+
 bool QtWindow::eventFilter(QObject* watched, QEvent* event) {
   if (watched == content_ && event->type() == QEvent::Paint) PaintContent();
+  const bool isInput = event->type() == QEvent::KeyPress || event->type() == QEvent::MouseButtonPress;
+  if (isInput && watched == windowHandle()) UserActs(*event);
   return QWidget::eventFilter(watched, event);
 }
 
-// An exception is told once, and not while Qt paints. The background stays plain from then on.
+void QtWindow::UserActs(const QEvent& event) {
+  disabled_ = nullptr;
+  const int key = event.type() == QEvent::KeyPress ? static_cast<const QKeyEvent&>(event).key() : Qt::Key_Tab;
+  if (hasDefault_ || (key != Qt::Key_Tab && key != Qt::Key_Backtab)) return;
+  hasDefault_ = true;
+  for (Control* control : window_->Controls()) {
+    if (auto* button = dynamic_cast<PushButtonView*>(views_[control])) button->Refresh();
+  }
+}
+
+void QtWindow::Enable(QWidget& view, bool isEnabled) {
+  QWidget* focus = focusWidget();
+  if (!isEnabled && view.isEnabled() && focus != nullptr && (focus == &view || view.isAncestorOf(focus))) {
+    if (disabled_ == nullptr || focus != refuge_) disabled_ = focus;
+    focusPreviousChild();
+    refuge_ = focusWidget();
+  }
+  view.setEnabled(isEnabled);
+  const bool returns = disabled_ != nullptr && disabled_->isEnabled() && focusWidget() == refuge_;
+  if (returns) std::exchange(disabled_, nullptr)->setFocus();
+}
+
 void QtWindow::PaintContent() {
   if (cannotPaint_) return;
   QPainter painter(content_);
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
-  QtGraphics graphics(painter, content_->size(), pictures_);
+  painter.scale(scale_, scale_);
+  const Size size = window_->ContentSize();
+  QtGraphics graphics(painter, {size.Width, size.Height}, pictures_);
   try {
     window_->Paint(graphics);
   } catch (...) {
@@ -193,7 +299,10 @@ void QtWindow::paintEvent(QPaintEvent* /*event*/) {
 void QtWindow::PlaceControls() {
   for (const auto& [control, view] : views_) {
     const Rect place = window_->PlaceOf(*control);
-    view->setGeometry(place.Left, place.Top, place.Width, place.Height);
+    const QRectF points(place.Left, place.Top, place.Width, place.Height);
+    const QPoint corner = (points.topLeft() * scale_).toPoint();
+    const QPoint end = (points.bottomRight() * scale_).toPoint();
+    view->setGeometry(QRect(corner, QSize(end.x() - corner.x(), end.y() - corner.y())));
   }
 }
 

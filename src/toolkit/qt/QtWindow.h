@@ -6,6 +6,7 @@
 #include <vector>
 
 #include <QCursor>
+#include <QLabel>
 #include <QPointer>
 #include <QWidget>
 
@@ -29,6 +30,16 @@ class QtWindow final : public QWidget, public WindowView {
   void ComeToFront();
   void Refresh() override;
   void RefreshBusy() override;
+  /// The window that `view` is in; nullptr if that is none of the program's.
+  [[nodiscard]] static std::shared_ptr<Window> Of(const QWidget& view);
+  /// How many pixels a point of the program's places and widths is in the window of `view`.
+  [[nodiscard]] static double ScaleOf(const QWidget& view);
+  /// Whether Return may press the default button. In a window that nobody asked for, the user comes first by a click or
+  /// by the Tab key.
+  [[nodiscard]] bool HasDefault() const { return hasDefault_; }
+  /// `view` can be used from now on, or no longer. A keyboard that it loses goes a step back, and returns with it if
+  /// the user has done nothing meanwhile.
+  void Enable(QWidget& view, bool isEnabled);
 
  protected:
   void changeEvent(QEvent* event) override;
@@ -39,19 +50,33 @@ class QtWindow final : public QWidget, public WindowView {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  [[nodiscard]] QScreen* TargetScreen() const;
+  [[nodiscard]] double FindScale() const;
+  [[nodiscard]] QSize Around(Size content) const;
   void ShowFrame();
+  [[nodiscard]] int HeightOfTop() const;
   void LayOut();
   void PlaceControls();
   void PaintContent();
   void OrderByTab();
+  void SetUpSubject();
+  void UserActs(const QEvent& event);
+  bool PressForKey(const QKeyEvent& event);
+  bool ChangeTab(const QKeyEvent& event);
 
   std::shared_ptr<Window> window_;
   QWidget* menus_ = nullptr;
+  QLabel subject_{this};
   QWidget* content_;
   std::map<const Control*, QWidget*> views_;
   DrawnPictures pictures_;
   // The pointers that parts of the window have of their own, while all show that it is busy.
   std::vector<std::pair<QPointer<QWidget>, QCursor>> ownCursors_;
+  // What lost the keyboard when it was disabled, and what has it instead.
+  QPointer<QWidget> disabled_;
+  QPointer<QWidget> refuge_;
+  double scale_ = 1;
+  bool hasDefault_;
   bool painted_ = false;
   bool cannotPaint_ = false;
 };

@@ -14,6 +14,8 @@ TextFieldView::TextFieldView(TextField& field, QWidget& parent) : ViewOf(field, 
     Platform::Current().Dispatch([&] { Shown().Type(FromQt(text)); });
     TextFieldView::Refresh();  // the field may have refused it
   });
+  connect(this, &QLineEdit::returnPressed, this,
+          [this] { Platform::Current().Dispatch([this] { Shown().PressEnter(); }); });
   TextFieldView::Refresh();
 }
 

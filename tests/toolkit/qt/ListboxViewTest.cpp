@@ -7,6 +7,7 @@
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QLabel>
+#include <QScrollBar>
 #include <QTableView>
 #include <QTemporaryDir>
 #include <QTextDocument>
@@ -117,6 +118,21 @@ TEST_F(ListOnScreen, AScreenReaderFindsATableWithItsHeadings) {
   EXPECT_TRUE(table->cellAt(1, 2)->state().selected);
 }
 
+TEST_F(ListOnScreen, ATerminalsLinesAreOfFixedWidthAndBeginAtTheNewest) {
+  const auto logs = std::make_shared<ListWindow>();
+  logs->List.Texts(toolkit::ListTexts::Terminal);
+  for (int row = 0; row < 100; ++row) logs->List.AddRow({"\x1B[1;31mred\x1B[0m \x1B[broken \x1B[", "iiii", "mmmm"});
+  logs->List.ListIndex(99);
+  model->Close();
+  Open(logs);
+  auto& lines = Find<QTableView>("list");
+  EXPECT_EQ(lines.model()->index(0, 0).data().toString(), "red roken ␛[");
+  EXPECT_EQ(lines.fontMetrics().horizontalAdvance("iiii"), lines.fontMetrics().horizontalAdvance("mmmm"));
+  EXPECT_TRUE(Until([&] { return lines.viewport()->rect().contains(lines.visualRect(lines.currentIndex())); }));
+  EXPECT_EQ(lines.selectionModel()->selectedRows(), QModelIndexList{lines.model()->index(99, 0)});
+  EXPECT_EQ(logs->List.RowText(0).substr(0, 7), "\x1B[1;31m") << "codes are copied and saved";
+}
+
 TEST_F(ListOnScreen, LettersFindARowOfASmallList) {
   AddRows(1, {"alpha", "x"});
   AddRows(1, {"beta", "y"});
@@ -175,8 +191,45 @@ TEST_F(ListOnScreen, FindGoesRoundTheRowsThatMatch) {
     })) << typed;
   }
   EXPECT_FALSE(view.geometry().intersects(Find("findBar").geometry())) << "the bar covers rows";
+  Type("err");
+  ASSERT_TRUE(Until([&] { return Find<QLabel>("findCount").text() == "2 of 2 rows"; }));
+  const QRgb frame =
+      view.viewport()->grab(Cell(0, 0)).toImage().pixel(view.style()->pixelMetric(QStyle::PM_HeaderMargin), 5);
+  EXPECT_LT(qGray(frame), 128) << "what is found is not marked";
+  const std::tuple<const char*, Qt::Key, Qt::KeyboardModifier, int> keys[] = {
+      {"findPrevious", Qt::Key_Return, {}, 0},
+      {"findPrevious", Qt::Key_Return, {}, 2},
+      {"findNext", Qt::Key_Return, {}, 0},
+      {"findPrevious", Qt::Key_F3, {}, 2},
+      {"list", Qt::Key_F3, {}, 0},
+      {"list", Qt::Key_F3, Qt::ShiftModifier, 2},
+      {"findText", Qt::Key_Return, Qt::ShiftModifier, 0}};
+  for (const auto& [focus, key, modifier, row] : keys) {
+    Find(focus).setFocus();
+    Press(key, modifier);
+    EXPECT_EQ(list.ListIndex(), row) << focus << ", " << key;
+  }
   Press(Qt::Key_Escape);
   EXPECT_EQ(QApplication::focusWidget(), &view);
+}
+
+TEST_F(ListOnScreen, WhatIsFoundIsScrolledToAndARefreshedListStaysWhereItWas) {
+  list.ColumnWidths("100,100,0");
+  for (int row = 0; row < 200; ++row) list.AddRow({"a", "b", std::string(200, 'm') + std::to_string(row)});
+  ASSERT_TRUE(Until([&] { return view.model()->rowCount() == 200; }));
+  Click(view);
+  Press(Qt::Key_F, Qt::ControlModifier);
+  Type("m150");
+  ASSERT_TRUE(Until([&] { return list.ListIndex() == 150; }));
+  const auto isInView = [&] { return Cell(150, 0).top() >= 0 && Cell(150, 0).bottom() < view.viewport()->height(); };
+  EXPECT_TRUE(Until(isInView));
+  EXPECT_GT(view.horizontalScrollBar()->value(), 1000);
+  const QPoint place(view.horizontalScrollBar()->value(), view.verticalScrollBar()->value());
+  list.DeleteAllRows();
+  ASSERT_TRUE(Until([&] { return view.model()->rowCount() == 0; }));
+  for (int row = 0; row < 200; ++row) list.AddRow({"a", "b", std::string(200, 'm') + std::to_string(row)});
+  ASSERT_TRUE(Until([&] { return view.model()->rowCount() == 200; }));
+  EXPECT_EQ(QPoint(view.horizontalScrollBar()->value(), view.verticalScrollBar()->value()), place);
 }
 
 TEST_F(ListOnScreen, CopyAllAndSaveWriteEveryRowOnALineOfItsOwn) {

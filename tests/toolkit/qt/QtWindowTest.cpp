@@ -218,21 +218,29 @@ TEST_F(Form, OnlyAWindowThatNobodyAskedForLeavesTheKeyboardInAField) {
 }
 
 TEST_F(Form, AssistiveProgramsAreToldOfDialogsAndOfWhatGoesOn) {
-  const BoxReader reader([](QDialog& box) {
+  const BoxReader reader([this](QDialog& box) {
     auto* seen = QAccessible::queryAccessibleInterface(&box);
-    EXPECT_EQ(seen->role(), QAccessible::Dialog);
+    EXPECT_EQ(seen->role(), QAccessible::AlertMessage);
     EXPECT_EQ(seen->text(QAccessible::Name), "Corvane");
-    EXPECT_EQ(seen->text(QAccessible::Description), "Sure?\nReally.");
+    EXPECT_EQ(seen->text(QAccessible::Description), "a <b>server</b>␊\nSure?\nReally.");
     auto* sign = QAccessible::queryAccessibleInterface(box.findChild<QWidget*>("caution"));
     EXPECT_EQ(sign->text(QAccessible::Name), "Caution");
-    EXPECT_EQ(box.windowTitle(), " ");
+    EXPECT_EQ(box.windowTitle(), "a <b>server</b>␊");
+    EXPECT_EQ(box.parentWidget(), &window) << "it belongs to the active window";
     box.reject();
   });
   MessageDialog question;
   question.Icon = DialogIcon::Caution;
   question.Message = "Sure?";
   question.Explanation = "Really.";
-  platform.ShowDialog(question);
+  const auto other = std::make_shared<OtherWindow>();
+  other->Show();
+  model->Subject("a <b>server</b>\n");
+  EXPECT_EQ(QAccessible::queryAccessibleInterface(&window)->text(QAccessible::Description), "a <b>server</b>␊");
+  {
+    const HandlerTurn turn(model);
+    platform.ShowDialog(question);
+  }
   EXPECT_EQ(reader.Texts.size(), 1U);
 
   const std::tuple<const char*, int, int, bool> rows[] = {
