@@ -42,7 +42,8 @@ class PopupMenuView::Rows final : public QAbstractListModel {
   int count_ = 0;
 };
 
-PopupMenuView::PopupMenuView(PopupMenu& menu, QWidget& parent) : ViewOf(menu, parent), rows_(new Rows(*this)), name_(&parent) {
+PopupMenuView::PopupMenuView(PopupMenu& menu, QWidget& parent)
+    : ViewOf(menu, parent), rows_(new Rows(*this)), name_(&parent) {
   name_.setVisible(false);
   name_.setBuddy(this);
   setModel(rows_);
