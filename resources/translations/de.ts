@@ -27,6 +27,14 @@
     <source>This update is also available as 64-bit. Which would you prefer?</source>
     <translation>Dieses Update gibt es auch in 64 Bit. Welche Version möchten Sie?</translation>
 </message>
+<message id="KajuLocale.kCopyCommand">
+    <source>Copy</source>
+    <translation>Kopieren</translation>
+</message>
+<message id="KajuLocale.kCopyLinkCommand">
+    <source>Copy Link Address</source>
+    <translation>Link-Adresse kopieren</translation>
+</message>
 <message id="KajuLocale.kCurrenlyUsing32bitMessage">
     <source>You are currently using the 32-bit version.</source>
     <translation>Sie verwenden derzeit die 32-Bit-Version.</translation>
@@ -119,6 +127,10 @@
     <source>Remind Me Later</source>
     <translation>Später erinnern</translation>
 </message>
+<message id="KajuLocale.kRestNotShownMessage">
+    <source>The rest of this page is not shown.</source>
+    <translation>Der Rest dieser Seite wird nicht angezeigt.</translation>
+</message>
 <message id="KajuLocale.kSecondaryNoticeMultiple">
     <source>You have version &lt;&lt;ThisVersion&gt;&gt; and there are multiple updates available. Install one?</source>
     <translation>Sie haben Version &lt;&lt;ThisVersion&gt;&gt;, und es sind mehrere Updates verfügbar. Möchten Sie eines davon installieren?</translation>
@@ -126,6 +138,10 @@
 <message id="KajuLocale.kSecondaryNoticeOne">
     <source>You have version &lt;&lt;ThisVersion&gt;&gt;. Would you like to install version &lt;&lt;NewVersion&gt;&gt;?</source>
     <translation>Sie haben Version &lt;&lt;ThisVersion&gt;&gt;. Möchten Sie Version &lt;&lt;NewVersion&gt;&gt; installieren?</translation>
+</message>
+<message id="KajuLocale.kSelectAllCommand">
+    <source>Select All</source>
+    <translation>Alles auswählen</translation>
 </message>
 <message id="KajuLocale.kSkipVersionButton">
     <source>Skip Version</source>

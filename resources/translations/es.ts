@@ -27,6 +27,14 @@
     <source>This update is also available as 64-bit. Which would you prefer?</source>
     <translation>Esta actualización también está disponible en 64 bits. ¿Cuál prefiere?</translation>
 </message>
+<message id="KajuLocale.kCopyCommand">
+    <source>Copy</source>
+    <translation>Copiar</translation>
+</message>
+<message id="KajuLocale.kCopyLinkCommand">
+    <source>Copy Link Address</source>
+    <translation>Copiar la dirección del enlace</translation>
+</message>
 <message id="KajuLocale.kCurrenlyUsing32bitMessage">
     <source>You are currently using the 32-bit version.</source>
     <translation>Actualmente usa la versión de 32 bits.</translation>
@@ -119,6 +127,10 @@
     <source>Remind Me Later</source>
     <translation>Recordar más tarde</translation>
 </message>
+<message id="KajuLocale.kRestNotShownMessage">
+    <source>The rest of this page is not shown.</source>
+    <translation>El resto de esta página no se muestra.</translation>
+</message>
 <message id="KajuLocale.kSecondaryNoticeMultiple">
     <source>You have version &lt;&lt;ThisVersion&gt;&gt; and there are multiple updates available. Install one?</source>
     <translation>Tiene la versión &lt;&lt;ThisVersion&gt;&gt; y hay varias actualizaciones disponibles. ¿Desea instalar una?</translation>
@@ -126,6 +138,10 @@
 <message id="KajuLocale.kSecondaryNoticeOne">
     <source>You have version &lt;&lt;ThisVersion&gt;&gt;. Would you like to install version &lt;&lt;NewVersion&gt;&gt;?</source>
     <translation>Tiene la versión &lt;&lt;ThisVersion&gt;&gt;. ¿Desea instalar la versión &lt;&lt;NewVersion&gt;&gt;?</translation>
+</message>
+<message id="KajuLocale.kSelectAllCommand">
+    <source>Select All</source>
+    <translation>Seleccionar todo</translation>
 </message>
 <message id="KajuLocale.kSkipVersionButton">
     <source>Skip Version</source>

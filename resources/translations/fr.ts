@@ -27,6 +27,14 @@
     <source>This update is also available as 64-bit. Which would you prefer?</source>
     <translation>Cette mise à jour existe aussi en 64 bits. Laquelle préférez-vous ?</translation>
 </message>
+<message id="KajuLocale.kCopyCommand">
+    <source>Copy</source>
+    <translation>Copier</translation>
+</message>
+<message id="KajuLocale.kCopyLinkCommand">
+    <source>Copy Link Address</source>
+    <translation>Copier l’adresse du lien</translation>
+</message>
 <message id="KajuLocale.kCurrenlyUsing32bitMessage">
     <source>You are currently using the 32-bit version.</source>
     <translation>Vous utilisez actuellement la version 32 bits.</translation>
@@ -119,6 +127,10 @@
     <source>Remind Me Later</source>
     <translation>Rappeler plus tard</translation>
 </message>
+<message id="KajuLocale.kRestNotShownMessage">
+    <source>The rest of this page is not shown.</source>
+    <translation>Le reste de cette page n’est pas affiché.</translation>
+</message>
 <message id="KajuLocale.kSecondaryNoticeMultiple">
     <source>You have version &lt;&lt;ThisVersion&gt;&gt; and there are multiple updates available. Install one?</source>
     <translation>Vous avez la version &lt;&lt;ThisVersion&gt;&gt; et plusieurs mises à jour sont disponibles. Voulez-vous en installer une ?</translation>
@@ -126,6 +138,10 @@
 <message id="KajuLocale.kSecondaryNoticeOne">
     <source>You have version &lt;&lt;ThisVersion&gt;&gt;. Would you like to install version &lt;&lt;NewVersion&gt;&gt;?</source>
     <translation>Vous avez la version &lt;&lt;ThisVersion&gt;&gt;. Voulez-vous installer la version &lt;&lt;NewVersion&gt;&gt; ?</translation>
+</message>
+<message id="KajuLocale.kSelectAllCommand">
+    <source>Select All</source>
+    <translation>Tout sélectionner</translation>
 </message>
 <message id="KajuLocale.kSkipVersionButton">
     <source>Skip Version</source>

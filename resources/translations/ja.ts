@@ -27,6 +27,14 @@
     <source>This update is also available as 64-bit. Which would you prefer?</source>
     <translation>このアップデートには 64 ビット版もあります。どちらにしますか？</translation>
 </message>
+<message id="KajuLocale.kCopyCommand">
+    <source>Copy</source>
+    <translation>コピー</translation>
+</message>
+<message id="KajuLocale.kCopyLinkCommand">
+    <source>Copy Link Address</source>
+    <translation>リンクのアドレスをコピー</translation>
+</message>
 <message id="KajuLocale.kCurrenlyUsing32bitMessage">
     <source>You are currently using the 32-bit version.</source>
     <translation>現在お使いのものは 32 ビット版です。</translation>
@@ -119,6 +127,10 @@
     <source>Remind Me Later</source>
     <translation>後で通知</translation>
 </message>
+<message id="KajuLocale.kRestNotShownMessage">
+    <source>The rest of this page is not shown.</source>
+    <translation>このページの残りは表示されません。</translation>
+</message>
 <message id="KajuLocale.kSecondaryNoticeMultiple">
     <source>You have version &lt;&lt;ThisVersion&gt;&gt; and there are multiple updates available. Install one?</source>
     <translation>お使いのバージョンは &lt;&lt;ThisVersion&gt;&gt; です。複数のアップデートがあります。いずれかをインストールしますか？</translation>
@@ -126,6 +138,10 @@
 <message id="KajuLocale.kSecondaryNoticeOne">
     <source>You have version &lt;&lt;ThisVersion&gt;&gt;. Would you like to install version &lt;&lt;NewVersion&gt;&gt;?</source>
     <translation>お使いのバージョンは &lt;&lt;ThisVersion&gt;&gt; です。バージョン &lt;&lt;NewVersion&gt;&gt; をインストールしますか？</translation>
+</message>
+<message id="KajuLocale.kSelectAllCommand">
+    <source>Select All</source>
+    <translation>すべて選択</translation>
 </message>
 <message id="KajuLocale.kSkipVersionButton">
     <source>Skip Version</source>

@@ -27,6 +27,14 @@
     <source>This update is also available as 64-bit. Which would you prefer?</source>
     <translation>Esta atualização também está disponível em 64 bits. Qual você prefere?</translation>
 </message>
+<message id="KajuLocale.kCopyCommand">
+    <source>Copy</source>
+    <translation>Copiar</translation>
+</message>
+<message id="KajuLocale.kCopyLinkCommand">
+    <source>Copy Link Address</source>
+    <translation>Copiar endereço do link</translation>
+</message>
 <message id="KajuLocale.kCurrenlyUsing32bitMessage">
     <source>You are currently using the 32-bit version.</source>
     <translation>No momento, você usa a versão de 32 bits.</translation>
@@ -119,6 +127,10 @@
     <source>Remind Me Later</source>
     <translation>Lembrar mais tarde</translation>
 </message>
+<message id="KajuLocale.kRestNotShownMessage">
+    <source>The rest of this page is not shown.</source>
+    <translation>O restante desta página não é exibido.</translation>
+</message>
 <message id="KajuLocale.kSecondaryNoticeMultiple">
     <source>You have version &lt;&lt;ThisVersion&gt;&gt; and there are multiple updates available. Install one?</source>
     <translation>Você tem a versão &lt;&lt;ThisVersion&gt;&gt; e há várias atualizações disponíveis. Deseja instalar uma delas?</translation>
@@ -126,6 +138,10 @@
 <message id="KajuLocale.kSecondaryNoticeOne">
     <source>You have version &lt;&lt;ThisVersion&gt;&gt;. Would you like to install version &lt;&lt;NewVersion&gt;&gt;?</source>
     <translation>Você tem a versão &lt;&lt;ThisVersion&gt;&gt;. Deseja instalar a versão &lt;&lt;NewVersion&gt;&gt;?</translation>
+</message>
+<message id="KajuLocale.kSelectAllCommand">
+    <source>Select All</source>
+    <translation>Selecionar tudo</translation>
 </message>
 <message id="KajuLocale.kSkipVersionButton">
     <source>Skip Version</source>

@@ -15,6 +15,8 @@ inline constexpr Kaju::LocalizedText kCancelButton{"KajuLocale.kCancelButton", "
 inline constexpr Kaju::LocalizedText kCannotSkipVersionsMessage{"KajuLocale.kCannotSkipVersionsMessage", "You cannot skip versions until you have updated to version <<Version>> or beyond."};
 inline constexpr Kaju::LocalizedText kChoose64bitMessage{"KajuLocale.kChoose64bitMessage", "The update is only available as 64-bit. Proceed?"};
 inline constexpr Kaju::LocalizedText kChooseBetweenBitsMessage{"KajuLocale.kChooseBetweenBitsMessage", "This update is also available as 64-bit. Which would you prefer?"};
+inline constexpr Kaju::LocalizedText kCopyCommand{"KajuLocale.kCopyCommand", "Copy"};
+inline constexpr Kaju::LocalizedText kCopyLinkCommand{"KajuLocale.kCopyLinkCommand", "Copy Link Address"};
 inline constexpr Kaju::LocalizedText kCurrenlyUsing32bitMessage{"KajuLocale.kCurrenlyUsing32bitMessage", "You are currently using the 32-bit version."};
 inline constexpr Kaju::LocalizedText kDownloadingMessage{"KajuLocale.kDownloadingMessage", "Downloading..."};
 inline constexpr Kaju::LocalizedText kDryRunMessage{"KajuLocale.kDryRunMessage", "(Dry run, not really installing)"};
@@ -38,8 +40,10 @@ inline constexpr Kaju::LocalizedText kQuitButton{"KajuLocale.kQuitButton", "Quit
 inline constexpr Kaju::LocalizedText kReadyMessage{"KajuLocale.kReadyMessage", "Ready to install"};
 inline constexpr Kaju::LocalizedText kReleaseNotesLabel{"KajuLocale.kReleaseNotesLabel", "Release Notes:"};
 inline constexpr Kaju::LocalizedText kRemindMeLaterButton{"KajuLocale.kRemindMeLaterButton", "Remind Me Later"};
+inline constexpr Kaju::LocalizedText kRestNotShownMessage{"KajuLocale.kRestNotShownMessage", "The rest of this page is not shown."};
 inline constexpr Kaju::LocalizedText kSecondaryNoticeMultiple{"KajuLocale.kSecondaryNoticeMultiple", "You have version <<ThisVersion>> and there are multiple updates available. Install one?"};
 inline constexpr Kaju::LocalizedText kSecondaryNoticeOne{"KajuLocale.kSecondaryNoticeOne", "You have version <<ThisVersion>>. Would you like to install version <<NewVersion>>?"};
+inline constexpr Kaju::LocalizedText kSelectAllCommand{"KajuLocale.kSelectAllCommand", "Select All"};
 inline constexpr Kaju::LocalizedText kSkipVersionButton{"KajuLocale.kSkipVersionButton", "Skip Version"};
 inline constexpr Kaju::LocalizedText kStopButton{"KajuLocale.kStopButton", "Stop"};
 inline constexpr Kaju::LocalizedText kThisApplication{"KajuLocale.kThisApplication", "this application"};
@@ -61,6 +65,7 @@ inline constexpr std::array All{
     kQuitButton, kReadyMessage, kReleaseNotesLabel, kRemindMeLaterButton, kSecondaryNoticeMultiple,
     kSecondaryNoticeOne, kSkipVersionButton, kStopButton, kThisApplication, kTimedOutMessage, kTryAgainButton,
     kTryLaterButton, kUse32bitLabel, kUse64bitLabel, kVersionMustBeInFormReason, kVersionsLabel, kWindowTitle,
+    kCopyCommand, kCopyLinkCommand, kRestNotShownMessage, kSelectAllCommand,
 };
 // clang-format on
 

@@ -62,6 +62,10 @@ void KajuUpdateWindow::BuildControls() {
   Add(lblVersions,       "lblVersions",       {  20,  64, 117,  20}, leftTop, 10).Text(KajuLocale::kVersionsLabel()).Font(LabelFont::BoldSmallSystem).Ground(LabelGround::Picture);
   Add(pumUpdates,        "pumUpdates",        {  36,  87, 101,  20}, leftTop, 11).AccessibleName("Available versions");
   // clang-format on
+  hvNotes.Texts = {.Copy = KajuLocale::kCopyCommand(),
+                   .CopyLinkAddress = KajuLocale::kCopyLinkCommand(),
+                   .SelectAll = KajuLocale::kSelectAllCommand(),
+                   .PageIsCut = KajuLocale::kRestNotShownMessage()};
   shZipper.Mode = Kaju::ZipShell::RunMode::Asynchronous;
   tmrTimeout.Period = longestStall;
 }
