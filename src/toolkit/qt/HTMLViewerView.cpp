@@ -39,6 +39,8 @@ HTMLViewerView::HTMLViewerView(HTMLViewer& viewer, QWidget& parent) : ViewOf(vie
   setOpenLinks(false);
   setUndoRedoEnabled(false);
   setTextInteractionFlags(Qt::TextBrowserInteraction | Qt::TextSelectableByKeyboard);
+  showPage_.setSingleShot(true);
+  connect(&showPage_, &QTimer::timeout, this, [this] { ShowPage(); });
   layOut_.setSingleShot(true);
   layOut_.setInterval(shortestPause);
   connect(&layOut_, &QTimer::timeout, this, [this] { LayOutPictures(); });
@@ -51,13 +53,10 @@ HTMLViewerView::HTMLViewerView(HTMLViewer& viewer, QWidget& parent) : ViewOf(vie
 // A page is shown once, when the handler that loads it is done.
 void HTMLViewerView::Refresh() {
   ShowCommonProperties(*this, Shown());
-  if (shownGeneration_ == Shown().Generation() || std::exchange(pagePending_, true)) return;
-  QMetaObject::invokeMethod(
-      this, [this] { ShowPage(); }, Qt::QueuedConnection);
+  if (shownGeneration_ != Shown().Generation()) showPage_.start(0);
 }
 
 void HTMLViewerView::ShowPage() {
-  pagePending_ = false;
   shownGeneration_ = Shown().Generation();
   const int frame = 2 * frameWidth() + 2 * static_cast<int>(document()->documentMargin());
   const int mostWidth = std::max(width() - frame - verticalScrollBar()->sizeHint().width(), 1);
@@ -70,17 +69,14 @@ void HTMLViewerView::ShowPage() {
   page_ = FilterPage(ToQt(Shown().Page()), mostWidth);
   if (page_.IsCut) page_.HTML += "<p><i>" + ToQt(Shown().Texts.PageIsCut).toHtmlEscaped() + "</i></p>";
   ShowDocument();
-  loading_ = std::make_unique<PagePictures>(
-      std::exchange(page_.Pictures, {}), mostWidth, devicePixelRatioF(),
-      PagePictures::Events{.Arrived =
-                               [this](std::size_t number, const QPixmap& picture) {
-                                 const QString name = QStringLiteral("picture:%1").arg(number);
-                                 pictures_[name] = picture;
-                                 document()->addResource(QTextDocument::ImageResource, QUrl(name), picture);
-                                 waiting_.append(name);
-                                 if (!layOut_.isActive()) layOut_.start();
-                               },
-                           .Failed = tellError});
+  const auto arrived = [this](std::size_t number, const QPixmap& picture) {
+    waiting_.append(QStringLiteral("picture:%1").arg(number));
+    pictures_[waiting_.last()] = picture;
+    document()->addResource(QTextDocument::ImageResource, waiting_.last(), picture);
+    if (!layOut_.isActive()) layOut_.start();
+  };
+  loading_ = std::make_unique<PagePictures>(std::exchange(page_.Pictures, {}), mostWidth, devicePixelRatioF(),
+                                            PagePictures::Events{.Arrived = arrived, .Failed = tellError});
   if (page_.LacksPictures) tellError(0, "There are more pictures than are shown.");
 }
 

@@ -40,9 +40,9 @@ class HTMLViewerView final : public ViewOf<EditPage, HTMLViewer> {
   // Those that have come, by their names in the document, and those of them that wait to be laid out.
   QMap<QString, QPixmap> pictures_;
   QStringList waiting_;
+  QTimer showPage_;
   QTimer layOut_;
   unsigned shownGeneration_ = 0;
-  bool pagePending_ = false;
 };
 
 }  // namespace toolkit::qt

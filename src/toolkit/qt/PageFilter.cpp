@@ -35,8 +35,8 @@ constexpr int tallestPicture = 4000;
 constexpr int tallestWithoutWidth = 300;
 constexpr qsizetype longestTip = 500;
 
-/// What an element is to the structure of a page. Those before `Inline` have no content that would be shown in them.
-enum class Kind { Ignored, Hidden, Empty, Inline, Link, Paragraph, Block, List, Table, Item, Row, Cell };
+/// What an element is to the structure of a page.
+enum class Kind { Ignored, Empty, Inline, Link, Paragraph, Block, List, Table, Item, Row, Cell };
 
 struct Element {
   Kind Is = Kind::Ignored;
@@ -55,7 +55,6 @@ QRegularExpression Pattern(const char* pattern) {
 Element ElementOf(const QString& name) {
   static const QHash<QString, Element> elements = [] {
     constexpr std::pair<Kind, const char*> rows[] = {
-        {Kind::Hidden, "iframe noembed noframes script style textarea title xmp"},
         {Kind::Empty, "br hr img"},
         {Kind::Inline,
          "abbr=span b big cite code del=s dfn em font i ins=u kbd label=span mark=span nobr q=span s samp "
@@ -164,26 +163,28 @@ class Filter {
   Filter(const QString& page, int mostWidth) : page_(page), mostWidth_(mostWidth) {}
 
   FilteredPage Run() {
-    static const QRegularExpression token = Pattern(R"(
-       <(/?+)([a-z][^\s/>]*+)((?:[^=>]++|=\s*+(?:"[^"]*+"?+|'[^']*+'?+|[^\s>]*+))*+)(>?+)
-      |(<(?:!--|[!?])) | (<?+[^<\n]{0,900}+[^<\n\ ]{0,100}+\n?+))");
-    constexpr auto anchored =
-        QRegularExpression::AnchorAtOffsetMatchOption | QRegularExpression::DontCheckSubjectStringMatchOption;
+    // Elements whose content is no HTML, comments and declarations, tags, and the text up to the next one or the line's
+    // end. None is ever tried twice at the same place, so that a page takes the time of its length.
+    static const QRegularExpression token = Pattern(R"((?s)
+       <(style|script|title|textarea|iframe|noembed|noframes|xmp)\b[^>]*+>(.*?)(?:</\1\b[^>]*+>?+|\z)
+      |<!--(?:>|.*?(?:-->|\z)) | <[!?][^>]*+>?+
+      |<(/?+)([a-z][^\s/>]*+)((?:[^=>]++|=\s*+(?:"[^"]*+"?+|'[^']*+'?+|[^\s>]*+))*+)(>?+)
+      |(<?+[^<\n]{0,900}+[^<\n\ ]{0,100}+\n?+))");
     while (place_ < page_.size() && cost_ <= mostCost) {
-      const auto match = token.match(page_, place_, QRegularExpression::NormalMatch, anchored);
+      const auto match = token.match(
+          page_, place_, QRegularExpression::NormalMatch,
+          QRegularExpression::AnchorAtOffsetMatchOption | QRegularExpression::DontCheckSubjectStringMatchOption);
       if (!match.hasMatch()) break;  // a tag beyond all bounds
       place_ = match.capturedEnd();
       ++cost_;
       if (inParagraph_ >= mostInParagraph) SplitParagraph();
-      if (match.hasCaptured(6)) {
-        Text(match.captured(6));
-      } else if (match.hasCaptured(5)) {
-        const bool isComment = match.capturedLength(5) > 2;
-        place_ -= isComment ? 2 : 0;  // it may be as short as "<!-->"
-        TakeUpTo(isComment ? "-->" : ">");
-      } else if (match.capturedLength(4) > 0) {
-        const QString name = match.captured(2).toLower();
-        match.capturedLength(1) > 0 ? EndTag(name) : StartTag(name, AttributesIn(match.captured(3)));
+      if (match.hasCaptured(7)) {
+        Text(match.captured(7));
+      } else if (match.capturedLength(6) > 0) {
+        const QString name = match.captured(4).toLower();
+        match.capturedLength(3) > 0 ? EndTag(name) : StartTag(name, AttributesIn(match.captured(5)));
+      } else if (match.capturedView(1).startsWith(u"st", Qt::CaseInsensitive) && rules_.isEmpty()) {
+        rules_ = HarmlessRules(match.captured(2));
       }
     }
     CloseDownTo(0);
@@ -202,14 +203,6 @@ class Filter {
     int items = 0;
   };
 
-  /// What stands before `end`, and goes past that; the rest of the page if it has none.
-  QString TakeUpTo(const QString& end) {
-    const qsizetype start = place_;
-    const qsizetype found = page_.indexOf(end, start, Qt::CaseInsensitive);
-    place_ = found < 0 ? page_.size() : found + end.size();
-    return page_.mid(start, (found < 0 ? place_ : found) - start);
-  }
-
   void Text(QString text) {
     const bool isBlank = text.trimmed().isEmpty();
     if (made_.HTML.isEmpty() && isBlank) return;  // the body may still begin
@@ -222,11 +215,7 @@ class Filter {
   void StartTag(const QString& name, const Attributes& attributes) {
     const Element element = ElementOf(name);
     if (name == QLatin1String("base")) baseTarget_ = attributes.value("target");
-    if (element.Is == Kind::Hidden) {
-      const QString content = TakeUpTo("</" + name);
-      if (name == QLatin1String("style") && rules_.isEmpty()) rules_ = HarmlessRules(content);
-      TakeUpTo(">");
-    } else if (name == QLatin1String("img")) {
+    if (name == QLatin1String("img")) {
       Picture(attributes);
     } else if (element.Is == Kind::Empty) {
       if (name == QLatin1String("hr")) CloseDownTo(Find(Kind::Paragraph));

@@ -2,7 +2,9 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QHelpEvent>
+#include <QMenu>
 #include <QRegularExpression>
 #include <QScrollBar>
 #include <QTemporaryDir>
@@ -258,6 +260,24 @@ TEST_F(Page, LinksAskTheProgramAndTextCanBeCopied) {
   QHelpEvent help(QEvent::ToolTip, PlaceOf("first"), view.viewport()->mapToGlobal(QPoint(1, 1)));
   QApplication::sendEvent(view.viewport(), &help);
   EXPECT_EQ(QToolTip::text(), "<p>http://a/?x=1&amp;lt;b&gt;</p>");
+}
+
+TEST_F(Page, SpeaksAsItIsTold) {
+  model->Viewer.Texts = {.Copy = "1", .CopyLinkAddress = "2", .SelectAll = "3", .PageIsCut = "<4>"};
+  Load("<a href='http://a/?b&amp;lt;c'>link</a> text");
+  for (const auto& [place, expected] : {std::pair("link", "1 2 3"), std::pair("text", "1 3")}) {
+    QContextMenuEvent event(QContextMenuEvent::Mouse, PlaceOf(place), view.viewport()->mapToGlobal(PlaceOf(place)));
+    QApplication::sendEvent(view.viewport(), &event);
+    auto* menu = view.findChild<QMenu*>();
+    QStringList texts;
+    for (QAction* action : menu->actions()) texts.append(action->text());
+    EXPECT_EQ(texts.join(' ').toStdString(), expected);
+    if (texts.contains("2")) menu->actions()[1]->trigger();
+    delete menu;
+  }
+  EXPECT_EQ(QApplication::clipboard()->text(), "http://a/?b&lt;c");
+  model->Viewer.LoadPage(Times(100'000, "<br>"), toolkit::FolderItem(""));
+  EXPECT_TRUE(Until([&] { return view.toPlainText().endsWith("<4>"); }));
 }
 
 TEST_F(Page, ALinkCanBeReadInAnyPalette) {
