@@ -286,10 +286,10 @@ class Filter {
 
   // A table takes time for each place in its grid, whether or not there is a cell, and twice as long in another table.
   void Grow(OpenElement& table, int moreRows, int columns) {
-    const int before = table.rows * table.columns;
+    const qsizetype before = qsizetype{table.rows} * table.columns;
     table.rows += moreRows;
     table.columns = std::max(table.columns, columns);
-    cost_ += (table.rows * table.columns - before) * (costOfCell << Tables());
+    cost_ += (qsizetype{table.rows} * table.columns - before) * (costOfCell << Tables());
   }
 
   void Picture(const Attributes& attributes) {
