@@ -130,9 +130,11 @@ QString HarmlessAttributes(const QString& element, const Attributes& attributes)
   return kept;
 }
 
+/// The attributes in a tag, without the control characters that a browser leaves out of addresses.
 Attributes AttributesIn(const QString& text) {
   static const QRegularExpression attribute =
       Pattern(R"re(([^\s/][^\s/=]*+)(?:\s*+=\s*+(?:"([^"]*+)"?+|'([^']*+)'?+|(\S*+)))?+)re");
+  static const QRegularExpression control("[\\x00-\\x1f]");
   Attributes all;
   for (const auto& match : attribute.globalMatch(text)) {
     const QString name = match.captured(1).toLower();
@@ -140,15 +142,9 @@ Attributes AttributesIn(const QString& text) {
     QString value = match.captured(2) + match.captured(3) + match.captured(4);
     // Qt knows what the character references stand for.
     if (value.contains('&')) value = QTextDocumentFragment::fromHtml(value.replace('<', "&lt;")).toPlainText();
-    all[name] = value.trimmed();
+    all[name] = value.remove(control).trimmed();
   }
   return all;
-}
-
-/// An address without what a browser leaves out of it.
-std::string Address(QString text) {
-  static const QRegularExpression control("[\\x00-\\x1f]");
-  return FromQt(text.remove(control));
 }
 
 /// The whole number from 1 to `most` that an attribute holds; 0 if it holds anything else.
@@ -293,7 +289,7 @@ class Filter {
   }
 
   void Picture(const Attributes& attributes) {
-    std::string address = Address(attributes.value("src"));
+    std::string address = FromQt(attributes.value("src"));
     if (address.empty()) return;
     const auto number = static_cast<std::size_t>(std::ranges::find(made_.Pictures, address) - made_.Pictures.begin());
     made_.LacksPictures = made_.LacksPictures || number == mostPictures;
@@ -311,7 +307,7 @@ class Filter {
 
   QString LinkIn(const Attributes& attributes) {
     static const QStringList here{"", "_self", "_top", "_parent"};
-    const std::string url = Address(attributes.value("href"));
+    const std::string url = FromQt(attributes.value("href"));
     if (!IsForBrowser(url)) return {};
     const QString target = attributes.value("target").isEmpty() ? baseTarget_ : attributes.value("target");
     made_.Links.push_back({url, here.contains(target.toLower()) ? LinkTarget::SamePlace : LinkTarget::NewWindow});
