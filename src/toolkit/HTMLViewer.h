@@ -10,14 +10,6 @@ namespace toolkit {
 /// Where a link in a page wants to be opened.
 enum class LinkTarget { SamePlace, NewWindow };
 
-/// What a viewer itself tells the user.
-struct HTMLViewerTexts {
-  std::string Copy = "Copy";
-  std::string CopyLinkAddress = "Copy Link Address";
-  std::string SelectAll = "Select All";
-  std::string PageIsCut = "The rest of this page is not shown.";
-};
-
 /// Shows a page of HTML: text and pictures, no scripts, no forms, no frames. Pictures come from http, https and data
 /// addresses while the user reads; nothing else is ever fetched, and no file is read. It does not browse: following a
 /// link asks the program and changes nothing on show.
@@ -31,8 +23,6 @@ class HTMLViewer final : public ControlOf<HTMLViewer> {
   Question<HTMLViewer*> NewWindow;
   /// Something of the page could not be loaded: a code of the desktop's, and a description.
   Event<int, const std::string&> Error;
-  /// In the user's language, from the next page on.
-  HTMLViewerTexts Texts;
 
   /// Shows a page, in UTF-8, unless CancelLoad refuses it. Addresses relative to `relativeTo` would be those of files,
   /// so nothing comes from them.

@@ -18,6 +18,7 @@ class Address {
   [[nodiscard]] const std::string& Host() const { return host_; }
   /// That of the scheme where the URL names none.
   [[nodiscard]] int Port() const { return port_; }
+  [[nodiscard]] std::string Text() const { return Part(CURLUPART_URL); }
   [[nodiscard]] CURLU* Handle() const { return url_.get(); }
 
  private:

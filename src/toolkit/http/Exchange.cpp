@@ -21,11 +21,11 @@ Exchange& Of(void* self) { return *static_cast<Exchange*>(self); }
 
 }  // namespace
 
-Exchange::Exchange(const Curl& curl, HTTPRequest request, const std::string& proxy, const Authorities& authorities,
+Exchange::Exchange(const Curl& curl, HTTPRequest request, SystemProxies& proxies, const Authorities& authorities,
                    HTTPTransferEvents& listener)
     : curl_(curl),
       address_(curl, request.URL),
-      easy_(curl, request, address_, proxy, authorities),
+      easy_(curl, request, address_, proxies.For(address_), authorities),
       listener_(&listener),
       longestSilence_(request.InactivityTimeout),
       lastProgress_(Platform::Current().CountedTime()),

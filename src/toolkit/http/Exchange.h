@@ -10,6 +10,7 @@
 #include "toolkit/Timer.h"
 #include "toolkit/http/EasyHandle.h"
 #include "toolkit/http/Sockets.h"
+#include "toolkit/http/SystemProxies.h"
 
 namespace toolkit::http {
 
@@ -17,7 +18,7 @@ namespace toolkit::http {
 /// inside libcurl.
 class Exchange final {
  public:
-  Exchange(const Curl& curl, HTTPRequest request, const std::string& proxy, const Authorities& authorities,
+  Exchange(const Curl& curl, HTTPRequest request, SystemProxies& proxies, const Authorities& authorities,
            HTTPTransferEvents& listener);
   Exchange(const Exchange&) = delete;
   Exchange& operator=(const Exchange&) = delete;

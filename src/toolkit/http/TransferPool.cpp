@@ -67,20 +67,18 @@ TransferPool::~TransferPool() {
   }
 }
 
-std::unique_ptr<HTTPTransfer> TransferPool::Start(HTTPRequest request, const std::string& proxy,
-                                                  HTTPTransferEvents& events) {
+std::unique_ptr<HTTPTransfer> TransferPool::Start(HTTPRequest request, HTTPTransferEvents& events) {
   try {
-    return Begin(std::move(request), proxy, events);
+    return Begin(std::move(request), events);
   } catch (const RuntimeException& exception) {
     return std::make_unique<Impossible>(exception.Message(), events);
   }
 }
 
-std::unique_ptr<HTTPTransfer> TransferPool::Begin(HTTPRequest request, const std::string& proxy,
-                                                  HTTPTransferEvents& events) {
+std::unique_ptr<HTTPTransfer> TransferPool::Begin(HTTPRequest request, HTTPTransferEvents& events) {
   const Curl& curl = Curl::Load();
   const auto inactivityTimeout = request.InactivityTimeout;
-  const auto exchange = std::make_shared<Exchange>(curl, std::move(request), proxy, authorities_, events);
+  const auto exchange = std::make_shared<Exchange>(curl, std::move(request), proxies_, authorities_, events);
   if (!connections_) connections_ = std::make_unique<Connections>(curl, loop_, [this] { Deliver(); });
   if (exchanges_.empty()) pulse_->Set(Sockets::pulse);
   idle_->Stop();

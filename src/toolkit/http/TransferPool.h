@@ -8,6 +8,7 @@
 #include "toolkit/HTTPTransfer.h"
 #include "toolkit/http/Authorities.h"
 #include "toolkit/http/EventLoop.h"
+#include "toolkit/http/SystemProxies.h"
 
 namespace toolkit::http {
 
@@ -26,16 +27,16 @@ class TransferPool {
   /// Lets every request go out that is still to be sent, for two seconds at most. No call comes any more.
   ~TransferPool();
 
-  /// Sends a request, by way of `proxy`: a URL of http, socks5 or socks5h with an optional user name and password, or
-  /// empty. `events` must outlive the result. The calls come on the loop, by Platform::WhenFree.
-  std::unique_ptr<HTTPTransfer> Start(HTTPRequest request, const std::string& proxy, HTTPTransferEvents& events);
+  /// Sends a request, by way of the system's proxy. `events` must outlive the result. The calls come on the loop, by
+  /// Platform::WhenFree.
+  std::unique_ptr<HTTPTransfer> Start(HTTPRequest request, HTTPTransferEvents& events);
   /// Trusts servers with certificates of this authority from now on. `certificate` is in PEM.
   void Trust(std::string_view certificate) { authorities_.Add(certificate); }
 
  private:
   class Held;
 
-  std::unique_ptr<HTTPTransfer> Begin(HTTPRequest request, const std::string& proxy, HTTPTransferEvents& events);
+  std::unique_ptr<HTTPTransfer> Begin(HTTPRequest request, HTTPTransferEvents& events);
   void LimitSilence(Exchange& exchange, std::chrono::milliseconds time);
   void EndIfSilent(Exchange& exchange);
   void Stop(Exchange& exchange, TransferFault fault);
@@ -47,6 +48,7 @@ class TransferPool {
   void LetRequestsOut();
 
   EventLoop& loop_;
+  SystemProxies proxies_;
   Authorities authorities_;
   std::unique_ptr<Connections> connections_;
   std::vector<std::shared_ptr<Exchange>> exchanges_;

@@ -13,6 +13,7 @@
 #include <QScrollBar>
 #include <QTextDocumentFragment>
 
+#include "toolkit/DesktopTexts.h"
 #include "toolkit/Platform.h"
 #include "toolkit/qt/QtText.h"
 
@@ -67,7 +68,7 @@ void HTMLViewerView::ShowPage() {
   };
   pictures_.clear();
   page_ = FilterPage(ToQt(Shown().Page()), mostWidth);
-  if (page_.IsCut) page_.HTML += "<p><i>" + ToQt(Shown().Texts.PageIsCut).toHtmlEscaped() + "</i></p>";
+  if (page_.IsCut) page_.HTML += "<p><i>" + ToQt(DesktopTexts::kPageIsCutNotice()).toHtmlEscaped() + "</i></p>";
   ShowDocument();
   const auto arrived = [this](std::size_t number, const QPixmap& picture) {
     waiting_.append(QStringLiteral("picture:%1").arg(number));
@@ -137,13 +138,13 @@ void HTMLViewerView::mouseReleaseEvent(QMouseEvent* event) {
 void HTMLViewerView::contextMenuEvent(QContextMenuEvent* event) {
   auto* menu = new QMenu(this);
   menu->setAttribute(Qt::WA_DeleteOnClose);
-  const HTMLViewerTexts& texts = Shown().Texts;
-  menu->addAction(ToQt(texts.Copy), this, [this] { copy(); })->setEnabled(textCursor().hasSelection());
+  menu->addAction(ToQt(DesktopTexts::kCopyCommand()), this, [this] { copy(); })
+      ->setEnabled(textCursor().hasSelection());
   if (const PageLink* link = LinkOf(anchorAt(event->pos()))) {
-    menu->addAction(ToQt(texts.CopyLinkAddress), this,
+    menu->addAction(ToQt(DesktopTexts::kCopyLinkCommand()), this,
                     [url = ToQt(link->URL)] { QApplication::clipboard()->setText(url); });
   }
-  menu->addAction(ToQt(texts.SelectAll), this, [this] { selectAll(); });
+  menu->addAction(ToQt(DesktopTexts::kSelectAllCommand()), this, [this] { selectAll(); });
   menu->popup(event->globalPos());
 }
 

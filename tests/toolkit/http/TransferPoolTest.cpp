@@ -249,7 +249,7 @@ TEST_F(Transport, TheEndOfTheProgramLetsARequestGoOutForTwoSecondsAtMost) {
     toolkit::qt::QtEventLoop loop;
     auto pool = std::make_unique<toolkit::http::TransferPool>(loop);
     Exchange nobody(Request("no address"));
-    pool->Start(Request(server.URL(), std::string(100'000, 'x')), "", nobody);
+    pool->Start(Request(server.URL(), std::string(100'000, 'x')), nobody);
     QElapsedTimer time;
     time.start();
     pool.reset();
