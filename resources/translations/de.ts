@@ -239,6 +239,10 @@
     <source>Copy</source>
     <translation>Kopieren</translation>
 </message>
+<message id="DesktopTexts.kCopyLinkCommand">
+    <source>Copy Link Address</source>
+    <translation>Link-Adresse kopieren</translation>
+</message>
 <message id="DesktopTexts.kNoButton">
     <source>No</source>
     <translation>Nein</translation>
@@ -246,6 +250,10 @@
 <message id="DesktopTexts.kOKButton">
     <source>OK</source>
     <translation>OK</translation>
+</message>
+<message id="DesktopTexts.kPageIsCutNotice">
+    <source>The rest of this page is not shown.</source>
+    <translation>Der Rest dieser Seite wird nicht angezeigt.</translation>
 </message>
 <message id="DesktopTexts.kSelectAllCommand">
     <source>Select All</source>

@@ -239,6 +239,10 @@
     <source>Copy</source>
     <translation>Copiar</translation>
 </message>
+<message id="DesktopTexts.kCopyLinkCommand">
+    <source>Copy Link Address</source>
+    <translation>Copiar la dirección del enlace</translation>
+</message>
 <message id="DesktopTexts.kNoButton">
     <source>No</source>
     <translation>No</translation>
@@ -246,6 +250,10 @@
 <message id="DesktopTexts.kOKButton">
     <source>OK</source>
     <translation>Aceptar</translation>
+</message>
+<message id="DesktopTexts.kPageIsCutNotice">
+    <source>The rest of this page is not shown.</source>
+    <translation>El resto de esta página no se muestra.</translation>
 </message>
 <message id="DesktopTexts.kSelectAllCommand">
     <source>Select All</source>

@@ -239,6 +239,10 @@
     <source>Copy</source>
     <translation>Copier</translation>
 </message>
+<message id="DesktopTexts.kCopyLinkCommand">
+    <source>Copy Link Address</source>
+    <translation>Copier l’adresse du lien</translation>
+</message>
 <message id="DesktopTexts.kNoButton">
     <source>No</source>
     <translation>Non</translation>
@@ -246,6 +250,10 @@
 <message id="DesktopTexts.kOKButton">
     <source>OK</source>
     <translation>OK</translation>
+</message>
+<message id="DesktopTexts.kPageIsCutNotice">
+    <source>The rest of this page is not shown.</source>
+    <translation>Le reste de cette page n’est pas affiché.</translation>
 </message>
 <message id="DesktopTexts.kSelectAllCommand">
     <source>Select All</source>

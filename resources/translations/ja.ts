@@ -239,6 +239,10 @@
     <source>Copy</source>
     <translation>コピー</translation>
 </message>
+<message id="DesktopTexts.kCopyLinkCommand">
+    <source>Copy Link Address</source>
+    <translation>リンクのアドレスをコピー</translation>
+</message>
 <message id="DesktopTexts.kNoButton">
     <source>No</source>
     <translation>いいえ</translation>
@@ -246,6 +250,10 @@
 <message id="DesktopTexts.kOKButton">
     <source>OK</source>
     <translation>OK</translation>
+</message>
+<message id="DesktopTexts.kPageIsCutNotice">
+    <source>The rest of this page is not shown.</source>
+    <translation>このページの残りは表示されません。</translation>
 </message>
 <message id="DesktopTexts.kSelectAllCommand">
     <source>Select All</source>

@@ -239,6 +239,10 @@
     <source>Copy</source>
     <translation>Copiar</translation>
 </message>
+<message id="DesktopTexts.kCopyLinkCommand">
+    <source>Copy Link Address</source>
+    <translation>Copiar endereço do link</translation>
+</message>
 <message id="DesktopTexts.kNoButton">
     <source>No</source>
     <translation>Não</translation>
@@ -246,6 +250,10 @@
 <message id="DesktopTexts.kOKButton">
     <source>OK</source>
     <translation>OK</translation>
+</message>
+<message id="DesktopTexts.kPageIsCutNotice">
+    <source>The rest of this page is not shown.</source>
+    <translation>O restante desta página não é exibido.</translation>
 </message>
 <message id="DesktopTexts.kSelectAllCommand">
     <source>Select All</source>

@@ -4,19 +4,21 @@
 
 #include "toolkit/Localization.h"
 
-/// The texts that the desktop's own parts show: buttons without a caption, menus, and what a screen reader says of
-/// signs.
+/// The texts that the desktop's own parts show: buttons without a caption, menus, notices, and what a screen
+/// reader says of signs.
 namespace DesktopTexts {
 
 // clang-format off
 inline constexpr toolkit::LocalizedText kCancelButton{"DesktopTexts.kCancelButton", "Cancel"};
 inline constexpr toolkit::LocalizedText kCautionSign{"DesktopTexts.kCautionSign", "Caution"};
 inline constexpr toolkit::LocalizedText kCopyCommand{"DesktopTexts.kCopyCommand", "Copy"};
+inline constexpr toolkit::LocalizedText kCopyLinkCommand{"DesktopTexts.kCopyLinkCommand", "Copy Link Address"};
 inline constexpr toolkit::LocalizedText kNoButton{"DesktopTexts.kNoButton", "No"};
 inline constexpr toolkit::LocalizedText kOKButton{"DesktopTexts.kOKButton", "OK"};
+inline constexpr toolkit::LocalizedText kPageIsCutNotice{"DesktopTexts.kPageIsCutNotice", "The rest of this page is not shown."};
 inline constexpr toolkit::LocalizedText kSelectAllCommand{"DesktopTexts.kSelectAllCommand", "Select All"};
 
-inline constexpr std::array All{kCancelButton, kCautionSign, kCopyCommand, kNoButton, kOKButton, kSelectAllCommand};
+inline constexpr std::array All{kCancelButton, kCautionSign, kCopyCommand, kCopyLinkCommand, kNoButton, kOKButton, kPageIsCutNotice, kSelectAllCommand};
 // clang-format on
 
 }  // namespace DesktopTexts

@@ -1,20 +1,19 @@
 #include "toolkit/qt/HTMLViewerView.h"
 
 #include <algorithm>
-#include <chrono>
 #include <utility>
 
 #include <QApplication>
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QElapsedTimer>
-#include <QHelpEvent>
 #include <QMenu>
 #include <QMimeData>
 #include <QPointer>
 #include <QScrollBar>
 #include <QTextDocumentFragment>
-#include <QToolTip>
 
+#include "toolkit/DesktopTexts.h"
 #include "toolkit/Platform.h"
 #include "toolkit/qt/QtText.h"
 
@@ -25,8 +24,15 @@ namespace {
 // time only.
 constexpr int shortestPause = 100;
 constexpr int pausePerWork = 10;
+constexpr int leastContrast = 90;
 
-constexpr QLatin1String linkScheme("link:");
+/// The palette's colour for links, or another one if it could not be read: not every dark palette has one of its own.
+QColor LinkColor(const QPalette& palette) {
+  const int ground = qGray(palette.color(QPalette::Base).rgb());
+  const QColor link = palette.color(QPalette::Link);
+  if (std::abs(qGray(link.rgb()) - ground) >= leastContrast) return link;
+  return ground < 128 ? QColor(126, 160, 255) : QColor(0, 0, 200);
+}
 
 }  // namespace
 
@@ -34,127 +40,111 @@ HTMLViewerView::HTMLViewerView(HTMLViewer& viewer, QWidget& parent) : ViewOf(vie
   setOpenLinks(false);
   setUndoRedoEnabled(false);
   setTextInteractionFlags(Qt::TextBrowserInteraction | Qt::TextSelectableByKeyboard);
-  followPictures_.setSingleShot(true);
-  followPictures_.setInterval(shortestPause);
-  connect(&followPictures_, &QTimer::timeout, this, [this] { FollowPictures(); });
+  showPage_.setSingleShot(true);
+  connect(&showPage_, &QTimer::timeout, this, [this] { ShowPage(); });
+  layOut_.setSingleShot(true);
+  layOut_.setInterval(shortestPause);
+  connect(&layOut_, &QTimer::timeout, this, [this] { LayOutPictures(); });
   connect(this, &QTextBrowser::anchorClicked, this, [this](const QUrl& address) {
-    const bool isElsewhere = QApplication::keyboardModifiers().testFlag(Qt::ControlModifier);
-    if (const PageLink* link = LinkOf(address.toString())) {
-      FollowLink(*link, isElsewhere ? LinkTarget::NewWindow : link->Target);
-    }
+    FollowLink(address.toString(), QApplication::keyboardModifiers().testFlag(Qt::ControlModifier));
   });
-  ShowDocument();
   HTMLViewerView::Refresh();
 }
-
-// The base class must not be left with a document that goes first.
-HTMLViewerView::~HTMLViewerView() { setDocument(nullptr); }
 
 // A page is shown once, when the handler that loads it is done.
 void HTMLViewerView::Refresh() {
   ShowCommonProperties(*this, Shown());
-  if (shownGeneration_ == Shown().Generation() || std::exchange(pagePending_, true)) return;
-  QMetaObject::invokeMethod(
-      this, [this] { ShowPage(); }, Qt::QueuedConnection);
+  if (shownGeneration_ != Shown().Generation()) showPage_.start(0);
 }
 
 void HTMLViewerView::ShowPage() {
-  pagePending_ = false;
   shownGeneration_ = Shown().Generation();
   const int frame = 2 * frameWidth() + 2 * static_cast<int>(document()->documentMargin());
   const int mostWidth = std::max(width() - frame - verticalScrollBar()->sizeHint().width(), 1);
-  loading_.reset();
+  const auto tellError = [this](int code, const std::string& description) {
+    Platform::Current().WhenFree([this, view = QPointer(this), code, description] {
+      if (view) Shown().Error(code, description);
+    });
+  };
   pictures_.clear();
-  page_ = PageFilter(Shown().Page(), mostWidth).Run();
+  page_ = FilterPage(ToQt(Shown().Page()), mostWidth);
+  if (page_.IsCut) page_.HTML += "<p><i>" + ToQt(DesktopTexts::kPageIsCutNotice()).toHtmlEscaped() + "</i></p>";
   ShowDocument();
-  loading_ = std::make_unique<PagePictures>(
-      std::exchange(page_.Pictures, {}), mostWidth, devicePixelRatioF(),
-      PagePictures::Events{
-          .Arrived = [this](std::size_t number, const QPixmap& picture) { PictureArrived(number, picture); },
-          .Failed = [this](int status, const std::string& why) { TellError(status, why); }});
-  if (page_.LacksPictures) TellError(0, "There are more pictures than are shown.");
+  const auto arrived = [this](std::size_t number, const QPixmap& picture) {
+    waiting_.append(QStringLiteral("picture:%1").arg(number));
+    pictures_[waiting_.last()] = picture;
+    document()->addResource(QTextDocument::ImageResource, waiting_.last(), picture);
+    if (!layOut_.isActive()) layOut_.start();
+  };
+  loading_ = std::make_unique<PagePictures>(std::exchange(page_.Pictures, {}), mostWidth, devicePixelRatioF(),
+                                            PagePictures::Events{.Arrived = arrived, .Failed = tellError});
+  if (page_.LacksPictures) tellError(0, "There are more pictures than are shown.");
 }
 
+// The document before it goes, since it has the same parent.
 void HTMLViewerView::ShowDocument() {
-  auto next = std::make_unique<PageDocument>(ToQt(page_.HTML), font(), palette());
-  for (const auto& [number, picture] : pictures_) next->Show(number, picture);
-  next->Follow();
-  setDocument(next.get());
-  document_ = std::move(next);
+  auto* next = new QTextDocument(document()->parent());
+  next->setUndoRedoEnabled(false);
+  next->setDefaultFont(font());
+  next->setDefaultStyleSheet(QStringLiteral("a { color: %1 }").arg(LinkColor(palette()).name()));
+  next->setHtml(page_.HTML);
+  waiting_.clear();
+  setDocument(next);
 }
 
-void HTMLViewerView::PictureArrived(std::size_t number, const QPixmap& picture) {
-  pictures_[number] = picture;
-  document_->Show(number, picture);
-  if (!followPictures_.isActive()) followPictures_.start();
-}
-
-void HTMLViewerView::FollowPictures() {
+// Qt lays out what is between the first picture and the last one.
+void HTMLViewerView::LayOutPictures() {
   QElapsedTimer work;
   work.start();
-  document_->Follow();
-  followPictures_.setInterval(std::max(shortestPause, static_cast<int>(work.elapsed()) * pausePerWork));
+  int first = document()->characterCount();
+  int end = 0;
+  for (QTextCursor at = document()->find(QChar(QChar::ObjectReplacementCharacter)); !at.isNull();
+       at = document()->find(QChar(QChar::ObjectReplacementCharacter), at)) {
+    if (!waiting_.contains(at.charFormat().toImageFormat().name())) continue;
+    first = std::min(first, at.selectionStart());
+    end = at.selectionEnd();
+  }
+  waiting_.clear();
+  if (first < end) document()->markContentsDirty(first, end - first);
+  layOut_.setInterval(std::max(shortestPause, static_cast<int>(work.elapsed()) * pausePerWork));
 }
 
-void HTMLViewerView::TellError(int code, const std::string& description) {
-  Platform::Current().WhenFree([this, view = QPointer(this), code, description] {
-    if (view) Shown().Error(code, description);
-  });
-}
-
-void HTMLViewerView::FollowLink(const PageLink& link, LinkTarget target) {
-  const std::string url = link.URL;  // a handler may load another page
-  Platform::Current().Dispatch([&] { Shown().Follow(url, target); });
+// Qt would look for a file if there were no picture.
+QVariant HTMLViewerView::loadResource(int /*type*/, const QUrl& name) {
+  QPixmap empty(1, 1);
+  empty.fill(Qt::transparent);
+  return pictures_.value(name.toString(), empty);
 }
 
 const PageLink* HTMLViewerView::LinkOf(const QString& address) const {
-  if (!address.startsWith(linkScheme)) return nullptr;
-  const std::size_t number = address.mid(linkScheme.size()).toULongLong();
-  return number < page_.Links.size() ? &page_.Links[number] : nullptr;
+  bool isNumber = false;
+  const std::size_t number = address.section(':', 1).toULongLong(&isNumber);
+  return isNumber && number < page_.Links.size() ? &page_.Links[number] : nullptr;
 }
 
-void HTMLViewerView::mousePressEvent(QMouseEvent* event) {
-  if (event->button() == Qt::MiddleButton) {
-    middlePressed_ = anchorAt(event->position().toPoint());
-  } else {
-    QTextBrowser::mousePressEvent(event);
-  }
+void HTMLViewerView::FollowLink(const QString& address, bool isElsewhere) {
+  const PageLink* found = LinkOf(address);
+  if (found == nullptr) return;
+  const PageLink link = *found;  // a handler may load another page
+  Platform::Current().Dispatch([&] { Shown().Follow(link.URL, isElsewhere ? LinkTarget::NewWindow : link.Target); });
 }
 
 void HTMLViewerView::mouseReleaseEvent(QMouseEvent* event) {
-  if (event->button() != Qt::MiddleButton) {
-    QTextBrowser::mouseReleaseEvent(event);
-    return;
-  }
-  const QString address = std::exchange(middlePressed_, {});
-  const PageLink* link = address == anchorAt(event->position().toPoint()) ? LinkOf(address) : nullptr;
-  if (link != nullptr) FollowLink(*link, LinkTarget::NewWindow);
-}
-
-bool HTMLViewerView::viewportEvent(QEvent* event) {
-  if (event->type() != QEvent::ToolTip) return QTextBrowser::viewportEvent(event);
-  const auto* help = static_cast<QHelpEvent*>(event);
-  const PageLink* link = LinkOf(anchorAt(help->pos()));
-  if (link == nullptr) {
-    QToolTip::hideText();
-  } else {
-    constexpr qsizetype longest = 500;
-    // Escaped and put into a paragraph, the address is markup for certain, and shows as it is.
-    QToolTip::showText(help->globalPos(), "<p>" + ToQt(link->URL).left(longest).toHtmlEscaped() + "</p>", viewport());
-  }
-  return true;
+  if (event->button() != Qt::MiddleButton) return QTextBrowser::mouseReleaseEvent(event);
+  const QString pressed = anchorAt(viewport()->mapFromGlobal(event->points().first().globalPressPosition()).toPoint());
+  if (pressed == anchorAt(event->position().toPoint())) FollowLink(pressed, true);
 }
 
 void HTMLViewerView::contextMenuEvent(QContextMenuEvent* event) {
   auto* menu = new QMenu(this);
   menu->setAttribute(Qt::WA_DeleteOnClose);
-  QAction* copySelection = menu->addAction(QStringLiteral("Copy"), this, [this] { copy(); });
-  copySelection->setEnabled(textCursor().hasSelection());
+  menu->addAction(ToQt(DesktopTexts::kCopyCommand()), this, [this] { copy(); })
+      ->setEnabled(textCursor().hasSelection());
   if (const PageLink* link = LinkOf(anchorAt(event->pos()))) {
-    menu->addAction(QStringLiteral("Copy Link Address"), this,
+    menu->addAction(ToQt(DesktopTexts::kCopyLinkCommand()), this,
                     [url = ToQt(link->URL)] { QApplication::clipboard()->setText(url); });
   }
-  menu->addAction(QStringLiteral("Select All"), this, [this] { selectAll(); });
+  menu->addAction(ToQt(DesktopTexts::kSelectAllCommand()), this, [this] { selectAll(); });
   menu->popup(event->globalPos());
 }
 
@@ -167,16 +157,10 @@ QMimeData* HTMLViewerView::createMimeDataFromSelection() const {
 
 void HTMLViewerView::changeEvent(QEvent* event) {
   QTextBrowser::changeEvent(event);
-  const bool changesLooks = event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange;
-  if (!changesLooks || !document_) return;
+  if (event->type() != QEvent::PaletteChange) return;
   const int position = verticalScrollBar()->value();
   ShowDocument();
   verticalScrollBar()->setValue(position);
 }
-
-// There is no other page to go to.
-void HTMLViewerView::doSetSource(const QUrl& /*name*/, QTextDocument::ResourceType /*type*/) {}
-
-QVariant HTMLViewerView::loadResource(int /*type*/, const QUrl& /*name*/) { return {}; }
 
 }  // namespace toolkit::qt

@@ -3,322 +3,373 @@
 #include <algorithm>
 #include <utility>
 
+#include <QHash>
+#include <QMap>
+#include <QRegularExpression>
+#include <QTextDocumentFragment>
+
 #include "toolkit/ShowURL.h"
-#include "toolkit/Text.h"
-#include "toolkit/qt/DisplayText.h"
-#include "toolkit/qt/PageStyles.h"
+#include "toolkit/qt/QtText.h"
 
 namespace toolkit::qt {
 namespace {
 
-// What a page may have at most. The text layout takes 10 to 20 µs for a tag, several times that for a cell or a
-// picture, and for items of a list and pieces of a paragraph the longer the more there are of them.
-constexpr int mostCost = 30'000;
-constexpr int costOfCell = 6;
-constexpr int costOfPicture = 5;
-constexpr int linesPerCost = 5;
-constexpr std::size_t mostPictures = 200;
-constexpr std::size_t longestPicture = 6'000'000;
-constexpr std::size_t mostInBlock = 5'000;
-constexpr int mostTagsInBlock = 200;
+// What a page may have at most. Qt takes 7 µs for a tag and 50 for a cell. It takes the longer for an item the more
+// there are in its list, and for each piece of a paragraph the more there is of that.
+constexpr qsizetype mostCost = 150'000;
+constexpr int costOfTag = 4;
+constexpr int costOfCell = 15;
+constexpr int costOfPicture = 25;
+constexpr qsizetype charactersPerCost = 200;
+constexpr qsizetype mostInParagraph = 4'500;
+constexpr qsizetype placeOfTag = 25;
 constexpr int mostItems = 500;
 constexpr int mostColumns = 50;
-constexpr int mostRowsOfCell = 20;
+constexpr qsizetype mostDepth = 64;
+constexpr int mostTables = 4;
+constexpr qsizetype mostAttributes = 50;
+constexpr int mostRules = 40;
+constexpr qsizetype longestStyle = 2'000;
+constexpr std::size_t mostPictures = 200;
 constexpr int tallestPicture = 4000;
 constexpr int tallestWithoutWidth = 300;
+constexpr qsizetype longestTip = 500;
 
-constexpr std::size_t mostDepth = 64;
-constexpr std::pair<ElementKind, std::ptrdiff_t> mostOfKind[] = {
-    {ElementKind::Inline, 32}, {ElementKind::List, 16}, {ElementKind::Table, 4}};
+/// What an element is to the structure of a page.
+enum class Kind { Ignored, Empty, Inline, Link, Paragraph, Block, List, Table, Item, Row, Cell };
 
-constexpr std::size_t none = std::string_view::npos;
-constexpr const char* cutNotice = "<p><i>The rest of this page is not shown.</i></p>";
+struct Element {
+  Kind Is = Kind::Ignored;
+  /// The element that shows it.
+  QString Name;
+};
 
-/// An address without what a browser leaves out of it.
-std::string CleanAddress(std::string_view address) {
-  std::string clean(Trim(address));
-  std::erase_if(clean, [](char character) { return static_cast<unsigned char>(character) < 0x20; });
-  return clean;
+using Attributes = QMap<QString, QString>;
+
+QRegularExpression Pattern(const char* pattern) {
+  return QRegularExpression(
+      pattern, QRegularExpression::CaseInsensitiveOption | QRegularExpression::ExtendedPatternSyntaxOption);
 }
 
-LinkTarget TargetOf(std::string_view name) {
-  constexpr std::string_view here[] = {"", "_self", "_top", "_parent"};
-  const bool isHere = std::ranges::count(here, LowerCase(name)) > 0;
-  return isHere ? LinkTarget::SamePlace : LinkTarget::NewWindow;
+/// What becomes of the element of that name. Those that are not listed are left out; what stands in them is shown.
+Element ElementOf(const QString& name) {
+  static const QHash<QString, Element> elements = [] {
+    constexpr std::pair<Kind, const char*> rows[] = {
+        {Kind::Empty, "br hr img"},
+        {Kind::Inline,
+         "abbr=span b big cite code del=s dfn em font i ins=u kbd label=span mark=span nobr q=span s samp "
+         "small span strike=s strong sub sup tt u var"},
+        {Kind::Link, "a"},
+        {Kind::Paragraph, "p"},
+        {Kind::Block,
+         "address article=div aside=div blockquote body center details=div div fieldset=div "
+         "figcaption=div figure=div footer=div form=div h1 h2 h3 h4 h5 h6 header=div hgroup=div "
+         "legend=div main=div nav=div pre section=div summary=div"},
+        {Kind::List, "dir=ul dl menu=ul ol ul"},
+        {Kind::Table, "table"},
+        {Kind::Item, "dd dt li"},
+        {Kind::Row, "tr"},
+        {Kind::Cell, "td th"}};
+    QHash<QString, Element> made;
+    for (const auto& [kind, names] : rows) {
+      for (const QString& entry : QString(names).split(' '))
+        made[entry.section('=', 0, 0)] = {kind, entry.section('=', -1)};
+    }
+    return made;
+  }();
+  return elements.value(name);
 }
 
-/// How much of `text` stands before the best place to split it within `most` bytes.
-std::size_t SplitPlace(std::string_view text, std::size_t most) {
-  if (text.size() <= most) return text.size();
-  const std::string_view window = text.substr(0, most);
-  const std::size_t line = window.rfind('\n');
-  const std::size_t blank = line != none ? line : window.rfind(' ');
-  return blank != none ? blank + 1 : FirstCharacters(text, most).size();
+/// The declarations of CSS in `text` that are harmless: those that refer to nothing, and of a sane size. A font size
+/// that is relative to another one would grow with every element in an element.
+QString HarmlessDeclarations(const QString& text) {
+  static const QRegularExpression harmless = Pattern(R"(^\s* (?:
+      (?:color|background(?:-color)?) \s*:\s* (?:\#[\da-f]{3,8}|rgba?\([\d\ .,%]{1,40}\)|[a-z]+)
+     |font-size \s*:\s* (?:\d{1,2}(?:\.\d{1,2})?p[xt]|[a-z-]+)
+     |(?:font-(?:family|style|weight)|(?:margin|padding)(?:-(?:top|right|bottom|left))?|text-(?:align|decoration)
+       |vertical-align|white-space) \s*:\s* (?!.*\d{4})[\w\ %.,'"-]{1,100}
+    ) \s*$)");
+  QString kept;
+  for (const QString& one : text.left(longestStyle).split(';')) {
+    if (harmless.match(one).hasMatch()) kept += one.trimmed() + ';';
+  }
+  return kept;
 }
+
+/// The rules of a style sheet, for tags and classes, that are harmless.
+QString HarmlessRules(QString sheet) {
+  static const QRegularExpression comment(R"(/\*.*?(?:\*/|\z))", QRegularExpression::DotMatchesEverythingOption);
+  static const QRegularExpression selectors = Pattern(R"(^[\w\s.,-]{1,100}$)");
+  QString kept;
+  for (const QString& rule : sheet.remove(comment).split('}').mid(0, mostRules)) {
+    const QString declarations = HarmlessDeclarations(rule.section('{', 1));
+    if (selectors.match(rule.section('{', 0, 0)).hasMatch() && !declarations.isEmpty())
+      kept += rule.section('{', 0, 0) + '{' + declarations + '}';
+  }
+  return kept;
+}
+
+/// The attributes that are harmless, as they stand behind the name in a tag. Pictures and tables beside the text take
+/// the longer to lay out the more there are of them.
+QString HarmlessAttributes(const QString& element, const Attributes& attributes) {
+  static const QRegularExpression harmless = Pattern(R"(^(?:
+      (?!img|table)\w+\ align=[a-z]+ | table\ align=center
+     |\w+\ (?:class|dir|face|type|valign)=[\w\ ,-]{1,100}
+     |\w+\ (?:bg)?color=\#?\w{1,30}
+     |\w+\ (?:border|cellpadding|cellspacing|size)=[+-]?\d{1,2}
+     |\w+\ (?:col|row)span=(?:[1-4]?\d|50)
+     |\w+\ width=(?:1?\d{1,3}|\d{1,2}%|100%)
+    )$)");
+  QString kept;
+  for (auto one = attributes.begin(); one != attributes.end(); ++one) {
+    const bool isStyle = one.key() == QLatin1String("style");
+    const QString value = isStyle ? HarmlessDeclarations(*one) : *one;
+    if (isStyle ? !value.isEmpty() : harmless.match(element + ' ' + one.key() + '=' + value).hasMatch())
+      kept += ' ' + one.key() + "=\"" + value.toHtmlEscaped() + '"';
+  }
+  return kept;
+}
+
+/// The attributes in a tag, without the control characters that a browser leaves out of addresses.
+Attributes AttributesIn(const QString& text) {
+  static const QRegularExpression attribute =
+      Pattern(R"re(([^\s/][^\s/=]*+)(?:\s*+=\s*+(?:"([^"]*+)"?+|'([^']*+)'?+|(\S*+)))?+)re");
+  static const QRegularExpression control("[\\x00-\\x1f]");
+  Attributes all;
+  for (const auto& match : attribute.globalMatch(text)) {
+    const QString name = match.captured(1).toLower();
+    if (all.contains(name) || all.size() == mostAttributes) continue;
+    QString value = match.captured(2) + match.captured(3) + match.captured(4);
+    // Qt knows what the character references stand for.
+    if (value.contains('&')) value = QTextDocumentFragment::fromHtml(value.replace('<', "&lt;")).toPlainText();
+    all[name] = value.remove(control).trimmed();
+  }
+  return all;
+}
+
+/// The whole number from 1 to `most` that an attribute holds; 0 if it holds anything else.
+int NumberIn(const QString& value, int most) {
+  const int number = value.toInt();
+  return number <= most ? std::max(number, 0) : 0;
+}
+
+/// Reads a page once, from its beginning to where it costs too much, and makes its tags well formed.
+class Filter {
+ public:
+  Filter(const QString& page, int mostWidth) : page_(page), mostWidth_(mostWidth) {}
+
+  FilteredPage Run() {
+    // Elements whose content is no HTML, comments and declarations, tags, and the text up to the next one or the line's
+    // end. None is ever tried twice at the same place, so that a page takes the time of its length.
+    static const QRegularExpression token = Pattern(R"((?s)
+       <(style|script|title|textarea|iframe|noembed|noframes|xmp)\b[^>]*+>(.*?)(?:</\1\b[^>]*+>?+|\z)
+      |<!--(?:>|.*?(?:-->|\z)) | <[!?][^>]*+>?+
+      |<(/?+)([a-z][^\s/>]*+)((?:[^=>]++|=\s*+(?:"[^"]*+"?+|'[^']*+'?+|[^\s>]*+))*+)(>?+)
+      |(<?+[^<\n]{0,900}+[^<\n\ ]{0,100}+\n?+))");
+    while (place_ < page_.size() && cost_ <= mostCost) {
+      const auto match = token.match(
+          page_, place_, QRegularExpression::NormalMatch,
+          QRegularExpression::AnchorAtOffsetMatchOption | QRegularExpression::DontCheckSubjectStringMatchOption);
+      if (!match.hasMatch()) break;  // a tag beyond all bounds
+      place_ = match.capturedEnd();
+      ++cost_;
+      if (inParagraph_ >= mostInParagraph) SplitParagraph();
+      if (match.hasCaptured(7)) {
+        Text(match.captured(7));
+      } else if (match.capturedLength(6) > 0) {
+        const QString name = match.captured(4).toLower();
+        match.capturedLength(3) > 0 ? EndTag(name) : StartTag(name, AttributesIn(match.captured(5)));
+      } else if (match.capturedView(1).startsWith(u"st", Qt::CaseInsensitive) && rules_.isEmpty()) {
+        rules_ = HarmlessRules(match.captured(2));
+      }
+    }
+    CloseDownTo(0);
+    made_.IsCut = place_ < page_.size();
+    made_.HTML.prepend("<style>" + rules_ + "</style>");
+    return std::move(made_);
+  }
+
+ private:
+  struct OpenElement {
+    Element element;
+    QString tag;
+    /// Of a table: its rows and columns. Of a row: its cells. Of a list: its items.
+    int rows = 0;
+    int columns = 0;
+    int items = 0;
+  };
+
+  void Text(QString text) {
+    const bool isBlank = text.trimmed().isEmpty();
+    if (made_.HTML.isEmpty() && isBlank) return;  // the body may still begin
+    cost_ += text.size() / charactersPerCost;
+    inParagraph_ += text.size();
+    followsBlock_ = followsBlock_ && isBlank;
+    made_.HTML += text.replace('<', "&lt;");
+  }
+
+  void StartTag(const QString& name, const Attributes& attributes) {
+    const Element element = ElementOf(name);
+    if (name == QLatin1String("base")) baseTarget_ = attributes.value("target");
+    if (name == QLatin1String("img")) {
+      Picture(attributes);
+    } else if (element.Is == Kind::Empty) {
+      if (name == QLatin1String("hr")) CloseDownTo(Find(Kind::Paragraph));
+      Write('<' + name + '>', element.Is);
+    } else if (element.Is == Kind::Item) {
+      OpenItem(element, attributes);
+    } else if (element.Is >= Kind::Row) {
+      OpenCell(element, attributes);
+    } else if (element.Is >= Kind::Inline) {
+      // The end tags that HTML lets a writer leave out.
+      if (element.Is > Kind::Inline) CloseDownTo(Find(element.Is == Kind::Link ? Kind::Link : Kind::Paragraph));
+      Open(element, attributes);
+    }
+  }
+
+  void EndTag(const QString& name) {
+    const Element element = ElementOf(name);
+    if (element.Is >= Kind::Inline && name != QLatin1String("body")) CloseDownTo(Find(element.Is, element.Name));
+  }
+
+  void Open(const Element& element, const Attributes& attributes) {
+    const bool isLateBody = element.Name == QLatin1String("body") && !made_.HTML.isEmpty();
+    const bool isTooDeep = open_.size() == mostDepth || (element.Is == Kind::Table && Tables() == mostTables);
+    if (isLateBody || isTooDeep) return;
+    const QString link = element.Is == Kind::Link ? LinkIn(attributes) : QString();
+    Push({element, '<' + element.Name + HarmlessAttributes(element.Name, attributes) + link + '>'});
+  }
+
+  void Push(const OpenElement& open) {
+    Write(open.tag, open.element.Is);
+    open_.append(open);
+  }
+
+  void Write(const QString& tag, Kind kind) {
+    cost_ += costOfTag;
+    inParagraph_ = kind > Kind::Link ? 0 : inParagraph_ + placeOfTag;
+    followsBlock_ = false;
+    made_.HTML += tag;
+  }
+
+  // A list is split where it gets long.
+  void OpenItem(const Element& element, const Attributes& attributes) {
+    CloseDownTo(Find(Kind::Item));
+    const qsizetype list = Find(Kind::List);
+    const bool isOutside = list == open_.size();
+    if (!isOutside && ++open_[list].items % mostItems == 0) Reopen(list);
+    Open(isOutside ? Element{Kind::Block, "div"} : element, attributes);
+  }
+
+  void OpenCell(const Element& element, const Attributes& attributes) {
+    const qsizetype table = Find(Kind::Table);
+    if (table == open_.size()) return;
+    if (element.Is == Kind::Row || Find(Kind::Row) == open_.size()) {
+      CloseDownTo(table + 1);
+      Grow(open_[table], 1, 0);
+      Open({Kind::Row, "tr"}, element.Is == Kind::Row ? attributes : Attributes());
+    }
+    const qsizetype row = Find(Kind::Row);
+    if (element.Is == Kind::Row || row == open_.size()) return;
+    CloseDownTo(row + 1);
+    const int columns = std::max(NumberIn(attributes.value("colspan"), mostColumns), 1);
+    const int rows = std::max(NumberIn(attributes.value("rowspan"), mostColumns), 1);
+    if (open_[row].columns + columns > mostColumns) return;
+    open_[row].columns += columns;
+    Grow(open_[table], rows - 1, open_[row].columns);
+    Open(element, attributes);
+  }
+
+  // A table takes time for each place in its grid, whether or not there is a cell, and twice as long in another table.
+  void Grow(OpenElement& table, int moreRows, int columns) {
+    const qsizetype before = qsizetype{table.rows} * table.columns;
+    table.rows += moreRows;
+    table.columns = std::max(table.columns, columns);
+    cost_ += (qsizetype{table.rows} * table.columns - before) * (costOfCell << Tables());
+  }
+
+  void Picture(const Attributes& attributes) {
+    std::string address = FromQt(attributes.value("src"));
+    if (address.empty()) return;
+    const auto number = static_cast<std::size_t>(std::ranges::find(made_.Pictures, address) - made_.Pictures.begin());
+    made_.LacksPictures = made_.LacksPictures || number == mostPictures;
+    if (number == mostPictures) return;
+    if (number == made_.Pictures.size()) made_.Pictures.push_back(std::move(address));
+    cost_ += costOfPicture;
+    // Qt would take the picture into the block that ended before it. A space without width begins another one.
+    QString tag = QStringLiteral("%1<img src=\"picture:%2\"").arg(followsBlock_ ? "&#8203;" : "").arg(number);
+    const int width = NumberIn(attributes.value("width"), 99'999);
+    const int height = NumberIn(attributes.value("height"), width > 0 ? tallestPicture : tallestWithoutWidth);
+    if (width > 0) tag += QStringLiteral(" width=%1").arg(std::min(width, mostWidth_));
+    if (height > 0 && width <= mostWidth_) tag += QStringLiteral(" height=%1").arg(height);
+    Write(tag + '>', Kind::Empty);
+  }
+
+  QString LinkIn(const Attributes& attributes) {
+    static const QStringList here{"", "_self", "_top", "_parent"};
+    const std::string url = FromQt(attributes.value("href"));
+    if (!IsForBrowser(url)) return {};
+    const QString target = attributes.value("target").isEmpty() ? baseTarget_ : attributes.value("target");
+    made_.Links.push_back({url, here.contains(target.toLower()) ? LinkTarget::SamePlace : LinkTarget::NewWindow});
+    // Escaped and put into a paragraph, the address is markup for certain, and shows as it is.
+    const QString tip = "<p>" + ToQt(url).left(longestTip).toHtmlEscaped() + "</p>";
+    return QStringLiteral(" href=\"link:%1\" title=\"").arg(made_.Links.size() - 1) + tip.toHtmlEscaped() + '"';
+  }
+
+  /// The innermost open element of that kind, and of that name if one is given, within the innermost table, or list in
+  /// case of an item. The number of open elements if there is none.
+  [[nodiscard]] qsizetype Find(Kind kind, const QString& name = {}) const {
+    for (qsizetype place = open_.size(); place-- > 0;) {
+      const Element& element = open_[place].element;
+      if (element.Is == kind && (name.isEmpty() || element.Name == name)) return place;
+      if (element.Is == (kind == Kind::Item ? Kind::List : Kind::Table)) break;
+    }
+    return open_.size();
+  }
+
+  [[nodiscard]] qsizetype Tables() const {
+    return std::ranges::count_if(open_, [](const OpenElement& open) { return open.element.Is == Kind::Table; });
+  }
+
+  void CloseDownTo(qsizetype depth) {
+    while (open_.size() > depth) {
+      const Element element = open_.takeLast().element;
+      made_.HTML += "</" + element.Name + '>';
+      if (element.Is <= Kind::Link) continue;
+      inParagraph_ = 0;
+      followsBlock_ = true;
+    }
+  }
+
+  void Reopen(qsizetype depth) {
+    const QList<OpenElement> again = open_.mid(depth);
+    CloseDownTo(depth);
+    for (const OpenElement& one : again) Push(one);
+  }
+
+  void SplitParagraph() {
+    const qsizetype paragraph = Find(Kind::Paragraph);
+    if (paragraph == open_.size()) made_.HTML += "<div></div>";
+    Reopen(paragraph);
+    inParagraph_ = 0;
+  }
+
+  const QString& page_;
+  int mostWidth_;
+  qsizetype place_ = 0;
+  qsizetype cost_ = 0;
+  FilteredPage made_;
+  QString rules_;
+  QString baseTarget_;
+  QList<OpenElement> open_;
+  // How long the paragraph is, each tag in it counted as some characters.
+  qsizetype inParagraph_ = 0;
+  // Whether nothing but blanks has come since the end of a block.
+  bool followsBlock_ = false;
+};
 
 }  // namespace
 
-FilteredPage PageFilter::Run() {
-  for (HTMLToken token = tokens_.Next(); token.Is != HTMLToken::Kind::End; token = tokens_.Next()) {
-    if (token.Is == HTMLToken::Kind::Text) {
-      Text(token.Text);
-    } else if (token.Is == HTMLToken::Kind::StartTag) {
-      StartTag(token);
-    } else {
-      EndTag(token);
-    }
-    if (IsTooCostly()) break;
-  }
-  CloseDownTo(0);
-  if (IsTooCostly()) page_.HTML += cutNotice;
-  page_.HTML.insert(0, "<style>" + styles_ + "</style>");
-  return std::move(page_);
-}
-
-void PageFilter::Text(std::string_view text) {
-  // The body may begin behind the blanks.
-  if (page_.HTML.empty()) text.remove_prefix(std::min(text.find_first_not_of(" \t\r\n"), text.size()));
-  while (!text.empty() && !IsTooCostly()) {
-    const std::size_t most = std::max<std::size_t>(mostInBlock - std::min(blockText_, mostInBlock), 1);
-    const std::string_view piece = text.substr(0, SplitPlace(text, most));
-    text.remove_prefix(piece.size());
-    page_.HTML += ReplaceAll(piece, "<", "&lt;");
-    followsBlock_ = followsBlock_ && Trim(piece).empty();
-    blockText_ += piece.size();
-    lines_ += static_cast<int>(std::ranges::count(piece, '\n'));
-    if (blockText_ >= mostInBlock || !text.empty()) SplitBlock();
-  }
-}
-
-void PageFilter::StartTag(const HTMLToken& tag) {
-  const PageElement element = ElementOf(tag.Name);
-  switch (element.Kind) {
-    case ElementKind::Ignored:
-      if (tag.Name == "base" && !tag.Attribute("target").empty()) baseTarget_ = tag.Attribute("target");
-      break;
-    case ElementKind::Hidden:
-      tokens_.TakeContent(tag.Name);
-      break;
-    case ElementKind::StyleSheet:
-      if (const std::string_view sheet = tokens_.TakeContent(tag.Name); styles_.empty()) {
-        styles_ = HarmlessStyleSheet(sheet);
-      }
-      break;
-    case ElementKind::Empty:
-      Picture(tag);
-      break;
-    case ElementKind::Item:
-      OpenItem(tag);
-      break;
-    case ElementKind::Row:
-    case ElementKind::Cell:
-      OpenCell(tag);
-      break;
-    default:
-      Open(element, tag.Name == "a" ? LinkTag(tag) : HarmlessAttributes(tag));
-  }
-}
-
-void PageFilter::Picture(const HTMLToken& tag) {
-  ++cost_;
-  if (tag.Name == "hr") CloseImplied({ElementKind::Block, "hr"});
-  const bool splits = ++blockTags_ > mostTagsInBlock;
-  if (splits) SplitBlock();
-  if (tag.Name != "img") {
-    if (!splits) page_.HTML.append("<").append(tag.Name).append(">");
-    return;
-  }
-  const std::string address = CleanAddress(tag.Attribute("src"));
-  if (address.empty() || address.size() > longestPicture) return;
-  const bool isNew = !pictureNumbers_.contains(address);
-  page_.LacksPictures = page_.LacksPictures || (isNew && page_.Pictures.size() == mostPictures);
-  if (isNew && page_.Pictures.size() == mostPictures) return;
-  if (isNew) page_.Pictures.push_back(address);
-  const std::size_t number = pictureNumbers_.try_emplace(address, page_.Pictures.size() - 1).first->second;
-  cost_ += costOfPicture;
-  // Qt would take the picture into the block that ended before it. A space without width begins another one.
-  if (std::exchange(followsBlock_, false)) page_.HTML += "&#8203;";
-  page_.HTML.append("<img src=\"picture:").append(std::to_string(number)).append("\"");
-  const int width = NumberIn(tag.Attribute("width"), 99'999);
-  const int height = NumberIn(tag.Attribute("height"), width > 0 ? tallestPicture : tallestWithoutWidth);
-  if (width > 0) page_.HTML.append(" width=").append(std::to_string(std::min(width, mostWidth_)));
-  if (height > 0 && width <= mostWidth_) page_.HTML.append(" height=").append(std::to_string(height));
-  page_.HTML.append(">");
-}
-
-std::string PageFilter::LinkTag(const HTMLToken& tag) {
-  const std::string url = CleanAddress(tag.Attribute("href"));
-  if (!IsForBrowser(url)) return HarmlessAttributes(tag);
-  const std::string_view target = tag.Attribute("target");
-  page_.Links.push_back({url, TargetOf(target.empty() ? baseTarget_ : target)});
-  return HarmlessAttributes(tag).append(" href=\"link:").append(std::to_string(page_.Links.size() - 1)).append("\"");
-}
-
-// A list is split where it gets long, since each item counts those before it.
-void PageFilter::OpenItem(const HTMLToken& tag) {
-  PageElement element = ElementOf(tag.Name);
-  CloseImplied(element);
-  const std::size_t list = FindOpen(ElementKind::List, ElementKind::Cell);
-  if (list == none) {
-    Open({ElementKind::Block, "div"}, HarmlessAttributes(tag));
-    return;
-  }
-  OpenElement& open = open_[list];
-  if (++open.items % mostItems == 0) {
-    const OpenElement copy = open;
-    CloseDownTo(list);
-    open_.push_back(copy);
-    page_.HTML += copy.element.ShownAs == "ol" ? "<ol start=\"" + std::to_string(copy.items) + "\">" : copy.tag;
-  }
-  Open(element, HarmlessAttributes(tag));
-}
-
-// A table takes time for each place in its grid, whether or not there is a cell, and twice as long in another table.
-void PageFilter::OpenCell(const HTMLToken& tag) {
-  const std::size_t table = FindOpen(ElementKind::Table, ElementKind::Table);
-  if (table == none) return;
-  const PageElement element = ElementOf(tag.Name);
-  CloseImplied(element);
-  if (FindOpen(ElementKind::Row, ElementKind::Table) == none) {
-    CloseDownTo(table + 1);
-    Grow(open_[table], open_[table].rows + 1, open_[table].columns);
-    Open({ElementKind::Row, "tr"}, element.Kind == ElementKind::Row ? HarmlessAttributes(tag) : "");
-  }
-  const std::size_t place = FindOpen(ElementKind::Row, ElementKind::Table);
-  if (element.Kind == ElementKind::Row || place == none) return;
-  CloseDownTo(place + 1);
-  OpenElement& row = open_.back();
-  const int columns = std::max(NumberIn(tag.Attribute("colspan"), mostColumns), 1);
-  const int rows = std::max(NumberIn(tag.Attribute("rowspan"), mostRowsOfCell), 1);
-  if (row.columns + columns > mostColumns) return;
-  row.columns += columns;
-  Grow(open_[table], open_[table].rows + rows - 1, std::max(open_[table].columns, row.columns));
-  std::string attributes = HarmlessAttributes(tag);
-  if (columns > 1) attributes.append(" colspan=").append(std::to_string(columns));
-  if (rows > 1) attributes.append(" rowspan=").append(std::to_string(rows));
-  Open(element, attributes);
-}
-
-void PageFilter::Grow(OpenElement& table, int rows, int columns) {
-  int costOfPlace = costOfCell / 2;
-  for (const OpenElement& open : open_) costOfPlace *= open.element.Kind == ElementKind::Table ? 2 : 1;
-  cost_ += costOfPlace * (rows * columns - table.rows * table.columns);
-  table.rows = rows;
-  table.columns = columns;
-}
-
-void PageFilter::Open(const PageElement& element, std::string_view attributes) {
-  CloseImplied(element);
-  const bool isLateBody = element.ShownAs == "body" && !page_.HTML.empty();
-  if (isLateBody) return;
-  if (!MayOpen(element.Kind)) {
-    ++leftOut_[std::string(element.ShownAs)];
-    return;
-  }
-  const bool isInline = element.Kind == ElementKind::Inline;
-  if (isInline && blockTags_ >= mostTagsInBlock) SplitBlock();
-  blockTags_ = isInline ? blockTags_ + 1 : 0;
-  if (!isInline) {
-    blockText_ = 0;
-    followsBlock_ = false;
-  }
-  ++cost_;
-  std::string tag = "<";
-  tag.append(element.ShownAs).append(attributes).append(">");
-  page_.HTML += tag;
-  open_.push_back({.element = element, .tag = std::move(tag)});
-}
-
-bool PageFilter::IsTooCostly() const { return cost_ + lines_ / linesPerCost > mostCost; }
-
-bool PageFilter::MayOpen(ElementKind kind) const {
-  if (open_.size() >= mostDepth) return false;
-  return std::ranges::all_of(mostOfKind, [&](const auto& bound) {
-    return bound.first != kind || std::ranges::count_if(open_, [&](const OpenElement& open) {
-                                    return open.element.Kind == kind;
-                                  }) < bound.second;
-  });
-}
-
-// The end tags that HTML lets a writer leave out.
-void PageFilter::CloseImplied(const PageElement& element) {
-  std::size_t place = none;
-  switch (element.Kind) {
-    case ElementKind::Inline:
-      if (element.ShownAs == "a") place = FindOpen(ElementKind::Inline, ElementKind::Cell, "a");
-      break;
-    case ElementKind::Block:
-    case ElementKind::List:
-    case ElementKind::Table:
-      place = FindOpen(ElementKind::Block, ElementKind::Cell, "p");
-      break;
-    case ElementKind::Item:
-      place = FindOpen(ElementKind::Item, ElementKind::List);
-      break;
-    case ElementKind::Row:
-    case ElementKind::Cell:
-      place = FindOpen(element.Kind, ElementKind::Table);
-      break;
-    default:
-      break;
-  }
-  if (place != none) CloseDownTo(place);
-}
-
-void PageFilter::EndTag(const HTMLToken& tag) {
-  const PageElement element = ElementOf(tag.Name);
-  if (element.Kind < ElementKind::Inline || element.ShownAs == "body") return;
-  if (const auto leftOut = leftOut_.find(element.ShownAs); leftOut != leftOut_.end() && leftOut->second > 0) {
-    --leftOut->second;
-    return;
-  }
-  const bool isOfTable = element.Kind >= ElementKind::Table;
-  const std::size_t place = FindOpen(element.Kind, isOfTable ? ElementKind::Table : ElementKind::Cell, element.ShownAs);
-  if (place != none) CloseDownTo(place);
-}
-
-/// The innermost element of that kind and name that stands in no other `barrier`; nothing if there is none.
-std::size_t PageFilter::FindOpen(ElementKind kind, ElementKind barrier, std::string_view shownAs) const {
-  for (std::size_t place = open_.size(); place-- > 0;) {
-    const PageElement& element = open_[place].element;
-    if (element.Kind == kind && (shownAs.empty() || element.ShownAs == shownAs)) return place;
-    if (element.Kind == barrier) break;
-  }
-  return none;
-}
-
-void PageFilter::CloseDownTo(std::size_t depth) {
-  while (open_.size() > depth) {
-    const OpenElement& last = open_.back();
-    page_.HTML.append("</").append(last.element.ShownAs).append(">");
-    if (last.element.Kind != ElementKind::Inline) {
-      blockText_ = 0;
-      blockTags_ = 0;
-      followsBlock_ = true;
-    }
-    open_.pop_back();
-  }
-}
-
-// A paragraph takes the longer to lay out for each piece of it the more there is of it, so a long one becomes several.
-void PageFilter::SplitBlock() {
-  std::size_t container = open_.size();
-  while (container > 0 && open_[container - 1].element.Kind == ElementKind::Inline) --container;
-  std::vector<OpenElement> reopened(open_.begin() + static_cast<std::ptrdiff_t>(container), open_.end());
-  const bool isInParagraph = container > 0 && open_[container - 1].element.ShownAs == "p";
-  if (isInParagraph) {
-    reopened.insert(reopened.begin(), open_[container - 1]);
-    --container;
-  }
-  CloseDownTo(container);
-  if (!isInParagraph) page_.HTML += "<div></div>";
-  for (OpenElement& element : reopened) {
-    ++cost_;
-    page_.HTML += element.tag;
-    open_.push_back(std::move(element));
-  }
-  blockText_ = 0;
-  blockTags_ = static_cast<int>(reopened.size());
-}
+FilteredPage FilterPage(const QString& page, int mostWidth) { return Filter(page, mostWidth).Run(); }
 
 }  // namespace toolkit::qt

@@ -2,7 +2,10 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QHelpEvent>
+#include <QMenu>
+#include <QRegularExpression>
 #include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTextBlock>
@@ -28,7 +31,7 @@ std::string Times(int count, const char* text) { return QString(text).repeated(c
 
 std::string Red(QSize size = {40, 40}) { return PictureOf(Qt::red, size); }
 
-TEST(PageFilter, KeepsTextAndLooksOnly) {
+TEST(FilterPage, KeepsTextAndLooksOnly) {
   const std::pair<const char*, const char*> rows[] = {
       {"a < b & c &lt; <3 </3 <", "a &lt; b & c &lt; &lt;3 &lt;/3 &lt;"},
       {"<!-- <b> --><!--><!DOCTYPE x><?x?>t<!-- open <b>", "t"},
@@ -41,20 +44,21 @@ TEST(PageFilter, KeepsTextAndLooksOnly) {
       {"<b>x<i>y</b>z</i></p></nobody>", "<b>x<i>y</i></b>z"},
       {"<p>a<p>b<ul><li>c<li>d</ul>e", "<p>a</p><p>b</p><ul><li>c</li><li>d</li></ul>e"},
       {"<td>x<table><td>a<td colspan=9999999>b<tr><td rowspan=2>c</table>",
-       "x<table><tr><td>a</td><td>b</td></tr><tr><td rowspan=2>c</td></tr></table>"},
-      {"<a title='>' href='http://x/?a=1&amp;b'>t</a><a href=link:0>f</a>", "<a href=\"link:0\">t</a><a>f</a>"},
+       "x<table><tr><td>a</td><td>b</td></tr><tr><td rowspan=\"2\">c</td></tr></table>"},
+      {"<a title='>' href='http://x/?a=1&amp;b'>t</a><a href=link:0>f</a>",
+       "<a href=\"link:0\" title=\"&lt;p&gt;http://x/?a=1&amp;amp;b&lt;/p&gt;\">t</a><a>f</a>"},
       {"<a href=javascript:x>1</a><a href=/etc/passwd>2</a><a href=file:///x>3</a>", "<a>1</a><a>2</a><a>3</a>"},
       {"<img src=a width=9999 height=9><img src=b><img src=a><img>",
        "<img src=\"picture:0\" width=500><img src=\"picture:1\"><img src=\"picture:0\">"},
       {"<b attribute='without an end>t", ""},
   };
   for (const auto& [page, expected] : rows) {
-    const std::string html = toolkit::qt::PageFilter(page, 500).Run().HTML;
+    const std::string html = toolkit::qt::FilterPage(page, 500).HTML.toStdString();
     EXPECT_EQ(html.substr(html.find("</style>") + 8), expected) << page;
   }
 }
 
-TEST(PageFilter, BoundsWhatTakesLongAndSaysSo) {
+TEST(FilterPage, BoundsWhatTakesLongAndSaysSo) {
   const std::tuple<const char*, std::string, bool> rows[] = {
       {"text", Times(400'000, "some text "), true},
       {"word", std::string(4'000'000, 'w'), true},
@@ -69,21 +73,23 @@ TEST(PageFilter, BoundsWhatTakesLongAndSaysSo) {
       {"pieces", Times(10'000, "<b>x</b>y"), true},
       {"attributes", "<b " + Times(500'000, "a=b ") + ">", true}};
   for (const auto& [what, page, isWhole] : rows) {
-    const auto filtered = toolkit::qt::PageFilter(page, 500).Run();
-    EXPECT_EQ(filtered.HTML.find("not shown") == std::string::npos, isWhole) << what;
-    EXPECT_LT(filtered.HTML.size(), 4'200'000U) << what;
-    int depth = 0;
-    int deepest = 0;
-    int sinceBlock = 0;
-    int longest = 0;
-    toolkit::qt::HTMLTokenizer tokens(filtered.HTML);
-    for (auto token = tokens.Next(); token.Is != toolkit::qt::HTMLToken::Kind::End; token = tokens.Next()) {
-      const bool isText = token.Is == toolkit::qt::HTMLToken::Kind::Text;
-      const bool isEmpty = token.Name == "br";
-      if (!isText && !isEmpty) depth += token.Is == toolkit::qt::HTMLToken::Kind::StartTag ? 1 : -1;
-      sinceBlock = isText || isEmpty || token.Name == "b" ? sinceBlock + static_cast<int>(token.Text.size()) + 1 : 0;
-      deepest = std::max(deepest, depth);
+    const auto filtered = toolkit::qt::FilterPage(QString::fromStdString(page), 500);
+    EXPECT_EQ(filtered.IsCut, !isWhole) << what;
+    EXPECT_LT(filtered.HTML.size(), 4'200'000) << what;
+    qsizetype depth = 0;
+    qsizetype deepest = 0;
+    qsizetype sinceBlock = 0;
+    qsizetype longest = 0;
+    qsizetype end = 0;
+    static const QRegularExpression tag("<(/?)(\\w+)[^>]*>|$");
+    for (const auto& match : tag.globalMatch(filtered.HTML)) {
+      sinceBlock += match.capturedStart() - end + 1;
       longest = std::max(longest, sinceBlock);
+      end = match.capturedEnd();
+      const QString name = match.captured(2);
+      if (name != "br" && name != "b") sinceBlock = 0;
+      if (name != "br") depth += match.capturedLength(1) == 0 ? 1 : -1;
+      deepest = std::max(deepest, depth);
     }
     EXPECT_LE(deepest, 64) << what;
     EXPECT_LE(longest, 6000) << what;
@@ -294,6 +300,24 @@ TEST_F(Page, LinksAskTheProgramAndTextCanBeCopied) {
   QHelpEvent help(QEvent::ToolTip, PlaceOf("first"), view.viewport()->mapToGlobal(QPoint(1, 1)));
   QApplication::sendEvent(view.viewport(), &help);
   EXPECT_EQ(QToolTip::text(), "<p>http://a/?x=1&amp;lt;b&gt;</p>");
+}
+
+TEST_F(Page, HasAMenuOfItsOwnAndSaysIfItIsCut) {
+  Load("<a href='http://a/?b&amp;lt;c'>link</a> text");
+  for (const auto& [place, expected] :
+       {std::pair("link", "Copy, Copy Link Address, Select All"), std::pair("text", "Copy, Select All")}) {
+    QContextMenuEvent event(QContextMenuEvent::Mouse, PlaceOf(place), view.viewport()->mapToGlobal(PlaceOf(place)));
+    QApplication::sendEvent(view.viewport(), &event);
+    auto* menu = view.findChild<QMenu*>();
+    QStringList texts;
+    for (QAction* action : menu->actions()) texts.append(action->text());
+    EXPECT_EQ(texts.join(", ").toStdString(), expected);
+    if (texts.size() == 3) menu->actions()[1]->trigger();
+    delete menu;
+  }
+  EXPECT_EQ(QApplication::clipboard()->text(), "http://a/?b&lt;c");
+  model->Viewer.LoadPage(Times(100'000, "<br>"), toolkit::FolderItem(""));
+  EXPECT_TRUE(Until([&] { return view.toPlainText().endsWith("The rest of this page is not shown."); }));
 }
 
 TEST_F(Page, ALinkCanBeReadInAnyPalette) {
