@@ -19,9 +19,12 @@ class PopupMenuView final : public ViewOf<QComboBox, PopupMenu> {
   void initStyleOption(QStyleOptionComboBox* option) const override;
 
  private:
+  class Rows;
+
   void Follow();
   void UserSelects(int row);
 
+  Rows* rows_;
   // Never seen: screen readers take the name from it, since the text of what is chosen stands for that of the menu.
   QLabel name_;
   unsigned shownGeneration_ = 0;
