@@ -65,7 +65,7 @@ std::unique_ptr<toolkit::HTTPTransfer> Desktop::StartTransfer(toolkit::HTTPReque
   return Watch::Start(*this, std::move(request), events);
 }
 
-toolkit::DialogButton Desktop::AskUser(const toolkit::MessageDialog& dialog) {
+toolkit::DialogButton Desktop::AskUser(const toolkit::MessageDialog& dialog, const toolkit::Window* /*owner*/) {
   std::cerr << "A dialog came up: " << dialog.Message << std::endl;
   std::_Exit(EXIT_FAILURE);
 }

@@ -73,7 +73,7 @@ class Desktop final : private QtBelow, public toolkit::Platform {
   void Present(toolkit::Window& window) override { Qt.Open(window.shared_from_this()); }
   void BringToFront(toolkit::Window& window) override { Qt.Open(window.shared_from_this()); }
   void Withdraw(toolkit::Window& window) override { Qt.Close(window); }
-  toolkit::DialogButton AskUser(const toolkit::MessageDialog& dialog) override;
+  toolkit::DialogButton AskUser(const toolkit::MessageDialog& dialog, const toolkit::Window* owner) override;
   void RunNextEventLater() override {}
 
  private:

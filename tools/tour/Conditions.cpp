@@ -14,6 +14,7 @@
 #include <QTextBlock>
 #include <QTextEdit>
 
+#include "toolkit/qt/DialogBox.h"
 #include "tour/Screen.h"
 
 namespace tour {
@@ -29,8 +30,10 @@ QString StandingMessage() {
   return message == nullptr ? QString() : screen::TextOf(*message);
 }
 
-/// None of the messages of the tour is so long that it has to scroll.
-QString HiddenPart() {
+/// None of the messages of the tour is so long that it has to scroll, and the box must be ready for keys.
+QString ReasonNotToAnswer() {
+  const auto* box = dynamic_cast<const toolkit::qt::DialogBox*>(screen::Box());
+  if (box != nullptr && !box->TakesKeys()) return "the message box takes no keys yet";
   const auto* message = screen::FindAs<QPlainTextEdit>("message");
   const bool isWhole = message != nullptr && message->verticalScrollBar()->maximum() == 0;
   return If(!isWhole, "a part of the message is out of sight");
@@ -186,14 +189,15 @@ Condition SelectedRowCopied(const QString& list) {
 Condition Message(const QString& text) {
   return [text] {
     const QString said = StandingMessage();
-    return said == text ? HiddenPart() : "the message box says " + Quoted(said) + ", not " + Quoted(text);
+    return said == text ? ReasonNotToAnswer() : "the message box says " + Quoted(said) + ", not " + Quoted(text);
   };
 }
 
 Condition MessageWith(const QString& part) {
   return [part] {
     const QString said = StandingMessage();
-    return said.contains(part) ? HiddenPart() : "the message box says " + Quoted(said) + ", without " + Quoted(part);
+    return said.contains(part) ? ReasonNotToAnswer()
+                               : "the message box says " + Quoted(said) + ", without " + Quoted(part);
   };
 }
 

@@ -50,7 +50,7 @@ Steps PanelPictureSteps(const Visit& visit) {
        {Rows("list_logs", 20), NoMessage()},
        "log"},
       {"a text is found in it",
-       ClickRow("list_logs", 0) + Key(Qt::Key_F, Qt::ControlModifier) + Keys("ms"),
+       Key(Qt::Key_Home) + Key(Qt::Key_F, Qt::ControlModifier) + Keys("ms"),
        {FoundFirst("list_logs", "ms")},
        "log-find"},
   };
