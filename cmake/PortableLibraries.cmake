@@ -1,0 +1,41 @@
+# Run when the portable folder is installed: puts Qt's plugins into it, and the libraries that a bare desktop lacks, with
+# the terms they come under.
+
+set(folder "$ENV{DESTDIR}${CMAKE_INSTALL_PREFIX}")
+list(TRANSFORM plugins PREPEND "${qt_plugins}/" OUTPUT_VARIABLE plugin_files)
+foreach(plugin IN LISTS plugins)
+  cmake_path(GET plugin PARENT_PATH kind)
+  file(INSTALL "${qt_plugins}/${plugin}" DESTINATION "${folder}/plugins/${kind}")
+endforeach()
+file(WRITE "${folder}/qt.conf" "[Paths]\nPrefix = .\nPlugins = plugins\n")
+
+# The C library, and what belongs to the display server: the drivers load these as well.
+set(of_the_system
+  "^ld-linux" "^lib(c|m|dl|rt|pthread|resolv|util|anl)\\.so"
+  "^lib(X11|X11-xcb|xcb|Xau|Xdmcp|wayland-client|drm|gbm)\\.so")
+file(GET_RUNTIME_DEPENDENCIES
+  EXECUTABLES "${program}" LIBRARIES "${opened_by_name}" MODULES ${plugin_files}
+  RESOLVED_DEPENDENCIES_VAR libraries
+  PRE_EXCLUDE_REGEXES ${of_the_system})
+list(APPEND libraries "${opened_by_name}")
+list(SORT libraries)
+file(MAKE_DIRECTORY "${folder}/lib" "${folder}/licenses")
+foreach(library IN LISTS libraries)
+  cmake_path(GET library FILENAME name)
+  file(COPY_FILE "${library}" "${folder}/lib/${name}")
+endforeach()
+
+file(COPY_FILE "${own_licence}" "${folder}/licenses/corvane")
+set(searches)
+foreach(file IN LISTS libraries plugin_files)
+  file(REAL_PATH "${file}" file)
+  cmake_path(GET file FILENAME name)
+  list(APPEND searches "*/${name}")
+endforeach()
+execute_process(COMMAND dpkg-query --search ${searches} OUTPUT_VARIABLE found COMMAND_ERROR_IS_FATAL ANY)
+string(REGEX MATCHALL "\n[^:\n]+:" packages "\n${found}")
+list(TRANSFORM packages REPLACE "[\n:]" "")
+list(REMOVE_DUPLICATES packages)
+foreach(package IN LISTS packages)
+  file(COPY_FILE "/usr/share/doc/${package}/copyright" "${folder}/licenses/${package}")
+endforeach()
