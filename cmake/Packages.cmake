@@ -50,6 +50,7 @@ cmake_path(GET CURL_LIBRARIES PARENT_PATH curl_folder)
 install(CODE "
   set(program \"${CMAKE_BINARY_DIR}/portable/corvane\")
   set(opened_by_name \"${curl_folder}/libcurl.so.4\")
+  set(unzip /usr/bin/unzip)
   set(qt_plugins \"${QT6_INSTALL_PREFIX}/${QT6_INSTALL_PLUGINS}\")
   set(plugins \"${portable_plugins}\")
   set(own_licence \"${CMAKE_SOURCE_DIR}/LICENSE\")"

@@ -14,7 +14,7 @@ set(of_the_system
   "^ld-linux" "^lib(c|m|dl|rt|pthread|resolv|util|anl)\\.so"
   "^lib(X11|X11-xcb|xcb|Xau|Xdmcp|wayland-client|drm|gbm)\\.so")
 file(GET_RUNTIME_DEPENDENCIES
-  EXECUTABLES "${program}" LIBRARIES "${opened_by_name}" MODULES ${plugin_files}
+  EXECUTABLES "${program}" "${unzip}" LIBRARIES "${opened_by_name}" MODULES ${plugin_files}
   RESOLVED_DEPENDENCIES_VAR libraries
   PRE_EXCLUDE_REGEXES ${of_the_system})
 list(APPEND libraries "${opened_by_name}")
@@ -25,9 +25,13 @@ foreach(library IN LISTS libraries)
   file(COPY_FILE "${library}" "${folder}/lib/${name}")
 endforeach()
 
+# Which updates are unpacked with where the system has none.
+file(COPY_FILE "${unzip}" "${folder}/lib/unzip")
+execute_process(COMMAND patchelf --set-rpath "$ORIGIN" "${folder}/lib/unzip" COMMAND_ERROR_IS_FATAL ANY)
+
 file(COPY_FILE "${own_licence}" "${folder}/licenses/corvane")
 set(searches)
-foreach(file IN LISTS libraries plugin_files)
+foreach(file IN LISTS libraries plugin_files unzip)
   file(REAL_PATH "${file}" file)
   cmake_path(GET file FILENAME name)
   list(APPEND searches "*/${name}")

@@ -1,9 +1,12 @@
-# Unpacks a zip archive into a folder. Arguments: the archive, the folder, which may be missing. The status is 0 only if
+# Unpacks a zip archive into a folder. Arguments: the archive, the folder, which may be missing, and the unzip that the
+# program brings for systems without one. The status is 0 only if
 # all of it was unpacked and nothing in it is more than files, folders, and links that stay in the folder.
 set -eu
 export LC_ALL=C.UTF-8
 unset UNZIP UNZIPOPT ZIPINFO ZIPINFOOPT
 folder=$2
+unzip=/usr/bin/unzip
+[ -x "$unzip" ] || unzip=$3
 # By number, since unzip would take a name with brackets for a pattern.
 exec 3<"$1"
 archive=/proc/self/fd/3
@@ -41,11 +44,11 @@ check_list() {
     }'
 }
 
-list=$(/usr/bin/zipinfo -s "$archive")
+list=$("$unzip" -Z -s "$archive")
 largest=$(printf '%s\n' "$list" | check_list)
 # An entry that is larger than the list says ends the work.
 ulimit -f $((largest / 512 + 1))
-/usr/bin/unzip -q -o -^ "$archive" -d "$folder" </dev/null >&2
+"$unzip" -q -o -^ "$archive" -d "$folder" </dev/null >&2
 
 root=$(/usr/bin/realpath "$folder")
 /usr/bin/find "$root" -type l -exec /bin/sh -c '
