@@ -22,8 +22,10 @@
 
 #include <QTextDocument>
 #include <QTextEdit>
+#include <QTimer>
 
 #include "shell/App.h"
+#include "signing/SigningKey.h"
 #include "support/ChildProcess.h"
 #include "support/CurlConnection.h"
 #include "support/Desktop.h"
@@ -32,9 +34,11 @@
 #include "support/Memory.h"
 #include "support/Report.h"
 #include "support/TemporaryFolder.h"
+#include "support/UpdateWindow.h"
 #include "support/VirtualScreen.h"
 #include "update/check/FileHelpers.h"
 #include "update/install/KajuUpdateWindow.h"
+#include "update/install/UpdateWindowPresenter.h"
 
 namespace {
 
@@ -51,6 +55,8 @@ constexpr std::size_t megabyte = 1'000'000;
 constexpr double slowestUnpacking = 1.2;
 constexpr double slowestDownload = 1.1;
 constexpr double longestOpening = 0.080;
+constexpr double longestPause = 0.1;
+constexpr int offersOfLargeDocument = 100'000;
 // A file that is held whole gives 4.
 constexpr double tolerableGrowth = 1.5;
 constexpr double tolerableDelay = 1.2;
@@ -81,53 +87,13 @@ std::string MakeArchive(const std::filesystem::path& folder, int megabytes) {
   return name;
 }
 
-std::shared_ptr<Kaju::UpdateInformation> Offer(const std::string& version, const std::string& url = "http://h/a.zip",
-                                               const std::string& hash = "00") {
-  auto offer = std::make_shared<Kaju::UpdateInformation>();
-  offer->AppName = "Corvane";
-  offer->Version = version;
-  for (int line = 0; line < 200; ++line) {
-    offer->ReleaseNotes.append("<h3>Change ").append(std::to_string(line));
-    offer->ReleaseNotes += "</h3><p>The window of a server tells <b>how long</b> it has been <i>running</i>.</p>";
-  }
-  const auto binary = offer->FetchBinary("LinuxBinary64bit");
-  binary->URL = url;
-  binary->Hash = hash;
-  binary->ExecutableName = "corvane";
-  return offer;
-}
-
-class UpdateWindow {
- public:
-  UpdateWindow() : checker_(std::make_shared<Kaju::UpdateChecker>(toolkit::FolderItem(folder_.Path()), "preferences")) {
-    checker_->DefaultImage = Logo_Banner_600x164();
-  }
-
-  std::shared_ptr<KajuUpdateWindow> Open(Kaju::Offers offers) {
-    auto window = KajuUpdateWindow::Shared();
-    window->ChooseUpdate(checker_, std::move(offers));
-    return window;
-  }
-
- private:
-  bench::TemporaryFolder folder_;
-  std::shared_ptr<Kaju::UpdateChecker> checker_;
-};
-
-/// Whoever held the window must have let go of it.
-void Close(std::shared_ptr<KajuUpdateWindow> window) {
-  const std::weak_ptr<KajuUpdateWindow> closing = window;
-  std::exchange(window, nullptr)->Cancel();
-  Desktop::RunUntil([&] { return closing.expired(); });
-}
-
 /// What a process of its own prints: the seconds from the first header to the last byte, those from there to an update
 /// that is ready, and the most memory it has had.
 void Install(Desktop& desktop, const std::string& url, const std::string& hash) {
   const App app({1, 0, 0});
   bench::PaintWatch watch("hvNotes");
-  UpdateWindow update;
-  auto window = update.Open({Offer("2.0.0", url, hash)});
+  bench::UpdateWindow update;
+  auto window = update.Open({bench::Offer("2.0.0", url, hash)});
   watch.Wait();
   window->btnOK.Press();
   Desktop::RunUntil([&] { return window->CurrentStage != Stage::Installing; });
@@ -135,7 +101,7 @@ void Install(Desktop& desktop, const std::string& url, const std::string& hash) 
   if (window->CurrentStage != Stage::AskingToQuit) throw std::runtime_error(window->lblInstallMessage.Text());
   std::cout << bench::Duration(desktop.LastByteAt() - desktop.HeadersAt()).count() << ' ' << unpacking << ' '
             << bench::PeakMemory() << std::endl;
-  Close(std::move(window));
+  bench::UpdateWindow::Close(std::move(window));
 }
 
 struct Figures {
@@ -198,22 +164,22 @@ void MeasureInstalling(bench::Report& report) {
                {"of 20 MB", bench::Median(ofSmall.Memory)}, tolerableGrowth);
 }
 
-double SecondsToOpen(UpdateWindow& update, const Kaju::Offers& offers) {
+double SecondsToOpen(bench::UpdateWindow& update, const Kaju::Offers& offers) {
   bench::PaintWatch watch("hvNotes");
   watch.Expect([](QObject& notes) { return !qobject_cast<QTextEdit*>(&notes)->document()->isEmpty(); });
   std::shared_ptr<KajuUpdateWindow> window;
   const double seconds = watch.SecondsToPaint([&] { window = update.Open(offers); });
   if (window->pumUpdates.ListCount() != static_cast<int>(offers.size()))
     throw std::runtime_error("an offer is missing");
-  Close(std::move(window));
+  bench::UpdateWindow::Close(std::move(window));
   return seconds;
 }
 
 void MeasureOpening(bench::Report& report) {
   const App app({1, 0, 0});
-  UpdateWindow update;
+  bench::UpdateWindow update;
   Kaju::Offers offers;
-  for (int number = 0; number < manyOffers; ++number) offers.push_back(Offer("2.0." + std::to_string(number)));
+  for (int number = 0; number < manyOffers; ++number) offers.push_back(bench::Offer("2.0." + std::to_string(number)));
   const Kaju::Offers one{offers.back()};
   std::vector<double> ofOne;
   std::vector<double> ofMany;
@@ -229,10 +195,74 @@ void MeasureOpening(bench::Report& report) {
                tolerableDelay);
 }
 
+/// Offers like those that a publisher writes, 60 MB of them.
+std::string LargeDocument() {
+  std::string document;
+  for (int number = 0; number < offersOfLargeDocument; ++number) {
+    document += document.empty() ? "[" : ",";
+    document += R"({"AppName":"Corvane","Version":"2.)" + std::to_string(number / 900) + "." +
+                std::to_string(number % 900) + R"(","MinimumRequiredVersion":"1.0","ReleaseNotes":")" +
+                std::string(260, 'n') + R"(","Expires":"9999-12-31T23:59:59Z","LinuxBinary64bit":{)" +
+                R"("URL":"http://h/corvane.zip","Hash":"d41d8cd98f00b204e9800998ecf8427e","Size":123456,)" +
+                R"("ExecutableName":"corvane"}})";
+  }
+  return document + "]";
+}
+
+/// Keeps the program from ending with its update window.
+class OtherWindow final : public toolkit::Window {
+ public:
+  OtherWindow() : Window("Other", {100, 100}, {}, {100, 100}) {}
+};
+
+/// The longest time between two rounds of the event loop since it was made.
+class PauseWatch {
+ public:
+  PauseWatch() {
+    QObject::connect(&timer_, &QTimer::timeout, [this] {
+      longest_ = std::max(longest_, bench::SecondsSince(std::exchange(last_, bench::Clock::now())));
+    });
+    timer_.start(0);
+  }
+  [[nodiscard]] double Longest() const { return longest_; }
+
+ private:
+  QTimer timer_;
+  bench::Clock::time_point last_ = bench::Clock::now();
+  double longest_ = 0;
+};
+
+void MeasureLargeDocument(bench::Report& report) {
+  const App app({1, 0, 0});
+  const SigningKey publisher;
+  const bench::TemporaryFolder folder;
+  std::ofstream(folder.Path() / "updates", std::ios::binary) << publisher.Packet(LargeDocument());
+  bench::ChildProcess server({bench::BuiltProgram("bench-installation"), "--serve", folder.Path()});
+  const auto checker = std::make_shared<Kaju::UpdateChecker>(toolkit::FolderItem(folder.Path()), "preferences",
+                                                             std::make_shared<Kaju::UpdateWindowPresenter>());
+  checker->ServerPublicRSAKey = publisher.PublicKey();
+  checker->UpdateURL = server.ReadLine() + "/updates";
+  checker->AllowedInteraction = Kaju::UpdateChecker::kAllowUpdateWindow;
+  std::make_shared<OtherWindow>()->Show();
+  std::vector<double> pauses;
+  for (int round = 0; round < rounds; ++round) {
+    const PauseWatch pause;
+    bench::PaintWatch paint("hvNotes");
+    checker->Execute();
+    auto window = KajuUpdateWindow::Shared();
+    if (window->pumUpdates.ListCount() != offersOfLargeDocument) throw std::runtime_error("an offer is missing");
+    paint.Wait();
+    Close(std::move(window));
+    pauses.push_back(pause.Longest());
+  }
+  report.Value("longest pause with a document of 60 MB", Unit::Seconds, bench::Median(pauses), longestPause);
+}
+
 int Measure(int argc, char** argv) {
   const bench::VirtualScreen screen;
   Desktop desktop(argc, argv);
   bench::Report report;
+  MeasureLargeDocument(report);  // first: once a last window has closed, nothing is fetched any more
   MeasureInstalling(report);
   MeasureOpening(report);
   return report.Status();

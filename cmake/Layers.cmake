@@ -1,13 +1,23 @@
-# One target a folder: a layer sees its own sources and the layers it names, nothing else.
+# One target a folder: a layer sees its own sources and the layers that src/layers lists for it, nothing else.
+set_property(DIRECTORY "${CMAKE_SOURCE_DIR}" APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/src/layers")
 
 add_library(corvane_warnings INTERFACE)
 target_compile_options(corvane_warnings INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wold-style-cast -Wnon-virtual-dtor
-  -Woverloaded-virtual -Wsuggest-override -Werror)
+  -Woverloaded-virtual -Wsuggest-override -Werror
+  "$<$<CXX_COMPILER_ID:Clang>:-Wdocumentation>")
 
-# corvane_layer(NAME [USES target...] [PRIVATE_USES target...]): a static library of every source in the calling folder.
-function(corvane_layer name)
+# corvane_layer([USES target...] [PRIVATE_USES target...]): a static library of every source in the calling folder, with
+# the folder's name, linked to those layers that src/layers lists for it.
+function(corvane_layer)
   cmake_parse_arguments(layer "" "" "USES;PRIVATE_USES" ${ARGN})
+  cmake_path(RELATIVE_PATH CMAKE_CURRENT_SOURCE_DIR BASE_DIRECTORY "${CMAKE_SOURCE_DIR}/src" OUTPUT_VARIABLE folder)
+  string(REPLACE "/" "_" name "${folder}")
+  file(STRINGS "${CMAKE_SOURCE_DIR}/src/layers" line REGEX "^${folder}( |$)")
+  string(REGEX MATCHALL "[^ ]+" others "${line}")
+  list(REMOVE_ITEM others "${folder}" curl Qt)
+  list(TRANSFORM others REPLACE "/" "_")
+  list(APPEND layer_USES ${others})
   file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp")
   file(GLOB headers CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.h")
   add_library(${name} STATIC ${sources})

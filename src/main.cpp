@@ -2,11 +2,14 @@
 #include "serverlist/wMain.h"
 #include "shell/App.h"
 #include "shell/Product.h"
+#include "toolkit/qt/DecoderProgram.h"
 #include "toolkit/qt/QtPlatform.h"
 #include "update/install/UpdateWindowPresenter.h"
+#include "update/install/Updating.h"
 
 int main(int argc, char** argv) {
-  toolkit::qt::QtPlatform platform(argc, argv);
+  if (const auto status = toolkit::qt::DecodeIfAsked(argc, argv)) return *status;
+  toolkit::qt::QtPlatform platform(product::program, argc, argv);
   App app(product::version);
 
   std::shared_ptr<wMain> mainWindow;
@@ -14,6 +17,11 @@ int main(int argc, char** argv) {
     mainWindow = std::make_shared<wMain>(
         [](const std::shared_ptr<CorvaneServer>& server) { std::make_shared<wServer>(server)->Show(); },
         std::make_shared<Kaju::UpdateWindowPresenter>());
+    // Before anything else that the window does when it stands.
+    mainWindow->Open = [opened = mainWindow->Open, argc, argv] {
+      Kaju::TellFailedUpdate({argv, static_cast<std::size_t>(argc)});
+      opened();
+    };
     mainWindow->Show();
   });
 }

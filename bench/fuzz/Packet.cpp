@@ -23,7 +23,7 @@ class Counter final : public Kaju::UpdatePresenter {
       const Kaju::UpdateInformation again(offer->ToJSON());
       Require(again.ToJSON() == offer->ToJSON(), "a record that is written is read back the same");
       for (const auto& binary : offer->Binaries()) {
-        if (binary) static_cast<void>(binary->HasUsableFileName());
+        if (binary) static_cast<void>(binary->HasUsableNames());
       }
     }
   }

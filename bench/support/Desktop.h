@@ -17,7 +17,8 @@ namespace bench {
 
 /// Comes first in the desktop, since the platform that is made last is the one that the program uses.
 struct QtBelow {
-  QtBelow(int& argumentCount, char** arguments) : Qt(argumentCount, arguments) {}
+  QtBelow(int& argumentCount, char** arguments)
+      : Qt({.Name = "Benchmark", .Id = "corvane"}, argumentCount, arguments) {}
   toolkit::qt::QtPlatform Qt;
 };
 
@@ -26,7 +27,7 @@ struct QtBelow {
 /// A dialog ends the benchmark, since none belongs there.
 class Desktop final : private QtBelow, public toolkit::Platform {
  public:
-  Desktop(int& argumentCount, char** arguments) : QtBelow(argumentCount, arguments) {}
+  Desktop(int& argumentCount, char** arguments) : QtBelow(argumentCount, arguments), Platform(Qt.Program()) {}
   ~Desktop() override { CloseWindows(); }
 
   /// Requests for "https://…:1701/path" go to `baseURL` and their path from now on.
@@ -44,7 +45,7 @@ class Desktop final : private QtBelow, public toolkit::Platform {
   std::unique_ptr<toolkit::HTTPTransfer> StartTransfer(toolkit::HTTPRequest request,
                                                        toolkit::HTTPTransferEvents& events) override;
   void RunEventsUntil(const std::function<bool()>& isDone) override { Qt.RunEventsUntil(isDone); }
-  void RunDueEvents() override { Qt.RunDueEvents(); }
+  bool RunDueEvents() override { return Qt.RunDueEvents(); }
   std::unique_ptr<toolkit::PlatformTimer> StartTimer(std::chrono::milliseconds period,
                                                      std::function<void()> expired) override {
     return Qt.StartTimer(period, std::move(expired));
@@ -55,8 +56,8 @@ class Desktop final : private QtBelow, public toolkit::Platform {
   }
   [[nodiscard]] std::chrono::milliseconds Uptime() const override { return Qt.Uptime(); }
   void TrustAuthority(std::string_view certificate) override { Qt.TrustAuthority(certificate); }
-  std::optional<toolkit::Size> SizeOfPicture(std::span<const std::byte> encoded) override {
-    return Qt.SizeOfPicture(encoded);
+  std::optional<toolkit::Pixels> DecodePicture(std::string encoded, const toolkit::StillWanted& wanted) override {
+    return Qt.DecodePicture(std::move(encoded), wanted);
   }
   std::optional<std::string> Translation(const std::string& key, const std::string& language) override {
     return Qt.Translation(key, language);
@@ -66,6 +67,7 @@ class Desktop final : private QtBelow, public toolkit::Platform {
   void Quit(int /*status*/) override {}
   [[nodiscard]] toolkit::FolderItem ApplicationDataFolder() const override { return Qt.ApplicationDataFolder(); }
   [[nodiscard]] toolkit::FolderItem DesktopFolder() const override { return Qt.DesktopFolder(); }
+  [[nodiscard]] toolkit::FolderItem CacheFolder() const override { return Qt.CacheFolder(); }
 
  protected:
   void Present(toolkit::Window& window) override { Qt.Open(window.shared_from_this()); }

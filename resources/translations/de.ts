@@ -31,6 +31,10 @@
     <source>You are currently using the 32-bit version.</source>
     <translation>Sie verwenden derzeit die 32-Bit-Version.</translation>
 </message>
+<message id="KajuLocale.kDiskFullMessage">
+    <source>The disk is full.</source>
+    <translation>Der Datenträger ist voll.</translation>
+</message>
 <message id="KajuLocale.kDownloadingMessage">
     <source>Downloading...</source>
     <translation>Wird heruntergeladen …</translation>
@@ -87,9 +91,21 @@
     <source>Missing</source>
     <translation>Es fehlt:</translation>
 </message>
+<message id="KajuLocale.kNoProgramMessage">
+    <source>The update does not contain the program.</source>
+    <translation>Das Update enthält das Programm nicht.</translation>
+</message>
+<message id="KajuLocale.kNothingStartsMessage">
+    <source>No program can be started from the temporary folder.</source>
+    <translation>Aus dem temporären Ordner lässt sich kein Programm starten.</translation>
+</message>
 <message id="KajuLocale.kNoUpdateInfoMessage">
     <source>NO UPDATE INFORMATION</source>
     <translation>KEINE INFORMATIONEN ZUM UPDATE</translation>
+</message>
+<message id="KajuLocale.kNoMD5Message">
+    <source>The file cannot be checked, since MD5 is switched off on this system.</source>
+    <translation>Die Datei kann nicht geprüft werden, weil MD5 auf diesem System abgeschaltet ist.</translation>
 </message>
 <message id="KajuLocale.kPaymentRequiredMessage">
     <source>This update is not free and will require payment. Proceed anyway?</source>
@@ -103,6 +119,10 @@
     <source>Processing file...</source>
     <translation>Datei wird verarbeitet …</translation>
 </message>
+<message id="KajuLocale.kProgressName">
+    <source>Progress</source>
+    <translation>Fortschritt</translation>
+</message>
 <message id="KajuLocale.kQuitButton">
     <source>Quit &amp;&amp; Install</source>
     <translation>Beenden &amp;&amp; installieren</translation>
@@ -115,9 +135,17 @@
     <source>Release Notes:</source>
     <translation>Versionshinweise:</translation>
 </message>
+<message id="KajuLocale.kReleaseNotesName">
+    <source>Release notes</source>
+    <translation>Versionshinweise</translation>
+</message>
 <message id="KajuLocale.kRemindMeLaterButton">
     <source>Remind Me Later</source>
     <translation>Später erinnern</translation>
+</message>
+<message id="KajuLocale.kScriptNotWrittenMessage">
+    <source>The install script cannot be written.</source>
+    <translation>Das Installationsskript kann nicht geschrieben werden.</translation>
 </message>
 <message id="KajuLocale.kSecondaryNoticeMultiple">
     <source>You have version &lt;&lt;ThisVersion&gt;&gt; and there are multiple updates available. Install one?</source>
@@ -151,6 +179,18 @@
     <source>Try Later</source>
     <translation>Später versuchen</translation>
 </message>
+<message id="KajuLocale.kUpdateFailedExplanation">
+    <source>This version goes on. The reason is in the system log, under “Kaju Update Script”.</source>
+    <translation>Diese Version läuft weiter. Der Grund steht im Systemprotokoll unter „Kaju Update Script“.</translation>
+</message>
+<message id="KajuLocale.kUpdateFailedMessage">
+    <source>The update could not be installed.</source>
+    <translation>Das Update konnte nicht installiert werden.</translation>
+</message>
+<message id="KajuLocale.kUpdateGoneMessage">
+    <source>The unpacked update is no longer there.</source>
+    <translation>Das entpackte Update ist nicht mehr da.</translation>
+</message>
 <message id="KajuLocale.kUse32bitLabel">
     <source>Stay With 32-bit</source>
     <translation>Bei 32 Bit bleiben</translation>
@@ -167,6 +207,10 @@
     <source>Available Versions:</source>
     <translation>Versionen:</translation>
 </message>
+<message id="KajuLocale.kVersionsName">
+    <source>Available versions</source>
+    <translation>Verfügbare Versionen</translation>
+</message>
 <message id="KajuLocale.kWindowTitle">
     <source>Update Available</source>
     <translation>Update verfügbar</translation>
@@ -182,6 +226,30 @@
 <message id="KajuException.kErrorMissingUpdateURL">
     <source>The update URL is missing.</source>
     <translation>Die Update-Adresse fehlt.</translation>
+</message>
+<message id="DesktopTexts.kCancelButton">
+    <source>Cancel</source>
+    <translation>Abbrechen</translation>
+</message>
+<message id="DesktopTexts.kCautionSign">
+    <source>Caution</source>
+    <translation>Achtung</translation>
+</message>
+<message id="DesktopTexts.kCopyCommand">
+    <source>Copy</source>
+    <translation>Kopieren</translation>
+</message>
+<message id="DesktopTexts.kNoButton">
+    <source>No</source>
+    <translation>Nein</translation>
+</message>
+<message id="DesktopTexts.kOKButton">
+    <source>OK</source>
+    <translation>OK</translation>
+</message>
+<message id="DesktopTexts.kSelectAllCommand">
+    <source>Select All</source>
+    <translation>Alles auswählen</translation>
 </message>
 </context>
 </TS>

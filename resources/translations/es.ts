@@ -31,6 +31,10 @@
     <source>You are currently using the 32-bit version.</source>
     <translation>Actualmente usa la versión de 32 bits.</translation>
 </message>
+<message id="KajuLocale.kDiskFullMessage">
+    <source>The disk is full.</source>
+    <translation>El disco está lleno.</translation>
+</message>
 <message id="KajuLocale.kDownloadingMessage">
     <source>Downloading...</source>
     <translation>Descargando…</translation>
@@ -87,9 +91,21 @@
     <source>Missing</source>
     <translation>Falta:</translation>
 </message>
+<message id="KajuLocale.kNoProgramMessage">
+    <source>The update does not contain the program.</source>
+    <translation>La actualización no contiene el programa.</translation>
+</message>
+<message id="KajuLocale.kNothingStartsMessage">
+    <source>No program can be started from the temporary folder.</source>
+    <translation>No se puede iniciar ningún programa desde la carpeta temporal.</translation>
+</message>
 <message id="KajuLocale.kNoUpdateInfoMessage">
     <source>NO UPDATE INFORMATION</source>
     <translation>NO HAY INFORMACIÓN SOBRE LA ACTUALIZACIÓN</translation>
+</message>
+<message id="KajuLocale.kNoMD5Message">
+    <source>The file cannot be checked, since MD5 is switched off on this system.</source>
+    <translation>No se puede comprobar el archivo porque MD5 está desactivado en este sistema.</translation>
 </message>
 <message id="KajuLocale.kPaymentRequiredMessage">
     <source>This update is not free and will require payment. Proceed anyway?</source>
@@ -103,6 +119,10 @@
     <source>Processing file...</source>
     <translation>Procesando el archivo…</translation>
 </message>
+<message id="KajuLocale.kProgressName">
+    <source>Progress</source>
+    <translation>Progreso</translation>
+</message>
 <message id="KajuLocale.kQuitButton">
     <source>Quit &amp;&amp; Install</source>
     <translation>Salir &amp;&amp; instalar</translation>
@@ -115,9 +135,17 @@
     <source>Release Notes:</source>
     <translation>Notas de la versión:</translation>
 </message>
+<message id="KajuLocale.kReleaseNotesName">
+    <source>Release notes</source>
+    <translation>Notas de la versión</translation>
+</message>
 <message id="KajuLocale.kRemindMeLaterButton">
     <source>Remind Me Later</source>
     <translation>Recordar más tarde</translation>
+</message>
+<message id="KajuLocale.kScriptNotWrittenMessage">
+    <source>The install script cannot be written.</source>
+    <translation>No se puede escribir el script de instalación.</translation>
 </message>
 <message id="KajuLocale.kSecondaryNoticeMultiple">
     <source>You have version &lt;&lt;ThisVersion&gt;&gt; and there are multiple updates available. Install one?</source>
@@ -151,6 +179,18 @@
     <source>Try Later</source>
     <translation>Intentar más tarde</translation>
 </message>
+<message id="KajuLocale.kUpdateFailedExplanation">
+    <source>This version goes on. The reason is in the system log, under “Kaju Update Script”.</source>
+    <translation>Se sigue con esta versión. El motivo está en el registro del sistema, en «Kaju Update Script».</translation>
+</message>
+<message id="KajuLocale.kUpdateFailedMessage">
+    <source>The update could not be installed.</source>
+    <translation>No se ha podido instalar la actualización.</translation>
+</message>
+<message id="KajuLocale.kUpdateGoneMessage">
+    <source>The unpacked update is no longer there.</source>
+    <translation>La actualización descomprimida ya no está.</translation>
+</message>
 <message id="KajuLocale.kUse32bitLabel">
     <source>Stay With 32-bit</source>
     <translation>Seguir con 32 bits</translation>
@@ -167,6 +207,10 @@
     <source>Available Versions:</source>
     <translation>Versiones:</translation>
 </message>
+<message id="KajuLocale.kVersionsName">
+    <source>Available versions</source>
+    <translation>Versiones disponibles</translation>
+</message>
 <message id="KajuLocale.kWindowTitle">
     <source>Update Available</source>
     <translation>Actualización disponible</translation>
@@ -182,6 +226,30 @@
 <message id="KajuException.kErrorMissingUpdateURL">
     <source>The update URL is missing.</source>
     <translation>Falta la dirección de las actualizaciones.</translation>
+</message>
+<message id="DesktopTexts.kCancelButton">
+    <source>Cancel</source>
+    <translation>Cancelar</translation>
+</message>
+<message id="DesktopTexts.kCautionSign">
+    <source>Caution</source>
+    <translation>Atención</translation>
+</message>
+<message id="DesktopTexts.kCopyCommand">
+    <source>Copy</source>
+    <translation>Copiar</translation>
+</message>
+<message id="DesktopTexts.kNoButton">
+    <source>No</source>
+    <translation>No</translation>
+</message>
+<message id="DesktopTexts.kOKButton">
+    <source>OK</source>
+    <translation>Aceptar</translation>
+</message>
+<message id="DesktopTexts.kSelectAllCommand">
+    <source>Select All</source>
+    <translation>Seleccionar todo</translation>
 </message>
 </context>
 </TS>

@@ -31,6 +31,10 @@
     <source>You are currently using the 32-bit version.</source>
     <translation>Vous utilisez actuellement la version 32 bits.</translation>
 </message>
+<message id="KajuLocale.kDiskFullMessage">
+    <source>The disk is full.</source>
+    <translation>Le disque est plein.</translation>
+</message>
 <message id="KajuLocale.kDownloadingMessage">
     <source>Downloading...</source>
     <translation>Téléchargement en cours…</translation>
@@ -87,9 +91,21 @@
     <source>Missing</source>
     <translation>Élément manquant :</translation>
 </message>
+<message id="KajuLocale.kNoProgramMessage">
+    <source>The update does not contain the program.</source>
+    <translation>La mise à jour ne contient pas le programme.</translation>
+</message>
+<message id="KajuLocale.kNothingStartsMessage">
+    <source>No program can be started from the temporary folder.</source>
+    <translation>Aucun programme ne peut être lancé depuis le dossier temporaire.</translation>
+</message>
 <message id="KajuLocale.kNoUpdateInfoMessage">
     <source>NO UPDATE INFORMATION</source>
     <translation>AUCUNE INFORMATION SUR LA MISE À JOUR</translation>
+</message>
+<message id="KajuLocale.kNoMD5Message">
+    <source>The file cannot be checked, since MD5 is switched off on this system.</source>
+    <translation>Le fichier ne peut pas être vérifié, car MD5 est désactivé sur ce système.</translation>
 </message>
 <message id="KajuLocale.kPaymentRequiredMessage">
     <source>This update is not free and will require payment. Proceed anyway?</source>
@@ -103,6 +119,10 @@
     <source>Processing file...</source>
     <translation>Traitement du fichier…</translation>
 </message>
+<message id="KajuLocale.kProgressName">
+    <source>Progress</source>
+    <translation>Progression</translation>
+</message>
 <message id="KajuLocale.kQuitButton">
     <source>Quit &amp;&amp; Install</source>
     <translation>Quitter &amp;&amp; installer</translation>
@@ -115,9 +135,17 @@
     <source>Release Notes:</source>
     <translation>Notes de version :</translation>
 </message>
+<message id="KajuLocale.kReleaseNotesName">
+    <source>Release notes</source>
+    <translation>Notes de version</translation>
+</message>
 <message id="KajuLocale.kRemindMeLaterButton">
     <source>Remind Me Later</source>
     <translation>Rappeler plus tard</translation>
+</message>
+<message id="KajuLocale.kScriptNotWrittenMessage">
+    <source>The install script cannot be written.</source>
+    <translation>Le script d’installation ne peut pas être écrit.</translation>
 </message>
 <message id="KajuLocale.kSecondaryNoticeMultiple">
     <source>You have version &lt;&lt;ThisVersion&gt;&gt; and there are multiple updates available. Install one?</source>
@@ -151,6 +179,18 @@
     <source>Try Later</source>
     <translation>Réessayer plus tard</translation>
 </message>
+<message id="KajuLocale.kUpdateFailedExplanation">
+    <source>This version goes on. The reason is in the system log, under “Kaju Update Script”.</source>
+    <translation>Cette version reste en service. La raison figure dans le journal du système, sous « Kaju Update Script ».</translation>
+</message>
+<message id="KajuLocale.kUpdateFailedMessage">
+    <source>The update could not be installed.</source>
+    <translation>La mise à jour n’a pas pu être installée.</translation>
+</message>
+<message id="KajuLocale.kUpdateGoneMessage">
+    <source>The unpacked update is no longer there.</source>
+    <translation>La mise à jour décompressée n’est plus là.</translation>
+</message>
 <message id="KajuLocale.kUse32bitLabel">
     <source>Stay With 32-bit</source>
     <translation>Rester en 32 bits</translation>
@@ -167,6 +207,10 @@
     <source>Available Versions:</source>
     <translation>Versions :</translation>
 </message>
+<message id="KajuLocale.kVersionsName">
+    <source>Available versions</source>
+    <translation>Versions disponibles</translation>
+</message>
 <message id="KajuLocale.kWindowTitle">
     <source>Update Available</source>
     <translation>Mise à jour disponible</translation>
@@ -182,6 +226,30 @@
 <message id="KajuException.kErrorMissingUpdateURL">
     <source>The update URL is missing.</source>
     <translation>L’adresse des mises à jour est manquante.</translation>
+</message>
+<message id="DesktopTexts.kCancelButton">
+    <source>Cancel</source>
+    <translation>Annuler</translation>
+</message>
+<message id="DesktopTexts.kCautionSign">
+    <source>Caution</source>
+    <translation>Attention</translation>
+</message>
+<message id="DesktopTexts.kCopyCommand">
+    <source>Copy</source>
+    <translation>Copier</translation>
+</message>
+<message id="DesktopTexts.kNoButton">
+    <source>No</source>
+    <translation>Non</translation>
+</message>
+<message id="DesktopTexts.kOKButton">
+    <source>OK</source>
+    <translation>OK</translation>
+</message>
+<message id="DesktopTexts.kSelectAllCommand">
+    <source>Select All</source>
+    <translation>Tout sélectionner</translation>
 </message>
 </context>
 </TS>

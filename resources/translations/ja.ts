@@ -31,6 +31,10 @@
     <source>You are currently using the 32-bit version.</source>
     <translation>現在お使いのものは 32 ビット版です。</translation>
 </message>
+<message id="KajuLocale.kDiskFullMessage">
+    <source>The disk is full.</source>
+    <translation>ディスクの空き容量がありません。</translation>
+</message>
 <message id="KajuLocale.kDownloadingMessage">
     <source>Downloading...</source>
     <translation>ダウンロードしています…</translation>
@@ -87,9 +91,21 @@
     <source>Missing</source>
     <translation>不足している項目:</translation>
 </message>
+<message id="KajuLocale.kNoProgramMessage">
+    <source>The update does not contain the program.</source>
+    <translation>アップデートにプログラムが含まれていません。</translation>
+</message>
+<message id="KajuLocale.kNothingStartsMessage">
+    <source>No program can be started from the temporary folder.</source>
+    <translation>一時フォルダからプログラムを起動できません。</translation>
+</message>
 <message id="KajuLocale.kNoUpdateInfoMessage">
     <source>NO UPDATE INFORMATION</source>
     <translation>アップデート情報がありません</translation>
+</message>
+<message id="KajuLocale.kNoMD5Message">
+    <source>The file cannot be checked, since MD5 is switched off on this system.</source>
+    <translation>このシステムでは MD5 が無効になっているため、ファイルを検証できません。</translation>
 </message>
 <message id="KajuLocale.kPaymentRequiredMessage">
     <source>This update is not free and will require payment. Proceed anyway?</source>
@@ -103,6 +119,10 @@
     <source>Processing file...</source>
     <translation>ファイルを処理しています…</translation>
 </message>
+<message id="KajuLocale.kProgressName">
+    <source>Progress</source>
+    <translation>進行状況</translation>
+</message>
 <message id="KajuLocale.kQuitButton">
     <source>Quit &amp;&amp; Install</source>
     <translation>終了 &amp;&amp; インストール</translation>
@@ -115,9 +135,17 @@
     <source>Release Notes:</source>
     <translation>リリースノート:</translation>
 </message>
+<message id="KajuLocale.kReleaseNotesName">
+    <source>Release notes</source>
+    <translation>リリースノート</translation>
+</message>
 <message id="KajuLocale.kRemindMeLaterButton">
     <source>Remind Me Later</source>
     <translation>後で通知</translation>
+</message>
+<message id="KajuLocale.kScriptNotWrittenMessage">
+    <source>The install script cannot be written.</source>
+    <translation>インストールスクリプトを書き込めません。</translation>
 </message>
 <message id="KajuLocale.kSecondaryNoticeMultiple">
     <source>You have version &lt;&lt;ThisVersion&gt;&gt; and there are multiple updates available. Install one?</source>
@@ -151,6 +179,18 @@
     <source>Try Later</source>
     <translation>後で再試行</translation>
 </message>
+<message id="KajuLocale.kUpdateFailedExplanation">
+    <source>This version goes on. The reason is in the system log, under “Kaju Update Script”.</source>
+    <translation>引き続きこのバージョンを使用します。理由はシステムログの「Kaju Update Script」に記録されています。</translation>
+</message>
+<message id="KajuLocale.kUpdateFailedMessage">
+    <source>The update could not be installed.</source>
+    <translation>アップデートをインストールできませんでした。</translation>
+</message>
+<message id="KajuLocale.kUpdateGoneMessage">
+    <source>The unpacked update is no longer there.</source>
+    <translation>展開されたアップデートが見つかりません。</translation>
+</message>
 <message id="KajuLocale.kUse32bitLabel">
     <source>Stay With 32-bit</source>
     <translation>32 ビット版のまま</translation>
@@ -167,6 +207,10 @@
     <source>Available Versions:</source>
     <translation>利用可能なバージョン:</translation>
 </message>
+<message id="KajuLocale.kVersionsName">
+    <source>Available versions</source>
+    <translation>利用可能なバージョン</translation>
+</message>
 <message id="KajuLocale.kWindowTitle">
     <source>Update Available</source>
     <translation>アップデートがあります</translation>
@@ -182,6 +226,30 @@
 <message id="KajuException.kErrorMissingUpdateURL">
     <source>The update URL is missing.</source>
     <translation>アップデートの URL がありません。</translation>
+</message>
+<message id="DesktopTexts.kCancelButton">
+    <source>Cancel</source>
+    <translation>キャンセル</translation>
+</message>
+<message id="DesktopTexts.kCautionSign">
+    <source>Caution</source>
+    <translation>注意</translation>
+</message>
+<message id="DesktopTexts.kCopyCommand">
+    <source>Copy</source>
+    <translation>コピー</translation>
+</message>
+<message id="DesktopTexts.kNoButton">
+    <source>No</source>
+    <translation>いいえ</translation>
+</message>
+<message id="DesktopTexts.kOKButton">
+    <source>OK</source>
+    <translation>OK</translation>
+</message>
+<message id="DesktopTexts.kSelectAllCommand">
+    <source>Select All</source>
+    <translation>すべて選択</translation>
 </message>
 </context>
 </TS>

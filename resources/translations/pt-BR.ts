@@ -31,6 +31,10 @@
     <source>You are currently using the 32-bit version.</source>
     <translation>No momento, você usa a versão de 32 bits.</translation>
 </message>
+<message id="KajuLocale.kDiskFullMessage">
+    <source>The disk is full.</source>
+    <translation>O disco está cheio.</translation>
+</message>
 <message id="KajuLocale.kDownloadingMessage">
     <source>Downloading...</source>
     <translation>Baixando…</translation>
@@ -87,9 +91,21 @@
     <source>Missing</source>
     <translation>Falta:</translation>
 </message>
+<message id="KajuLocale.kNoProgramMessage">
+    <source>The update does not contain the program.</source>
+    <translation>A atualização não contém o programa.</translation>
+</message>
+<message id="KajuLocale.kNothingStartsMessage">
+    <source>No program can be started from the temporary folder.</source>
+    <translation>Nenhum programa pode ser iniciado a partir da pasta temporária.</translation>
+</message>
 <message id="KajuLocale.kNoUpdateInfoMessage">
     <source>NO UPDATE INFORMATION</source>
     <translation>NÃO HÁ INFORMAÇÕES SOBRE A ATUALIZAÇÃO</translation>
+</message>
+<message id="KajuLocale.kNoMD5Message">
+    <source>The file cannot be checked, since MD5 is switched off on this system.</source>
+    <translation>O arquivo não pode ser verificado porque o MD5 está desativado neste sistema.</translation>
 </message>
 <message id="KajuLocale.kPaymentRequiredMessage">
     <source>This update is not free and will require payment. Proceed anyway?</source>
@@ -103,6 +119,10 @@
     <source>Processing file...</source>
     <translation>Processando o arquivo…</translation>
 </message>
+<message id="KajuLocale.kProgressName">
+    <source>Progress</source>
+    <translation>Progresso</translation>
+</message>
 <message id="KajuLocale.kQuitButton">
     <source>Quit &amp;&amp; Install</source>
     <translation>Sair &amp;&amp; instalar</translation>
@@ -115,9 +135,17 @@
     <source>Release Notes:</source>
     <translation>Notas da versão:</translation>
 </message>
+<message id="KajuLocale.kReleaseNotesName">
+    <source>Release notes</source>
+    <translation>Notas da versão</translation>
+</message>
 <message id="KajuLocale.kRemindMeLaterButton">
     <source>Remind Me Later</source>
     <translation>Lembrar mais tarde</translation>
+</message>
+<message id="KajuLocale.kScriptNotWrittenMessage">
+    <source>The install script cannot be written.</source>
+    <translation>Não é possível gravar o script de instalação.</translation>
 </message>
 <message id="KajuLocale.kSecondaryNoticeMultiple">
     <source>You have version &lt;&lt;ThisVersion&gt;&gt; and there are multiple updates available. Install one?</source>
@@ -151,6 +179,18 @@
     <source>Try Later</source>
     <translation>Tentar mais tarde</translation>
 </message>
+<message id="KajuLocale.kUpdateFailedExplanation">
+    <source>This version goes on. The reason is in the system log, under “Kaju Update Script”.</source>
+    <translation>Esta versão continua em uso. O motivo está no log do sistema, em “Kaju Update Script”.</translation>
+</message>
+<message id="KajuLocale.kUpdateFailedMessage">
+    <source>The update could not be installed.</source>
+    <translation>Não foi possível instalar a atualização.</translation>
+</message>
+<message id="KajuLocale.kUpdateGoneMessage">
+    <source>The unpacked update is no longer there.</source>
+    <translation>A atualização descompactada não está mais lá.</translation>
+</message>
 <message id="KajuLocale.kUse32bitLabel">
     <source>Stay With 32-bit</source>
     <translation>Continuar com 32 bits</translation>
@@ -167,6 +207,10 @@
     <source>Available Versions:</source>
     <translation>Versões:</translation>
 </message>
+<message id="KajuLocale.kVersionsName">
+    <source>Available versions</source>
+    <translation>Versões disponíveis</translation>
+</message>
 <message id="KajuLocale.kWindowTitle">
     <source>Update Available</source>
     <translation>Atualização disponível</translation>
@@ -182,6 +226,30 @@
 <message id="KajuException.kErrorMissingUpdateURL">
     <source>The update URL is missing.</source>
     <translation>Falta o endereço das atualizações.</translation>
+</message>
+<message id="DesktopTexts.kCancelButton">
+    <source>Cancel</source>
+    <translation>Cancelar</translation>
+</message>
+<message id="DesktopTexts.kCautionSign">
+    <source>Caution</source>
+    <translation>Atenção</translation>
+</message>
+<message id="DesktopTexts.kCopyCommand">
+    <source>Copy</source>
+    <translation>Copiar</translation>
+</message>
+<message id="DesktopTexts.kNoButton">
+    <source>No</source>
+    <translation>Não</translation>
+</message>
+<message id="DesktopTexts.kOKButton">
+    <source>OK</source>
+    <translation>OK</translation>
+</message>
+<message id="DesktopTexts.kSelectAllCommand">
+    <source>Select All</source>
+    <translation>Selecionar tudo</translation>
 </message>
 </context>
 </TS>

@@ -68,14 +68,26 @@ void wMain::WireEvents() {
 
 // The check runs the event loop, so the window may be gone before it is over.
 void wMain::Event_Open() {
-  const auto checker =
-      std::make_shared<Kaju::UpdateChecker>(App::Current().KajuPrefFolder(), "Kaju_Preferences", presenter_);
+  const auto checker = MakeChecker();
   pKaju = checker;
   checker->AllowedInteraction = Kaju::UpdateChecker::kAllowUpdateWindow;
   checker->ServerPublicRSAKey = product::updatePublicKey;
   checker->UpdateURL = product::updateURL;
   checker->AllowedStage = AllowedUpdateStage();
   checker->Execute();
+}
+
+std::shared_ptr<Kaju::UpdateChecker> wMain::MakeChecker() const {
+  const toolkit::FolderItem folder = App::Current().KajuPrefFolder();
+  constexpr std::string_view name = "Kaju_Preferences";
+  try {
+    return std::make_shared<Kaju::UpdateChecker>(folder, name, presenter_);
+  } catch (const toolkit::RuntimeException& unreadable) {
+    const toolkit::FolderItem aside = Kaju::SetPreferencesAside(folder.Child(name));
+    toolkit::MsgBox(unreadable.Message() + " What was there is now called " + aside.Name() +
+                    ", and versions that you skipped are offered again.");
+  }
+  return std::make_shared<Kaju::UpdateChecker>(folder, name, presenter_);
 }
 
 void wMain::listServers_Open() {

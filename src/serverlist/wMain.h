@@ -39,6 +39,9 @@ class wMain final : public toolkit::Window {
   void BuildControls();
   void WireEvents();
 
+  /// Preferences that cannot be read are out of its way.
+  [[nodiscard]] std::shared_ptr<Kaju::UpdateChecker> MakeChecker() const;
+
   void Event_Open();
   void listServers_Open();
   void listServers_DoubleClick();

@@ -95,7 +95,8 @@ std::optional<std::string> TessenServicesClient::Accept(int status, std::string_
 
 void TessenServicesClient::Event_Error(const RuntimeException& error) {
   Ended();
-  Error(error);
+  const bool isRefused = LastFault() == toolkit::TransferFault::Refused;
+  Error(isRefused ? RuntimeException(error.Message() + " Is the panel service running there?") : error);
 }
 
 void TessenServicesClient::Event_FileReceived(const std::string&, int, const toolkit::FolderItem&) {}

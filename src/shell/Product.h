@@ -1,10 +1,12 @@
 #pragma once
 
 #include "toolkit/Application.h"
+#include "toolkit/ProgramFacts.h"
 
 /// What the product says of itself, as it was configured. A program links the facts that it is to have.
 namespace product {
 
+inline const toolkit::ProgramFacts program{.Name = "Corvane", .Id = "corvane"};
 extern const toolkit::ReleaseNumbers version;
 extern const char* const copyright;
 extern const char* const updateURL;

@@ -6,6 +6,9 @@
 
 namespace toolkit {
 
+/// Whether the system's number of an error (errno) says that there is no space left, or none for this user.
+[[nodiscard]] bool IsDiskFull(int error);
+
 /// Writes bytes to a file. After an error, nothing more is written.
 class BinaryStream {
  public:

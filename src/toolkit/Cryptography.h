@@ -4,18 +4,25 @@
 #include <string>
 #include <string_view>
 
+#include "toolkit/StillWanted.h"
+
 namespace toolkit {
 
-/// The MD5 digest (RFC 1321) of data that comes in pieces.
-class MD5Digest {
+/// The digest of data that comes in pieces: MD5 (RFC 1321) or SHA-256 (FIPS 180-4).
+class Digest {
  public:
-  MD5Digest();
-  MD5Digest(const MD5Digest&) = delete;
-  MD5Digest& operator=(const MD5Digest&) = delete;
-  ~MD5Digest();
+  enum class Kind { MD5, SHA256 };
 
+  /// Throws a RuntimeException if the digest is not available.
+  explicit Digest(Kind kind);
+  Digest(const Digest&) = delete;
+  Digest& operator=(const Digest&) = delete;
+  ~Digest();
+
+  /// Whether the system lets programs compute such digests. Some leave MD5 out.
+  [[nodiscard]] static bool IsAvailable(Kind kind);
   void Process(std::string_view bytes);
-  /// The 16 bytes of the digest. The last call.
+  /// The 16 or 32 bytes of the digest. The last call.
   [[nodiscard]] std::string Value();
 
  private:
@@ -25,8 +32,9 @@ class MD5Digest {
 
 /// Whether `signature` (raw bytes) is the signature of `data` by the owner of `publicKey`: RSASSA-PKCS1-v1_5 with
 /// SHA-256 (RFC 8017). The key is a SubjectPublicKeyInfo (RFC 5280) in DER, as hexadecimal text. Whatever is unusable,
-/// the key included, gives false.
-[[nodiscard]] bool RSAVerifySignature(std::string_view data, std::string_view signature, std::string_view publicKey);
+/// the key included, gives false. Asks after each megabyte whether it is still wanted; false if it is not.
+[[nodiscard]] bool RSAVerifySignature(std::string_view data, std::string_view signature, std::string_view publicKey,
+                                      const StillWanted& wanted = {});
 
 /// Whether `publicKey`, in the form of RSAVerifySignature(), is an RSA key of at least 2048 bits.
 [[nodiscard]] bool IsUsablePublicKey(std::string_view publicKey);

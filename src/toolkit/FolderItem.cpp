@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
+#include <exception>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
 
@@ -21,13 +23,30 @@ fs::file_type TypeOf(const fs::path& path) {
   return fs::symlink_status(path, ignored).type();
 }
 
-/// A path in the system's temporary folder that ends as mkstemp() and mkdtemp() want it.
-std::string TemporaryPath() {
-  std::error_code error;
-  fs::path folder = fs::temp_directory_path(error);
-  if (!error) folder = fs::absolute(folder, error);
-  if (error) throw RuntimeException("There is no folder for temporary files: " + error.message() + ".");
-  return (folder / "corvane-XXXXXX").string();
+std::string TemporaryPrefix() { return Platform::Current().Program().Id + "-"; }
+
+/// A path that ends as mkstemp() and mkdtemp() want it.
+std::string TemporaryPath(const FolderItem& place) {
+  place.CreateAsFolder();
+  return place.Child(TemporaryPrefix() + "XXXXXX").Path().string();
+}
+
+[[noreturn]] void ThrowForTemporary(const std::string& what, const std::string& path) {
+  const int error = errno;
+  throw RuntimeException(
+      "No temporary " + what + " can be made at " + path + ": " + std::generic_category().message(error) + ".", error);
+}
+
+FolderItem MakeInFirstPlace(FolderItem (*make)(const FolderItem& place)) {
+  std::exception_ptr failure;
+  for (const FolderItem& place : TemporaryPlaces()) {
+    try {
+      return make(place);
+    } catch (const RuntimeException&) {
+      if (!failure) failure = std::current_exception();
+    }
+  }
+  std::rethrow_exception(failure);
 }
 
 }  // namespace
@@ -96,18 +115,51 @@ void FolderItem::Delete() const {
 
 void FolderItem::Launch() const { Platform::Current().OpenURL("file://" + EncodeURLPath(path_.string())); }
 
-FolderItem MakeTemporaryFolder() {
-  std::string path = TemporaryPath();
-  if (mkdtemp(path.data()) == nullptr) throw RuntimeException("No temporary folder can be made at " + path + ".");
+bool AreOnOneDisk(const FolderItem& one, const FolderItem& other) {
+  struct stat ofOne {};
+  struct stat ofOther {};
+  return stat(one.Path().c_str(), &ofOne) == 0 && stat(other.Path().c_str(), &ofOther) == 0 &&
+         ofOne.st_dev == ofOther.st_dev;
+}
+
+std::vector<FolderItem> TemporaryPlaces() {
+  std::vector<FolderItem> places;
+  std::error_code error;
+  fs::path folder = fs::temp_directory_path(error);
+  if (!error) folder = fs::absolute(folder, error);
+  if (!error) places.emplace_back(folder);
+  places.push_back(Platform::Current().CacheFolder());
+  return places;
+}
+
+FolderItem MakeTemporaryFolder(const FolderItem& place) {
+  std::string path = TemporaryPath(place);
+  if (mkdtemp(path.data()) == nullptr) ThrowForTemporary("folder", path);
   return FolderItem(path);
 }
 
-FolderItem MakeTemporaryFile() {
-  std::string path = TemporaryPath();
+FolderItem MakeTemporaryFolder() { return MakeInFirstPlace(MakeTemporaryFolder); }
+
+FolderItem MakeTemporaryFile(const FolderItem& place) {
+  std::string path = TemporaryPath(place);
   const int descriptor = mkstemp(path.data());
-  if (descriptor < 0) throw RuntimeException("No temporary file can be made at " + path + ".");
+  if (descriptor < 0) ThrowForTemporary("file", path);
   close(descriptor);
   return FolderItem(path);
+}
+
+FolderItem MakeTemporaryFile() { return MakeInFirstPlace(MakeTemporaryFile); }
+
+std::vector<FolderItem> TemporaryFolders() {
+  std::vector<FolderItem> folders;
+  for (const FolderItem& place : TemporaryPlaces()) {
+    for (const FolderItem& entry : place.Children()) {
+      struct stat status {};
+      const bool isOwn = lstat(entry.Path().c_str(), &status) == 0 && status.st_uid == geteuid();
+      if (isOwn && entry.IsFolder() && entry.Name().starts_with(TemporaryPrefix())) folders.push_back(entry);
+    }
+  }
+  return folders;
 }
 
 }  // namespace toolkit

@@ -54,12 +54,25 @@ class FolderItem {
   std::filesystem::path path_;
 };
 
-/// Makes a new, empty folder of an unguessable name that only this user can enter (mode 0700). Throws a
-/// RuntimeException if none can be made.
-[[nodiscard]] FolderItem MakeTemporaryFolder();
+/// Whether a file keeps its bytes where they are when it gets another name, from one of these folders to the other.
+[[nodiscard]] bool AreOnOneDisk(const FolderItem& one, const FolderItem& other);
 
-/// Makes a new, empty file of an unguessable name that only this user can read (mode 0600). Throws a RuntimeException
-/// if none can be made.
+/// Where temporary files go, the best place first: the system's folder for them, if there is one, and the user's own
+/// cache folder.
+[[nodiscard]] std::vector<FolderItem> TemporaryPlaces();
+
+// Each of these has an unguessable name. A RuntimeException tells if none can be made.
+
+/// Makes a new, empty folder that only this user can enter (mode 0700).
+[[nodiscard]] FolderItem MakeTemporaryFolder(const FolderItem& place);
+/// The same in the first of the TemporaryPlaces() that has room for it.
+[[nodiscard]] FolderItem MakeTemporaryFolder();
+/// Makes a new, empty file that only this user can read (mode 0600).
+[[nodiscard]] FolderItem MakeTemporaryFile(const FolderItem& place);
+/// The same in the first of the TemporaryPlaces() that has room for it.
 [[nodiscard]] FolderItem MakeTemporaryFile();
+
+/// All folders that MakeTemporaryFolder() made for this user, in this run or another one, and that are still there.
+[[nodiscard]] std::vector<FolderItem> TemporaryFolders();
 
 }  // namespace toolkit

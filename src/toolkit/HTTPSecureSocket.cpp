@@ -14,6 +14,10 @@ constexpr int timedOutCode = -1;
 constexpr int firstFaultCode = 100;
 constexpr int unauthorized = 401;
 
+std::int64_t OrUnknown(std::optional<std::uint64_t> length) {
+  return length ? static_cast<std::int64_t>(*length) : std::int64_t{-1};
+}
+
 /// The URL as this kind of connection is made to it: another scheme gives way, a missing port is filled in.
 std::string AddressOf(std::string_view url, bool secure, int port) {
   url = Trim(url);
@@ -116,7 +120,10 @@ bool HTTPSecureSocket::SendAgainWithCredentials() {
   return true;
 }
 
-void HTTPSecureSocket::Event_HeadersReceived(const std::string& /*url*/, int status) { status_ = status; }
+void HTTPSecureSocket::Event_HeadersReceived(const std::string& /*url*/, int status) {
+  status_ = status;
+  if (report_ == Report::ByEvents) HeadersReceived(status, OrUnknown(AnnouncedLength()));
+}
 
 void HTTPSecureSocket::Event_Error(const RuntimeException& /*error*/) {
   if (report_ == Report::ByEvents) Error(LastErrorCode());
@@ -136,8 +143,7 @@ void HTTPSecureSocket::Event_PageReceived(const std::string& /*url*/, int status
 }
 
 void HTTPSecureSocket::Event_ReceiveProgress(std::uint64_t bytesReceived, std::optional<std::uint64_t> totalBytes) {
-  ReceiveProgress(static_cast<std::int64_t>(bytesReceived),
-                  totalBytes ? static_cast<std::int64_t>(*totalBytes) : std::int64_t{-1});
+  ReceiveProgress(static_cast<std::int64_t>(bytesReceived), OrUnknown(totalBytes));
 }
 
 }  // namespace toolkit

@@ -30,6 +30,8 @@ class HTTPSecureSocket : private HTTPSocket {
   Event<int, const std::string&> PageReceived;
   /// As PageReceived, for a call whose body went to a file.
   Event<int, const FolderItem&> DownloadComplete;
+  /// The asynchronous call's reply begins: its status, and how long its body is to be, -1 if that is unknown.
+  Event<int, std::int64_t> HeadersReceived;
   /// Bytes received so far, and in all, or -1 if that is unknown. Any call.
   Event<std::int64_t, std::int64_t> ReceiveProgress;
 
@@ -66,6 +68,8 @@ class HTTPSecureSocket : private HTTPSocket {
   [[nodiscard]] int LastErrorCode() const;
   /// Whether the last call failed because the body was longer than LargestBody.
   [[nodiscard]] bool WasTooLarge() const { return LastFault() == TransferFault::TooLarge; }
+  /// Whether the last call failed because the file had no space left.
+  [[nodiscard]] bool FoundDiskFull() const { return LastFault() == TransferFault::DiskFull; }
 
  protected:
   /// Changes the URL of a request, and this socket's settings, before the request is sent.

@@ -1,6 +1,7 @@
 #include "toolkit/HTTPSocket.h"
 
 #include <algorithm>
+#include <system_error>
 #include <utility>
 
 #include "toolkit/Platform.h"
@@ -59,7 +60,7 @@ void HTTPSocket::Disconnect() {
 
 void HTTPSocket::LetGo() {
   transfer_.reset();
-  fileStream_.close();
+  fileStream_.reset();
 }
 
 void HTTPSocket::Start(std::string_view method, std::string_view url) {
@@ -91,7 +92,8 @@ void HTTPSocket::HeadersReceived(int status, HTTPHeaders headers, std::optional<
     FailAsTooLarge();
     return;
   }
-  if (file_ && !OpenFile()) return;
+  if (file_) fileStream_.emplace(*file_);
+  if (!CheckFile()) return;
   if (!file_ && length) content_.reserve(std::min(*length, largestReserve));
   Event_HeadersReceived(std::string(url_), status);
 }
@@ -102,11 +104,11 @@ void HTTPSocket::BodyReceived(std::string_view bytes) {
     FailAsTooLarge();
     return;
   }
-  if (!file_) {
+  if (fileStream_) {
+    fileStream_->Write(bytes);
+    if (!CheckFile()) return;
+  } else {
     content_ += bytes;
-  } else if (!fileStream_.write(bytes.data(), static_cast<std::streamsize>(bytes.size()))) {
-    FailToWrite("written");
-    return;
   }
   Event_ReceiveProgress(receivedLength_, announcedLength_);
 }
@@ -122,30 +124,25 @@ void HTTPSocket::Finished() {
     return;
   }
   const FolderItem file = *file_;
-  fileStream_.close();
-  if (fileStream_.fail()) {
-    FailToWrite("written");
-  } else {
-    Event_FileReceived(url, status_, file);
-  }
+  fileStream_->Close();
+  if (!CheckFile()) return;
+  fileStream_.reset();
+  Event_FileReceived(url, status_, file);
 }
 
 void HTTPSocket::Failed(const TransferFailure& failure) { FailWith(failure.Fault, DescribeFailure(failure)); }
 
-bool HTTPSocket::OpenFile() {
-  fileStream_ = std::ofstream(file_->Path(), std::ios::binary | std::ios::trunc);
-  if (fileStream_.is_open()) return true;
-  FailToWrite("created");
+bool HTTPSocket::CheckFile() {
+  const int error = fileStream_ ? fileStream_->LastErrorCode() : 0;
+  if (error == 0) return true;
+  FailWith(
+      IsDiskFull(error) ? TransferFault::DiskFull : TransferFault::FileNotWritten,
+      "The file " + file_->Path().string() + " could not be written: " + std::generic_category().message(error) + ".");
   return false;
 }
 
 void HTTPSocket::FailAsTooLarge() {
   FailWith(TransferFault::TooLarge, "The reply is larger than " + std::to_string(LargestBody) + " bytes.");
-}
-
-void HTTPSocket::FailToWrite(std::string_view what) {
-  FailWith(TransferFault::FileNotWritten,
-           "The file " + file_->Path().string() + " could not be " + std::string(what) + ".");
 }
 
 void HTTPSocket::FailWith(TransferFault fault, const std::string& message) {

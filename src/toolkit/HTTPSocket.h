@@ -2,13 +2,13 @@
 
 #include <chrono>
 #include <cstdint>
-#include <fstream>
 #include <limits>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
+#include "toolkit/BinaryStream.h"
 #include "toolkit/FolderItem.h"
 #include "toolkit/HTTPTransfer.h"
 #include "toolkit/InternetHeaders.h"
@@ -52,6 +52,8 @@ class HTTPSocket : private HTTPTransferEvents {
   void Send(std::string_view method, std::string_view url, const FolderItem& file);
   /// Ends the request under way, if there is one, wherever it is and without any event.
   void Disconnect();
+  /// How long the last reply said that its body is.
+  [[nodiscard]] std::optional<std::uint64_t> AnnouncedLength() const { return announcedLength_; }
   /// Whether a request is under way.
   [[nodiscard]] bool IsConnected() const { return transfer_ != nullptr; }
   /// Why the last request failed; nothing if it has not.
@@ -70,10 +72,10 @@ class HTTPSocket : private HTTPTransferEvents {
  private:
   void Start(std::string_view method, std::string_view url);
   void LetGo();
-  bool OpenFile();
   void FailWith(TransferFault fault, const std::string& message);
   void FailAsTooLarge();
-  void FailToWrite(std::string_view what);
+  /// Fails if the file has an error. Returns whether it has none.
+  bool CheckFile();
 
   void HeadersReceived(int status, HTTPHeaders headers, std::optional<std::uint64_t> length) override;
   void BodyReceived(std::string_view bytes) override;
@@ -93,7 +95,7 @@ class HTTPSocket : private HTTPTransferEvents {
   std::uint64_t receivedLength_ = 0;
   std::string content_;
   std::optional<FolderItem> file_;
-  std::ofstream fileStream_;
+  std::optional<BinaryStream> fileStream_;
   std::unique_ptr<HTTPTransfer> transfer_;
 };
 

@@ -45,6 +45,7 @@ enum class TransferFault {
   TooLarge,
   FileNotWritten,
   Other,
+  DiskFull,
 };
 
 struct TransferFailure {

@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <limits>
 #include <memory>
+#include <string>
+#include <utility>
 
 #include <boost/json/basic_parser_impl.hpp>
 #include <boost/json/monotonic_resource.hpp>
@@ -22,6 +24,7 @@ namespace toolkit {
 namespace {
 
 constexpr std::size_t deepestNesting = 64;
+constexpr std::size_t bytesAtOnce = 1'000'000;
 
 [[noreturn]] void ExplainFailure(std::string_view text, json::error_code error) {
   if (!IsUTF8(text)) throw RuntimeException("the text is not UTF-8");
@@ -46,6 +49,7 @@ struct Reader {
 
   json::value_stack* values = nullptr;
   bool isObject = false;
+  std::string beginOfNumber;  // of one that two pieces share
 
   bool Push(auto push) {
     isObject = false;
@@ -64,11 +68,12 @@ struct Reader {
   bool on_key(Text text, std::size_t, Error&) { return Push([=](auto& stack) { stack.push_key(text); }); }
   bool on_string_part(Text text, std::size_t, Error&) { return Push([=](auto& stack) { stack.push_chars(text); }); }
   bool on_string(Text text, std::size_t, Error&) { return Push([=](auto& stack) { stack.push_string(text); }); }
-  static bool on_number_part(Text, Error&) { return true; }
-  bool on_int64(std::int64_t number, Text, Error&) { return Push([=](auto& stack) { stack.push_int64(number); }); }
-  bool on_uint64(std::uint64_t number, Text, Error&) { return Push([=](auto& stack) { stack.push_uint64(number); }); }
+  bool on_number_part(Text text, Error&) { beginOfNumber += text; return true; }
+  bool on_int64(std::int64_t number, Text, Error&) { beginOfNumber.clear(); return Push([=](auto& stack) { stack.push_int64(number); }); }
+  bool on_uint64(std::uint64_t number, Text, Error&) { beginOfNumber.clear(); return Push([=](auto& stack) { stack.push_uint64(number); }); }
   bool on_double(double number, Text text, Error& error) {
-    std::from_chars(text.begin(), text.end(), number);  // the parser itself may miss the nearest number by a little
+    const std::string whole = std::exchange(beginOfNumber, {}).append(text);
+    std::from_chars(whole.data(), whole.data() + whole.size(), number);  // the parser itself may miss the nearest number by a little
     if (std::isfinite(number)) return Push([=](auto& stack) { stack.push_double(number); });
     error = json::error::exponent_overflow;  // it could not be written out again
     return false;
@@ -80,15 +85,24 @@ struct Reader {
   // clang-format on
 };
 
-/// Reads all of `text`. Returns whether it is an object.
-bool Read(std::string_view text, json::value_stack* values) {
+enum class Kind { Object, Other, Unwanted };
+
+/// Reads all of `text`, unless it is no longer wanted.
+Kind Read(std::string_view text, json::value_stack* values, const StillWanted& wanted = {}) {
   json::basic_parser<Reader> parser(Options());
   parser.handler().values = values;
   json::error_code error;
-  const std::size_t used = parser.write_some(false, text.data(), text.size(), error);
-  if (!error && used < text.size()) error = json::error::extra_data;
-  if (error) ExplainFailure(text, error);
-  return parser.handler().isObject;
+  const std::size_t pieceSize = wanted ? bytesAtOnce : text.size();
+  std::size_t place = 0;
+  do {
+    if (place > 0 && !IsWanted(wanted)) return Kind::Unwanted;
+    const std::string_view piece = text.substr(place, pieceSize);
+    place += piece.size();
+    const std::size_t used = parser.write_some(place < text.size(), piece.data(), piece.size(), error);
+    if (!error && used < piece.size()) error = json::error::extra_data;
+    if (error) ExplainFailure(text, error);
+  } while (place < text.size());
+  return parser.handler().isObject ? Kind::Object : Kind::Other;
 }
 
 /// A text's values in one block of memory: it is built once, read, and dropped as one, without a visit to each value.
@@ -97,11 +111,12 @@ struct Tree {
   json::value Root = json::value(json::storage_ptr(&Memory));
 };
 
-std::shared_ptr<const Tree> Parse(std::string_view text) {
+/// nullptr if it is no longer wanted.
+std::shared_ptr<const Tree> Parse(std::string_view text, const StillWanted& wanted = {}) {
   const auto tree = std::make_shared<Tree>();
   json::value_stack values;
   values.reset(&tree->Memory);
-  Read(text, &values);
+  if (Read(text, &values, wanted) == Kind::Unwanted) return nullptr;
   tree->Root = values.release();
   return tree;
 }
@@ -109,11 +124,12 @@ std::shared_ptr<const Tree> Parse(std::string_view text) {
 }  // namespace
 
 void CheckJSON(std::string_view text) {
-  if (!Read(text, nullptr)) throw RuntimeException("the JSON is not an object");
+  if (Read(text, nullptr) != Kind::Object) throw RuntimeException("the JSON is not an object");
 }
 
-std::shared_ptr<const JSONItem> ParseJSONItem(std::string_view text) {
-  const auto tree = Parse(text);
+std::shared_ptr<const JSONItem> ParseJSONItem(std::string_view text, const StillWanted& wanted) {
+  const auto tree = Parse(text, wanted);
+  if (!tree) return nullptr;
   if (!tree->Root.is_structured()) throw RuntimeException("the JSON is neither an object nor an array");
   return {tree, &tree->Root};
 }

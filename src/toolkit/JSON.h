@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "toolkit/StillWanted.h"
 #include "toolkit/Variant.h"
 
 namespace toolkit {
@@ -21,8 +22,9 @@ void CheckJSON(std::string_view text);
 /// A JSON object or array with all that is in it.
 using JSONItem = boost::json::value;
 
-/// The object or array in `text`, under the rules of ParseJSON().
-[[nodiscard]] std::shared_ptr<const JSONItem> ParseJSONItem(std::string_view text);
+/// The object or array in `text`, under the rules of ParseJSON(). Asks after each megabyte whether it is still wanted,
+/// and gives nullptr if it is not.
+[[nodiscard]] std::shared_ptr<const JSONItem> ParseJSONItem(std::string_view text, const StillWanted& wanted = {});
 
 /// `members` as one JSON object in UTF-8, without line breaks, "{}" if there are none.
 [[nodiscard]] std::string GenerateJSON(const Dictionary& members);

@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "resources/Resource.h"
 #include "toolkit/Platform.h"
@@ -9,12 +10,10 @@
 
 namespace toolkit {
 
-std::shared_ptr<const Picture> Picture::FromData(std::string encoded) {
-  std::shared_ptr<const Picture> picture(new Picture(std::move(encoded)));
-  const std::optional<Size> size = Platform::Current().SizeOfPicture(picture->Encoded());
-  if (!size) throw RuntimeException("The picture cannot be read.");
-  if (std::int64_t{size->Width} * size->Height > MostPixels) throw RuntimeException("The picture is too large.");
-  return picture;
+std::shared_ptr<const Picture> Picture::FromData(std::string encoded, const StillWanted& wanted) {
+  std::optional<toolkit::Pixels> pixels = Platform::Current().DecodePicture(std::move(encoded), wanted);
+  if (!pixels) throw RuntimeException("The picture cannot be read.");
+  return std::make_shared<const Picture>(*std::move(pixels));
 }
 
 std::shared_ptr<const Picture> Picture::Faded(std::shared_ptr<const Picture> original, double transparency) {

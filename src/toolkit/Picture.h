@@ -7,26 +7,32 @@
 #include <string>
 #include <string_view>
 
+#include "toolkit/Pixels.h"
+#include "toolkit/StillWanted.h"
+
 namespace toolkit {
 
-/// A picture in its encoded form, such as PNG; the desktop decodes it when it paints it. It never changes, so any
-/// number of owners may share it.
+/// A picture: one of the program's own in its encoded form, which the desktop decodes when it paints it, or the pixels
+/// of one that came from elsewhere. It never changes, so any number of owners may share it.
 class Picture {
  public:
-  /// `encoded` must outlive the picture.
+  /// One of the program's own. `encoded`, in PNG, must outlive the picture.
   explicit Picture(std::span<const std::byte> encoded) : encoded_(encoded) {}
+  explicit Picture(toolkit::Pixels pixels) : pixels_(std::move(pixels)) {}
   Picture(const Picture&) = delete;
   Picture& operator=(const Picture&) = delete;
   ~Picture() = default;
 
-  /// More are never decoded.
-  static constexpr std::int64_t MostPixels = 50'000'000;
+  /// The most that one from elsewhere has; a larger one is made smaller.
+  static constexpr std::int64_t MostPixels = 2'500'000;
 
-  /// The picture in `encoded`. Throws a RuntimeException if that is none that the desktop can show, or one of more than
-  /// MostPixels.
-  [[nodiscard]] static std::shared_ptr<const Picture> FromData(std::string encoded);
+  /// The picture in `encoded`, which may come from anybody. Runs the event loop while it is decoded, and gives up once
+  /// it is no longer wanted. Throws a RuntimeException if there is none that the desktop can show.
+  [[nodiscard]] static std::shared_ptr<const Picture> FromData(std::string encoded, const StillWanted& wanted = {});
 
-  [[nodiscard]] std::span<const std::byte> Encoded() const { return encoded_; }
+  /// Empty if the picture has pixels.
+  [[nodiscard]] std::span<const std::byte> Encoded() const { return Original().encoded_; }
+  [[nodiscard]] const toolkit::Pixels& Pixels() const { return Original().pixels_; }
   /// How much of what lies beneath shows through, in per cent, where the picture's own mask lets anything be drawn.
   [[nodiscard]] double Transparency() const { return transparency_; }
 
@@ -35,14 +41,14 @@ class Picture {
                                                             double transparency);
 
  private:
-  explicit Picture(std::string encoded) : owned_(std::move(encoded)), encoded_(std::as_bytes(std::span(owned_))) {}
-
   Picture(std::shared_ptr<const Picture> original, double transparency)
-      : encoded_(original->encoded_), original_(std::move(original)), transparency_(transparency) {}
+      : original_(std::move(original)), transparency_(transparency) {}
 
-  std::string owned_;
+  [[nodiscard]] const Picture& Original() const { return original_ ? original_->Original() : *this; }
+
   std::span<const std::byte> encoded_;
-  // Owns the bytes of a faded picture.
+  toolkit::Pixels pixels_;
+  // Owns what a faded picture shows.
   std::shared_ptr<const Picture> original_;
   double transparency_ = 0;
 };

@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <exception>
 #include <iostream>
+#include <utility>
 
 #include "toolkit/Window.h"
 
@@ -14,7 +15,7 @@ Platform* current = nullptr;  // NOLINT(cppcoreguidelines-avoid-non-const-global
 
 }  // namespace
 
-Platform::Platform() { current = this; }
+Platform::Platform(ProgramFacts program) : program_(std::move(program)) { current = this; }
 
 Platform::~Platform() { current = nullptr; }
 

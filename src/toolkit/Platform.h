@@ -1,12 +1,10 @@
 #pragma once
 
 #include <chrono>
-#include <cstddef>
 #include <deque>
 #include <functional>
 #include <memory>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,8 +12,10 @@
 #include "toolkit/FolderItem.h"
 #include "toolkit/HTTPTransfer.h"
 #include "toolkit/MessageDialog.h"
+#include "toolkit/Pixels.h"
+#include "toolkit/ProgramFacts.h"
 #include "toolkit/Shell.h"
-#include "toolkit/Size.h"
+#include "toolkit/StillWanted.h"
 #include "toolkit/Timer.h"
 
 namespace toolkit {
@@ -29,13 +29,15 @@ class Window;
 /// ended, or waits by RunEventsUntil() or RunDueEvents(). These two are the only waits that run other handlers.
 class Platform {
  public:
-  Platform();
+  explicit Platform(ProgramFacts program);
   Platform(const Platform&) = delete;
   Platform& operator=(const Platform&) = delete;
   virtual ~Platform();
 
   /// The one platform. Misuse, and the end of the program, if there is none.
   static Platform& Current();
+
+  [[nodiscard]] const ProgramFacts& Program() const { return program_; }
 
   /// Puts `window` on the screen and owns it until it is closed. A window that is open already comes to the front.
   void Open(const std::shared_ptr<Window>& window);
@@ -70,21 +72,24 @@ class Platform {
   /// Runs the event loop until `isDone`, which is asked after each round of events, or until the program quits. Other
   /// handlers run meanwhile.
   virtual void RunEventsUntil(const std::function<bool()>& isDone) = 0;
-  /// Runs the events that are due and their handlers, without waiting for any: for the breaks in long work.
-  virtual void RunDueEvents() = 0;
+  /// Runs the events that are due and their handlers, without waiting for any: for the breaks in long work. Returns
+  /// whether the program goes on, false once it quits.
+  virtual bool RunDueEvents() = 0;
   /// Calls `expired` once, after `period` of CountedTime(), unless the result goes before. It may go in that call.
   virtual std::unique_ptr<PlatformTimer> StartTimer(std::chrono::milliseconds period,
                                                     std::function<void()> expired) = 0;
-  /// Runs a command line in the system's shell, without a terminal, and tells how it ended. The result may go in that
-  /// call, or before, and then nothing is told.
+  /// Runs a command line in the system's shell, without a terminal and without what the user's environment has for the
+  /// loader of programs (LD_*), and tells how it ended. The result may go in that call, or before, and then nothing is
+  /// told.
   virtual std::unique_ptr<ChildProcess> StartProcess(const std::string& commandLine,
                                                      std::function<void(ProcessEnd)> ended) = 0;
   /// The time since some moment in the past. It never goes backwards.
   [[nodiscard]] virtual std::chrono::milliseconds Uptime() const = 0;
   /// Lets servers show certificates of another authority than those that the system trusts. `certificate` is in PEM.
   virtual void TrustAuthority(std::string_view certificate) = 0;
-  /// The size in pixels of a picture in its encoded form, or nothing if it is none that the desktop can show.
-  virtual std::optional<Size> SizeOfPicture(std::span<const std::byte> encoded) = 0;
+  /// The pixels of a picture that may come from anybody, Picture::MostPixels at most; nothing if it is none that the
+  /// desktop can show. Runs the event loop until it is decoded or no longer wanted.
+  virtual std::optional<Pixels> DecodePicture(std::string encoded, const StillWanted& wanted) = 0;
   /// The text for `key` in `language`, an IETF tag, or in the user's languages if that is empty; nothing where the
   /// text in the program serves.
   virtual std::optional<std::string> Translation(const std::string& key, const std::string& language) = 0;
@@ -96,6 +101,8 @@ class Platform {
   virtual void Quit(int status) = 0;
   [[nodiscard]] virtual FolderItem ApplicationDataFolder() const = 0;
   [[nodiscard]] virtual FolderItem DesktopFolder() const = 0;
+  /// Where programs keep, for this user, what they can make again.
+  [[nodiscard]] virtual FolderItem CacheFolder() const = 0;
 
  protected:
   virtual void Present(Window& window) = 0;
@@ -112,6 +119,7 @@ class Platform {
   void DropEvents() { waitingEvents_.clear(); }
 
  private:
+  ProgramFacts program_;
   bool closesAll_ = false;
   bool sessionEnds_ = false;
   std::vector<std::shared_ptr<Window>> windows_;

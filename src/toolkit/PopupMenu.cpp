@@ -1,11 +1,13 @@
 #include "toolkit/PopupMenu.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace toolkit {
 
-void PopupMenu::AddRow(std::string text) {
-  rows_.push_back({.text = std::move(text), .tag = {}});
+void PopupMenu::AddRows(std::vector<Row> rows) {
+  std::ranges::move(rows, std::back_inserter(rows_));
   ++generation_;
   Changed();
 }
@@ -21,7 +23,7 @@ void PopupMenu::RemoveRow(int row) {
 }
 
 std::any PopupMenu::RowTag(int row) const {
-  return row < 0 || row >= ListCount() ? std::any() : rows_[static_cast<std::size_t>(row)].tag;
+  return row < 0 || row >= ListCount() ? std::any() : rows_[static_cast<std::size_t>(row)].Tag;
 }
 
 void PopupMenu::ListIndex(int row) {

@@ -11,20 +11,27 @@ namespace toolkit {
 /// A menu of rows, one of which is chosen and shows while the menu is closed. Rows count from 0, -1 is none.
 class PopupMenu final : public ControlOf<PopupMenu> {
  public:
+  struct Row {
+    /// Plain text.
+    std::string Text;
+    /// An object kept with the row.
+    std::any Tag;
+  };
+
   PopupMenu() : ControlOf(FocusPolicy::Accepts) {}
 
   /// Another row is chosen, or none, whoever caused it. The rows are what they are to be by then.
   Event<> Change;
 
   [[nodiscard]] int ListCount() const { return static_cast<int>(rows_.size()); }
-  /// Adds a row of plain text at the end.
-  void AddRow(std::string text);
+  /// Adds rows at the end.
+  void AddRows(std::vector<Row> rows);
+  void AddRow(std::string text) { AddRows({{.Text = std::move(text), .Tag = {}}}); }
   /// Removes a row. If it was the chosen one, none is chosen afterwards, and Change is raised.
   void RemoveRow(int row);
-  [[nodiscard]] const std::string& Text(int row) const { return rows_.at(static_cast<std::size_t>(row)).text; }
-  /// An object kept with the row; empty if there is no such row.
+  [[nodiscard]] const std::string& Text(int row) const { return rows_.at(static_cast<std::size_t>(row)).Text; }
+  /// Empty if there is no such row.
   [[nodiscard]] std::any RowTag(int row) const;
-  void RowTag(int row, std::any tag) { rows_.at(static_cast<std::size_t>(row)).tag = std::move(tag); }
 
   /// The chosen row.
   [[nodiscard]] int ListIndex() const { return listIndex_; }
@@ -38,11 +45,6 @@ class PopupMenu final : public ControlOf<PopupMenu> {
   void Select(int row);
 
  private:
-  struct Row {
-    std::string text;
-    std::any tag;
-  };
-
   std::vector<Row> rows_;
   int listIndex_ = -1;
   unsigned generation_ = 0;

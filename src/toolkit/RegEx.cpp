@@ -12,11 +12,6 @@
 namespace toolkit {
 namespace {
 
-// In bytes that are looked through. Most patterns are used a few times on a short text, where making machine code of
-// them would cost more time than it saves, and half a megabyte for the compiler.
-constexpr std::size_t workToStart = 100;
-constexpr std::size_t workForMachineCode = 10'000;
-
 struct Free {
   void operator()(pcre2_code* code) const { pcre2_code_free(code); }
   void operator()(pcre2_match_data* data) const { pcre2_match_data_free(data); }
@@ -46,18 +41,11 @@ std::unique_ptr<pcre2_code, Free> Compile(std::string_view pattern, RegEx::Meani
 struct RegEx::Compiled {
   std::unique_ptr<pcre2_code, Free> Code;
   std::unique_ptr<pcre2_match_data, Free> Result;
-  std::size_t Work = 0;
-
-  // Without machine code, matching is slower but the same.
-  void Expect(std::string_view subject) {
-    if (Work >= workForMachineCode) return;
-    Work += workToStart + subject.size();
-    if (Work >= workForMachineCode) pcre2_jit_compile(Code.get(), PCRE2_JIT_COMPLETE);
-  }
 };
 
 RegEx::RegEx(std::string_view pattern, Meaning meaning) : compiled_(std::make_unique<Compiled>()) {
   compiled_->Code = Compile(pattern, meaning);
+  pcre2_jit_compile(compiled_->Code.get(), PCRE2_JIT_COMPLETE);  // without it, matching is slower but the same
   compiled_->Result.reset(pcre2_match_data_create_from_pattern(compiled_->Code.get(), nullptr));
 }
 
@@ -80,7 +68,6 @@ std::optional<RegExMatch> RegEx::Search(std::string_view subject) const {
 bool RegEx::IsIn(std::string_view subject) const { return Match(subject) > 0; }
 
 int RegEx::Match(std::string_view subject) const {
-  compiled_->Expect(subject);
   return pcre2_match(compiled_->Code.get(), Units(subject), subject.size(), 0, 0, compiled_->Result.get(), nullptr);
 }
 

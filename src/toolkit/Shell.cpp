@@ -1,5 +1,6 @@
 #include "toolkit/Shell.h"
 
+#include <unistd.h>
 #include <utility>
 
 #include "toolkit/Platform.h"
@@ -22,6 +23,12 @@ void Shell::Ended(ProcessEnd end) {
   end_ = std::move(end);
   process_ = nullptr;
   if (runningMode_ == RunMode::Asynchronous) Event_Completed();
+}
+
+std::string Environment() {
+  std::string entries;
+  for (char** entry = environ; entry != nullptr && *entry != nullptr; ++entry) entries.append(*entry) += '\0';
+  return entries;
 }
 
 }  // namespace toolkit

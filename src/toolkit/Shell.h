@@ -56,4 +56,7 @@ class Shell {
   std::unique_ptr<ChildProcess> process_;
 };
 
+/// What a program that is started from this one has in its environment: each entry with a NUL behind it.
+[[nodiscard]] std::string Environment();
+
 }  // namespace toolkit

@@ -1,10 +1,10 @@
 #include "toolkit/TextFile.h"
 
+#include <array>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
-#include <iterator>
 #include <system_error>
 #include <unistd.h>
 
@@ -30,8 +30,13 @@ std::filesystem::perms PermissionsOf(const FolderItem& file) {
 
 std::string ReadFile(const FolderItem& file) {
   std::ifstream stream(file.Path(), std::ios::binary);
-  std::string bytes(std::istreambuf_iterator<char>(stream), {});
-  if (!stream.is_open() || stream.bad() || file.IsFolder()) ThrowFor(file, "read", errno == 0 ? EIO : errno);
+  std::string bytes;
+  std::array<char, 65'536> piece{};
+  // An iterator over the stream would throw what the reader throws.
+  while (stream.read(piece.data(), piece.size()) || stream.gcount() > 0) {
+    bytes.append(piece.data(), static_cast<std::size_t>(stream.gcount()));
+  }
+  if (!stream.is_open() || stream.bad()) ThrowFor(file, "read", errno == 0 ? EIO : errno);
   return bytes;
 }
 

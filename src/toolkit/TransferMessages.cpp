@@ -20,8 +20,7 @@ std::string DescribeFailure(const TransferFailure& failure) {
     case TransferFault::NameNotFound:
       return "There is no server with the name " + host + ": the name could not be found.";
     case TransferFault::Refused:
-      return "The server " + host + " refused the connection" + AtPort(failure) +
-             ". Is the panel service running there?";
+      return "The server " + host + " refused the connection" + AtPort(failure) + ".";
     case TransferFault::Unreachable:
       return "The server " + host + " cannot be reached from here" + Because(failure);
     case TransferFault::TLSFailed:
@@ -42,6 +41,7 @@ std::string DescribeFailure(const TransferFailure& failure) {
       return "The proxy on the way to the server " + host + " could not be used" + Because(failure);
     case TransferFault::TooLarge:
     case TransferFault::FileNotWritten:
+    case TransferFault::DiskFull:
     case TransferFault::Other:
       break;
   }

@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include "shell/App.h"
+#include "shell/Product.h"
 #include "toolkit/Window.h"
 #include "toolkit/qt/QtPlatform.h"
 
@@ -46,7 +47,7 @@ class Desktop : public testing::Test {
   int argumentCount = 1;
   std::string programName = "desktop-tests";
   std::vector<char*> arguments{programName.data(), nullptr};
-  toolkit::qt::QtPlatform platform{argumentCount, arguments.data()};
+  toolkit::qt::QtPlatform platform{product::program, argumentCount, arguments.data()};
   App app{{1, 2, 3}};
 };
 

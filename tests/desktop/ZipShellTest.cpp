@@ -106,6 +106,9 @@ TEST_F(ZipShellTest, UnpacksWhatItPackedWithNamesAndPermissions) {
   EXPECT_EQ(shell.CurrentOperation(), ZipShell::Operation::None);
   const FolderItem archive = folder.Child(source.Name() + ".zip");
   EXPECT_EQ(ZipShell::ContentsOf(archive), source.Name());
+  toolkit::ReplaceFile(folder.Child("led.zip"), "bytes before it" + toolkit::ReadFile(archive));  // told as a warning
+  EXPECT_EQ(ZipShell::ContentsOf(folder.Child("led.zip")), source.Name());
+  EXPECT_EQ(ZipShell::ContentsOf(folder.Child("missing.zip")), "");
 
   EXPECT_EQ(Unpack(archive), archive.Name() + " to out");
   const FolderItem unpacked = folder.Child("out").Child(source.Name()).Child("-rf");
@@ -129,6 +132,12 @@ TEST_F(ZipShellTest, RefusesArchivesThatAreNoUpdates) {
       {"plain", good, true},
       {"a link inside", Zip({{"a/x"}, {"l", "a/x", 0120777}, {"dangling", "a/y", 0120777}}), true},
       {"a name with dots", Zip({{"a..b/...c"}}), true},
+      {"links that meet inside", Zip({{"d/l", "..", 0120777}, {"m", "d/l/d/./x", 0120777}}), true},
+      {"links of odd names", Zip({{"@", "*/]", 0120777}, {"*", "$(x)", 0120777}, {"$(x)/]", "../../@", 0120777}}),
+       false},
+      {"a link through itself", Zip({{"app/l", "l/l", 0120777}}), false},
+      {"a circle of links", Zip({{"a", "b/b", 0120777}, {"b", "a/a", 0120777}}), false},
+      {"folders to leave alone", Zip({{"a/", "", 040555}, {"a/b/", "", 040000}, {"a/b/x", "", 0100444}}), true},
       {"no zip", "nothing of the kind", false},
       {"nothing", "", false},
       {"no entries", Zip({}), false},
@@ -161,7 +170,13 @@ TEST_F(ZipShellTest, RefusesArchivesThatAreNoUpdates) {
     const FolderItem archive = Write("a [1]* 'b'.zip", bytes);
     EXPECT_EQ(Unpack(archive), isGood ? archive.Name() + " to out" : "error");
     EXPECT_EQ(toolkit::ReadFile(outside), "untouched");
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder.Path())) {
+      EXPECT_FALSE(isGood && entry.is_directory() &&
+                   (entry.status().permissions() & perms::owner_write) == perms::none);
+    }
   }
+  // Something before the archive is a warning.
+  EXPECT_EQ(ZipShell::ContentsOf(Write("odd.zip", "before" + good)), "app/x");
 }
 
 TEST_F(ZipShellTest, ClosesWithoutAWord) {

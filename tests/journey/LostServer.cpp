@@ -76,7 +76,7 @@ class Presser {
 }  // namespace
 
 int main(int argc, char** argv) {
-  toolkit::qt::QtPlatform platform(argc, argv);
+  toolkit::qt::QtPlatform platform({.Name = "Lost server", .Id = "corvane"}, argc, argv);
   Presser presser({argv[1], argv[2]});
   QSocketNotifier commands(STDIN_FILENO, QSocketNotifier::Read);
   QObject::connect(&commands, &QSocketNotifier::activated, [&] {

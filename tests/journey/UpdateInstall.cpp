@@ -42,7 +42,7 @@ int main(int argc, char** argv) {
     std::ofstream(std::string(argv[0]) + ".started") << "old " << argv[1];
     return EXIT_SUCCESS;
   }
-  toolkit::qt::QtPlatform platform(argc, argv);
+  toolkit::qt::QtPlatform platform(product::program, argc, argv);
   App app(product::version);
   QTimer reader;
   QObject::connect(&reader, &QTimer::timeout, ReadMessage);

@@ -1,125 +1,243 @@
-// Loaded into a program, and into the tools that it runs. Counts what changes files, over all processes, by the length
-// of the file LD_FAULT_COUNT, and lets the call number LD_FAULT_AT fail with the error LD_FAULT_ERROR, or kills the
-// process group there if that is 0. Negative numbers: every call from there on that takes space. With LD_FAULT_SLEEPS,
-// sleeping takes no time, and each sleep is a line in that file. The system log is at LD_FAULT_LOG.
+// Runs a command, with all that it starts, and lets one of its calls that change files fail:
+//
+//     faults [at=NUMBER] [error=NUMBER] [poor] [sleepless=FILE] [count=FILE] COMMAND...
+//
+// Calls are counted over all processes. The call of that number fails with the error, or its process group is killed if
+// that is 0; with a negative number, every call from there on fails that takes space. On a poor file system there are
+// no hard links, and names cannot be exchanged. With "sleepless", sleeping takes no time, and each sleep is a byte in
+// that file. The number of calls is the length of the other file, in the end. The kernel asks for each such call
+// (seccomp_unotify(2)), so nothing of this is in the environment of the command. Ends as the command does, and when all
+// that it started has ended.
 
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
-#include <ctime>
-#include <dlfcn.h>
 #include <fcntl.h>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <linux/filter.h>
+#include <linux/seccomp.h>
+#include <map>
+#include <poll.h>
+#include <string>
+#include <sys/ioctl.h>
+#include <sys/prctl.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
-#include <sys/un.h>
+#include <sys/wait.h>
 #include <unistd.h>
+#include <vector>
 
 namespace {
 
-enum class Call { Plain, TakesSpace, HardLink, Exchange };
+enum class Kind { Plain, TakesSpace, Writes, OpensFile, HardLink, Exchanges, Sleeps };
 
-int Number(const char* name) {
-  const char* text = std::getenv(name);
-  return text == nullptr ? 0 : std::atoi(text);
-}
+const std::map<int, Kind> calls{
+#ifdef SYS_rename
+    {SYS_rename, Kind::Plain},
+    {SYS_unlink, Kind::Plain},
+    {SYS_rmdir, Kind::Plain},
+    {SYS_chmod, Kind::Plain},
+    {SYS_link, Kind::HardLink},
+    {SYS_symlink, Kind::TakesSpace},
+    {SYS_mkdir, Kind::TakesSpace},
+    {SYS_open, Kind::OpensFile},
+    {SYS_creat, Kind::TakesSpace},
+#endif
+    {SYS_renameat, Kind::Plain},
+    {SYS_unlinkat, Kind::Plain},
+    {SYS_fchmod, Kind::Plain},
+    {SYS_fchmodat, Kind::Plain},
+    {SYS_linkat, Kind::HardLink},
+    {SYS_renameat2, Kind::Exchanges},
+    {SYS_symlinkat, Kind::TakesSpace},
+    {SYS_mkdirat, Kind::TakesSpace},
+    {SYS_openat, Kind::OpensFile},
+    {SYS_write, Kind::Writes},
+    {SYS_copy_file_range, Kind::TakesSpace},
+    {SYS_syncfs, Kind::TakesSpace},
+    {SYS_nanosleep, Kind::Sleeps},
+    {SYS_clock_nanosleep, Kind::Sleeps},
+};
 
-// Adds a byte to a file by system calls of its own and returns its length then.
-long Append(const char* variable) {
-  const char* path = std::getenv(variable);
-  if (path == nullptr) return 0;
-  const auto file = static_cast<int>(syscall(SYS_openat, AT_FDCWD, path, O_WRONLY | O_CREAT | O_APPEND, 0600));
-  syscall(SYS_write, file, "\n", 1);
-  const off_t length = lseek(file, 0, SEEK_CUR);
-  syscall(SYS_close, file);
-  return length;
-}
+struct Settings {
+  long At = 0;
+  int Error = 0;
+  bool IsPoor = false;
+  std::string Sleeps;
+  std::string Count;
+};
 
-bool Fails(Call call) {
-  if (std::strcmp(program_invocation_short_name, "sh") == 0) return false;  // the program that is updated
-  const bool takesSpace = call == Call::TakesSpace || call == Call::HardLink;
-  if ((call == Call::HardLink || call == Call::Exchange) && Number("LD_FAULT_POOR") != 0) {
-    errno = EPERM;
-    return true;
+/// Lets the kernel ask about these calls of this process, and of all that it starts, from now on. Returns where.
+int AskAboutCalls() {
+  std::vector<sock_filter> program{BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr))};
+  for (const auto& [number, kind] : calls) {
+    program.push_back(BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, static_cast<unsigned>(number), 0, 1));
+    program.push_back(BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_USER_NOTIF));
   }
-  const long count = Append("LD_FAULT_COUNT");
-  const int at = Number("LD_FAULT_AT");
-  if (count == 0 || (at < 0 ? count < -at || !takesSpace : count != at)) return false;
-  errno = Number("LD_FAULT_ERROR");
-  if (errno == 0) kill(0, SIGKILL);
-  return true;
+  program.push_back(BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW));
+  const sock_fprog filter{.len = static_cast<unsigned short>(program.size()), .filter = program.data()};
+  prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
+  return static_cast<int>(syscall(SYS_seccomp, SECCOMP_SET_MODE_FILTER, SECCOMP_FILTER_FLAG_NEW_LISTENER, &filter));
 }
 
-bool IsFile(int descriptor) {
+/// The text at an address of another process; empty if it cannot be read.
+std::string TextAt(unsigned process, std::uint64_t address) {
+  std::ifstream memory("/proc/" + std::to_string(process) + "/mem", std::ios::binary);
+  std::string text;
+  memory.seekg(static_cast<std::streamoff>(address));
+  std::getline(memory, text, '\0');
+  return text;
+}
+
+bool IsFile(unsigned process, std::uint64_t descriptor) {
   struct stat status {};
-  return fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
+  const auto path = "/proc/" + std::to_string(process) + "/fd/" + std::to_string(static_cast<int>(descriptor));
+  return stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
-bool Writes(const char* path, int flags) {
-  return (flags & O_ACCMODE) != O_RDONLY && std::strcmp(path, "/dev/null") != 0;
+void AddByte(const std::string& file) {
+  if (!file.empty()) std::ofstream(file, std::ios::app) << '.';
 }
 
-const timespec* SleepInstead(const timespec* time) {
-  static constexpr timespec noTime{};
-  return Append("LD_FAULT_SLEEPS") == 0 ? time : &noTime;
+class Faults {
+ public:
+  explicit Faults(Settings settings) : settings_(std::move(settings)) {}
+
+  /// The error that a call is to have, -1 to let it be.
+  int ErrorOf(const seccomp_notif& call) {
+    const auto& arguments = call.data.args;
+    switch (calls.at(call.data.nr)) {
+      case Kind::Sleeps:
+        AddByte(settings_.Sleeps);
+        return settings_.Sleeps.empty() ? -1 : 0;
+      case Kind::Writes:
+        return IsFile(call.pid, arguments[0]) ? Count(call, true) : -1;
+      case Kind::OpensFile:
+        return OpensToWrite(call) ? Count(call, true) : -1;
+      case Kind::HardLink:
+        return settings_.IsPoor ? EPERM : Count(call, true);
+      case Kind::Exchanges:
+        return settings_.IsPoor && (arguments[4] & RENAME_EXCHANGE) != 0 ? EPERM : Count(call, false);
+      case Kind::TakesSpace:
+        return Count(call, true);
+      case Kind::Plain:
+        break;
+    }
+    return Count(call, false);
+  }
+
+ private:
+  static bool OpensToWrite(const seccomp_notif& call) {
+    const bool isAt = call.data.nr == SYS_openat;
+    const auto flags = static_cast<int>(call.data.args[isAt ? 2 : 1]);
+    return (flags & O_ACCMODE) != O_RDONLY && !TextAt(call.pid, call.data.args[isAt ? 1 : 0]).starts_with("/dev/");
+  }
+
+  int Count(const seccomp_notif& call, bool takesSpace) {
+    // The program that is updated is a script of this shell.
+    std::error_code ignored;
+    const auto program = std::filesystem::read_symlink("/proc/" + std::to_string(call.pid) + "/exe", ignored);
+    if (program.filename() == "dash" || program.filename() == "sh") return -1;
+    ++count_;
+    AddByte(settings_.Count);
+    const long at = settings_.At;
+    if (at == 0 || (at < 0 ? count_ < -at || !takesSpace : count_ != at)) return -1;
+    if (settings_.Error == 0) kill(-getpgid(static_cast<pid_t>(call.pid)), SIGKILL);
+    return settings_.Error;
+  }
+
+  Settings settings_;
+  long count_ = 0;
+};
+
+/// Answers until nobody is left who could ask.
+void Answer(int listener, Faults faults) {
+  pollfd asked{.fd = listener, .events = POLLIN, .revents = 0};
+  while (poll(&asked, 1, -1) >= 0 && (asked.revents & POLLIN) != 0) {
+    seccomp_notif call{};
+    if (ioctl(listener, SECCOMP_IOCTL_NOTIF_RECV, &call) != 0) continue;  // the one who asked was killed
+    seccomp_notif_resp answer{};
+    answer.id = call.id;
+    const int error = faults.ErrorOf(call);
+    answer.error = error < 0 ? 0 : -error;
+    if (error < 0) answer.flags = SECCOMP_USER_NOTIF_FLAG_CONTINUE;
+    ioctl(listener, SECCOMP_IOCTL_NOTIF_SEND, &answer);
+  }
 }
 
-const char* PathOfLog(const char* path) {
-  const char* other = std::getenv("LD_FAULT_LOG");
-  return other != nullptr && std::strcmp(path, "/dev/log") == 0 ? other : path;
+/// Sends a descriptor to another process by a socket, or receives one; see unix(7).
+int Pass(int socket, int descriptor) {
+  char byte = 0;
+  iovec data{.iov_base = &byte, .iov_len = 1};
+  alignas(cmsghdr) char control[CMSG_SPACE(sizeof descriptor)]{};
+  msghdr message{};
+  message.msg_iov = &data;
+  message.msg_iovlen = 1;
+  message.msg_control = control;
+  message.msg_controllen = sizeof control;
+  auto* header = CMSG_FIRSTHDR(&message);
+  header->cmsg_level = SOL_SOCKET;
+  header->cmsg_type = SCM_RIGHTS;
+  header->cmsg_len = CMSG_LEN(sizeof descriptor);
+  if (descriptor >= 0) {
+    std::memcpy(CMSG_DATA(header), &descriptor, sizeof descriptor);
+    sendmsg(socket, &message, 0);
+  } else if (recvmsg(socket, &message, 0) > 0 && CMSG_FIRSTHDR(&message) != nullptr) {
+    std::memcpy(&descriptor, CMSG_DATA(CMSG_FIRSTHDR(&message)), sizeof descriptor);
+  }
+  return descriptor;
 }
 
-const sockaddr* LogInstead(const sockaddr* address) {
-  static sockaddr_un local{};
-  if (address->sa_family != AF_UNIX) return address;
-  local.sun_family = AF_UNIX;
-  std::strncpy(local.sun_path, PathOfLog(reinterpret_cast<const sockaddr_un*>(address)->sun_path),
-               sizeof local.sun_path - 1);
-  return reinterpret_cast<const sockaddr*>(&local);
-}
-
-template <typename Function>
-Function* Real(const char* name) {
-  return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
+Settings TakeSettings(char**& arguments) {
+  Settings settings;
+  for (; *arguments != nullptr; ++arguments) {
+    const std::string argument = *arguments;
+    const std::string value = argument.substr(argument.find('=') + 1);
+    if (argument.starts_with("at=")) {
+      settings.At = std::stol(value);
+    } else if (argument.starts_with("error=")) {
+      settings.Error = std::stoi(value);
+    } else if (argument == "poor") {
+      settings.IsPoor = true;
+    } else if (argument.starts_with("sleepless=")) {
+      settings.Sleeps = value;
+    } else if (argument.starts_with("count=")) {
+      settings.Count = value;
+    } else {
+      break;
+    }
+  }
+  return settings;
 }
 
 }  // namespace
 
-// The names are those of the C library, whose own declarations would not let them be defined otherwise.
-#define FAULTY(result, name, call, condition, parameters, arguments) \
-  extern "C" result Faulty_##name parameters __asm__(#name);         \
-  extern "C" result Faulty_##name parameters {                       \
-    if ((condition) && Fails(Call::call)) return -1;                 \
-    auto* const real = Real<result parameters>(#name);               \
-    return real arguments;                                           \
+int main(int /*argc*/, char** argv) {
+  char** command = argv + 1;
+  const Settings settings = TakeSettings(command);
+  int sockets[2];
+  socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, sockets);
+  prctl(PR_SET_CHILD_SUBREAPER, 1, 0, 0, 0);  // the command's children stay ours, whose memory we may read
+  const pid_t child = fork();
+  if (child == 0) {
+    const int listener = AskAboutCalls();
+    if (listener < 0) _exit(EXIT_FAILURE);
+    Pass(sockets[1], listener);
+    execvp(command[0], command);
+    _exit(127);
   }
-
-FAULTY(int, rename, Plain, true, (const char* a, const char* b), (a, b))
-FAULTY(int, renameat, Plain, true, (int a, const char* b, int c, const char* d), (a, b, c, d))
-FAULTY(int, renameat2, Plain, true, (int a, const char* b, int c, const char* d, unsigned e), (a, b, c, d, e))
-FAULTY(int, link, HardLink, true, (const char* a, const char* b), (a, b))
-FAULTY(int, linkat, HardLink, true, (int a, const char* b, int c, const char* d, int e), (a, b, c, d, e))
-FAULTY(int, unlink, Plain, true, (const char* a), (a))
-FAULTY(int, unlinkat, Plain, true, (int a, const char* b, int c), (a, b, c))
-FAULTY(int, rmdir, Plain, true, (const char* a), (a))
-FAULTY(int, mkdir, TakesSpace, true, (const char* a, mode_t b), (a, b))
-FAULTY(int, mkdirat, TakesSpace, true, (int a, const char* b, mode_t c), (a, b, c))
-FAULTY(int, chmod, Plain, true, (const char* a, mode_t b), (a, b))
-FAULTY(int, fchmod, Plain, true, (int a, mode_t b), (a, b))
-FAULTY(int, fchmodat, Plain, true, (int a, const char* b, mode_t c, int d), (a, b, c, d))
-FAULTY(int, syncfs, TakesSpace, true, (int a), (a))
-FAULTY(ssize_t, write, TakesSpace, IsFile(a), (int a, const void* b, size_t c), (a, b, c))
-FAULTY(ssize_t, copy_file_range, TakesSpace, true, (int a, off64_t* b, int c, off64_t* d, size_t e, unsigned f),
-       (a, b, c, d, e, f))
-FAULTY(int, open, TakesSpace, Writes(a, b), (const char* a, int b, mode_t c), (a, b, c))
-FAULTY(int, open64, TakesSpace, Writes(a, b), (const char* a, int b, mode_t c), (a, b, c))
-FAULTY(int, openat, TakesSpace, Writes(b, c), (int a, const char* b, int c, mode_t d), (a, b, c, d))
-FAULTY(int, openat64, TakesSpace, Writes(b, c), (int a, const char* b, int c, mode_t d), (a, b, c, d))
-FAULTY(long, syscall, Exchange, a == SYS_renameat2, (long a, long b, long c, long d, long e, long f, long g),
-       (a, b, c, d, e, f, g))
-FAULTY(int, nanosleep, Plain, false, (const timespec* a, timespec* b), (SleepInstead(a), b))
-FAULTY(int, clock_nanosleep, Plain, false, (clockid_t a, int b, const timespec* c, timespec* d),
-       (a, b, SleepInstead(c), d))
-FAULTY(int, stat, Plain, false, (const char* a, struct stat* b), (PathOfLog(a), b))
-FAULTY(int, connect, Plain, false, (int a, const sockaddr* b, socklen_t c), (a, LogInstead(b), c))
+  close(sockets[1]);
+  const int listener = Pass(sockets[0], -1);
+  if (listener < 0) {
+    std::cerr << "The kernel does not let calls be watched here.\n";
+    return 77;
+  }
+  Answer(listener, Faults(settings));
+  int status = 0;
+  waitpid(child, &status, 0);
+  return WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
+}

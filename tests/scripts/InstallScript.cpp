@@ -18,7 +18,7 @@ int main(int argc, char** argv) {
   const std::span arguments(argv, static_cast<std::size_t>(argc));
   const std::string kind = arguments[1];
   if (kind == "quit") {
-    toolkit::qt::QtPlatform platform(argc, argv);
+    toolkit::qt::QtPlatform platform(product::program, argc, argv);
     App app(product::version);
     return app.Run([&] {
       auto initiater = std::make_shared<Kaju::UpdateInitiater>();

@@ -125,7 +125,8 @@ TEST_F(MainWindowTest, WhatIsNotAcceptedAddsNothingAndLeavesTheForm) {
     ExpectNothingAdded();
   }
   Add().Fail(toolkit::TransferFault::Refused);
-  EXPECT_THAT(platform.Messages.back(), HasSubstr("“srv” refused the connection on port 1701"));
+  EXPECT_THAT(platform.Messages.back(),
+              HasSubstr("“srv” refused the connection on port 1701. Is the panel service running"));
 }
 
 TEST_F(MainWindowTest, NothingReachesAWindowThatWasClosed) {
@@ -181,13 +182,28 @@ TEST_F(MainWindowTest, LooksForUpdatesOnceItHasBeenPainted) {
   window->TellPainted();
 }
 
-TEST_F(MainWindowTest, WorksOnWithPreferencesThatCannotBeRead) {
+TEST_F(MainWindowTest, SetsPreferencesAsideThatCannotBeRead) {
   const auto file = app.KajuPrefFolder().Child("Kaju_Preferences");
-  toolkit::ReplaceFile(file, "nonsense");
-  platform.Dispatch([&] { window->TellPainted(); });
-  EXPECT_THAT(platform.Messages, ElementsAre(HasSubstr("Kaju_Preferences")));
-  EXPECT_EQ(toolkit::ReadFile(file), "nonsense");
-  EXPECT_THAT(platform.Requests, IsEmpty());
-  Add().Reply(200, reply);
-  EXPECT_EQ(Servers.size(), 1U);
+  platform.WhileWaiting = [&] { platform.LastRequest().Reply(404, ""); };
+  std::size_t checks = 0;
+  const auto start = [&](std::size_t messages) {
+    OpenWindow();
+    platform.Dispatch([&] { window->TellPainted(); });
+    EXPECT_EQ(std::exchange(platform.Messages, {}).size(), messages);
+    EXPECT_EQ(platform.Requests.size(), ++checks);
+    window = nullptr;  // the checker writes its preferences
+    platform.CloseWindows();
+    EXPECT_EQ(toolkit::ReadFile(file), R"({"IgnoreVersionsPref":[]})");
+  };
+  std::string aside = "Kaju_Preferences_unreadable";
+  for (const std::string bad : {"", "nonsense", "[]", R"({"IgnoreVersionsPref":5})", "a folder"}) {
+    SCOPED_TRACE(bad);
+    file.Delete();
+    bad == "a folder" ? file.Child("inside").CreateAsFolder() : toolkit::ReplaceFile(file, bad);
+    start(1);
+    const auto kept = file.Parent().Child(aside);
+    EXPECT_TRUE(kept.Child("inside").IsFolder() || toolkit::ReadFile(kept) == bad);
+    start(0);
+    aside = "Kaju_Preferences_unreadable" + std::to_string(checks / 2 + 1);
+  }
 }

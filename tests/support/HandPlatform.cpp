@@ -82,7 +82,9 @@ void StartedProcess::End(int exitCode) {
   });
 }
 
-HandPlatform::HandPlatform() : folder_(toolkit::MakeTemporaryFolder()) {
+HandPlatform::HandPlatform()
+    : Platform({.Name = "Hand-run", .Id = "hand-run"}),
+      folder_(toolkit::MakeTemporaryFolder(toolkit::FolderItem(std::filesystem::temp_directory_path()))) {
   ApplicationDataFolder().CreateAsFolder();
   DesktopFolder().CreateAsFolder();
 }
@@ -123,9 +125,10 @@ void HandPlatform::RunEventsUntil(const std::function<bool()>& isDone) {
   }
 }
 
-void HandPlatform::RunDueEvents() {
+bool HandPlatform::RunDueEvents() {
   RunNextEvent();
   if (const auto meanwhile = std::exchange(DuringBreak, nullptr)) Dispatch(meanwhile);
+  return Quits.empty();
 }
 
 std::unique_ptr<toolkit::PlatformTimer> HandPlatform::StartTimer(std::chrono::milliseconds period,

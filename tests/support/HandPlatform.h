@@ -91,20 +91,23 @@ class HandPlatform final : public toolkit::Platform {
   void Advance(std::chrono::milliseconds time);
   /// All processes ever started, in order.
   std::vector<std::shared_ptr<StartedProcess>> Processes;
-  /// What every picture measures; nothing makes all pictures unreadable.
-  std::optional<toolkit::Size> PictureSize;
+  /// What every picture shows; nothing makes all pictures unreadable.
+  std::optional<toolkit::Pixels> PictureShown;
 
   std::unique_ptr<toolkit::HTTPTransfer> StartTransfer(toolkit::HTTPRequest request,
                                                        toolkit::HTTPTransferEvents& events) override;
   void RunEventsUntil(const std::function<bool()>& isDone) override;
-  void RunDueEvents() override;
+  bool RunDueEvents() override;
   std::unique_ptr<toolkit::PlatformTimer> StartTimer(std::chrono::milliseconds period,
                                                      std::function<void()> expired) override;
   std::unique_ptr<toolkit::ChildProcess> StartProcess(const std::string& commandLine,
                                                       std::function<void(toolkit::ProcessEnd)> ended) override;
   [[nodiscard]] std::chrono::milliseconds Uptime() const override { return now_; }
   void TrustAuthority(std::string_view /*certificate*/) override {}
-  std::optional<toolkit::Size> SizeOfPicture(std::span<const std::byte> /*encoded*/) override { return PictureSize; }
+  std::optional<toolkit::Pixels> DecodePicture(std::string /*encoded*/,
+                                               const toolkit::StillWanted& /*wanted*/) override {
+    return PictureShown;
+  }
   std::optional<std::string> Translation(const std::string& /*key*/, const std::string& /*language*/) override {
     return std::nullopt;
   }
@@ -113,6 +116,7 @@ class HandPlatform final : public toolkit::Platform {
   void Quit(int status) override { Quits.push_back(status); }
   [[nodiscard]] toolkit::FolderItem ApplicationDataFolder() const override { return folder_.Child("data"); }
   [[nodiscard]] toolkit::FolderItem DesktopFolder() const override { return folder_.Child("desktop"); }
+  [[nodiscard]] toolkit::FolderItem CacheFolder() const override { return folder_.Child("cache"); }
 
  protected:
   void Present(toolkit::Window&) override {}

@@ -11,13 +11,14 @@ TEST(HTTPSocket, AFileTakesTheReplyOrTheErrorTellsWhyNot) {
   const FolderItem file = platform.DesktopFolder().Child("download");
   const FolderItem missing = platform.DesktopFolder().Child("none").Child("download");
   const std::string big(100'000, 'x');
+  const std::string full = "The file /dev/full could not be written: No space left on device.";
   const std::tuple<FolderItem, std::string, std::string> rows[] = {
       {file, big, ""},
       {file, "", ""},
       {file, "half", "The connection to the server “srv” was closed before its reply was complete."},
-      {missing, "x", "The file " + missing.Path().string() + " could not be created."},
-      {FolderItem("/dev/full"), big, "The file /dev/full could not be written."},
-      {FolderItem("/dev/full"), "seen at the end", "The file /dev/full could not be written."},
+      {missing, "x", "The file " + missing.Path().string() + " could not be written: No such file or directory."},
+      {FolderItem("/dev/full"), big, full},
+      {FolderItem("/dev/full"), "little", full},
   };
   for (const auto& [target, body, error] : rows) {
     SCOPED_TRACE(error);

@@ -138,7 +138,7 @@ std::string Publisher::NewerVersion() { return VersionAfter(2); }
 std::string Publisher::OlderVersion() { return VersionAfter(1); }
 
 std::string Publisher::Document() const {
-  toolkit::MD5Digest digest;
+  toolkit::Digest digest(toolkit::Digest::Kind::MD5);
   digest.Process(archive_);
   Kaju::UpdateInformation update;
   const auto file = update.FetchBinary(sizeof(void*) == 8 ? "LinuxBinary64bit" : "LinuxBinary");

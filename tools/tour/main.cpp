@@ -16,6 +16,7 @@
 #include "serverlist/wMain.h"
 #include "shell/App.h"
 #include "shell/Product.h"
+#include "toolkit/qt/DecoderProgram.h"
 #include "toolkit/qt/QtPlatform.h"
 #include "tour/OwnFolders.h"
 #include "tour/Player.h"
@@ -79,7 +80,7 @@ QPalette DarkPalette() {
 /// Plays in this process. Returns whether every step has worked.
 bool Play(const Options& options, int& argumentCount, char** arguments) {
   const tour::OwnFolders folders;
-  toolkit::qt::QtPlatform platform(argumentCount, arguments);
+  toolkit::qt::QtPlatform platform(product::program, argumentCount, arguments);
   if (options.dark) QApplication::setPalette(DarkPalette());
   App app(product::version);
 
@@ -105,6 +106,7 @@ bool PlayAgain(QStringList arguments, const QStringList& more) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (const auto status = toolkit::qt::DecodeIfAsked(argc, argv)) return *status;
   QStringList arguments;
   for (int i = 0; i < argc; ++i) arguments.append(QString::fromLocal8Bit(argv[i]));
   if (arguments.contains("--help")) {

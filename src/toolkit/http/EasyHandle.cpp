@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "toolkit/Platform.h"
 #include "toolkit/Text.h"
 
 namespace toolkit::http {
@@ -69,7 +70,7 @@ void EasyHandle::SetMethod(const HTTPRequest& request) {
 void EasyHandle::SetHeaders(const HTTPHeaders& headers) {
   const auto add = [this](const std::string& line) { headers_ = curl_.slist_append(headers_, line.c_str()); };
   for (const auto& [name, value] : headers) add(std::string(name).append(": ").append(value));
-  add("User-Agent: Corvane");
+  add("User-Agent: " + Platform::Current().Program().Name);
   add("Accept-Encoding: identity");
   // A name alone takes away what libcurl would send of its own.
   add("Expect:");

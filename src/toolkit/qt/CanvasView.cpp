@@ -11,7 +11,7 @@ CanvasView::CanvasView(Canvas& canvas, QWidget& parent) : ViewOf(canvas, parent)
 void CanvasView::Refresh() {
   ShowCommonProperties(*this, Shown());
   const auto& picture = Shown().Backdrop();
-  backdrop_ = picture ? Decode(*picture) : QPixmap();
+  backdrop_ = picture ? PixmapOf(*picture) : QPixmap();
   update();
 }
 

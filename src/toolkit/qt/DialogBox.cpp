@@ -8,6 +8,7 @@
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
@@ -16,6 +17,7 @@
 #include <QTextLayout>
 #include <QVBoxLayout>
 
+#include "toolkit/DesktopTexts.h"
 #include "toolkit/qt/QtText.h"
 
 namespace toolkit::qt {
@@ -68,8 +70,17 @@ QWidget* MakeCautionSign(const QWidget& box) {
   const QIcon icon = box.style()->standardIcon(QStyle::SP_MessageBoxWarning, nullptr, &box);
   sign->setPixmap(icon.pixmap(QSize(side, side), box.devicePixelRatioF()));
   sign->setObjectName("caution");
-  sign->setAccessibleName(QStringLiteral("Caution"));
+  sign->setAccessibleName(ToQt(DesktopTexts::kCautionSign()));
   return sign;
+}
+
+void PopUpTextMenu(QPlainTextEdit& area, const QPoint& position) {
+  auto* menu = new QMenu(&area);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  QAction* copy = menu->addAction(ToQt(DesktopTexts::kCopyCommand()), &area, &QPlainTextEdit::copy);
+  copy->setEnabled(area.textCursor().hasSelection());
+  menu->addAction(ToQt(DesktopTexts::kSelectAllCommand()), &area, &QPlainTextEdit::selectAll);
+  menu->popup(area.viewport()->mapToGlobal(position));
 }
 
 QPlainTextEdit* MakeTextArea(const QString& name, const QString& text, const QFont& font, QSize screen) {
@@ -83,6 +94,9 @@ QPlainTextEdit* MakeTextArea(const QString& name, const QString& text, const QFo
   area->setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
   area->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   area->viewport()->setAutoFillBackground(false);
+  area->setContextMenuPolicy(Qt::CustomContextMenu);
+  QObject::connect(area, &QWidget::customContextMenuRequested, area,
+                   [area](const QPoint& position) { PopUpTextMenu(*area, position); });
   QPalette palette = area->palette();
   palette.setColor(QPalette::Text, palette.color(QPalette::WindowText));
   area->setPalette(palette);
@@ -139,19 +153,22 @@ QWidget* DialogBox::MakeTexts(const MessageDialog& dialog) {
 QWidget* DialogBox::MakeButtons(const MessageDialog& dialog) {
   auto* buttons = new QDialogButtonBox;
   const auto add = [&](const MessageDialog::Button& button, QDialogButtonBox::StandardButton standard,
-                       QDialogButtonBox::ButtonRole role, DialogButton meaning) {
+                       const LocalizedText& ownCaption, QDialogButtonBox::ButtonRole role, DialogButton meaning) {
     if (!button.Visible) return;
-    QPushButton* made =
-        button.Caption.empty() ? buttons->addButton(standard) : buttons->addButton(ToQt(button.Caption), role);
+    const bool isStandard = button.Caption.empty();
+    QPushButton* made = isStandard ? buttons->addButton(standard) : buttons->addButton(ToQt(button.Caption), role);
+    if (isStandard) made->setText(ToQt(ownCaption()));
     connect(made, &QPushButton::clicked, this, [this, meaning] {
       pressed_ = meaning;
       accept();
     });
     if (defaultButton_ == nullptr) defaultButton_ = made;
   };
-  add(dialog.ActionButton, QDialogButtonBox::Ok, QDialogButtonBox::AcceptRole, DialogButton::Action);
-  add(dialog.AlternateActionButton, QDialogButtonBox::No, QDialogButtonBox::ActionRole, DialogButton::Alternate);
-  add(dialog.CancelButton, QDialogButtonBox::Cancel, QDialogButtonBox::RejectRole, DialogButton::Cancel);
+  // clang-format off
+  add(dialog.ActionButton,          QDialogButtonBox::Ok,     DesktopTexts::kOKButton,     QDialogButtonBox::AcceptRole, DialogButton::Action);
+  add(dialog.AlternateActionButton, QDialogButtonBox::No,     DesktopTexts::kNoButton,     QDialogButtonBox::ActionRole, DialogButton::Alternate);
+  add(dialog.CancelButton,          QDialogButtonBox::Cancel, DesktopTexts::kCancelButton, QDialogButtonBox::RejectRole, DialogButton::Cancel);
+  // clang-format on
   return buttons;
 }
 

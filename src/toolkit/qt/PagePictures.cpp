@@ -1,45 +1,77 @@
 #include "toolkit/qt/PagePictures.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
-#include <span>
 #include <utility>
 
+#include <QUrl>
+
+#include "toolkit/HTTPSocket.h"
 #include "toolkit/Text.h"
 #include "toolkit/qt/DisplayText.h"
-#include "toolkit/qt/QtPicture.h"
+#include "toolkit/qt/QtText.h"
 
 namespace toolkit::qt {
 namespace {
 
 constexpr std::size_t mostAtOnce = 6;
+constexpr int mostRedirects = 5;
+constexpr std::chrono::seconds longestSilence(30);
 constexpr std::uint64_t mostBytesOfOne = 16'000'000;
-constexpr std::uint64_t mostBytes = 64'000'000;
-// Decoding takes about a second for so many, and showing them 64 MB.
-constexpr std::int64_t mostEncodedPixels = 100'000'000;
-constexpr std::int64_t mostShownPixels = 16'000'000;
-// The user's own events come in between.
-constexpr std::chrono::milliseconds pauseBetweenSteps(1);
+constexpr std::uint64_t mostBytes = 24'000'000;
+// Showing them takes 32 MB.
+constexpr std::int64_t mostPixels = 8'000'000;
+// A usual picture takes 30 ms, and one that is made to take long 2 s.
+constexpr std::chrono::seconds mostTime(20);
 
 constexpr std::string_view dataScheme = "data:";
 
-/// The bytes in a data address (RFC 2397); empty if it has none.
-QByteArray BytesOf(std::string_view address) {
-  const std::size_t comma = address.find(',');
-  if (comma == std::string_view::npos) return {};
-  const std::string_view type = address.substr(0, comma);
-  const std::string_view data = address.substr(comma + 1);
-  const QByteArray bytes =
-      QByteArray::fromPercentEncoding(QByteArray(data.data(), static_cast<qsizetype>(data.size())));
-  return LowerCase(type).ends_with(";base64") ? QByteArray::fromBase64(bytes) : bytes;
+bool IsRedirect(int status) {
+  return status == 301 || status == 302 || status == 303 || status == 307 || status == 308;
 }
 
-std::int64_t PixelsOf(QSize size) { return std::int64_t{size.width()} * size.height(); }
-
-std::span<const std::byte> AsBytes(const std::string& text) { return std::as_bytes(std::span(text)); }
+bool IsHTTPAddress(const std::string& url) {
+  return StartsWithIgnoringCase(url, "http://") || StartsWithIgnoringCase(url, "https://");
+}
 
 }  // namespace
+
+/// Loads one picture, from a server that shows a valid certificate if it uses TLS, through a few redirects. Its page
+/// may destroy it in every call.
+class PagePictures::Loader final : private HTTPSocket {
+ public:
+  Loader(PagePictures& page, std::size_t number) : page_(page), number_(number) {
+    LargestBody = mostBytesOfOne;
+    InactivityTimeout = longestSilence;
+    RequestHeader("Accept", "image/*");
+    Send("GET", page.addresses_[number]);
+  }
+  ~Loader() override { Disconnect(); }
+
+ private:
+  void Event_Error(const RuntimeException& error) override { page_.Fail(number_, 0, error.what()); }
+  void Event_FileReceived(const std::string& /*url*/, int /*status*/, const FolderItem& /*file*/) override {}
+  void Event_HeadersReceived(const std::string& /*url*/, int /*status*/) override { counted_ = 0; }
+  void Event_PageReceived(const std::string& url, int status, std::string content) override {
+    if (status == 200) return page_.Loaded(number_, std::move(content));
+    const std::string target =
+        FromQt(QUrl(ToQt(url)).resolved(QUrl(ToQt(ResponseHeader("Location")))).toString(QUrl::FullyEncoded));
+    if (IsRedirect(status) && IsHTTPAddress(target) && redirectsLeft_-- > 0) return Send("GET", target);
+    page_.Fail(number_, status, "The server answered with status " + std::to_string(status) + ".");
+  }
+  // All that is announced counts at once. Else pictures that load side by side could use up the bytes that are left,
+  // and none would arrive whole.
+  void Event_ReceiveProgress(std::uint64_t received, std::optional<std::uint64_t> total) override {
+    const std::uint64_t expected = std::max(received, total.value_or(0));
+    page_.Spend(number_, expected - std::exchange(counted_, expected), received);
+  }
+  void Event_SendProgress(std::uint64_t /*sent*/, std::uint64_t /*total*/) override {}
+
+  PagePictures& page_;
+  std::size_t number_;
+  int redirectsLeft_ = mostRedirects;
+  std::uint64_t counted_ = 0;
+};
 
 PagePictures::PagePictures(std::vector<std::string> addresses, int mostWidth, double pixelsPerPoint, Events events)
     : addresses_(std::move(addresses)),
@@ -47,80 +79,79 @@ PagePictures::PagePictures(std::vector<std::string> addresses, int mostWidth, do
       pixelsPerPoint_(pixelsPerPoint),
       events_(std::move(events)),
       bytesLeft_(mostBytes),
-      encodedPixelsLeft_(mostEncodedPixels),
-      shownPixelsLeft_(mostShownPixels) {
-  turn_.setInterval(pauseBetweenSteps);
+      pixelsLeft_(mostPixels),
+      timeLeft_(mostTime) {
+  turn_.setSingleShot(true);
   QObject::connect(&turn_, &QTimer::timeout, [this] { Step(); });
   turn_.start();
 }
 
 PagePictures::~PagePictures() = default;
 
+// One thing at a time, so that the user's own events come in between.
 void PagePictures::Step() {
-  if (next_ == addresses_.size()) {
-    turn_.stop();
-    return;
+  if (!decoder_ && !encoded_.empty()) {
+    turn_.start();
+    Decode();
+  } else if (next_ < addresses_.size() && loaders_.size() + encoded_.size() < mostAtOnce) {
+    turn_.start();
+    Load(next_++);
   }
-  if (loaders_.size() == mostAtOnce) return;
-  const std::size_t number = next_++;
-  if (StartsWithIgnoringCase(addresses_[number], dataScheme)) {
-    LoadData(number);
-  } else if (IsHTTPAddress(addresses_[number])) {
-    LoadByHTTP(number);
-  } else {
+}
+
+void PagePictures::Load(std::size_t number) {
+  if (IsHTTPAddress(addresses_[number])) {
+    loaders_[number] = std::make_unique<Loader>(*this, number);
+  } else if (!StartsWithIgnoringCase(addresses_[number], dataScheme)) {
     Fail(number, 0, "Pictures come from http, https and data addresses only.");
+  } else if (Spend(number, addresses_[number].size(), 0)) {
+    // The address is not needed any more, and as long as the picture.
+    Loaded(number, std::exchange(addresses_[number], std::string(dataScheme)));
   }
 }
 
-void PagePictures::LoadData(std::size_t number) {
-  // The address is not needed any more, and as long as the picture.
-  const std::string address = std::exchange(addresses_[number], std::string(dataScheme));
-  Loaded(number, BytesOf(address).toStdString());
+/// Fails if so many more bytes are too many for the page. Those that were received already count all the same.
+bool PagePictures::Spend(std::size_t number, std::uint64_t bytes, std::uint64_t received) {
+  const bool isWithin = bytes <= bytesLeft_;
+  bytesLeft_ -= isWithin ? bytes : std::min(received, bytesLeft_);
+  if (!isWithin) Fail(number, 0, "The pictures of the page are too large together.");
+  return isWithin;
 }
 
-void PagePictures::LoadByHTTP(std::size_t number) {
-  const std::uint64_t largest = std::min(mostBytesOfOne, bytesLeft_);
-  loaders_[number] = std::make_unique<PictureLoader>(
-      addresses_[number], largest,
-      PictureLoader::Events{
-          .Loaded = [this, number](const std::string& encoded) { Loaded(number, encoded); },
-          .Failed = [this, number](int status, const std::string& why) { Fail(number, status, why); }});
-}
-
-void PagePictures::Loaded(std::size_t number, const std::string& encoded) {
-  const std::optional<Size> size = SizeOf(AsBytes(encoded));
-  const std::int64_t pixels = size ? std::int64_t{size->Width} * size->Height : 0;
-  if (encoded.size() > std::min(mostBytesOfOne, bytesLeft_) ||
-      pixels > std::min(Picture::MostPixels, encodedPixelsLeft_)) {
-    Fail(number, 0, "The picture, or all of them together, are too large.");
-    return;
-  }
-  bytesLeft_ -= encoded.size();
-  encodedPixelsLeft_ -= pixels;
-  const QPixmap picture = size ? DecodeToFit(encoded, QSize(size->Width, size->Height)) : QPixmap();
-  if (picture.isNull()) {
-    Fail(number, 0, "It is no picture that can be shown.");
-    return;
-  }
+void PagePictures::Loaded(std::size_t number, std::string encoded) {
   const auto ended = loaders_.extract(number);
+  encoded_[number] = std::move(encoded);
+  turn_.start();
+}
+
+void PagePictures::Decode() {
+  const auto first = encoded_.extract(encoded_.begin());
+  const std::size_t number = first.key();
+  if (timeLeft_.count() <= 0) return Fail(number, 0, "The pictures of the page take too long together.");
+  decoding_.start();
+  decoder_ = std::make_unique<PictureDecoder>(first.mapped(),
+                                              std::max(static_cast<int>(std::lround(mostWidth_ * pixelsPerPoint_)), 1),
+                                              [this, number](QImage image) { Decoded(number, std::move(image)); });
+}
+
+void PagePictures::Decoded(std::size_t number, QImage image) {
+  const auto ended = std::exchange(decoder_, nullptr);
+  timeLeft_ -= std::chrono::milliseconds(decoding_.elapsed());
+  const std::int64_t pixels = std::int64_t{image.width()} * image.height();
+  if (pixels == 0) return Fail(number, 0, "It is no picture that can be shown.");
+  if (pixels > pixelsLeft_) return Fail(number, 0, "The pictures of the page have too many pixels together.");
+  pixelsLeft_ -= pixels;
+  turn_.start();
+  QPixmap picture = QPixmap::fromImage(std::move(image));
+  picture.setDevicePixelRatio(std::max(static_cast<double>(picture.width()) / mostWidth_, 1.0));
   const auto arrived = events_.Arrived;
   arrived(number, picture);
-}
-
-QPixmap PagePictures::DecodeToFit(const std::string& encoded, QSize size) {
-  QSize points = size;
-  if (size.width() > mostWidth_) points = {mostWidth_, std::max(size.height() * mostWidth_ / size.width(), 1)};
-  const QSize pixels = (QSizeF(points) * pixelsPerPoint_).toSize().boundedTo(size);
-  if (PixelsOf(pixels) > shownPixelsLeft_) return {};
-  shownPixelsLeft_ -= PixelsOf(pixels);
-  QPixmap picture = QPixmap::fromImage(Decode(AsBytes(encoded), pixels));
-  picture.setDevicePixelRatio(static_cast<double>(pixels.width()) / points.width());
-  return picture;
 }
 
 void PagePictures::Fail(std::size_t number, int status, const std::string& why) {
   constexpr std::size_t mostOfAddress = 200;
   const auto ended = loaders_.extract(number);
+  turn_.start();
   const auto failed = events_.Failed;
   failed(status, std::string(FirstCharacters(addresses_[number], mostOfAddress)).append(": ").append(why));
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -7,16 +8,17 @@
 #include <string>
 #include <vector>
 
+#include <QElapsedTimer>
 #include <QPixmap>
 #include <QTimer>
 
-#include "toolkit/qt/PictureLoader.h"
+#include "toolkit/qt/PictureDecoder.h"
 
 namespace toolkit::qt {
 
 /// Loads the pictures of a page while the event loop runs: from http, https and data addresses, and from nowhere else.
-/// A few load at a time. How large each may be, and all together, is bounded, so that no page takes more memory or time
-/// than a reader would grant it. When the object goes, loading ends.
+/// A few load at a time, and one is decoded. What all of them may take together is bounded, so that no page takes more
+/// memory or time than a reader would grant it. When the object goes, loading ends.
 class PagePictures {
  public:
   /// What happens to the pictures, one at a time and on the event loop. Either call may destroy the object.
@@ -34,11 +36,14 @@ class PagePictures {
   ~PagePictures();
 
  private:
+  class Loader;
+
   void Step();
-  void LoadData(std::size_t number);
-  void LoadByHTTP(std::size_t number);
-  void Loaded(std::size_t number, const std::string& encoded);
-  [[nodiscard]] QPixmap DecodeToFit(const std::string& encoded, QSize size);
+  void Load(std::size_t number);
+  bool Spend(std::size_t number, std::uint64_t bytes, std::uint64_t received);
+  void Loaded(std::size_t number, std::string encoded);
+  void Decode();
+  void Decoded(std::size_t number, QImage image);
   void Fail(std::size_t number, int status, const std::string& why);
 
   std::vector<std::string> addresses_;
@@ -47,11 +52,15 @@ class PagePictures {
   Events events_;
   QTimer turn_;
   std::size_t next_ = 0;
-  std::map<std::size_t, std::unique_ptr<PictureLoader>> loaders_;
+  std::map<std::size_t, std::unique_ptr<Loader>> loaders_;
+  // Those that wait for the decoder.
+  std::map<std::size_t, std::string> encoded_;
+  std::unique_ptr<PictureDecoder> decoder_;
+  QElapsedTimer decoding_;
   // What all pictures together may still take.
   std::uint64_t bytesLeft_;
-  std::int64_t encodedPixelsLeft_;
-  std::int64_t shownPixelsLeft_;
+  std::int64_t pixelsLeft_;
+  std::chrono::milliseconds timeLeft_;
 };
 
 }  // namespace toolkit::qt

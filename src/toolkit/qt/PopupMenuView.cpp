@@ -2,7 +2,8 @@
 
 #include <utility>
 
-#include <QAbstractItemView>
+#include <QAbstractListModel>
+#include <QListView>
 
 #include "toolkit/Platform.h"
 #include "toolkit/qt/DisplayText.h"
@@ -19,7 +20,31 @@ QString RowText(std::string_view text, const QFontMetrics& font) {
 
 }  // namespace
 
-PopupMenuView::PopupMenuView(PopupMenu& menu, QWidget& parent) : ViewOf(menu, parent) {
+/// The rows as they are asked for: of many, only those on the screen take time.
+class PopupMenuView::Rows final : public QAbstractListModel {
+ public:
+  explicit Rows(PopupMenuView& view) : QAbstractListModel(&view), view_(view) {}
+
+  void Renew() {
+    beginResetModel();
+    count_ = view_.Shown().ListCount();
+    endResetModel();
+  }
+  [[nodiscard]] int rowCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : count_; }
+  [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
+    const bool isThere = index.isValid() && index.row() < view_.Shown().ListCount();
+    if (role != Qt::DisplayRole || !isThere) return {};
+    return RowText(view_.Shown().Text(index.row()), view_.fontMetrics());
+  }
+
+ private:
+  PopupMenuView& view_;
+  int count_ = 0;
+};
+
+PopupMenuView::PopupMenuView(PopupMenu& menu, QWidget& parent) : ViewOf(menu, parent), rows_(new Rows(*this)) {
+  setModel(rows_);
+  if (auto* list = qobject_cast<QListView*>(view())) list->setUniformItemSizes(true);
   setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
   connect(this, &QComboBox::activated, this, [this](int row) { UserSelects(row); });
   Follow();
@@ -39,10 +64,7 @@ void PopupMenuView::Refresh() {
 void PopupMenuView::Follow() {
   followPending_ = false;
   hidePopup();
-  clear();
-  QStringList rows;
-  for (int row = 0; row < Shown().ListCount(); ++row) rows.append(RowText(Shown().Text(row), fontMetrics()));
-  addItems(rows);
+  rows_->Renew();
   shownGeneration_ = Shown().Generation();
   Refresh();
 }

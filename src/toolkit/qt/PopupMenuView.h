@@ -18,9 +18,12 @@ class PopupMenuView final : public ViewOf<QComboBox, PopupMenu> {
   void initStyleOption(QStyleOptionComboBox* option) const override;
 
  private:
+  class Rows;
+
   void Follow();
   void UserSelects(int row);
 
+  Rows* rows_;
   unsigned shownGeneration_ = 0;
   bool followPending_ = false;
 };

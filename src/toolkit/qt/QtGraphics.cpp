@@ -20,7 +20,7 @@ QPixmap DrawnPictures::Find(const std::shared_ptr<const Picture>& picture, QSize
                             [&](const Drawn& drawn) { return drawn.picture.lock() == picture && drawn.size == size; });
   if (place == drawn_.end()) {
     if (drawn_.size() == mostDrawn) drawn_.erase(drawn_.begin());
-    drawn_.push_back({picture, size, QPixmap::fromImage(Decode(picture->Encoded(), size))});
+    drawn_.push_back({picture, size, PixmapOf(*picture, size)});
   } else {
     std::rotate(place, place + 1, drawn_.end());
   }

@@ -1,44 +1,29 @@
 #include "toolkit/qt/QtPicture.h"
 
-#include <algorithm>
-#include <string_view>
-
 #include <QBuffer>
 #include <QImageReader>
 
 namespace toolkit::qt {
 namespace {
 
-constexpr std::string_view formatsOfPixels[] = {"png", "jpeg", "jpg", "gif", "webp", "bmp", "ico"};
-
-/// Calls `use` with a reader of `encoded`, if that is of a format of pixels.
-void Read(std::span<const std::byte> encoded, const auto& use) {
+QImage Decode(std::span<const std::byte> encoded, QSize size) {
   QByteArray bytes =
       QByteArray::fromRawData(reinterpret_cast<const char*>(encoded.data()), static_cast<qsizetype>(encoded.size()));
   QBuffer buffer(&bytes);
-  QImageReader reader(&buffer);
-  reader.setDecideFormatFromContent(true);
-  const QByteArray format = reader.format();
-  if (std::ranges::count(formatsOfPixels, std::string_view(format)) > 0) use(reader);
+  QImageReader reader(&buffer, "png");
+  if (!size.isEmpty()) reader.setScaledSize(size);
+  return reader.read();
 }
 
 }  // namespace
 
-QImage Decode(std::span<const std::byte> encoded, QSize size) {
-  QImage decoded;
-  Read(encoded, [&](QImageReader& reader) {
-    if (!size.isEmpty()) reader.setScaledSize(size);
-    decoded = reader.read();
-  });
-  return decoded;
-}
-
-std::optional<Size> SizeOf(std::span<const std::byte> encoded) {
-  std::optional<Size> size;
-  Read(encoded, [&](const QImageReader& reader) {
-    if (reader.size().isValid()) size = {.Width = reader.size().width(), .Height = reader.size().height()};
-  });
-  return size;
+QImage ImageOf(const Picture& picture, QSize size) {
+  if (!picture.Encoded().empty()) return Decode(picture.Encoded(), size);
+  const auto& [own, colors] = picture.Pixels();
+  const QImage image(reinterpret_cast<const uchar*>(colors.data()), own.Width, own.Height,
+                     QImage::Format_ARGB32_Premultiplied);
+  if (size.isEmpty() || size == image.size()) return image.copy();
+  return image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
 }  // namespace toolkit::qt

@@ -1,7 +1,9 @@
 #include "toolkit/qt/QtPlatform.h"
 
 #include <algorithm>
+#include <limits>
 #include <malloc.h>
+#include <utility>
 
 #include <QApplication>
 #include <QDesktopServices>
@@ -17,6 +19,7 @@
 #include "toolkit/Window.h"
 #include "toolkit/qt/Accessibility.h"
 #include "toolkit/qt/DialogBox.h"
+#include "toolkit/qt/PictureDecoder.h"
 #include "toolkit/qt/QtPicture.h"
 #include "toolkit/qt/QtProcess.h"
 #include "toolkit/qt/QtText.h"
@@ -26,7 +29,7 @@
 namespace toolkit::qt {
 namespace {
 
-QIcon ProgramIcon() { return {Decode(*OpenPictureResource("corvane"))}; }
+QIcon IconOf(const ProgramFacts& program) { return {PixmapOf(*OpenPictureResource(program.Id))}; }
 
 FolderItem Folder(QStandardPaths::StandardLocation location) {
   return FolderItem(FromQt(QStandardPaths::writableLocation(location)));
@@ -89,13 +92,13 @@ void ReturnLargeBlocks() {
 
 }  // namespace
 
-QtPlatform::QtPlatform(int& argumentCount, char** arguments)
-    : application_(std::make_unique<QApplication>(argumentCount, arguments)) {
+QtPlatform::QtPlatform(ProgramFacts program, int& argumentCount, char** arguments)
+    : Platform(std::move(program)), application_(std::make_unique<QApplication>(argumentCount, arguments)) {
   ReturnLargeBlocks();
-  QApplication::setApplicationName("Corvane");
-  QApplication::setDesktopFileName("corvane");
+  QApplication::setApplicationName(ToQt(Program().Name));
+  QApplication::setDesktopFileName(ToQt(Program().Id));
   QApplication::setQuitOnLastWindowClosed(false);
-  QApplication::setWindowIcon(ProgramIcon());
+  QApplication::setWindowIcon(IconOf(Program()));
   DescribeViews();
   sessionWatch_ = std::make_unique<SessionWatch>([this] { EndSession(); });
 }
@@ -131,12 +134,13 @@ void QtPlatform::RunEventsUntil(const std::function<bool()>& isDone) {
   DropClosedViewsLater();
 }
 
-void QtPlatform::RunDueEvents() {
-  if (quitting_) return;
+bool QtPlatform::RunDueEvents() {
+  if (quitting_) return false;
   ++nestedLoops_;
   QCoreApplication::processEvents();
   --nestedLoops_;
   DropClosedViewsLater();
+  return !quitting_;
 }
 
 std::unique_ptr<PlatformTimer> QtPlatform::StartTimer(std::chrono::milliseconds period, std::function<void()> expired) {
@@ -154,7 +158,16 @@ std::chrono::milliseconds QtPlatform::Uptime() const {
 
 void QtPlatform::TrustAuthority(std::string_view certificate) { transfers_.Trust(certificate); }
 
-std::optional<Size> QtPlatform::SizeOfPicture(std::span<const std::byte> encoded) { return SizeOf(encoded); }
+std::optional<Pixels> QtPlatform::DecodePicture(std::string encoded, const StillWanted& wanted) {
+  std::optional<QImage> image;
+  const PictureDecoder decoder(std::exchange(encoded, {}), std::numeric_limits<int>::max(),
+                               [&](QImage decoded) { image = std::move(decoded); });
+  RunEventsUntil([&] { return image || !IsWanted(wanted); });
+  if (!image || image->isNull()) return std::nullopt;
+  const auto* const colors = reinterpret_cast<const std::uint32_t*>(image->constBits());
+  return Pixels{.Size = {.Width = image->width(), .Height = image->height()},
+                .Colors = {colors, colors + image->sizeInBytes() / qsizetype{sizeof(std::uint32_t)}}};
+}
 
 std::optional<std::string> QtPlatform::Translation(const std::string& key, const std::string& language) {
   if (!translations_) translations_ = std::make_unique<Translations>();
@@ -178,6 +191,8 @@ void QtPlatform::Quit(int status) {
 FolderItem QtPlatform::ApplicationDataFolder() const { return Folder(QStandardPaths::GenericDataLocation); }
 
 FolderItem QtPlatform::DesktopFolder() const { return Folder(QStandardPaths::DesktopLocation); }
+
+FolderItem QtPlatform::CacheFolder() const { return Folder(QStandardPaths::GenericCacheLocation); }
 
 void QtPlatform::Present(Window& window) {
   views_.push_back(std::make_unique<QtWindow>(window.shared_from_this()));

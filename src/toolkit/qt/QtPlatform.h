@@ -19,24 +19,25 @@ class QtWindow;
 class QtPlatform final : public Platform {
  public:
   /// Takes Qt's own options out of the arguments, which must live as long as the platform.
-  QtPlatform(int& argumentCount, char** arguments);
+  QtPlatform(ProgramFacts program, int& argumentCount, char** arguments);
   ~QtPlatform() override;
 
   std::unique_ptr<HTTPTransfer> StartTransfer(HTTPRequest request, HTTPTransferEvents& events) override;
   void RunEventsUntil(const std::function<bool()>& isDone) override;
-  void RunDueEvents() override;
+  bool RunDueEvents() override;
   std::unique_ptr<PlatformTimer> StartTimer(std::chrono::milliseconds period, std::function<void()> expired) override;
   std::unique_ptr<ChildProcess> StartProcess(const std::string& commandLine,
                                              std::function<void(ProcessEnd)> ended) override;
   [[nodiscard]] std::chrono::milliseconds Uptime() const override;
   void TrustAuthority(std::string_view certificate) override;
-  std::optional<Size> SizeOfPicture(std::span<const std::byte> encoded) override;
+  std::optional<Pixels> DecodePicture(std::string encoded, const StillWanted& wanted) override;
   std::optional<std::string> Translation(const std::string& key, const std::string& language) override;
   bool OpenURL(const std::string& url) override;
   int RunLoop(const std::function<void()>& start) override;
   void Quit(int status) override;
   [[nodiscard]] FolderItem ApplicationDataFolder() const override;
   [[nodiscard]] FolderItem DesktopFolder() const override;
+  [[nodiscard]] FolderItem CacheFolder() const override;
 
  protected:
   void Present(Window& window) override;

@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <csignal>
 #include <linux/close_range.h>
+#include <optional>
 #include <sys/mman.h>
 #include <unistd.h>
 #include <utility>
 
 #include <QCoreApplication>
 #include <QPointer>
+#include <QProcessEnvironment>
 
 #include "toolkit/Platform.h"
 #include "toolkit/qt/QtText.h"
@@ -43,6 +45,19 @@ void PrepareChild() {
   close_range(firstOwnDescriptor, ~0U, CLOSE_RANGE_CLOEXEC);
 }
 
+/// The user's environment without what the loader of programs takes from it; nothing if there is no such thing, so that
+/// entries stay that Qt does not know as such.
+std::optional<QProcessEnvironment> EnvironmentOfTools() {
+  auto environment = QProcessEnvironment::systemEnvironment();
+  bool isOther = false;
+  for (const QString& name : environment.keys()) {
+    if (!name.startsWith(QLatin1String("LD_"))) continue;
+    environment.remove(name);
+    isOther = true;
+  }
+  return isOther ? std::optional(environment) : std::nullopt;
+}
+
 }  // namespace
 
 QtProcess::QtProcess(const std::string& commandLine, std::function<void(ProcessEnd)> ended)
@@ -54,6 +69,7 @@ QtProcess::QtProcess(const std::string& commandLine, std::function<void(ProcessE
   process_->setStandardOutputFile(QStringLiteral("/proc/self/fd/%1").arg(output_));
   process_->setStandardInputFile(QProcess::nullDevice());
   process_->setChildProcessModifier(PrepareChild);
+  if (const auto environment = EnvironmentOfTools()) process_->setProcessEnvironment(*environment);
   QObject::connect(process_.get(), &QProcess::finished, listener_.get(), [this](int code, QProcess::ExitStatus status) {
     Tell(status == QProcess::NormalExit ? code : endedBySignal + code);
   });

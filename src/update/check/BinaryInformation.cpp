@@ -1,5 +1,6 @@
 #include "update/check/BinaryInformation.h"
 
+#include <algorithm>
 #include <array>
 
 #include "toolkit/Text.h"
@@ -14,8 +15,15 @@ using Row = Property<BinaryInformation>;
 constexpr std::array properties{
     Row{"ExecutableName", &BinaryInformation::ExecutableName},
     Row{"Hash", &BinaryInformation::Hash},
+    Row{"SHA256", &BinaryInformation::SHA256},
+    Row{"Size", &BinaryInformation::Size},
     Row{"URL", &BinaryInformation::URL},
 };
+
+bool IsPlainName(std::string_view name) {
+  const auto isOdd = [](unsigned char byte) { return byte < ' ' || byte == 0x7F || byte == '/' || byte == '\\'; };
+  return !toolkit::Trim(name).empty() && name != "." && name != ".." && std::ranges::none_of(name, isOdd);
+}
 
 }  // namespace
 
@@ -29,14 +37,15 @@ std::string BinaryInformation::FileName() const {
   return toolkit::DecodeURLComponent(slash == std::string::npos ? URL : URL.substr(slash + 1));
 }
 
-bool BinaryInformation::HasUsableFileName() const {
-  const std::string name = FileName();
-  const bool isEntry = !name.empty() && name != "." && name != "..";
-  return isEntry && name.find_first_of(std::string_view("/\0", 2)) == std::string::npos;
+bool BinaryInformation::HasUsableNames() const {
+  const bool hasExecutable = IsExecutableNameRequired || !ExecutableName.empty();
+  return IsPlainName(FileName()) && (!hasExecutable || IsPlainName(ExecutableName));
 }
 
 toolkit::JSONItem BinaryInformation::ConvertToJSON() const {
   boost::json::object members{{"Hash", Hash}, {"URL", URL}};
+  if (SHA256) members["SHA256"] = *SHA256;
+  if (Size) members["Size"] = *Size;
   if (!ExecutableName.empty()) members["ExecutableName"] = ExecutableName;
   return members;
 }

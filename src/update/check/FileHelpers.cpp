@@ -1,11 +1,12 @@
 #include "update/check/FileHelpers.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <vector>
 
 #include "toolkit/Application.h"
-#include "toolkit/Cryptography.h"
 #include "toolkit/Platform.h"
 #include "toolkit/Text.h"
 
@@ -20,11 +21,11 @@ void YieldToEvents() { toolkit::Platform::Current().RunDueEvents(); }
 
 }  // namespace
 
-std::string HashOfFile(const FolderItem& file, const toolkit::StillWanted& wanted) {
-  if (file.IsFolder() || !file.IsReadable()) return "";
+std::string HashOfFile(const FolderItem& file, const toolkit::StillWanted& wanted, toolkit::Digest::Kind kind) {
+  if (file.IsFolder() || !file.IsReadable() || !toolkit::Digest::IsAvailable(kind)) return "";
   std::ifstream stream(file.Path(), std::ios::binary);
   std::vector<char> chunk(bytesAtOnce);
-  toolkit::MD5Digest digest;
+  toolkit::Digest digest(kind);
   while (stream) {
     stream.read(chunk.data(), static_cast<std::streamsize>(chunk.size()));
     digest.Process({chunk.data(), static_cast<std::size_t>(stream.gcount())});
@@ -43,6 +44,20 @@ void DeleteRecursive(const FolderItem& item) {
   std::for_each(firstFile, entries.end(), [](const FolderItem& file) { file.Delete(); });
   item.Delete();
   YieldToEvents();
+}
+
+void DeleteWholly(const FolderItem& item) {
+  std::vector<FolderItem> folders{item};
+  while (!folders.empty()) {
+    const FolderItem folder = std::move(folders.back());
+    folders.pop_back();
+    if (!folder.IsFolder()) continue;
+    std::error_code ignored;
+    std::filesystem::permissions(folder.Path(), std::filesystem::perms::owner_all, std::filesystem::perm_options::add,
+                                 ignored);
+    std::ranges::move(folder.Children(), std::back_inserter(folders));
+  }
+  DeleteRecursive(item);
 }
 
 bool IsWriteableRecursive(const FolderItem& item) {

@@ -23,9 +23,10 @@ std::string HTTPSSocket::GetRedirectAddress(std::string url, int timeoutSeconds,
 }
 
 void HTTPSSocket::SetSecure(std::string& url) {
-  static const toolkit::RegEx withCredentials(R"(^(?:https?://)([^:/\x20@]+):([^:/\x20@]*)@(.*))");
   Secure = ForceSecure || toolkit::StartsWithIgnoringCase(toolkit::Trim(url), "https://");
   Port = Secure ? portOfHTTPS : portOfHTTP;
+  if (url.find('@') == std::string::npos) return;  // as at the start of the program, which needs no pattern then
+  static const toolkit::RegEx withCredentials(R"(^(?:https?://)([^:/\x20@]+):([^:/\x20@]*)@(.*))");
   const auto match = withCredentials.Search(url);
   if (!match) return;
   Username = toolkit::DecodeURLComponent(match->SubExpression(1));

@@ -20,7 +20,10 @@ class HTTPSSocket : public toolkit::HTTPSecureSocket {
   /// Where the redirects from `url` lead: the "Location" of one header request after another, as it stands, until a
   /// reply has none or `maximumIterations` requests were sent (below 1: no limit). Each may take `timeoutSeconds`
   /// without progress. Runs the event loop; an interrupted or failed request ends the search.
-  std::string GetRedirectAddress(std::string url, int timeoutSeconds, int maximumIterations);
+  std::string GetRedirectAddress(std::string url, int timeoutSeconds = kTimeoutSeconds,
+                                 int maximumIterations = kMostRedirects);
+  /// Whether the last reply says that there is nothing at the address.
+  [[nodiscard]] bool IsMissing() const { return HTTPStatusCode() == 404; }
 
  protected:
   /// Takes scheme and credentials out of `url` and sets the connection up for them. The credentials stay for later URLs

@@ -1,5 +1,6 @@
 #include "update/check/Properties.h"
 
+#include <charconv>
 #include <cmath>
 
 #include "toolkit/RuntimeException.h"
@@ -33,6 +34,18 @@ void Convert(const JSONItem& value, bool& truth) {
   } else {
     throw TypeMismatchException("a value cannot be converted to true or false");
   }
+}
+
+void Convert(const JSONItem& value, std::uint64_t& number) {
+  boost::json::error_code failure;
+  const auto* string = value.if_string();
+  if (string == nullptr) {
+    number = value.to_number<std::uint64_t>(failure);
+  } else {
+    const auto read = std::from_chars(string->begin(), string->end(), number);
+    if (read.ec != std::errc() || read.ptr != string->end()) failure = boost::json::error::not_number;
+  }
+  if (failure) throw TypeMismatchException("a value cannot be converted to a whole number");
 }
 
 const boost::json::object& RequireObject(const JSONItem& value) {

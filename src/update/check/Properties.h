@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -13,21 +15,38 @@ namespace Kaju {
 template <typename Record>
 struct Property {
   std::string_view Name;
-  std::variant<std::string Record::*, bool Record::*> Member;
+  std::variant<std::string Record::*, bool Record::*, std::optional<std::string> Record::*,
+               std::optional<std::uint64_t> Record::*>
+      Member;
 };
 
 /// A JSON value as a text or a truth value. A number converts to its shortest usual text; to Boolean, a number is false
-/// if it is 0, null is false, and of texts only "true" and "false" convert, in either case. Throws a
-/// toolkit::TypeMismatchException for any other value.
+/// if it is 0, null is false, and of texts only "true" and "false" convert, in either case; of those to a number, only
+/// such as consist of digits. Throws a toolkit::TypeMismatchException for any other value.
 void Convert(const toolkit::JSONItem& value, std::string& text);
 void Convert(const toolkit::JSONItem& value, bool& truth);
+void Convert(const toolkit::JSONItem& value, std::uint64_t& number);
+template <typename Value>
+void Convert(const toolkit::JSONItem& value, std::optional<Value>& optional) {
+  Convert(value, optional.emplace());
+}
+
+/// A property as a JSON value; null if it is not there.
+template <typename Value>
+toolkit::JSONItem ToJSON(const Value& value) {
+  return toolkit::JSONItem(value);
+}
+template <typename Value>
+toolkit::JSONItem ToJSON(const std::optional<Value>& value) {
+  return value ? toolkit::JSONItem(*value) : toolkit::JSONItem();
+}
 
 /// Sets each of the properties that `data` has a member for. A member that is an object or array is passed over. Throws
 /// if `data` is no object or a member cannot be converted.
 template <typename Record>
 void JSONToProperties(const toolkit::JSONItem& data, std::span<const Property<Record>> properties, Record& record);
 
-/// The properties as a JSON object, in their order.
+/// The properties that are there as a JSON object, in their order.
 template <typename Record>
 toolkit::JSONItem PropertiesToJSON(std::span<const Property<Record>> properties, const Record& record);
 
@@ -48,7 +67,8 @@ template <typename Record>
 toolkit::JSONItem PropertiesToJSON(std::span<const Property<Record>> properties, const Record& record) {
   boost::json::object members;
   for (const Property<Record>& property : properties) {
-    std::visit([&](auto member) { members[property.Name] = record.*member; }, property.Member);
+    toolkit::JSONItem value = std::visit([&](auto member) { return ToJSON(record.*member); }, property.Member);
+    if (!value.is_null()) members[property.Name] = std::move(value);
   }
   return members;
 }

@@ -9,7 +9,6 @@
 namespace Kaju {
 namespace {
 
-constexpr int notFound = 404;
 constexpr std::uint64_t largestPage = std::uint64_t{4} << 20U;
 
 /// A page in the encoding that it says it has.
@@ -25,14 +24,13 @@ std::string ToUTF8(const std::string& page) {
 std::string FetchNotes(const std::string& address, std::string_view fallback, const toolkit::StillWanted& wanted) {
   HTTPSSocket redirects;
   redirects.Wanted = wanted;
-  const std::string resolved =
-      redirects.GetRedirectAddress(address, HTTPSSocket::kTimeoutSeconds, HTTPSSocket::kMostRedirects);
+  const std::string resolved = redirects.GetRedirectAddress(address);
   if (!toolkit::IsWanted(wanted)) return "";
   HTTPSSocket socket;
   socket.Wanted = wanted;
   socket.LargestBody = largestPage;
   const std::string page = socket.Get(resolved, HTTPSSocket::kTimeoutSeconds);
-  const bool isMissing = socket.HTTPStatusCode() == notFound || toolkit::Trim(page).empty();
+  const bool isMissing = socket.IsMissing() || toolkit::Trim(page).empty();
   return isMissing ? std::string(fallback) : ToUTF8(page);
 }
 

@@ -1,11 +1,13 @@
 #include "update/check/UpdateChecker.h"
 
 #include <algorithm>
+#include <chrono>
 #include <span>
 #include <utility>
 
 #include "toolkit/DebugLog.h"
 #include "toolkit/MessageDialog.h"
+#include "toolkit/Platform.h"
 #include "toolkit/RuntimeException.h"
 #include "toolkit/Text.h"
 #include "update/check/FileHelpers.h"
@@ -18,9 +20,12 @@
 namespace Kaju {
 namespace {
 
-constexpr int notFound = 404;
 constexpr std::uint64_t largestDocument = std::uint64_t{64} << 20U;
 constexpr double beforeAllVersions = -1.0;
+constexpr std::size_t offersBetweenBreaks = 64;
+
+/// For the breaks in long work, which ends early when the program quits.
+bool ServeEvents() { return toolkit::Platform::Current().RunDueEvents(); }
 
 std::string BadData(const std::string& reason) {
   return KajuLocale::kErrorBadUpdateData() + (reason.empty() ? "" : " - " + reason);
@@ -52,10 +57,8 @@ UpdateChecker::~UpdateChecker() {
 }
 
 void UpdateChecker::Execute() {
-  if (UpdateWindowIsOpen() || !OSIsSupported() || !MayReplaceProgram()) {
-    mResult = UpdateWindowIsOpen() ? ResultType::UpdateWindowOpen
-              : OSIsSupported()    ? ResultType::NoWritePermission
-                                   : ResultType::UnsupportedOS;
+  if (const auto obstacle = Obstacle()) {
+    mResult = *obstacle;
     return;
   }
   mDryRun = false;
@@ -63,8 +66,7 @@ void UpdateChecker::Execute() {
     throw KajuException(KajuException::kErrorMissingUpdateURL(), "Kaju.UpdateChecker.Execute");
   }
   std::string url = UpdateURL;
-  if (AllowRedirection)
-    url = HTTPSSocket().GetRedirectAddress(url, HTTPSSocket::kTimeoutSeconds, HTTPSSocket::kMostRedirects);
+  if (AllowRedirection) url = HTTPSSocket().GetRedirectAddress(url);
   while (FetchAndProcess(url) == Next::FetchAgain) continue;
 }
 
@@ -81,16 +83,20 @@ void UpdateChecker::IgnoreVersion(const std::string& version) {
   if (!version.empty() && !IsIgnored(version)) preferences_.IgnoreVersionsPref.push_back(version);
 }
 
-bool UpdateChecker::MayReplaceProgram() const {
+std::optional<UpdateChecker::ResultType> UpdateChecker::Obstacle() const {
+  if (UpdateWindowIsOpen()) return ResultType::UpdateWindowOpen;
+  if (!OSIsSupported()) return ResultType::UnsupportedOS;
   const toolkit::FolderItem program = TrueExecutableFile();
-  return program.Parent().IsWriteable() && IsWriteableRecursive(program);
+  if (!program.Parent().IsWriteable()) return ResultType::NoWritePermission;
+  if (!IsWriteableRecursive(program)) return ResultType::NoWritePermission;
+  return std::nullopt;
 }
 
 UpdateChecker::Next UpdateChecker::FetchAndProcess(const std::string& url) {
   HTTPSSocket socket;
   socket.LargestBody = largestDocument;
   const std::string body = socket.Get(url, HTTPSSocket::kTimeoutSeconds);
-  if (socket.HTTPStatusCode() == notFound) {
+  if (socket.IsMissing()) {
     mResult = ResultType::NoUpdateAvailable;
     return Next::Return;
   }
@@ -98,7 +104,7 @@ UpdateChecker::Next UpdateChecker::FetchAndProcess(const std::string& url) {
   if (body.empty()) return HandleError(KajuLocale::kErrorNoUpdateData());
 
   const UpdatePacket packet = SeparatePacket(body);
-  switch (VerifyPacket(packet, ServerPublicRSAKey)) {
+  switch (VerifyPacket(packet, ServerPublicRSAKey, ServeEvents)) {
     case PacketVerdict::WrongMarker:
       return HandleError(KajuLocale::kErrorIncorrectPacketMarker());
     case PacketVerdict::WrongSignature:
@@ -124,8 +130,11 @@ void UpdateChecker::Decide(std::string_view raw) {
   const double currentVersion = mDryRun ? beforeAllVersions : VersionToDouble(AppVersionString());
   Offers offers;
   bool requiredFound = false;
-  const auto document = toolkit::ParseJSONItem(raw);
+  const auto document = toolkit::ParseJSONItem(raw, ServeEvents);
+  if (!document) return;
+  std::size_t read = 0;
   for (const toolkit::JSONItem& element : Elements(*document)) {
+    if (++read % offersBetweenBreaks == 0 && !ServeEvents()) return;
     auto update = std::make_shared<UpdateInformation>(element);
     if (!Concerns(*update, currentVersion)) continue;
     const bool isRequired = update->IsRequiredFor(currentVersion);
@@ -141,11 +150,12 @@ void UpdateChecker::Decide(std::string_view raw) {
   if (presenter_ && IsAllowed(kAllowUpdateWindow)) presenter_->ChooseUpdate(shared_from_this(), std::move(offers));
 }
 
-/// Whether there is a file of it for this build, of a stage that is allowed, and it is newer.
+/// Whether there is a file of it for this build, of a stage that is allowed, it is newer, and still to be offered.
 bool UpdateChecker::Concerns(const UpdateInformation& update, double currentVersion) const {
   const bool anyWidth = Target.Bits == Width::Bits32 && Allow32bitTo64bitUpdates;
   const auto binary = anyWidth ? update.PlatformBinaryAny(Target.Platform) : update.PlatformBinarySameBitness(Target);
-  return binary && update.StageCode() >= AllowedStage && currentVersion < update.VersionAsDouble();
+  if (!binary || update.StageCode() < AllowedStage || currentVersion >= update.VersionAsDouble()) return false;
+  return !update.IsExpiredAt(std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now()));
 }
 
 bool UpdateChecker::IsIgnored(const std::string& version) const {

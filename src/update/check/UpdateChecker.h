@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -84,7 +85,8 @@ class UpdateChecker : public std::enable_shared_from_this<UpdateChecker> {
   enum class Next { Return, FetchAgain };
 
   static bool OSIsSupported() { return true; }
-  [[nodiscard]] bool MayReplaceProgram() const;
+  /// Why no check is worth while. Runs the event loop.
+  [[nodiscard]] std::optional<ResultType> Obstacle() const;
   Next FetchAndProcess(const std::string& url);
   Next ProcessUpdateData(std::string_view raw);
   void Decide(std::string_view raw);

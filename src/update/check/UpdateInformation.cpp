@@ -7,18 +7,19 @@
 #include "update/check/HTTPSSocket.h"
 #include "update/check/KajuLocale.h"
 #include "update/check/Properties.h"
+#include "update/check/Timestamps.h"
 #include "update/check/Versions.h"
 
 namespace Kaju {
 namespace {
 
-constexpr int finalStage = 3;
 constexpr std::uint64_t largestPicture = std::uint64_t{16} << 20U;
 
 using Row = Property<UpdateInformation>;
 
 constexpr std::array properties{
     Row{"AppName", &UpdateInformation::AppName},
+    Row{"Expires", &UpdateInformation::Expires},
     Row{"ImageURL", &UpdateInformation::ImageURL},
     Row{"MinimumRequiredVersion", &UpdateInformation::MinimumRequiredVersion},
     Row{"ReleaseNotes", &UpdateInformation::ReleaseNotes},
@@ -69,11 +70,10 @@ std::shared_ptr<const toolkit::Picture> FetchPicture(const std::string& url, con
     HTTPSSocket socket;
     socket.Wanted = wanted;
     socket.LargestBody = largestPicture;
-    const std::string resolved =
-        socket.GetRedirectAddress(url, HTTPSSocket::kTimeoutSeconds, HTTPSSocket::kMostRedirects);
+    const std::string resolved = socket.GetRedirectAddress(url);
     if (!toolkit::IsWanted(wanted)) return nullptr;
     std::string body = socket.Get(resolved, HTTPSSocket::kTimeoutSeconds);
-    return body.empty() ? nullptr : toolkit::Picture::FromData(std::move(body));
+    return body.empty() ? nullptr : toolkit::Picture::FromData(std::move(body), wanted);
   } catch (const toolkit::RuntimeException&) {
     return nullptr;  // an update without a picture is shown all the same
   }
@@ -99,16 +99,16 @@ UpdateInformation::UpdateInformation(const UpdateInformation& other) : Informati
   });
 }
 
-int UpdateInformation::StageCode() const {
-  constexpr std::string_view letters = "dabDAB";
-  const std::size_t place = Version.find_first_of(letters);
-  return place == std::string::npos ? finalStage : static_cast<int>(letters.find(Version[place]) % finalStage);
-}
+int UpdateInformation::StageCode() const { return StageCodeOf(Version); }
 
 double UpdateInformation::VersionAsDouble() const { return VersionToDouble(Version); }
 
 bool UpdateInformation::IsRequiredFor(double version) const {
   return VersionToDouble(MinimumRequiredVersion) > version && !MinimumRequiredVersion.empty();
+}
+
+bool UpdateInformation::IsExpiredAt(std::chrono::sys_seconds moment) const {
+  return Expires && moment > MomentOf(*Expires);
 }
 
 std::shared_ptr<const toolkit::Picture> UpdateInformation::Image(const toolkit::StillWanted& wanted) const {
@@ -144,7 +144,7 @@ void UpdateInformation::RemoveBinary(std::string_view name) { mBinaries.at(Index
 toolkit::Variant UpdateInformation::GetByName(std::string_view name) const {
   if (name == "StageCode") return toolkit::JSONItem(StageCode());
   if (name == "VersionAsDouble") return toolkit::JSONItem(VersionAsDouble());
-  return std::visit([&](auto member) { return toolkit::JSONItem(this->*member); }, FindProperty(name).Member);
+  return std::visit([&](auto member) { return Kaju::ToJSON(this->*member); }, FindProperty(name).Member);
 }
 
 void UpdateInformation::SetByName(std::string_view name, const toolkit::JSONItem& value) {

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <array>
+#include <chrono>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -20,6 +22,8 @@ class UpdateInformation final : public Information {
   using BinaryPointer = std::shared_ptr<BinaryInformation>;
 
   std::string AppName;
+  /// The moment after which this is not offered any more; see MomentOf().
+  std::optional<std::string> Expires;
   std::string ImageURL;
   std::string MinimumRequiredVersion;
   std::string ReleaseNotes;
@@ -49,9 +53,12 @@ class UpdateInformation final : public Information {
   /// MinimumRequiredVersion is malformed.
   [[nodiscard]] bool IsRequiredFor(double version) const;
 
+  /// Throws a KajuException if Expires is malformed.
+  [[nodiscard]] bool IsExpiredAt(std::chrono::sys_seconds moment) const;
+
   /// The picture at ImageURL, fetched when it is first asked for; nullptr if there is none or it cannot be had, and
-  /// then fetched again the next time. Runs the event loop for up to 5 seconds without progress a request, and gives up
-  /// once it is no longer wanted.
+  /// then fetched again the next time. Runs the event loop for up to 5 seconds without progress a request and while the
+  /// picture is decoded, and gives up once it is no longer wanted.
   [[nodiscard]] std::shared_ptr<const toolkit::Picture> Image(const toolkit::StillWanted& wanted = {}) const;
 
   /// The file for a platform; nullptr if there is none. On macOS one file serves both widths.

@@ -18,10 +18,10 @@ UpdatePacket SeparatePacket(std::string_view data) {
   return {.SignatureLine = match->SubExpression(1), .Payload = data.substr(match->SubExpression(0).size())};
 }
 
-PacketVerdict VerifyPacket(const UpdatePacket& packet, std::string_view publicKey) {
+PacketVerdict VerifyPacket(const UpdatePacket& packet, std::string_view publicKey, const toolkit::StillWanted& wanted) {
   if (!packet.SignatureLine.starts_with(marker)) return PacketVerdict::WrongMarker;
   const auto signature = toolkit::DecodeHex(packet.SignatureLine.substr(marker.size()));
-  const bool isGenuine = signature && toolkit::RSAVerifySignature(packet.Payload, *signature, publicKey);
+  const bool isGenuine = signature && toolkit::RSAVerifySignature(packet.Payload, *signature, publicKey, wanted);
   return isGenuine ? PacketVerdict::Genuine : PacketVerdict::WrongSignature;
 }
 

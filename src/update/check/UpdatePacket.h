@@ -2,6 +2,8 @@
 
 #include <string_view>
 
+#include "toolkit/StillWanted.h"
+
 namespace Kaju {
 
 enum class PacketVerdict { Genuine, WrongMarker, WrongSignature };
@@ -19,7 +21,8 @@ struct UpdatePacket {
 [[nodiscard]] UpdatePacket SeparatePacket(std::string_view data);
 
 /// Whether the packet was signed by the owner of `publicKey`; see toolkit::RSAVerifySignature(). Anything that cannot
-/// be used, the key included, makes the signature a wrong one.
-[[nodiscard]] PacketVerdict VerifyPacket(const UpdatePacket& packet, std::string_view publicKey);
+/// be used, the key included, makes the signature a wrong one, and so does an answer that is no longer wanted.
+[[nodiscard]] PacketVerdict VerifyPacket(const UpdatePacket& packet, std::string_view publicKey,
+                                         const toolkit::StillWanted& wanted = {});
 
 }  // namespace Kaju

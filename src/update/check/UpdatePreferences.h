@@ -19,6 +19,10 @@ struct UpdatePreferences {
 /// toolkit::RuntimeException that names the file if it cannot be read or does not hold them.
 [[nodiscard]] UpdatePreferences LoadPreferences(const toolkit::FolderItem& file);
 
+/// Gives preferences that cannot be read, or whatever else has their name, another name that nothing has, and returns
+/// them under it. Throws a toolkit::RuntimeException if that fails.
+toolkit::FolderItem SetPreferencesAside(const toolkit::FolderItem& file);
+
 /// Replaces `file` whole. Throws a toolkit::RuntimeException if it cannot be written; it is unchanged then.
 void SavePreferences(const toolkit::FolderItem& file, const UpdatePreferences& preferences);
 

@@ -13,7 +13,9 @@
 namespace Kaju {
 namespace {
 
-constexpr int finalStage = 3;
+constexpr int finalStage = static_cast<int>(toolkit::Stage::Final);
+/// Those of the stages before it, in their order.
+constexpr std::string_view stageLetters = "dab";
 
 /// The number that the digits stand for; 0 if there are none.
 double Val(std::string_view digits) {
@@ -54,14 +56,21 @@ double VersionToDouble(std::string_view version) {
 }
 
 std::string VersionStringFor(int major, int minor, int bug, int stage, int nonRelease) {
-  constexpr std::array letters{"d", "a", "b"};
   std::string version = std::to_string(major).append(".").append(std::to_string(minor));
   if (bug > 0) version.append(".").append(std::to_string(bug));
   if (stage == finalStage) {
     return nonRelease > 0 ? version.append(" (").append(std::to_string(nonRelease)).append(")") : version;
   }
-  if (stage >= 0 && stage < finalStage) version += letters.at(static_cast<std::size_t>(stage));
+  if (stage >= 0 && stage < finalStage) version += stageLetters.at(static_cast<std::size_t>(stage));
   return version.append(std::to_string(nonRelease));
+}
+
+int StageCodeOf(std::string_view version) {
+  for (const char letter : version) {
+    const std::size_t stage = stageLetters.find(toolkit::LowerCase({&letter, 1}));
+    if (stage != std::string_view::npos) return static_cast<int>(stage);
+  }
+  return finalStage;
 }
 
 std::string AppVersionString() {

@@ -13,6 +13,9 @@ namespace Kaju {
 /// The version string of these numbers; `stage` is 0 to 3 for development, alpha, beta and final.
 [[nodiscard]] std::string VersionStringFor(int major, int minor, int bug, int stage, int nonRelease);
 
+/// The stage that the first such letter of a version string tells, as a number in the same way.
+[[nodiscard]] int StageCodeOf(std::string_view version);
+
 /// The version string of the running program.
 [[nodiscard]] std::string AppVersionString();
 

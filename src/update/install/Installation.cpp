@@ -4,9 +4,11 @@
 #include <limits>
 
 #include "toolkit/Application.h"
+#include "toolkit/BinaryStream.h"
 #include "toolkit/Platform.h"
 #include "toolkit/RuntimeException.h"
 #include "toolkit/Text.h"
+#include "update/check/FileCheck.h"
 #include "update/check/FileHelpers.h"
 #include "update/check/KajuLocale.h"
 #include "update/install/KajuUpdateWindow.h"
@@ -60,24 +62,40 @@ void KajuUpdateWindow::ShowInstalling() {
 }
 
 void KajuUpdateWindow::Download() {
-  if (!SelectedBinary->HasUsableFileName()) return ShowError("");
+  if (!SelectedBinary->HasUsableNames()) return ShowError("");
   try {
     const FolderItem folder = Kaju::GetTemporaryFolder();
     DeleteOnCancel.push_back(folder);
     DownloadFile = folder.Child(SelectedBinary->FileName());
     DeleteOnClose.push_back(*DownloadFile);
   } catch (const toolkit::RuntimeException& exception) {
-    return ShowError(exception.Message());
+    return ShowError(toolkit::IsDiskFull(exception.SystemError()) ? KajuLocale::kDiskFullMessage()
+                                                                  : exception.Message());
   }
-  const std::string url = hsSocket.GetRedirectAddress(SelectedBinary->URL, Kaju::HTTPSSocket::kTimeoutSeconds,
-                                                      Kaju::HTTPSSocket::kMostRedirects);
+  const std::string url = hsSocket.GetRedirectAddress(SelectedBinary->URL);
   if (!IsAt(Stage::Installing)) return;
   hsSocket.Get(url, *DownloadFile);
   tmrTimeout.Mode(Timer::RunMode::Single);
 }
 
+// Only the file itself is meant, not what a server says in its place.
+void KajuUpdateWindow::hsSocket_HeadersReceived(int httpStatus, std::int64_t totalBytes) {
+  const auto& size = SelectedBinary->Size;
+  if (httpStatus == ok && size && totalBytes >= 0 && static_cast<std::uint64_t>(totalBytes) != *size) EndAsCorrupted();
+}
+
+void KajuUpdateWindow::EndAsCorrupted() {
+  hsSocket.Disconnect();
+  tmrTimeout.Mode(Timer::RunMode::Off);
+  ShowError(KajuLocale::kBadDownloadMessage());
+}
+
 void KajuUpdateWindow::hsSocket_ReceiveProgress(std::int64_t bytesReceived, std::int64_t totalBytes) {
   if (CurrentStage == Stage::Cancelled) return;
+  const auto& size = SelectedBinary->Size;
+  if (hsSocket.HTTPStatusCode() == ok && size && static_cast<std::uint64_t>(bytesReceived) > *size) {
+    return EndAsCorrupted();
+  }
   const std::int64_t divisor = std::max<std::int64_t>(totalBytes / progressSteps, 1);
   const std::int64_t value = std::min<std::int64_t>(bytesReceived / divisor, std::numeric_limits<int>::max());
   pbProgress.Maximum(static_cast<int>(totalBytes / divisor)).Value(static_cast<int>(value));
@@ -90,11 +108,10 @@ void KajuUpdateWindow::hsSocket_DownloadComplete(int httpStatus, const FolderIte
   tmrTimeout.Mode(Timer::RunMode::Off);
   if (httpStatus != ok) return ShowError("");
   const FolderItem archive(file.Path());  // the socket may forget its file while the hash is computed
-  const std::string hash = Kaju::HashOfFile(archive, [this] { return IsAt(Stage::Installing); });
+  const auto verdict = Kaju::VerifyFile(archive, *SelectedBinary, [this] { return IsAt(Stage::Installing); });
   if (!IsAt(Stage::Installing)) return;
-  if (hash.empty() || !toolkit::EqualIgnoringCase(hash, SelectedBinary->Hash)) {
-    return ShowError(KajuLocale::kBadDownloadMessage());
-  }
+  if (verdict == Kaju::FileVerdict::Uncheckable) return ShowError(KajuLocale::kNoMD5Message());
+  if (verdict != Kaju::FileVerdict::Genuine) return ShowError(KajuLocale::kBadDownloadMessage());
   lblInstallMessage.Text(KajuLocale::kProcessingFileMessage());
   const FolderItem target = archive.Parent().Child("decompressed");
   DeleteOnCancel.push_back(target);
@@ -104,6 +121,7 @@ void KajuUpdateWindow::hsSocket_DownloadComplete(int httpStatus, const FolderIte
 void KajuUpdateWindow::hsSocket_Error(int code) {
   hsSocket.Disconnect();
   tmrTimeout.Mode(Timer::RunMode::Off);
+  if (hsSocket.FoundDiskFull()) return ShowError(KajuLocale::kDiskFullMessage());
   ShowError(KajuLocale::kGenericErrorMessage() + "  (" + std::to_string(code) + ")");
 }
 
@@ -122,7 +140,18 @@ void KajuUpdateWindow::shZipper_DecompressCompleted(const FolderItem& zipFile, c
   Initiater = std::make_shared<Kaju::UpdateInitiater>();
   Initiater->ReplacementAppFolder = *replacement;
   Initiater->ReplacementExecutableName = SelectedBinary->ExecutableName;
-  AskToQuit();
+  if (IsPossible(Stage::Installing)) AskToQuit();
+}
+
+bool KajuUpdateWindow::IsPossible(Stage stage) {
+  const auto initiater = Initiater;
+  const std::string problem = initiater->WhatPreventsIt();
+  if (!IsAt(stage)) return false;
+  if (problem.empty()) return true;
+  initiater->Cancel();
+  Initiater = nullptr;
+  ShowError(problem);
+  return false;
 }
 
 void KajuUpdateWindow::AskToQuit() {
@@ -134,11 +163,14 @@ void KajuUpdateWindow::AskToQuit() {
 }
 
 void KajuUpdateWindow::shZipper_Error() {
-  if (CurrentStage != Stage::Cancelled) ShowError("");
+  if (CurrentStage != Stage::Cancelled) ShowError(shZipper.FoundDiskFull() ? KajuLocale::kDiskFullMessage() : "");
 }
 
-// The other windows come to the front, each in its turn, so that the user sees what is about to be closed.
+// What has gone since the update was ready is told while the program still runs. The other windows come to the front,
+// each in its turn, so that the user sees what is about to be closed.
 void KajuUpdateWindow::InstallAndQuit() {
+  btnOK.Enabled(false);
+  if (!IsPossible(Stage::AskingToQuit)) return;
   Kaju::StartUpdate(Initiater);
   const auto windows = toolkit::Platform::Current().OpenWindows();
   if (windows.front().get() != this) {

@@ -49,7 +49,7 @@ void KajuUpdateWindow::BuildControls() {
   Origin(toolkit::WindowOrigin::Unasked);
   // clang-format off
   //  control                                    left  top  width height   locks   order
-  Add(hvNotes,           "hvNotes",           { 149,  84, 631, 445}, leftTop,  0).AccessibleName("Release notes");
+  Add(hvNotes,           "hvNotes",           { 149,  84, 631, 445}, leftTop,  0).AccessibleName(KajuLocale::kReleaseNotesName());
   Add(btnOK,             "btnOK",             { 630, 555, 150,  20}, leftTop,  1).Caption(KajuLocale::kInstallButton()).Role(ButtonRole::Default);
   Add(btnCancel,         "btnCancel",         { 468, 555, 150,  20}, leftTop,  2).Caption(KajuLocale::kRemindMeLaterButton()).Role(ButtonRole::Cancel);
   Add(btnSkipVersion,    "btnSkipVersion",    { 149, 555, 150,  20}, leftTop,  3).Caption(KajuLocale::kSkipVersionButton());
@@ -57,10 +57,10 @@ void KajuUpdateWindow::BuildControls() {
   Add(lblSecondary,      "lblSecondary",      { 149,  39, 631,  25}, leftTop,  5).Text("Untitled").Lines(LabelLines::Several).Ground(LabelGround::Picture);
   Add(Label1,            "Label1",            { 149,  64, 631,  20}, leftTop,  6).Text(KajuLocale::kReleaseNotesLabel()).Font(LabelFont::BoldSmallSystem).Ground(LabelGround::Picture);
   Add(lblInstallMessage, "lblInstallMessage", { 149, 555, 294,  30}, leftTop,  7).Text(KajuLocale::kDownloadingMessage()).Lines(LabelLines::Several).Ground(LabelGround::Picture).Visible(false);
-  Add(pbProgress,        "pbProgress",        {  20, 555, 117,  20}, leftTop,  8).AccessibleName("Progress").Visible(false);
+  Add(pbProgress,        "pbProgress",        {  20, 555, 117,  20}, leftTop,  8).AccessibleName(KajuLocale::kProgressName()).Visible(false);
   Add(hvNewWindow,       "hvNewWindow",       {-345, 119, 300, 200}, leftTop,  9).Visible(false);
   Add(lblVersions,       "lblVersions",       {  20,  64, 117,  20}, leftTop, 10).Text(KajuLocale::kVersionsLabel()).Font(LabelFont::BoldSmallSystem).Ground(LabelGround::Picture);
-  Add(pumUpdates,        "pumUpdates",        {  36,  87, 101,  20}, leftTop, 11).AccessibleName("Available versions");
+  Add(pumUpdates,        "pumUpdates",        {  36,  87, 101,  20}, leftTop, 11).AccessibleName(KajuLocale::kVersionsName());
   // clang-format on
   shZipper.Mode = Kaju::ZipShell::RunMode::Asynchronous;
   tmrTimeout.Period = longestStall;
@@ -76,6 +76,7 @@ void KajuUpdateWindow::WireEvents() {
   On(btnCancel.Action, &KajuUpdateWindow::btnCancel_Action);
   On(btnSkipVersion.Action, &KajuUpdateWindow::btnSkipVersion_Action);
   On(pumUpdates.Change, &KajuUpdateWindow::pumUpdates_Change);
+  On(hsSocket.HeadersReceived, &KajuUpdateWindow::hsSocket_HeadersReceived);
   On(hsSocket.ReceiveProgress, &KajuUpdateWindow::hsSocket_ReceiveProgress);
   On(hsSocket.DownloadComplete, &KajuUpdateWindow::hsSocket_DownloadComplete);
   On(hsSocket.Error, &KajuUpdateWindow::hsSocket_Error);
@@ -140,7 +141,7 @@ void KajuUpdateWindow::EndWork() {
 // Without the user's last press, the end of the program or of the desktop session is no reason to install anything.
 void KajuUpdateWindow::Event_Close() {
   if (!App::Current().UpdateInitiater) EndWork();
-  if (CurrentStage == Stage::Cancelled) std::ranges::for_each(DeleteOnCancel, Kaju::DeleteRecursive);
+  if (CurrentStage == Stage::Cancelled) std::ranges::for_each(DeleteOnCancel, Kaju::DeleteWholly);
   std::ranges::for_each(DeleteOnClose, Kaju::DeleteRecursive);
   Initiater = nullptr;
 }

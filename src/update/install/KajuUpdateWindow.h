@@ -115,6 +115,7 @@ class KajuUpdateWindow final : public toolkit::Window {
   void btnCancel_Action() { Cancel(); }
   void btnSkipVersion_Action();
   void pumUpdates_Change();
+  void hsSocket_HeadersReceived(int httpStatus, std::int64_t totalBytes);
   void hsSocket_ReceiveProgress(std::int64_t bytesReceived, std::int64_t totalBytes);
   void hsSocket_DownloadComplete(int httpStatus, const toolkit::FolderItem& file);
   void hsSocket_Error(int code);
@@ -132,6 +133,10 @@ class KajuUpdateWindow final : public toolkit::Window {
   [[nodiscard]] bool LetUserDecide();
   void ShowInstalling();
   void Download();
+  void EndAsCorrupted();
+  /// Whether nothing keeps the update from being installed. If something does, it is on show; if the stage is another
+  /// one by then, it does not matter any more.
+  [[nodiscard]] bool IsPossible(Stage stage);
   void AskToQuit();
   void InstallAndQuit();
   void EndWork();

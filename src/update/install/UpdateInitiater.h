@@ -29,15 +29,21 @@ class UpdateInitiater {
   /// Nothing is installed any more.
   virtual void Cancel();
 
+  /// Finds out what would keep the script from its work, for as much as can be known: whether the replacement is there
+  /// and has its executable, whether there is room for it, and where a script can be written and started. Returns a
+  /// text for the user, empty if nothing stands in the way. The event loop runs meanwhile.
+  [[nodiscard]] std::string WhatPreventsIt();
+
   /// Writes and starts the script of this platform; the event loop runs for a second meanwhile. Does nothing if there
-  /// is no replacement. A toolkit::RuntimeException is shown in a message box; other exceptions pass.
+  /// is no replacement. A toolkit::RuntimeException is shown in a message box; other exceptions pass. Nothing stays of
+  /// an update whose script did not start.
   void RunScript();
 
   // Of each platform. The script waits for the end of the program as long as `pidFile` exists, and removes `tempFolder`
-  // in the end. They throw a toolkit::RuntimeException if the script cannot be started.
-  void RunScriptMac(const toolkit::FolderItem& tempFolder, const toolkit::FolderItem& pidFile);
-  void RunScriptLinux(const toolkit::FolderItem& tempFolder, const toolkit::FolderItem& pidFile) const;
-  void RunScriptWindows(const toolkit::FolderItem& tempFolder, const toolkit::FolderItem& pidFile) const;
+  // in the end. They return whether the script was started, and throw a toolkit::RuntimeException if it cannot be.
+  bool RunScriptMac(const toolkit::FolderItem& tempFolder, const toolkit::FolderItem& pidFile);
+  bool RunScriptLinux(const toolkit::FolderItem& tempFolder, const toolkit::FolderItem& pidFile) const;
+  bool RunScriptWindows(const toolkit::FolderItem& tempFolder, const toolkit::FolderItem& pidFile) const;
 
   /// Writes the script into `folder` and returns its file, or nothing after a message box that tells the error. Windows
   /// runs a script by the extension of its name.
@@ -57,8 +63,16 @@ class UpdateInitiater {
   [[nodiscard]] static std::string ShellPathQuote(const toolkit::FolderItem& item);
 
  private:
+  [[nodiscard]] bool HasExecutable() const;
+  /// Throws a toolkit::RuntimeException with a text for the user if no script can be written or started in a folder at
+  /// `place`. Leaves nothing there.
+  void RehearseAt(const toolkit::FolderItem& place) const;
+  bool RunScriptOfPlatform(const toolkit::FolderItem& tempFolder, const toolkit::FolderItem& pidFile);
   [[nodiscard]] Installation About(const toolkit::FolderItem& exe, const toolkit::FolderItem& tempFolder,
                                    const toolkit::FolderItem& pidFile) const;
+
+  // Where a script was seen to start.
+  std::optional<toolkit::FolderItem> place_;
 };
 
 }  // namespace Kaju

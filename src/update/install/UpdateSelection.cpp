@@ -1,9 +1,11 @@
 // The part of the update window that shows the offers and asks the user about them.
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 #include "toolkit/MessageDialog.h"
+#include "toolkit/Platform.h"
 #include "toolkit/ShowURL.h"
 #include "toolkit/Text.h"
 #include "update/check/KajuLocale.h"
@@ -17,18 +19,32 @@ using toolkit::ReplaceAll;
 namespace {
 
 constexpr double percentOfFading = 50;
+constexpr std::size_t versionsBetweenBreaks = 1000;
+
+/// Serves the event loop while it reads the versions of many offers.
+Kaju::Offers NewestFirst(Kaju::Offers offers) {
+  using Ranked = std::pair<double, Kaju::Offers::value_type>;
+  std::vector<Ranked> ranked;
+  for (auto& offer : offers) {
+    const double version = offer->VersionAsDouble();
+    ranked.emplace_back(version, std::move(offer));
+    if (ranked.size() % versionsBetweenBreaks == 0) toolkit::Platform::Current().RunDueEvents();
+  }
+  std::ranges::stable_sort(ranked, {}, &Ranked::first);
+  std::ranges::transform(ranked.rbegin(), ranked.rend(), offers.begin(), std::identity(), &Ranked::second);
+  return offers;
+}
 
 }  // namespace
 
 void KajuUpdateWindow::ChooseUpdate(const std::shared_ptr<Kaju::UpdateChecker>& checker, Kaju::Offers updates) {
   Checker = checker;
   CurrentStage = Stage::ChoosingUpdate;
-  std::ranges::stable_sort(updates, {}, [](const auto& update) { return update->VersionAsDouble(); });
-  std::ranges::reverse(updates);
-  for (const auto& update : updates) {
-    pumUpdates.AddRow(update->Version);
-    pumUpdates.RowTag(pumUpdates.ListCount() - 1, update);
-  }
+  updates = NewestFirst(std::move(updates));
+  if (!IsAt(Stage::ChoosingUpdate)) return;
+  std::vector<toolkit::PopupMenu::Row> rows;
+  for (const auto& update : updates) rows.push_back({.Text = update->Version, .Tag = update});
+  pumUpdates.AddRows(std::move(rows));
   lblVersions.Visible(updates.size() != 1);
   pumUpdates.Visible(updates.size() != 1);
   pumUpdates.ListIndex(0);

@@ -12,6 +12,10 @@ using toolkit::FolderItem;
 namespace Kaju {
 namespace {
 
+// How unzip and zipinfo end.
+constexpr int warning = 1;
+constexpr int diskFull = 50;
+
 std::string CompressCommand(System system, const FolderItem& source, const FolderItem& target) {
   if (system == System::Mac) {
     return "/usr/bin/ditto -c -k --sequesterRsrc --keepParent " + source.ShellPath() + " " + target.ShellPath();
@@ -26,7 +30,7 @@ std::string DecompressCommand(System system, const FolderItem& zipFile, const Fo
   if (system == System::Mac) return "/usr/bin/ditto -x -k " + paths;
   const auto script = resources::Find("unpack");
   const std::string_view text(reinterpret_cast<const char*>(script.data()), script.size());
-  return "/bin/sh -c " + toolkit::QuoteForShell(text) + " unpack " + paths + " " +
+  return "/bin/bash -p -c " + toolkit::QuoteForShell(text) + " unpack " + paths + " " +
          toolkit::Application::ExecutableFile().Parent().Child("lib").Child("unzip").ShellPath();
 }
 
@@ -52,11 +56,16 @@ void ZipShell::Decompress(const FolderItem& zipFile, const std::optional<FolderI
 
 std::string ZipShell::ContentsOf(const FolderItem& zipFile) {
   Shell shell;
-  shell.Execute("/usr/bin/zipinfo -1 " + zipFile.ShellPath());
-  if (shell.ErrorCode() != 0) return "";
+  shell.Execute("/usr/bin/zipinfo -1 " + zipFile.ShellPath() + " 2>/dev/null");
+  if (shell.ErrorCode() > warning) return "";
   std::string name = shell.Result().substr(0, shell.Result().find_first_of("\r\n"));
   if (name.ends_with('/')) name.pop_back();
   return name;
+}
+
+// unzip calls it so for files, but not for folders.
+bool ZipShell::FoundDiskFull() const {
+  return ErrorCode() == diskFull || (ErrorCode() != 0 && Result().find("No space left on device") != std::string::npos);
 }
 
 void ZipShell::WindowsUnzip(const FolderItem& /*zipFile*/, const FolderItem& /*destination*/) {

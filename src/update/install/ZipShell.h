@@ -30,11 +30,15 @@ class ZipShell : public toolkit::Shell {
   void Compress(const toolkit::FolderItem& source, const std::optional<toolkit::FolderItem>& destination);
   /// Unpacks `zipFile` into the folder `destination`, which is made if it is missing, or beside the archive. On Linux
   /// an archive fails that holds a name outside of the folder, a name twice, a link that leads outside, anything that
-  /// is no file, folder or link, set-user-id bits, encrypted entries, more than 100,000 entries or more than 4 GB.
+  /// is no file, folder or link, set-user-id bits, encrypted entries, more than 100,000 entries or more than 4 GB, or
+  /// what takes a tool five minutes of computing or 1 GB of memory. The user may change every folder of the result.
   void Decompress(const toolkit::FolderItem& zipFile, const std::optional<toolkit::FolderItem>& destination);
-  /// The first name in the archive's list, without a "/" at its end; empty if there is none. Waits for the tool, and
+  /// The first name in the archive's list, without a "/" at its end; empty if there is none. A lister that only warns
+  /// is believed. Waits for the tool, and
   /// the event loop runs meanwhile.
   [[nodiscard]] static std::string ContentsOf(const toolkit::FolderItem& zipFile);
+  /// Whether the last operation failed since there was no space left.
+  [[nodiscard]] bool FoundDiskFull() const;
   /// What the asynchronous shell is doing.
   [[nodiscard]] Operation CurrentOperation() const { return mCurrentOperation; }
   /// For Windows only; throws a KajuException elsewhere.

@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 
+#include "tests/support/HandPlatform.h"
 #include "toolkit/http/Authorities.h"
 
 namespace fs = std::filesystem;
@@ -22,6 +23,7 @@ TEST(Authorities, AreFoundWhereEachDistributionKeepsThem) {
       {"openSUSE", "var/lib/ca-certificates/ca-bundle.pem", "var/lib/ca-certificates/pem"},
       {"Alpine, bare", "etc/ssl/cert.pem", ""},
   };
+  const HandPlatform platform;
   for (const auto& [system, file, folder] : rows) {
     SCOPED_TRACE(system);
     const toolkit::FolderItem root = toolkit::MakeTemporaryFolder();

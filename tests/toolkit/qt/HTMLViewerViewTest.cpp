@@ -12,6 +12,7 @@
 
 #include "tests/desktop/Desktop.h"
 #include "tests/support/FaultServer.h"
+#include "tests/support/HostilePictures.h"
 #include "toolkit/HTMLViewer.h"
 #include "toolkit/Text.h"
 #include "toolkit/TextFile.h"
@@ -206,6 +207,45 @@ TEST_F(Page, AThousandPicturesWaitForEachOtherAndGoWithThePage) {
   model->Close.Action = nullptr;
   model->toolkit::Window::Close();
   QTest::qWait(100);
+}
+
+TEST_F(Page, PicturesThatTakeMuchTakeNoOthersWithThemUntilThePageHasHadItsShare) {
+  const FaultServer red({{{Reply(200, Red())}}}, Wire::Plain);
+  std::vector<std::unique_ptr<FaultServer>> servers;
+  for (const auto& picture : HostilePictures())
+    servers.push_back(std::make_unique<FaultServer>(std::vector<Answer>{{{Reply(200, picture.Encoded)}}}, Wire::Plain));
+  std::string page = "x";  // the cursor stands before the text
+  for (std::size_t number = 0; number < 200; ++number) {
+    const FaultServer& server = number == 0 || number == 7 ? red : *servers[number % servers.size()];
+    page += "<img src='" + server.URL() + "/" + std::to_string(number) + "'>";
+  }
+  Load(page);
+  for (int wait = 0; wait < 6 && log.size() < 198; ++wait) Until([&] { return log.size() == 198; });
+  EXPECT_THAT(log, SizeIs(198));
+  EXPECT_THAT(log, Contains(HasSubstr("too long together")));
+  EXPECT_EQ(Redness(), 3200);
+}
+
+TEST_F(Page, WhatArrivesOfPicturesCountsWhetherOrNotTheyArriveWhole) {
+  const std::string large(8'000'000, 'x');
+  const std::string whole = "Content-Length: 8000000\r\n";
+  const std::tuple<const char*, std::string, std::string, int> rows[] = {
+      {"whole", whole, large, 3},
+      {"broken off", "Content-Length: 9000000\r\n", large, 2},
+      {"of unknown length", "", large, 3},
+      {"large, a picture all the same", whole, Red() + large.substr(Red().size()), 3}};
+  for (const auto& [what, header, body, fitting] : rows) {
+    const FaultServer server({{{"HTTP/1.1 200 OK\r\n" + header + "\r\n" + body}, Answer::Then::Close}}, Wire::Plain);
+    std::string page = "x";
+    for (int number = 0; number < 10; ++number)
+      page += "<img src='" + server.URL() + "/" + std::to_string(number) + "'>";
+    Load(page);
+    const bool shows = body.starts_with(Red());
+    EXPECT_TRUE(Until([&, fitting = fitting] { return log.size() == (shows ? 10U - fitting : 10U); })) << what;
+    const auto isRefused = [](const auto& line) { return line.ends_with("too large together."); };
+    EXPECT_GE(std::ranges::count_if(log, isRefused), 10 - fitting) << what;
+    EXPECT_TRUE(Until([&, fitting = fitting] { return Redness() == (shows ? 1600 * fitting : 0); })) << what;
+  }
 }
 
 TEST_F(Page, LinksAskTheProgramAndTextCanBeCopied) {

@@ -39,6 +39,8 @@ TEST_F(Processes, TellHowTheyEndedAndGetNothingOfTheProgram) {
   sigprocmask(SIG_BLOCK, &blocked, nullptr);
   signal(SIGUSR2, SIG_IGN);
   signal(SIGPIPE, SIG_IGN);
+  qputenv("LD_BIND_NOT", "1");
+  qputenv("OTHER", "=\n");
   const std::string unset(16, '0');
   const std::tuple<const char*, int, std::string> rows[] = {
       {"exit 3", 3, ""},
@@ -50,6 +52,7 @@ TEST_F(Processes, TellHowTheyEndedAndGetNothingOfTheProgram) {
       {"yes | head -c 3000000; exit 5", 5, QString("y\n").repeated(500'000).toStdString()},
       {"sleep 30 & kill $!; sleep 0.1; echo background", 0, "background\n"},
       {"ls /proc/$$/fd", 0, "0\n1\n2\n"},
+      {"echo \"$LD_BIND_NOT$OTHER\"", 0, "=\n\n"},
       {"exec awk '/Sig(Blk|Ign)/ {print $2}' /proc/self/status", 0, unset + "\n" + unset + "\n"},
   };
   for (const auto& [command, code, output] : rows) {

@@ -8,6 +8,7 @@
 #include <gmock/gmock.h>
 
 #include "tests/desktop/Desktop.h"
+#include "toolkit/DesktopTexts.h"
 #include "toolkit/qt/Translations.h"
 #include "update/check/KajuException.h"
 #include "update/check/KajuLocale.h"
@@ -21,6 +22,7 @@ Texts English() {
   std::vector all{KajuException::kErrorCantFindLibsFolder, KajuException::kErrorImproperFunction,
                   KajuException::kErrorMissingUpdateURL};
   all.insert(all.end(), std::begin(KajuLocale::All), std::end(KajuLocale::All));
+  all.insert(all.end(), std::begin(DesktopTexts::All), std::end(DesktopTexts::All));
   Texts texts;
   for (const auto& text : all) texts.emplace(text.Key, text.Default);
   return texts;

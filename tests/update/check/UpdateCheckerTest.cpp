@@ -113,6 +113,8 @@ TEST_F(UpdateCheckerTest, OffersWhatIsNewerAllowedWantedAndFitsTheBuild) {
 
 TEST_F(UpdateCheckerTest, DecidesOverAllOffersOfADocument) {
   const std::string foreign = Offer("nonsense", "", "\"WindowsBinary\":{}");  // passed over before its version is read
+  const std::string past = R"("LinuxBinary64bit":{},"Expires":"2026-01-01T00:00:00Z")";
+  const std::string future = R"("LinuxBinary64bit":{},"Expires":"9999-12-31T23:59:59+23:59")";
   std::string many;
   for (int offer = 0; offer < 100'000; ++offer) many += "{\"LinuxBinary\":{}},";
   const std::tuple<std::string, Result, Versions> rows[] = {
@@ -125,6 +127,10 @@ TEST_F(UpdateCheckerTest, DecidesOverAllOffersOfADocument) {
       {Offer("1.4b1") + "," + Offer("1.5"), Result::UpdateAvailable, {"1.5"}},
       {Offer("1.4B1"), Result::IgnoredUpdateAvailable, {}},
       {Offer("1.4b1", "1.2.3 (1)"), Result::RequiredUpdateAvailable, {"1.4b1"}},
+      {Offer("5", "4", past) + "," + Offer("2", "", future), Result::UpdateAvailable, {"2"}},
+      {Offer("1.4b1", "", past) + "," + Offer("1", "", R"("LinuxBinary64bit":{},"Expires":"soon")"),
+       Result::NoUpdateAvailable,
+       {}},
   };
   checker->IgnoreVersion("1.4b1");
   for (const auto& [offers, result, shown] : rows) {
@@ -136,13 +142,32 @@ TEST_F(UpdateCheckerTest, DecidesOverAllOffersOfADocument) {
   EXPECT_EQ(RunOnReply(200, Publisher().Packet("{}")), Result::NoUpdateAvailable);
 }
 
+TEST_F(UpdateCheckerTest, ServesEventsInALargeDocumentAndStopsThereWhenTheProgramQuits) {
+  std::string many;
+  for (int offer = 0; offer < 100'000; ++offer) many += "{\"LinuxBinary\":{}},";  // 2 MB
+  const std::pair<int, bool> rows[] = {{1, false}, {3, false}, {6, false}, {1000, false}, {100'000, true}};
+  for (const auto& [quitAt, isShown] : rows) {
+    int breaks = 0;
+    std::function<void()> count = [&] {
+      platform.DuringBreak = count;
+      if (++breaks == quitAt) toolkit::Quit();
+    };
+    platform.DuringBreak = count;
+    RunOn(many + Offer("2"));
+    EXPECT_EQ(presenter->Shown.size(), isShown ? 1U : 0U);
+    EXPECT_TRUE(isShown ? breaks > 1500 : breaks == quitAt) << breaks;
+    platform.Quits.clear();
+  }
+}
+
 TEST_F(UpdateCheckerTest, ABadElementSpoilsTheWholeDocument) {
   // clang-format off
   Versions documents{
       "", "nonsense", "5", "\"x\"", "{\"0\":{}}", "[" + Offer("2") + "]x", "[" + Offer("2") + ",",
       "[" + std::string(100, '[') + std::string(100, ']') + "]"};
   const std::string elements[] = {
-      "[]", "5", "null", Offer("1.2 b4"), Offer("2", "x"), Offer("2\xFF"), R"({"MacBinary":5})", R"({"AppName":1e999})"};
+      "[]", "5", "null", Offer("1.2 b4"), Offer("2", "x"), Offer("2\xFF"), R"({"MacBinary":5})", R"({"AppName":1e999})",
+      Offer("2", "", R"("LinuxBinary64bit":{},"Expires":"2027-02-29T00:00:00Z")"), R"({"MacBinary":{"Size":"much"}})"};
   // clang-format on
   for (const std::string& element : elements) documents.push_back("[" + Offer("3") + "," + element + "]");
   for (const std::string& document : documents) {

@@ -14,9 +14,9 @@ using namespace std::string_literals;
 namespace {
 
 constexpr const char* whole =
-    R"({"AppName":"A","ImageURL":"i","MinimumRequiredVersion":"1","ReleaseNotes":"n","RequiresPayment":true,)"
+    R"({"AppName":"A","Expires":"e","ImageURL":"i","MinimumRequiredVersion":"1","ReleaseNotes":"n","RequiresPayment":true,)"
     R"("UseTransparency":false,"Version":"2","MacBinary":{"Hash":"h","URL":"u"},)"
-    R"("LinuxBinary64bit":{"Hash":"h","URL":"u","ExecutableName":"e"}})";
+    R"("LinuxBinary64bit":{"Hash":"h","URL":"u","SHA256":"s","Size":18446744073709551615,"ExecutableName":"e"}})";
 
 struct UpdateInformationTest : testing::Test {
   HandPlatform platform;
@@ -50,6 +50,8 @@ TEST_F(UpdateInformationTest, ConvertsSimpleValuesAndRefusesTheRest) {
   }
   for (const char* json :
        {"[]", "5", "null", R"({"RequiresPayment":"yes"})", R"({"UseTransparency":""})", R"({"AppName":1e400})",
+        R"({"MacBinary":{"Size":-1}})", R"({"MacBinary":{"Size":1.5}})", R"({"MacBinary":{"Size":"1x"}})",
+        R"({"MacBinary":{"Size":""}})", R"({"MacBinary":{"Size":null}})", R"({"MacBinary":{"Size":true}})",
         R"({"MacBinary":5})", R"({"MacBinary":null})", R"({"MacBinary":[]})", R"({"LinuxBinary":"x"})"}) {
     EXPECT_THROW(UpdateInformation(parse(json)), toolkit::RuntimeException) << json;
   }
@@ -104,7 +106,7 @@ TEST_F(UpdateInformationTest, TellsWhatMakesItInvalid) {
   }
 }
 
-TEST_F(UpdateInformationTest, NamesTheDownloadByTheLastPartOfItsAddress) {
+TEST_F(UpdateInformationTest, NamesFilesByPlainNamesOnly) {
   const std::tuple<const char*, std::string, bool> rows[] = {
       // clang-format off
       {"",                     "",           false}, {"http://h/my%20app.zip", "my app.zip", true},
@@ -112,14 +114,21 @@ TEST_F(UpdateInformationTest, NamesTheDownloadByTheLastPartOfItsAddress) {
       {"http://h/.",           ".",          false}, {"http://h/100%",         "100%",       true},
       {"http://h/%2e%2E",      "..",         false}, {"http://h/%zz%4",        "%zz%4",      true},
       {"http://h/%2fetc%2fx",  "/etc/x",     false}, {"http://h/a%00b",        "a\0b"s,      false},
-      {"http://h/..%2f..%2fx", "../../x",    false},
+      {"http://h/..%2f..%2fx", "../../x",    false}, {"http://h/..%5cx",       "..\\x",      false},
+      {"http://h/%20",         " ",          false}, {"http://h/%e9\u00fc",   "\xE9\u00fc",  true},
       // clang-format on
   };
   for (const auto& [url, name, isUsable] : rows) {
     BinaryInformation binary(false);
     binary.URL = url;
     EXPECT_EQ(binary.FileName(), name);
-    EXPECT_EQ(binary.HasUsableFileName(), isUsable) << url;
+    EXPECT_EQ(binary.HasUsableNames(), isUsable) << url;
+    for (const bool isRequired : {true, false}) {
+      BinaryInformation program(isRequired);
+      program.URL = "http://h/app.zip";
+      program.ExecutableName = name;
+      EXPECT_EQ(program.HasUsableNames(), isUsable || (name.empty() && !isRequired)) << name;
+    }
   }
 }
 
@@ -133,12 +142,10 @@ TEST_F(UpdateInformationTest, FetchesItsPictureOnceItCanBeHad) {
     platform.LastRequest().Reply(200, isLookUp ? "" : "picture");
   };
   EXPECT_EQ(update.Image(), nullptr);  // no picture
-  platform.PictureSize = toolkit::Size{10'000, 5'001};
-  EXPECT_EQ(update.Image(), nullptr);  // too many pixels
-  platform.PictureSize = toolkit::Size{10'000, 5'000};
+  platform.PictureShown = toolkit::Pixels{{1, 2}, {3, 4}};
   const auto picture = update.Image();
   ASSERT_NE(picture, nullptr);
-  EXPECT_EQ(picture->Encoded().size(), 7U);
+  EXPECT_EQ(picture->Pixels().Colors, platform.PictureShown->Colors);
   EXPECT_EQ(update.Image(), picture);
-  EXPECT_EQ(asked, 6);
+  EXPECT_EQ(asked, 4);
 }

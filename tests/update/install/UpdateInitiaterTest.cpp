@@ -8,6 +8,7 @@
 #include "tests/support/HandPlatform.h"
 #include "toolkit/RuntimeException.h"
 #include "toolkit/TextFile.h"
+#include "update/check/FileHelpers.h"
 #include "update/install/ScriptText.h"
 #include "update/install/Updating.h"
 
@@ -19,6 +20,7 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 using toolkit::FolderItem;
+using namespace std::string_literals;
 
 namespace {
 
@@ -39,9 +41,12 @@ struct UpdateInitiaterTest : testing::Test {
   }
   ~UpdateInitiaterTest() override { unsetenv("TMPDIR"); }
 
+  /// Those in the script's folder, which only this user can enter.
   [[nodiscard]] int PidFiles() const {
-    return static_cast<int>(
-        std::ranges::count_if(temporary.Children(), [](const FolderItem& item) { return !item.IsFolder(); }));
+    const auto folders = temporary.Children();
+    if (folders.empty() || folders[0].Permissions() != fs::perms::owner_all) return -1;
+    return static_cast<int>(std::ranges::count_if(
+        folders[0].Children(), [](const FolderItem& item) { return item.Name().starts_with("hand-run-"); }));
   }
   [[nodiscard]] Kaju::Installation Installation(const char* executable, const char* name) const {
     return {.Executable = FolderItem(executable),
@@ -123,6 +128,8 @@ TEST_F(UpdateInitiaterTest, RunsTheScriptOnceWhenTheLastOwnerLetsGo) {
   EXPECT_FALSE(platform.Processes[0]->IsKilled);
   EXPECT_EQ(script.Permissions(), fs::perms(0711));
   EXPECT_THAT(toolkit::ReadFile(script), HasSubstr("NEW_APP_OTHER_UB=2\n"));
+  const std::string environment = toolkit::ReadFile(temporary.Children()[0].Child("environment"));
+  EXPECT_THAT(environment, AllOf(HasSubstr("TMPDIR=" + temporary.Path().string() + '\0'), testing::EndsWith("\0"s)));
   EXPECT_EQ(waits, 11);
   EXPECT_EQ(pidFiles, 1);
   EXPECT_EQ(PidFiles(), 0);
@@ -144,10 +151,55 @@ TEST_F(UpdateInitiaterTest, DoesNothingWithoutAReplacement) {
   EXPECT_THAT(platform.Messages, IsEmpty());
 }
 
+TEST_F(UpdateInitiaterTest, TakesTheCacheFolderWhereTheTemporaryOneDoesNotServe) {
+  const fs::path scripts[] = {temporary.Path(), platform.CacheFolder().Path()};
+  for (const int place : {0, 1}) {
+    platform.WhileWaiting = [&, starts = place] {
+      const auto& process = *platform.Processes.back();
+      const bool isHere = process.CommandLine.starts_with("'" + scripts[starts].string());
+      platform.Processes.back()->End(isHere ? 0 : 126);
+      platform.Advance(std::chrono::milliseconds(100));
+    };
+    EXPECT_EQ(initiater->WhatPreventsIt(), "");
+    EXPECT_THAT(temporary.Children(), IsEmpty());
+    EXPECT_THAT(platform.CacheFolder().Children(), IsEmpty());
+    initiater->RunScript();
+    EXPECT_THAT(platform.Processes.back()->CommandLine,
+                testing::StartsWith("/usr/bin/nohup '" + scripts[place].string()));
+    for (const auto& folder : toolkit::TemporaryFolders()) Kaju::DeleteWholly(folder);
+  }
+  initiater->Cancel();
+}
+
+TEST_F(UpdateInitiaterTest, KnowsWhatAFailedUpdateLeft) {
+  const FolderItem download = temporary.Child("hand-run-download");
+  const FolderItem unpacked = download.Child("decompressed").Child("app");
+  const FolderItem other = temporary.Child("other").Child("decompressed").Child("app");
+  std::vector<std::string> arguments{"corvane", "--kaju-fail"};
+  std::vector<char*> values{arguments[0].data(), arguments[1].data()};
+  for (const FolderItem& left : {unpacked, other}) {
+    const FolderItem failed = temporary.Child("hand-run-failed");
+    for (const FolderItem& folder : {unpacked, failed, temporary.Child("hand-run-running"), other})
+      folder.CreateAsFolder();
+    fs::create_symlink(left.Path(), failed.Child("failed").Path());
+    Kaju::TellFailedUpdate(std::span(values).first(1));
+    EXPECT_TRUE(failed.Exists());
+    Kaju::TellFailedUpdate(values);
+    EXPECT_FALSE(failed.Exists());
+    EXPECT_EQ(download.Exists(), left.Path() != unpacked.Path());
+    EXPECT_TRUE(temporary.Child("hand-run-running").Exists() && other.Exists());
+  }
+  EXPECT_THAT(platform.Messages,
+              ElementsAre("The update could not be installed.", "The update could not be installed."));
+  EXPECT_THAT(platform.LastDialog.Explanation, HasSubstr("“Kaju Update Script”"));
+}
+
 TEST_F(UpdateInitiaterTest, TellsWhatGoesWrong) {
   fs::remove_all(temporary.Path());
-  initiater = nullptr;
-  EXPECT_THAT(platform.Messages, ElementsAre(testing::StartsWith("Could not complete update - There is no folder")));
+  toolkit::ReplaceFile(platform.CacheFolder(), "no folder");
+  initiater->RunScript();
+  EXPECT_THAT(platform.Messages, ElementsAre(testing::StartsWith("Could not complete update - No temporary folder")));
+  initiater->Cancel();
   EXPECT_FALSE(UpdateInitiater::SaveScript("text", temporary));
   EXPECT_EQ(platform.Messages.at(1), "Error writing script file: 2");
   EXPECT_THAT(platform.Processes, IsEmpty());

@@ -6,6 +6,7 @@
 #include "toolkit/TextFile.h"
 #include "update/install/KajuUpdateWindow.h"
 
+namespace fs = std::filesystem;
 using Kaju::UpdateChecker;
 using testing::ElementsAre;
 using toolkit::DialogButton;
@@ -62,9 +63,13 @@ class UpdateWindowTest : public testing::Test {
     Install();
     platform.LastRequest().Reply(200, "archive");
   }
-  /// Unpacks nothing but an entry of that name.
-  void Unpack(const std::string& entry) {
-    window->DeleteOnCancel.back().Child(entry).CreateAsFolder();
+  /// Unpacks nothing but a folder of that name with the executable in it. The program that is then started to find out
+  /// whether one can be ends with `status`.
+  void Unpack(const std::string& entry, int status = 0) {
+    const FolderItem folder = window->DeleteOnCancel.back().Child(entry);
+    folder.CreateAsFolder();
+    toolkit::ReplaceFile(folder.Child("x"), "#!");
+    platform.WhileWaiting = [this, status] { platform.Processes.back()->End(status); };
     platform.Processes.back()->End(0);
   }
   [[nodiscard]] bool NothingIsLeft() const {
@@ -168,20 +173,75 @@ TEST_F(UpdateWindowTest, AsksForMoneyAndBits) {
 
 TEST_F(UpdateWindowTest, TellsWhyAnUpdateFails) {
   using Act = std::function<void()>;
-  const auto unpacked = [&](const char* entry) { return [&, entry] { InstallUntilUnpacking(), Unpack(entry); }; };
+  const auto named = [&](const std::string& name, const std::string& executable) {
+    return [&, name, executable] {
+      Install(Offer("2", "",
+                    R"("LinuxBinary64bit":{"URL":"http://h/)" + name + R"(","Hash":"0","ExecutableName":")" +
+                        executable + "\"}"));
+    };
+  };
+  const auto sized = [&](int size) {
+    auto told = file;
+    told.insert(1, "\"Size\":" + std::to_string(size) + ",");
+    return Offer("2", "", R"("LinuxBinary64bit":)" + told);
+  };
+  const auto unpacked = [&](const char* entry, int status = 0) {
+    return [&, entry, status] { InstallUntilUnpacking(), Unpack(entry, status); };
+  };
+  const auto inPlaceOfProgram = [&](const std::function<void(const fs::path&)>& make) {
+    return [&, make] {
+      InstallUntilUnpacking();
+      const FolderItem program = window->DeleteOnCancel.back().Child("app").Child("x");
+      program.Parent().CreateAsFolder();
+      make(program.Path());
+      platform.Processes.back()->End(0);
+    };
+  };
+  const auto pressedWithout = [&](const char* gone) {
+    return [&, gone] {
+      unpacked("app")();
+      fs::remove_all(window->DeleteOnCancel.back().Path() / gone);
+      window->btnOK.Press();
+    };
+  };
   const std::string upwards = R"("LinuxBinary64bit":{"URL":"http://h/..","Hash":"0","ExecutableName":"x"})";
   const std::string error = "An error has occurred.";
   const std::string corrupted = "The downloaded file appears to be corrupted.";
+  const std::string noProgram = "The update does not contain the program.";
+  const std::string full = "The disk is full.";
   const std::tuple<const char*, Act, std::string, std::size_t> rows[] = {
       {"status", [&] { Install(), platform.LastRequest().Reply(404, "archive"); }, error, 2},
       {"hash", [&] { Install(), platform.LastRequest().Reply(200, "other"); }, corrupted, 2},
       {"socket", [&] { Install(), platform.LastRequest().Fail(TransferFault::Refused); }, error + "  (102)", 2},
       {"stall", [&] { Install(), platform.Advance(5000ms); }, "The operation has timed out.", 2},
+      {"full disk", [&] { Install(), platform.LastRequest().Fail(TransferFault::DiskFull); }, full, 2},
+      {"full disk while unpacking", [&] { InstallUntilUnpacking(), platform.Processes.back()->End(50); }, full, 2},
+      {"no program", inPlaceOfProgram([](auto&) {}), noProgram, 2},
+      {"a folder", inPlaceOfProgram([](auto& path) { fs::create_directory(path); }), noProgram, 2},
+      {"a link elsewhere", inPlaceOfProgram([](auto& path) { fs::create_symlink("/bin/sh", path); }), noProgram, 2},
+      {"nothing starts", unpacked("app", 126), "No program can be started from the temporary folder.", 2},
+      {"program is gone", pressedWithout("app/x"), noProgram, 2},
+      {"update is gone", pressedWithout("app"), "The unpacked update is no longer there.", 2},
       {"tool", [&] { InstallUntilUnpacking(), platform.Processes.back()->End(9); }, error, 2},
       {"nothing", [&] { InstallUntilUnpacking(), platform.Processes.back()->End(0); }, error, 2},
       {"hidden", unpacked(".x"), error, 2},
       {"underscore", unpacked("_x"), error, 2},
-      {"no name", [&] { Install(Offer("2", "", upwards)); }, error, 0},
+      {"no file name", named("..", "x"), error, 0},
+      {"no executable", named("a.zip", ""), error, 0},
+      {"blank executable", named("a.zip", " "), error, 0},
+      {"executable above", named("a.zip", "../x"), error, 0},
+      {"executable below", named("a.zip", "bin/x"), error, 0},
+      {"size announced", [&] { Install(sized(8)), platform.LastRequest().BeginReply(200, {}, 7); }, corrupted, 2},
+      {"size exceeded",
+       [&] { Install(sized(7)), platform.LastRequest().BeginReply(200), platform.LastRequest().ReplyPart("archives"); },
+       corrupted, 2},
+      {"size missed",
+       [&] {
+         Install(sized(8)), platform.LastRequest().BeginReply(200), platform.LastRequest().ReplyPart("archive");
+         platform.LastRequest().EndReply();
+       },
+       corrupted, 2},
+      {"another page", [&] { Install(sized(7)), platform.LastRequest().Reply(404, "none here"); }, error, 2},
       {"blank message", [&] { Choose({Offer("2")}), window->ShowError("  "); }, error, 0},
   };
   for (const auto& [name, act, message, requests] : rows) {
@@ -194,6 +254,8 @@ TEST_F(UpdateWindowTest, TellsWhyAnUpdateFails) {
     EXPECT_TRUE(window->lblInstallMessage.Visible() && window->btnCancel.Enabled());
     EXPECT_FALSE(window->btnOK.Enabled() || window->pbProgress.Visible() || window->btnSkipVersion.Visible());
     EXPECT_EQ(window->Initiater, nullptr);
+    EXPECT_EQ(app.UpdateInitiater, nullptr);
+    EXPECT_TRUE(platform.Quits.empty());
     EXPECT_EQ(RunningRequests(), 0U);
     window->btnCancel.Press();
     EXPECT_TRUE(window->IsClosed() && NothingIsLeft());
@@ -243,7 +305,8 @@ TEST_F(UpdateWindowTest, IsInstalledAfterTheLastPressAndNotBefore) {
     EXPECT_EQ(app.UpdateInitiater != nullptr, presses);
     EXPECT_EQ(folder.Child("program").Exists(), presses);
     EXPECT_EQ(initiater.expired(), !presses);
-    EXPECT_EQ(platform.Processes.size(), 1U);
+    // One that unpacks, and some that only find out whether a script would start.
+    EXPECT_EQ(platform.Processes.size(), presses ? 3U : 2U);
     if (presses) app.UpdateInitiater->Cancel();
     app.UpdateInitiater = nullptr;
   }

@@ -15,9 +15,8 @@ shopt -s dotglob nullglob
 mapfile -d '' -t </proc/self/environ
 set -- "${MAPFILE[@]}"
 for entry; do
-  [[ $entry == LD_* || ${entry%%=*} == *[![:alnum:]_]* ]] || unset -v "${entry%%=*}"
+  [[ ${entry%%=*} == *[![:alnum:]_]* ]] || unset -v "${entry%%=*}"
 done
-user_environment=("$@")
 export PATH=/usr/bin:/bin LC_ALL=C
 
 APP_NAME=@@APP_NAME@@
@@ -30,6 +29,9 @@ PID_FILE=@@PID_FILE_PATH@@
 NEW_APP_OTHER_UB=@@NEW_APP_OTHER_UB@@
 NEW_APP_OTHER_NAME=()
 @@NEW_APP_OTHER_ARRAY@@
+# As the old program had it; what started this script is without some of it.
+mapfile -d '' -t user_environment <"$TEMP_FOLDER_PATH/environment" || user_environment=("$@")
+rm -f -- "$TEMP_FOLDER_PATH/environment"
 APP_PATH=$APP_PARENT/$APP_NAME
 NEW_APP_PATH=$APP_PARENT/$NEW_APP_NAME
 
@@ -76,19 +78,27 @@ exchange() {
     exit(syscall($number, -100, $ARGV[0], -100, $ARGV[1], 2) != 0);' -- "$1" "$2"
 }
 
-# Starts a program as the user would: with the user's environment, without what this script has open or ignores.
+# Starts a program as the user would: with the user's environment, without what this script has open or ignores. For
+# env, a path with "=" in it would be a variable.
 start() { # program, arguments
-  local fd
+  local fd environment=(env --default-signal -i -- "${user_environment[@]}")
   log_cmd "Starting $*"
   (
     for fd in /proc/self/fd/*; do
       fd=${fd##*/}
       ((fd > 2)) && exec {fd}>&-
     done
-    if ((${#user_environment[@]})); then
-      env --default-signal -i -- "${user_environment[@]}" /usr/bin/setsid --fork "$@" && exit
+    # shellcheck disable=SC2016  # Perl's own variables
+    if [[ $1 == *=* ]] && ! type -P perl; then
+      environment+=(/usr/bin/setsid)
+    elif [[ $1 == *=* ]]; then
+      environment=(perl -e '
+        @SIG{qw(HUP INT)} = ("DEFAULT") x 2;
+        %ENV = ();
+        for (splice @ARGV, 0, shift) { $ENV{$1} = $2 if /^(.+?)=(.*)$/s }
+        exec { $ARGV[0] } @ARGV' "${#user_environment[@]}" "${user_environment[@]}")
     fi
-    setsid --fork "$@"
+    setsid --fork "${environment[@]}" "$@" || setsid --fork "$@"
   )
 }
 
@@ -126,6 +136,8 @@ give_up() { # reason
     [[ ! -v aside[i] ]] || put_back "$i" || lost=1
   done
   ((lost)) || rm -rf -- "$stage"
+  # By this the old program knows what it is to take away.
+  ln -sfn -- "$NEW_APP_PARENT" "$TEMP_FOLDER_PATH/failed"
   start "$APP_PATH" --kaju-fail
   exit 1
 }

@@ -1,12 +1,15 @@
 # Unpacks a zip archive into a folder. Arguments: the archive, the folder, which may be missing, and the unzip that the
-# program brings for systems without one. The status is 0 only if
-# all of it was unpacked and nothing in it is more than files, folders, and links that stay in the folder.
-set -eu
+# program brings for systems without one. The status is 0 only if all of it was unpacked and nothing in it is more than
+# files, folders, and links that stay in the folder. For Bash.
+set -euo pipefail
+set +o posix
 export LC_ALL=C.UTF-8
 unset UNZIP UNZIPOPT ZIPINFO ZIPINFOOPT
+# What no update needs: five minutes of computing, 1 GB of memory. Each tool has its own.
+ulimit -t 300 -v 1000000
 folder=$2
 unzip=/usr/bin/unzip
-[ -x "$unzip" ] || unzip=$3
+[[ -x $unzip ]] || unzip=$3
 # By number, since unzip would take a name with brackets for a pattern.
 exec 3<"$1"
 archive=/proc/self/fd/3
@@ -27,9 +30,10 @@ check_list() {
       if (fields[5] ~ /^[TB]/) refuse("Encrypted")
       gsub(/\\/, "/", name)
       if (name == "" || name ~ /^\// || name ~ /^[A-Za-z]:/ || name ~ /(^|\/)\.\.(\/|$)/) refuse("Leaves the folder")
-      while (sub(/(^|\/)\.\//, "/", name)) continue
       gsub(/\/+/, "/", name)
-      gsub(/^\/|\/$/, "", name)
+      gsub(/\/(\.\/)+/, "/", name)
+      sub(/^(\.\/)+/, "", name)
+      sub(/\/\.?$/, "", name)
       if (name in seen) refuse("Stands twice")
       seen[name] = 1
       total += fields[4]
@@ -44,19 +48,40 @@ check_list() {
     }'
 }
 
-list=$("$unzip" -Z -s "$archive")
-largest=$(printf '%s\n' "$list" | check_list)
+# Whether a link leads to a place in the folder, by the texts of all links. A name that is missing counts as a folder.
+stays_inside() { # the link
+  local left=$1 at='' part link steps=0
+  while [[ -n $left ]]; do
+    ((++steps <= 200)) || return
+    part=${left%%/*}
+    left=${left#"$part"} left=${left#/}
+    case $part in
+      '' | .) continue ;;
+      ..)
+        [[ -n $at ]] || return
+        at=${at%"/${at##*/}"}
+        continue
+        ;;
+    esac
+    link=${links[$at/$part]-}
+    [[ $link != /* ]] || return
+    if [[ -n $link ]]; then left=$link/$left; else at+=/$part; fi
+  done
+}
+
+largest=$("$unzip" -Z -s "$archive" | check_list)
 # An entry that is larger than the list says ends the work.
-ulimit -f $((largest / 512 + 1))
+ulimit -f $((largest / 1024 + 1))
 "$unzip" -q -o -^ "$archive" -d "$folder" </dev/null >&2
 
+# A folder that its owner may not change could be neither moved to the program nor removed.
 root=$(/usr/bin/realpath "$folder")
-/usr/bin/find "$root" -type l -exec /bin/sh -c '
-  root=$1
-  shift
-  for link; do
-    case $(/usr/bin/realpath -m "$link") in
-      "$root" | "$root"/*) ;;
-      *) exit 1 ;;
-    esac
-  done' unpack "$root" {} +
+/usr/bin/find "$root" -type d ! -perm -700 -exec /bin/chmod u+rwx {} \;
+
+mapfile -d '' -t found < <(/usr/bin/find "$root" -type l -printf '/%P\0%l\0')
+wait "$!"
+declare -A links=()
+for ((i = 0; i < ${#found[@]}; i += 2)); do links[${found[i]}]=${found[i + 1]}; done
+for ((i = 0; i < ${#found[@]}; i += 2)); do
+  stays_inside "${found[i]}" || { printf 'Leads outside: %s\n' "${found[i]}" >&2; exit 1; }
+done

@@ -1,0 +1,142 @@
+#include "toolkit/qt/DecoderProgram.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdlib>
+#include <fstream>
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <QBuffer>
+#include <QCoreApplication>
+#include <QFile>
+#include <QImageReader>
+#include <QThreadPool>
+
+#include "toolkit/Picture.h"
+#include "toolkit/Text.h"
+
+namespace toolkit::qt {
+namespace {
+
+constexpr rlim_t mostSeconds = 2;
+// Enough for a screen of 3840 by 2160 pixels, but not for every way to store that.
+constexpr rlim_t mostMemory = 72'000'000;
+constexpr rlim_t mostOutput = sizeof(DecodedSize) + Picture::MostPixels * sizeof(QRgb);
+// The least that the system takes for "none" where another program is to receive the core file.
+constexpr rlim_t noCoreFile = 1;
+constexpr int howNice = 10;
+
+struct Format {
+  const char* Name;
+  std::string_view Start;
+  std::string_view AtEight;
+};
+constexpr std::array formats{
+    Format{"png", "\x89PNG\r\n\x1a\n", ""},
+    Format{"jpeg", "\xff\xd8\xff", ""},
+    Format{"gif", "GIF8", ""},
+    Format{"webp", "RIFF", "WEBP"},
+};
+
+/// The private memory that this process has already, in bytes (see proc(5), "statm").
+rlim_t MemoryInUse() {
+  constexpr int dataColumn = 5;
+  std::ifstream columns("/proc/self/statm");
+  rlim_t pages = 0;
+  for (int column = 0; column <= dataColumn; ++column) columns >> pages;
+  return pages * static_cast<rlim_t>(sysconf(_SC_PAGESIZE));
+}
+
+/// Qt scales and converts on threads, and would wait for ever for one that does not start for want of memory.
+void StartTheThread() {
+  QThreadPool& threads = *QThreadPool::globalInstance();
+  threads.setMaxThreadCount(1);
+  threads.setExpiryTimeout(-1);
+  threads.start([] {});
+}
+
+bool Limit(__rlimit_resource resource, rlim_t most) {
+  const rlimit limit{most, most};
+  return setrlimit(resource, &limit) == 0;
+}
+
+bool LimitAll() {
+  setpriority(PRIO_PROCESS, 0, howNice);
+  return Limit(RLIMIT_CORE, noCoreFile) && Limit(RLIMIT_CPU, mostSeconds) && Limit(RLIMIT_FSIZE, mostOutput) &&
+         Limit(RLIMIT_DATA, MemoryInUse() + mostMemory);
+}
+
+/// The picture in a data address; `input` itself if it is none.
+QByteArray PictureIn(std::string_view input) {
+  QByteArray all = QByteArray::fromRawData(input.data(), static_cast<qsizetype>(input.size()));
+  if (!StartsWithIgnoringCase(input, "data:")) return all;
+  const std::size_t comma = input.find(',');
+  if (comma == std::string_view::npos) return {};
+  const QByteArray bytes = QByteArray::fromPercentEncoding(all.sliced(static_cast<qsizetype>(comma) + 1));
+  return LowerCase(input.substr(0, comma)).ends_with(";base64") ? QByteArray::fromBase64(bytes) : bytes;
+}
+
+const char* FormatOf(std::string_view encoded) {
+  constexpr std::size_t eight = 8;
+  const auto* const format = std::ranges::find_if(formats, [&](const Format& known) {
+    return encoded.starts_with(known.Start) &&
+           encoded.substr(std::min(eight, encoded.size())).starts_with(known.AtEight);
+  });
+  return format == formats.end() ? nullptr : format->Name;
+}
+
+QSize Fitting(QSize size, int mostWidth) {
+  const double area = static_cast<double>(size.width()) * size.height();
+  const double scale = std::min(
+      {1.0, static_cast<double>(mostWidth) / size.width(), std::sqrt(static_cast<double>(Picture::MostPixels) / area)});
+  return {std::max(static_cast<int>(size.width() * scale), 1), std::max(static_cast<int>(size.height() * scale), 1)};
+}
+
+QImage Decode(QByteArray encoded, int mostWidth) {
+  const char* const format = FormatOf({encoded.constData(), static_cast<std::size_t>(encoded.size())});
+  if (format == nullptr) return {};
+  QBuffer buffer(&encoded);
+  QImageReader reader(&buffer, format);
+  reader.setAutoDetectImageFormat(false);
+  QImageReader::setAllocationLimit(0);  // that of the process counts, which covers more
+  // The size that a file tells serves only to decode no more than is wanted.
+  if (const QSize told = reader.size(); !told.isEmpty() && Fitting(told, mostWidth) != told) {
+    reader.setScaledSize(Fitting(told, mostWidth));
+  }
+  const QImage picture = reader.read();
+  if (picture.isNull()) return {};
+  return picture.scaled(Fitting(picture.size(), mostWidth), Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+      .convertToFormat(QImage::Format_ARGB32_Premultiplied);
+}
+
+bool Write(const void* bytes, std::size_t length) {
+  return write(STDOUT_FILENO, bytes, length) == static_cast<ssize_t>(length);
+}
+
+bool DecodeInput(int mostWidth) {
+  QFile input;
+  if (!input.open(STDIN_FILENO, QIODevice::ReadOnly)) return false;
+  const auto* bytes = reinterpret_cast<const char*>(input.map(0, input.size()));
+  if (bytes == nullptr) return false;
+  const QImage picture = Decode(PictureIn({bytes, static_cast<std::size_t>(input.size())}), mostWidth);
+  const DecodedSize size{picture.width(), picture.height()};
+  return size.IsWithin(mostWidth) && Write(&size, sizeof size) &&
+         Write(picture.constBits(), static_cast<std::size_t>(picture.sizeInBytes()));
+}
+
+}  // namespace
+
+bool DecodedSize::IsWithin(int mostWidth) const {
+  return Width > 0 && Height > 0 && Width <= mostWidth && std::int64_t{Width} * Height <= Picture::MostPixels;
+}
+
+std::optional<int> DecodeIfAsked(int argumentCount, char** arguments) {
+  if (argumentCount != 3 || arguments[1] != decoderOption) return std::nullopt;
+  const QCoreApplication application(argumentCount, arguments);  // tells where the plugins are
+  StartTheThread();
+  return LimitAll() && DecodeInput(std::atoi(arguments[2])) ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+}  // namespace toolkit::qt

@@ -1,0 +1,65 @@
+#include <dlfcn.h>
+
+#include <boost/json/parse.hpp>
+#include <gtest/gtest.h>
+#include <openssl/evp.h>
+
+#include "tests/support/HandPlatform.h"
+#include "toolkit/TextFile.h"
+#include "update/check/FileCheck.h"
+
+namespace {
+
+bool isMD5SwitchedOff = false;
+
+const std::string md5 = "888d0ee361af3603736f32131e7b20a2";
+const std::string sha256 = "0eb3e36bfb24dcd9bb1d1bece1531216b59539a8fde17ee80224af0653c92aa3";
+
+}  // namespace
+
+/// The library's own, but for the algorithm that a system has switched off.
+extern "C" EVP_MD* EVP_MD_fetch(OSSL_LIB_CTX* context, const char* algorithm, const char* properties) {
+  if (isMD5SwitchedOff && std::string_view(algorithm) == "MD5") return nullptr;
+  static const auto fetch = reinterpret_cast<decltype(&EVP_MD_fetch)>(dlsym(RTLD_NEXT, "EVP_MD_fetch"));
+  return fetch(context, algorithm, properties);
+}
+
+TEST(FileCheck, TakesAFileOnlyIfAllThatIsToldOfItIsRight) {
+  const HandPlatform platform;
+  const toolkit::FolderItem file = platform.DesktopFolder().Child("file");
+  toolkit::ReplaceFile(file, "archive");
+  const auto with = [](const std::string& hash, const std::string& members = "") {
+    return R"({"Hash":")" + hash + "\"" + members + "}";
+  };
+  const std::string strong = R"(,"SHA256":")" + sha256 + "\"";
+  const std::string other = sha256.substr(1) + "0";
+  using enum Kaju::FileVerdict;
+  const std::tuple<std::string, Kaju::FileVerdict, Kaju::FileVerdict> rows[] = {
+      // clang-format off
+      // what is told                                             with MD5   and without it
+      {with(md5),                                                 Genuine,   Uncheckable},
+      {with(other),                                               Corrupted, Uncheckable},
+      {"{}",                                                      Corrupted, Uncheckable},
+      {with(md5, strong),                                         Genuine,   Genuine},
+      {with("0" + md5.substr(1), strong),                         Corrupted, Genuine},
+      {with("", strong),                                          Corrupted, Genuine},
+      {with(md5, R"(,"SHA256":")" + other + "\""),                Corrupted, Corrupted},
+      {with(md5, R"(,"SHA256":"")"),                              Corrupted, Corrupted},
+      {with(md5, R"(,"SHA256":null)"),                            Corrupted, Corrupted},
+      {with(md5, R"(,"SHA256":")" + md5 + "\""),                  Corrupted, Corrupted},
+      {with(md5, R"(,"SHA256":[])"),                              Genuine,   Uncheckable},
+      {with(md5, strong + R"(,"Size":7)"),                        Genuine,   Genuine},
+      {with(md5, strong + R"(,"Size":"7")"),                      Genuine,   Genuine},
+      {with(md5, strong + R"(,"Size":6)"),                        Corrupted, Corrupted},
+      {with(md5, strong + R"(,"Size":18446744073709551615)"),     Corrupted, Corrupted},
+      // clang-format on
+  };
+  for (const auto& [told, withMD5, withoutMD5] : rows) {
+    const Kaju::BinaryInformation binary(true, boost::json::parse(told));
+    EXPECT_EQ(VerifyFile(file, binary), withMD5) << told;
+    isMD5SwitchedOff = true;
+    EXPECT_EQ(VerifyFile(file, binary), withoutMD5) << told;
+    EXPECT_NE(VerifyFile(platform.DesktopFolder().Child("missing"), binary), Genuine);
+    isMD5SwitchedOff = false;
+  }
+}
