@@ -17,6 +17,10 @@ set(CORVANE_UPDATE_PUBLIC_KEY "${key_without_owner}" CACHE STRING
   "The key that update documents are signed with: an RSA SubjectPublicKeyInfo, DER, in upper-case hexadecimal")
 set(CORVANE_COPYRIGHT "Copyright © 2026 The Corvane makers" CACHE STRING
   "The copyright line of the main window")
+set(CORVANE_HOME_URL "https://corvane.invalid/" CACHE STRING
+  "The product's page, with a slash at the end; pictures/ below it has the pictures of docs/pictures")
+set(CORVANE_CONTACT "The Corvane makers <makers@corvane.invalid>" CACHE STRING
+  "Who answers for a package: a name and an e-mail address")
 
 if(NOT CORVANE_VERSION MATCHES "^(0|[1-9][0-9]*)\\.(0|[1-9][0-9]*)\\.(0|[1-9][0-9]*)(([dabf])(0|[1-9][0-9]*))?$")
   message(FATAL_ERROR "CORVANE_VERSION is \"${CORVANE_VERSION}\"; it must be three numbers, as in 1.0.0, "
@@ -41,4 +45,10 @@ if(NOT CORVANE_UPDATE_URL MATCHES "^https?://[^/ ]+/")
 endif()
 if(NOT CORVANE_UPDATE_PUBLIC_KEY MATCHES "^([0-9A-F][0-9A-F])+$")
   message(FATAL_ERROR "CORVANE_UPDATE_PUBLIC_KEY is not upper-case hexadecimal text")
+endif()
+if(NOT CORVANE_HOME_URL MATCHES "^https?://[^/ ]+/([^ ]*/)?$")
+  message(FATAL_ERROR "CORVANE_HOME_URL is \"${CORVANE_HOME_URL}\"; it must be an http or https address with / at its end")
+endif()
+if(NOT CORVANE_CONTACT MATCHES "^[^<>@]+ <[^<>@ ]+@[^<>@ ]+>$")
+  message(FATAL_ERROR "CORVANE_CONTACT is \"${CORVANE_CONTACT}\"; it must be like Name <name@example.org>")
 endif()

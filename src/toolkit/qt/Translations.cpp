@@ -3,6 +3,7 @@
 #include <utility>
 
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QLocale>
 #include <QTranslator>
 
@@ -24,10 +25,16 @@ QStringList WithParents(QString language) {
   return names;
 }
 
+/// Beside the program, or where a package of the system puts what is the same on every machine.
+QString TranslationsFolder() {
+  const QString programs = QCoreApplication::applicationDirPath();
+  const QString beside = programs + QStringLiteral("/translations");
+  return QFileInfo::exists(beside) ? beside : programs + QStringLiteral("/../share/corvane/translations");
+}
+
 }  // namespace
 
-Translations::Translations()
-    : Translations(QCoreApplication::applicationDirPath() + QStringLiteral("/translations"), QLocale().uiLanguages()) {}
+Translations::Translations() : Translations(TranslationsFolder(), QLocale().uiLanguages()) {}
 
 Translations::Translations(QString folder, QStringList userLanguages)
     : folder_(std::move(folder)), userLanguages_(std::move(userLanguages)) {}

@@ -12,11 +12,11 @@ class QTranslator;
 
 namespace toolkit::qt {
 
-/// The translation files beside the program: translations/LANGUAGE.qm, in Qt's own format with the keys as message ids.
+/// The translation files of the program: translations/LANGUAGE.qm, in Qt's own format with the keys as message ids.
 /// A file is looked for once, when the first text is asked for in its language.
 class Translations {
  public:
-  /// The folder beside the program, and the user's languages as they are now.
+  /// The folder beside the program, or else that of a package, and the user's languages as they are now.
   Translations();
   Translations(QString folder, QStringList userLanguages);
   Translations(const Translations&) = delete;

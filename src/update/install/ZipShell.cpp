@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "resources/Resource.h"
+#include "toolkit/Application.h"
 #include "toolkit/Text.h"
 #include "update/check/KajuException.h"
 
@@ -29,7 +30,8 @@ std::string DecompressCommand(System system, const FolderItem& zipFile, const Fo
   if (system == System::Mac) return "/usr/bin/ditto -x -k " + paths;
   const auto script = resources::Find("unpack");
   const std::string_view text(reinterpret_cast<const char*>(script.data()), script.size());
-  return "/bin/bash -p -c " + toolkit::QuoteForShell(text) + " unpack " + paths;
+  return "/bin/bash -p -c " + toolkit::QuoteForShell(text) + " unpack " + paths + " " +
+         toolkit::Application::ExecutableFile().Parent().Child("lib").Child("unzip").ShellPath();
 }
 
 }  // namespace

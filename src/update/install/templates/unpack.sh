@@ -1,5 +1,6 @@
-# Unpacks a zip archive into a folder. Arguments: the archive, the folder, which may be missing. The status is 0 only if
-# all of it was unpacked and nothing in it is more than files, folders, and links that stay in the folder. For Bash.
+# Unpacks a zip archive into a folder. Arguments: the archive, the folder, which may be missing, and the unzip that the
+# program brings for systems without one. The status is 0 only if all of it was unpacked and nothing in it is more than
+# files, folders, and links that stay in the folder. For Bash.
 set -euo pipefail
 set +o posix
 export LC_ALL=C.UTF-8
@@ -7,6 +8,8 @@ unset UNZIP UNZIPOPT ZIPINFO ZIPINFOOPT
 # What no update needs: five minutes of computing, 1 GB of memory. Each tool has its own.
 ulimit -t 300 -v 1000000
 folder=$2
+unzip=/usr/bin/unzip
+[[ -x $unzip ]] || unzip=$3
 # By number, since unzip would take a name with brackets for a pattern.
 exec 3<"$1"
 archive=/proc/self/fd/3
@@ -66,10 +69,10 @@ stays_inside() { # the link
   done
 }
 
-largest=$(/usr/bin/zipinfo -s "$archive" | check_list)
+largest=$("$unzip" -Z -s "$archive" | check_list)
 # An entry that is larger than the list says ends the work.
 ulimit -f $((largest / 1024 + 1))
-/usr/bin/unzip -q -o -^ "$archive" -d "$folder" </dev/null >&2
+"$unzip" -q -o -^ "$archive" -d "$folder" </dev/null >&2
 
 # A folder that its owner may not change could be neither moved to the program nor removed.
 root=$(/usr/bin/realpath "$folder")

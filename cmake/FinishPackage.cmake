@@ -1,0 +1,8 @@
+# Run by cpack before it packs: compresses what Debian wants compressed, and gives all files the date of the release.
+
+set(root "${CPACK_TEMPORARY_INSTALL_DIRECTORY}")
+file(GLOB_RECURSE texts "${root}/usr/share/man/*" "${root}/usr/share/doc/corvane/changelog*")
+execute_process(COMMAND gzip -9n ${texts} COMMAND_ERROR_IS_FATAL ANY)
+if(DEFINED ENV{SOURCE_DATE_EPOCH})
+  execute_process(COMMAND find "${root}" -exec touch -h -d "@$ENV{SOURCE_DATE_EPOCH}" {} + COMMAND_ERROR_IS_FATAL ANY)
+endif()
