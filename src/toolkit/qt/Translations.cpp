@@ -7,6 +7,7 @@
 #include <QLocale>
 #include <QTranslator>
 
+#include "toolkit/Platform.h"
 #include "toolkit/qt/QtText.h"
 
 namespace toolkit::qt {
@@ -29,7 +30,8 @@ QStringList WithParents(QString language) {
 QString TranslationsFolder() {
   const QString programs = QCoreApplication::applicationDirPath();
   const QString beside = programs + QStringLiteral("/translations");
-  return QFileInfo::exists(beside) ? beside : programs + QStringLiteral("/../share/corvane/translations");
+  const QString shared = programs + "/../share/" + ToQt(Platform::Current().Program().Id) + "/translations";
+  return QFileInfo::exists(beside) ? beside : shared;
 }
 
 }  // namespace
