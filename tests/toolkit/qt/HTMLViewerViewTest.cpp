@@ -222,7 +222,7 @@ TEST_F(Page, PicturesThatTakeMuchTakeNoOthersWithThemUntilThePageHasHadItsShare)
     servers.push_back(std::make_unique<FaultServer>(std::vector<Answer>{{{Reply(200, picture.Encoded)}}}, Wire::Plain));
   std::string page = "x";  // the cursor stands before the text
   for (std::size_t number = 0; number < 200; ++number) {
-    const FaultServer& server = number == 0 || number == 7 ? red : *servers[number % servers.size()];
+    const FaultServer& server = number == 0 || number == 2 ? red : *servers[number % servers.size()];
     page += "<img src='" + server.URL() + "/" + std::to_string(number) + "'>";
   }
   Load(page);
@@ -247,7 +247,7 @@ TEST_F(Page, WhatArrivesOfPicturesCountsWhetherOrNotTheyArriveWhole) {
       page += "<img src='" + server.URL() + "/" + std::to_string(number) + "'>";
     Load(page);
     const bool shows = body.starts_with(Red());
-    EXPECT_TRUE(Until([&, fitting = fitting] { return log.size() == (shows ? 10U - fitting : 10U); })) << what;
+    EXPECT_TRUE(Until([&, fitting = fitting] { return std::ssize(log) == (shows ? 10 - fitting : 10); })) << what;
     const auto isRefused = [](const auto& line) { return line.ends_with("too large together."); };
     EXPECT_GE(std::ranges::count_if(log, isRefused), 10 - fitting) << what;
     EXPECT_TRUE(Until([&, fitting = fitting] { return Redness() == (shows ? 1600 * fitting : 0); })) << what;
