@@ -62,6 +62,7 @@ double SecondsOfCurl(bench::CurlConnection& curl, const std::string& baseURL) {
 
 void MeasureReceiving(Desktop& desktop, bench::CurlConnection& curl, const std::string& baseURL,
                       bench::Report& report) {
+  const bench::OnProcessor here(0);
   std::vector<double> ofClient;
   std::vector<double> ofCurl;
   for (int round = 0; round <= rounds; ++round) {
@@ -139,7 +140,7 @@ void MeasureMemory(const std::string& self, const std::string& baseURL, double b
 }
 
 int Measure(int argc, char** argv) {
-  const bench::PanelService service({"--log-lines", std::to_string(manyLines)});
+  const bench::PanelService service = bench::ServiceElsewhere({"--log-lines", std::to_string(manyLines)});
   const bench::VirtualScreen screen;
   bench::Report report;
   bench::CurlConnection curl;

@@ -49,7 +49,8 @@ class Button {
 };
 
 int Measure(int argc, char** argv) {
-  const bench::PanelService service;
+  const bench::PanelService service = bench::ServiceElsewhere();
+  const bench::OnProcessor here(0);
   Desktop desktop(argc, argv);
   Button button(service.BaseURL() + "/api/v1/system");
   bench::CurlConnection curl;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <sched.h>
 #include <vector>
 
 namespace bench {
@@ -10,6 +11,18 @@ using Duration = std::chrono::duration<double>;
 
 /// The middle one of `values`, of which there must be one at least; the mean of the two in the middle of an even count.
 [[nodiscard]] double Median(std::vector<double> values);
+
+/// Keeps this process, and those that it starts meanwhile, on one processor; on any where there is no such one.
+class OnProcessor {
+ public:
+  explicit OnProcessor(int number);
+  OnProcessor(const OnProcessor&) = delete;
+  OnProcessor& operator=(const OnProcessor&) = delete;
+  ~OnProcessor() { sched_setaffinity(0, sizeof before_, &before_); }
+
+ private:
+  cpu_set_t before_{};
+};
 
 /// Seconds from `start` to now.
 [[nodiscard]] inline double SecondsSince(Clock::time_point start) { return Duration(Clock::now() - start).count(); }

@@ -2,6 +2,8 @@
 
 #include <stdexcept>
 
+#include "support/Measure.h"
+
 namespace bench {
 namespace {
 
@@ -26,6 +28,11 @@ PanelService::PanelService(const std::vector<std::string>& options) : program_(C
   const std::string line = program_.ReadLine();
   if (!line.starts_with(greeting)) throw std::runtime_error("the panel service did not start: " + line);
   baseURL_ = line.substr(greeting.size());
+}
+
+PanelService ServiceElsewhere(const std::vector<std::string>& options) {
+  const OnProcessor elsewhere(1);
+  return PanelService(options);
 }
 
 std::string RequestBody(std::string_view members) {
