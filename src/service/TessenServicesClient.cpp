@@ -14,9 +14,6 @@ namespace {
 
 constexpr int statusOfRefusal = 400;
 
-// Beside a reply of this many bytes, the values of the one before should not stand in memory.
-constexpr std::size_t largeReply = std::size_t{16} << 20U;
-
 std::string ReasonOf(const Dictionary& refusal) {
   const auto reason = refusal.find("_error");
   return reason == refusal.end() ? "The server refused the request and gave no reason." : reason->second.Text();
@@ -82,10 +79,6 @@ std::optional<std::string> TessenServicesClient::Accept(int status, std::string_
   if (content.empty()) return "No data was returned from the Tessen Service.";
   try {
     if (status == statusOfRefusal) return ReasonOf(toolkit::ParseJSON(content));
-    if (content.size() >= largeReply) {
-      toolkit::CheckJSON(content);
-      pDictionary_Properties.clear();
-    }
     pDictionary_Properties = toolkit::ParseJSON(content);
     return std::nullopt;
   } catch (const RuntimeException& exception) {

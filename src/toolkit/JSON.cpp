@@ -38,7 +38,7 @@ json::parse_options Options() {
   return options;
 }
 
-/// Takes what the parser reads: builds the values, if it is given a place for them, and keeps what the whole is.
+/// Builds the values of what the parser reads.
 struct Reader {
   using Error = json::error_code;
   using Text = json::string_view;
@@ -48,12 +48,10 @@ struct Reader {
   static constexpr std::size_t max_string_size = std::numeric_limits<std::size_t>::max();
 
   json::value_stack* values = nullptr;
-  bool isObject = false;
   std::string beginOfNumber;  // of one that two pieces share
 
   bool Push(auto push) {
-    isObject = false;
-    if (values != nullptr) push(*values);
+    push(*values);
     return true;
   }
 
@@ -61,7 +59,7 @@ struct Reader {
   static bool on_document_begin(Error&) { return true; }
   static bool on_document_end(Error&) { return true; }
   static bool on_object_begin(Error&) { return true; }
-  bool on_object_end(std::size_t size, Error&) { Push([=](auto& stack) { stack.push_object(size); }); return isObject = true; }
+  bool on_object_end(std::size_t size, Error&) { return Push([=](auto& stack) { stack.push_object(size); }); }
   static bool on_array_begin(Error&) { return true; }
   bool on_array_end(std::size_t size, Error&) { return Push([=](auto& stack) { stack.push_array(size); }); }
   bool on_key_part(Text text, std::size_t, Error&) { return Push([=](auto& stack) { stack.push_chars(text); }); }
@@ -85,24 +83,22 @@ struct Reader {
   // clang-format on
 };
 
-enum class Kind { Object, Other, Unwanted };
-
-/// Reads all of `text`, unless it is no longer wanted.
-Kind Read(std::string_view text, json::value_stack* values, const StillWanted& wanted = {}) {
+/// Reads all of `text`. Returns whether that was wanted to the end.
+bool Read(std::string_view text, json::value_stack& values, const StillWanted& wanted) {
   json::basic_parser<Reader> parser(Options());
-  parser.handler().values = values;
+  parser.handler().values = &values;
   json::error_code error;
   const std::size_t pieceSize = wanted ? bytesAtOnce : text.size();
   std::size_t place = 0;
   do {
-    if (place > 0 && !IsWanted(wanted)) return Kind::Unwanted;
+    if (place > 0 && !IsWanted(wanted)) return false;
     const std::string_view piece = text.substr(place, pieceSize);
     place += piece.size();
     const std::size_t used = parser.write_some(place < text.size(), piece.data(), piece.size(), error);
     if (!error && used < piece.size()) error = json::error::extra_data;
     if (error) ExplainFailure(text, error);
   } while (place < text.size());
-  return parser.handler().isObject ? Kind::Object : Kind::Other;
+  return true;
 }
 
 /// A text's values in one block of memory: it is built once, read, and dropped as one, without a visit to each value.
@@ -116,16 +112,12 @@ std::shared_ptr<const Tree> Parse(std::string_view text, const StillWanted& want
   const auto tree = std::make_shared<Tree>();
   json::value_stack values;
   values.reset(&tree->Memory);
-  if (Read(text, &values, wanted) == Kind::Unwanted) return nullptr;
+  if (!Read(text, values, wanted)) return nullptr;
   tree->Root = values.release();
   return tree;
 }
 
 }  // namespace
-
-void CheckJSON(std::string_view text) {
-  if (Read(text, nullptr) != Kind::Object) throw RuntimeException("the JSON is not an object");
-}
 
 std::shared_ptr<const JSONItem> ParseJSONItem(std::string_view text, const StillWanted& wanted) {
   const auto tree = Parse(text, wanted);

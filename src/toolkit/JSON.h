@@ -15,10 +15,6 @@ namespace toolkit {
 /// Throws a RuntimeException that tells what is wrong: not UTF-8, not JSON, nested too deep, not an object.
 [[nodiscard]] Dictionary ParseJSON(std::string_view text);
 
-/// Throws as ParseJSON(text) would, but builds nothing: for a text so large that its values should not stand in memory
-/// beside those that they replace.
-void CheckJSON(std::string_view text);
-
 /// A JSON object or array with all that is in it.
 using JSONItem = boost::json::value;
 
