@@ -74,6 +74,7 @@ std::string MakeArchive(const std::filesystem::path& folder, int megabytes) {
   const bench::TemporaryFolder scratch;
   const std::filesystem::path program = scratch.Path() / "corvane";
   std::filesystem::create_directory(program);
+  std::ofstream(program / "corvane") << "the executable";
   std::mt19937_64 random(static_cast<unsigned>(megabytes));
   for (int part = 0; part < megabytes; part += 4) {
     std::string bytes(3 * megabyte, '\0');
