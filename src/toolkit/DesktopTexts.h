@@ -4,21 +4,30 @@
 
 #include "toolkit/Localization.h"
 
+// clang-format off
+#define DESKTOP_TEXTS(TEXT) \
+  TEXT(kCancelButton, "Cancel") \
+  TEXT(kCautionSign, "Caution") \
+  TEXT(kCopyCommand, "Copy") \
+  TEXT(kCopyLinkCommand, "Copy Link Address") \
+  TEXT(kNoButton, "No") \
+  TEXT(kOKButton, "OK") \
+  TEXT(kPageIsCutNotice, "The rest of this page is not shown.") \
+  TEXT(kSelectAllCommand, "Select All")
+// clang-format on
+
 /// The texts that the desktop's own parts show: buttons without a caption, menus, notices, and what a screen
 /// reader says of signs.
 namespace DesktopTexts {
 
-// clang-format off
-inline constexpr toolkit::LocalizedText kCancelButton{"DesktopTexts.kCancelButton", "Cancel"};
-inline constexpr toolkit::LocalizedText kCautionSign{"DesktopTexts.kCautionSign", "Caution"};
-inline constexpr toolkit::LocalizedText kCopyCommand{"DesktopTexts.kCopyCommand", "Copy"};
-inline constexpr toolkit::LocalizedText kCopyLinkCommand{"DesktopTexts.kCopyLinkCommand", "Copy Link Address"};
-inline constexpr toolkit::LocalizedText kNoButton{"DesktopTexts.kNoButton", "No"};
-inline constexpr toolkit::LocalizedText kOKButton{"DesktopTexts.kOKButton", "OK"};
-inline constexpr toolkit::LocalizedText kPageIsCutNotice{"DesktopTexts.kPageIsCutNotice", "The rest of this page is not shown."};
-inline constexpr toolkit::LocalizedText kSelectAllCommand{"DesktopTexts.kSelectAllCommand", "Select All"};
+#define DESKTOP_CONSTANT(name, english) inline constexpr toolkit::LocalizedText name{"DesktopTexts." #name, english};
+DESKTOP_TEXTS(DESKTOP_CONSTANT)
+#undef DESKTOP_CONSTANT
 
-inline constexpr std::array All{kCancelButton, kCautionSign, kCopyCommand, kCopyLinkCommand, kNoButton, kOKButton, kPageIsCutNotice, kSelectAllCommand};
-// clang-format on
+#define DESKTOP_NAME(name, english) name,
+inline constexpr std::array All{DESKTOP_TEXTS(DESKTOP_NAME)};
+#undef DESKTOP_NAME
 
 }  // namespace DesktopTexts
+
+#undef DESKTOP_TEXTS

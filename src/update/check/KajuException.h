@@ -2,8 +2,8 @@
 
 #include <string>
 
+#include "toolkit/Localization.h"
 #include "toolkit/RuntimeException.h"
-#include "update/check/LocalizedText.h"
 
 namespace Kaju {
 
@@ -11,9 +11,9 @@ namespace Kaju {
 class KajuException : public toolkit::RuntimeException {
  public:
   // clang-format off
-  static constexpr LocalizedText kErrorCantFindLibsFolder{"KajuException.kErrorCantFindLibsFolder", "Can’t locate this applications Libs folder."};
-  static constexpr LocalizedText kErrorImproperFunction{"KajuException.kErrorImproperFunction", "This function cannot be used on this platform."};
-  static constexpr LocalizedText kErrorMissingUpdateURL{"KajuException.kErrorMissingUpdateURL", "The update URL is missing."};
+  static constexpr toolkit::LocalizedText kErrorCantFindLibsFolder{"KajuException.kErrorCantFindLibsFolder", "Can’t locate this applications Libs folder."};
+  static constexpr toolkit::LocalizedText kErrorImproperFunction{"KajuException.kErrorImproperFunction", "This function cannot be used on this platform."};
+  static constexpr toolkit::LocalizedText kErrorMissingUpdateURL{"KajuException.kErrorMissingUpdateURL", "The update URL is missing."};
   // clang-format on
 
   /// `location` is the function that failed; it becomes the last entry of the stack.

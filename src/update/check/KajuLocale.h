@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "update/check/LocalizedText.h"
+#include "toolkit/Localization.h"
 
 // clang-format off
 #define KAJU_TEXTS(TEXT) \
@@ -65,7 +65,7 @@
 /// caller replaces; in captions, "&" marks the access key and "&&" stands for one ampersand.
 namespace KajuLocale {
 
-#define KAJU_CONSTANT(name, english) inline constexpr Kaju::LocalizedText name{"KajuLocale." #name, english};
+#define KAJU_CONSTANT(name, english) inline constexpr toolkit::LocalizedText name{"KajuLocale." #name, english};
 KAJU_TEXTS(KAJU_CONSTANT)
 #undef KAJU_CONSTANT
 

@@ -1,9 +1,0 @@
-#pragma once
-
-#include "toolkit/Localization.h"
-
-namespace Kaju {
-
-using toolkit::LocalizedText;
-
-}  // namespace Kaju
