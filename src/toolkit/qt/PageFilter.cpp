@@ -14,13 +14,18 @@
 namespace toolkit::qt {
 namespace {
 
-// What a page may have at most. Qt takes 7 µs for a tag and 50 for a cell. It takes the longer for an item the more
-// there are in its list, and for each piece of a paragraph the more there is of that.
+// What a page may have at most, so that it is shown within half a second: a cost of 1 is about 3 µs. Qt takes 7 µs for
+// a tag and 50 for a cell. It takes longer for an item the more there are in its list, for each piece of a paragraph
+// the more there is of that, and for a tag the more rules there are. Most scripts beyond Cyrillic take three times as
+// long.
 constexpr qsizetype mostCost = 150'000;
 constexpr int costOfTag = 4;
 constexpr int costOfCell = 15;
-constexpr int costOfPicture = 25;
-constexpr qsizetype charactersPerCost = 200;
+constexpr int costOfPicture = 60;
+constexpr int costOfText = 3;
+constexpr qsizetype charactersPerCost = 6;
+constexpr QChar firstOfSlowScripts(0x0590);
+constexpr qsizetype rulesPerCost = 3;
 constexpr qsizetype mostInParagraph = 4'500;
 constexpr qsizetype placeOfTag = 25;
 constexpr int mostItems = 500;
@@ -181,6 +186,7 @@ class Filter {
         match.capturedLength(3) > 0 ? EndTag(name) : StartTag(name, AttributesIn(match.captured(5)));
       } else if (match.capturedView(1).startsWith(u"st", Qt::CaseInsensitive) && rules_.isEmpty()) {
         rules_ = HarmlessRules(match.captured(2));
+        costOfRules_ = rules_.count('}') / rulesPerCost;
       }
     }
     CloseDownTo(0);
@@ -202,7 +208,8 @@ class Filter {
   void Text(QString text) {
     const bool isBlank = text.trimmed().isEmpty();
     if (made_.HTML.isEmpty() && isBlank) return;  // the body may still begin
-    cost_ += text.size() / charactersPerCost;
+    const auto isSlow = [](QChar character) { return character >= firstOfSlowScripts; };
+    cost_ += costOfText + (text.size() + 2 * std::ranges::count_if(text, isSlow)) / charactersPerCost;
     inParagraph_ += text.size();
     followsBlock_ = followsBlock_ && isBlank;
     made_.HTML += text.replace('<', "&lt;");
@@ -246,7 +253,7 @@ class Filter {
   }
 
   void Write(const QString& tag, Kind kind) {
-    cost_ += costOfTag;
+    cost_ += costOfTag + costOfRules_;
     inParagraph_ = kind > Kind::Link ? 0 : inParagraph_ + placeOfTag;
     followsBlock_ = false;
     made_.HTML += tag;
@@ -360,6 +367,7 @@ class Filter {
   qsizetype cost_ = 0;
   FilteredPage made_;
   QString rules_;
+  qsizetype costOfRules_ = 0;
   QString baseTarget_;
   QList<OpenElement> open_;
   // How long the paragraph is, each tag in it counted as some characters.
