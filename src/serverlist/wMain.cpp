@@ -156,7 +156,12 @@ void wMain::client_ButtonPressed() {
   txtPassword.Text("");
 }
 
-void wMain::client_Error(const toolkit::RuntimeException& err) { toolkit::MsgBox(err.Message(), txtHostname.Text()); }
+// What a panel service tells is shown as it is.
+void wMain::client_Error(const toolkit::RuntimeException& err) {
+  const std::string& host = txtHostname.Text();
+  const std::string_view hint = client.IsAnswered() ? std::string_view() : CorvaneClient::HintForHostname(host);
+  toolkit::MsgBox(err.Message() + std::string(hint), host);
+}
 
 void wMain::LetUserEdit(bool mayEdit) {
   for (auto* field : {&txtHostname, &txtUsername, &txtPassword}) field->Enabled(mayEdit);

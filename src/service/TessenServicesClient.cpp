@@ -61,6 +61,7 @@ void TessenServicesClient::PressButton(std::string_view url, std::string_view bu
     return;
   }
   if (!IsConnected()) Begun();
+  isAnswered_ = false;
   SetRequestContent(toolkit::GenerateJSON(pDictionary_Properties), "application/json");
   Send("POST", std::string(url) + "/" + toolkit::LowerCase(buttonName));
 }
@@ -76,12 +77,14 @@ void TessenServicesClient::Event_PageReceived(const std::string& /*url*/, int st
 }
 
 std::optional<std::string> TessenServicesClient::Accept(int status, std::string_view content) {
+  isAnswered_ = true;
   if (content.empty()) return "No data was returned from the Tessen Service.";
   try {
     if (status == statusOfRefusal) return ReasonOf(toolkit::ParseJSON(content));
     pDictionary_Properties = toolkit::ParseJSON(content);
     return std::nullopt;
   } catch (const RuntimeException& exception) {
+    isAnswered_ = false;
     return "The server's reply cannot be read: " + exception.Message() + ".";
   }
 }

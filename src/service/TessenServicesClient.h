@@ -28,6 +28,9 @@ class TessenServicesClient final : public toolkit::HTTPSocket {
 
   TessenServicesClient();
 
+  /// Whether the last request was answered by a panel service, as far as can be told: with a JSON object, or nothing.
+  [[nodiscard]] bool IsAnswered() const { return isAnswered_; }
+
   /// The value stored under `key`, nil if there is none. Valid until the next assignment or reply.
   [[nodiscard]] const toolkit::Variant& Operator_Lookup(std::string_view key) const;
   void Operator_Lookup(std::string_view key, std::same_as<bool> auto value) { Store(key, boost::json::value(value)); }
@@ -68,4 +71,5 @@ class TessenServicesClient final : public toolkit::HTTPSocket {
   void Store(std::string_view key, toolkit::Variant value);
 
   toolkit::Dictionary pDictionary_Properties;
+  bool isAnswered_ = false;
 };
