@@ -137,8 +137,7 @@ void wMain::labelCopyright_Open() { labelCopyright.Text(product::copyright); }
 void wMain::client_ButtonPressed() {
   for (const std::string_view key : {"networkHostname", "networkIPv4", "systemName"}) {
     if (client.Operator_Lookup(key).IsTextOrNumber()) continue;
-    toolkit::MsgBox("The server was not added: its reply gives no usable “" + std::string(key) + "”.",
-                    txtHostname.Text());
+    TellWithHint("The server was not added: its reply gives no usable “" + std::string(key) + "”.");
     return;
   }
   const auto server = std::make_shared<CorvaneServer>();
@@ -158,9 +157,12 @@ void wMain::client_ButtonPressed() {
 
 // What a panel service tells is shown as it is.
 void wMain::client_Error(const toolkit::RuntimeException& err) {
+  client.IsAnswered() ? toolkit::MsgBox(err.Message(), txtHostname.Text()) : TellWithHint(err.Message());
+}
+
+void wMain::TellWithHint(const std::string& problem) const {
   const std::string& host = txtHostname.Text();
-  const std::string_view hint = client.IsAnswered() ? std::string_view() : CorvaneClient::HintForHostname(host);
-  toolkit::MsgBox(err.Message() + std::string(hint), host);
+  toolkit::MsgBox(problem + std::string(CorvaneClient::HintForHostname(host)), host);
 }
 
 void wMain::LetUserEdit(bool mayEdit) {

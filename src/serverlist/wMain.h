@@ -53,6 +53,8 @@ class wMain final : public toolkit::Window {
   void client_ButtonPressed();
   void client_Error(const toolkit::RuntimeException& err);
 
+  /// And what was typed wrong, if that is why.
+  void TellWithHint(const std::string& problem) const;
   void LetUserEdit(bool mayEdit);
 
   ServerOpener openServer_;
