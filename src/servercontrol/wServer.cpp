@@ -1,5 +1,6 @@
 #include "servercontrol/wServer.h"
 
+#include <array>
 #include <utility>
 
 #include "servercontrol/LogCount.h"
@@ -14,6 +15,25 @@ using toolkit::MsgBox;
 using toolkit::RuntimeException;
 
 namespace {
+
+enum class OnOwnContainer { Allowed, Refused };
+
+/// A button that sends a call for the selected container, shows the service's answer, and reads the list again.
+struct ContainerAction {
+  toolkit::PushButton wServer::*Button;
+  TessenServicesClient wServer::*Client;
+  ControlAPI::Call Call;
+  OnOwnContainer Rule;
+};
+
+// clang-format off
+constexpr std::array containerActions{
+    ContainerAction{&wServer::btn_containers_start,   &wServer::containers_start,   ControlAPI::startContainer,   OnOwnContainer::Refused},
+    ContainerAction{&wServer::btn_containers_stop,    &wServer::containers_stop,    ControlAPI::stopContainer,    OnOwnContainer::Refused},
+    ContainerAction{&wServer::btn_containers_restart, &wServer::containers_restart, ControlAPI::restartContainer, OnOwnContainer::Allowed},
+    ContainerAction{&wServer::btn_containers_backup,  &wServer::containers_backup,  ControlAPI::backUpContainer,  OnOwnContainer::Refused},
+};
+// clang-format on
 
 constexpr Locks topLeft{.Left = true, .Top = true, .Right = false, .Bottom = false};
 constexpr Locks allEdges{.Left = true, .Top = true, .Right = true, .Bottom = true};
@@ -79,36 +99,36 @@ void wServer::WireEvents() {
   On(list_containers.DoubleClick, &wServer::PressLogs);
   On(txt_containers_logs.Enter, &wServer::PressLogs);
   On(btn_containers_refresh.Action, &wServer::btn_containers_refresh_Action);
-  On(btn_containers_restart.Action, &wServer::btn_containers_restart_Action);
-  On(btn_containers_start.Action, &wServer::btn_containers_start_Action);
-  On(btn_containers_stop.Action, &wServer::btn_containers_stop_Action);
   On(btn_containers_logs.Action, &wServer::btn_containers_logs_Action);
-  On(btn_containers_backup.Action, &wServer::btn_containers_backup_Action);
 
-  On(info.ButtonPressed, &wServer::info_ButtonPressed);
-  On(info.Error, &wServer::info_Error);
-  On(restart.ButtonPressed, &wServer::restart_ButtonPressed);
-  On(restart.Error, &wServer::restart_Error);
-  On(containers_list.ButtonPressed, &wServer::containers_list_ButtonPressed);
-  On(containers_list.Error, &wServer::containers_list_Error);
-  On(containers_restart.ButtonPressed, &wServer::containers_restart_ButtonPressed);
-  On(containers_restart.Error, &wServer::containers_restart_Error);
-  On(containers_stop.ButtonPressed, &wServer::containers_stop_ButtonPressed);
-  On(containers_stop.Error, &wServer::containers_stop_Error);
-  On(containers_start.ButtonPressed, &wServer::containers_start_ButtonPressed);
-  On(containers_start.Error, &wServer::containers_start_Error);
-  On(containers_logs.ButtonPressed, &wServer::containers_logs_ButtonPressed);
-  On(containers_logs.Error, &wServer::containers_logs_Error);
-  On(overview_reload.ButtonPressed, &wServer::overview_reload_ButtonPressed);
-  On(overview_reload.Error, &wServer::overview_reload_Error);
-  On(containers_backup.ButtonPressed, &wServer::containers_backup_ButtonPressed);
-  On(containers_backup.Error, &wServer::containers_backup_Error);
+  WireClient(info, &wServer::info_ButtonPressed, &wServer::info_Error);
+  WireClient(restart, &wServer::restart_ButtonPressed, &wServer::restart_Error);
+  WireClient(containers_list, &wServer::containers_list_ButtonPressed, &wServer::containers_list_Error);
+  WireClient(containers_logs, &wServer::containers_logs_ButtonPressed, &wServer::containers_logs_Error);
+  WireClient(overview_reload, &wServer::overview_reload_ButtonPressed, &wServer::overview_reload_Error);
+  WireContainerActions();
+}
 
-  for (auto* client : {&info, &restart, &containers_list, &containers_restart, &containers_stop, &containers_start,
-                       &containers_logs, &overview_reload, &containers_backup}) {
-    client->Begun = [this] { BeginWait(); };
-    client->Ended = [this] { EndWait(); };
+void wServer::WireClient(TessenServicesClient& client, void (wServer::*done)(),
+                         void (wServer::*failed)(const RuntimeException&)) {
+  WireWait(client);
+  On(client.ButtonPressed, done);
+  On(client.Error, failed);
+}
+
+void wServer::WireContainerActions() {
+  for (const ContainerAction& action : containerActions) {
+    TessenServicesClient& client = this->*action.Client;
+    WireWait(client);
+    On((this->*action.Button).Action, [this, &client, &action] { Issue(client, action.Call); });
+    On(client.ButtonPressed, [this, &client] { ShowStatusThenRefresh(client); });
+    On(client.Error, [this, &client](const RuntimeException& err) { Tell(client, err.Message()); });
   }
+}
+
+void wServer::WireWait(TessenServicesClient& client) {
+  client.Begun = [this] { BeginWait(); };
+  client.Ended = [this] { EndWait(); };
 }
 
 void wServer::btn_overview_refresh_Action() { mOverview_refresh(); }
@@ -141,10 +161,9 @@ void wServer::list_containers_Open() {
 void wServer::list_containers_Change() {
   const bool isAny = list_containers.ListIndex() != -1;
   const bool isOther = isAny && list_containers.Cell(list_containers.ListIndex(), 0) != ControlAPI::ownContainer;
-  btn_containers_start.Enabled(isOther);
-  btn_containers_stop.Enabled(isOther);
-  btn_containers_restart.Enabled(isAny);
-  btn_containers_backup.Enabled(isOther);
+  for (const ContainerAction& action : containerActions) {
+    (this->*action.Button).Enabled(action.Rule == OnOwnContainer::Allowed ? isAny : isOther);
+  }
   btn_containers_logs.Enabled(isOther);
   txt_containers_logs.Enabled(isOther);
 }
@@ -152,11 +171,7 @@ void wServer::list_containers_Change() {
 void wServer::PressLogs() { btn_containers_logs.Press(); }
 
 void wServer::btn_containers_refresh_Action() { mContainers_refresh(); }
-void wServer::btn_containers_restart_Action() { mContainers_restart(); }
-void wServer::btn_containers_start_Action() { mContainers_start(); }
-void wServer::btn_containers_stop_Action() { mContainers_stop(); }
 void wServer::btn_containers_logs_Action() { mContainers_logs(); }
-void wServer::btn_containers_backup_Action() { mContainers_backup(); }
 
 void wServer::info_ButtonPressed() {
   for (const auto& [label, key] : ControlAPI::facts) {
@@ -190,13 +205,6 @@ void wServer::containers_list_Error(const RuntimeException& err) {
   btn_containers_refresh.Enabled(true);
 }
 
-void wServer::containers_restart_ButtonPressed() { ShowStatusThenRefresh(containers_restart); }
-void wServer::containers_restart_Error(const RuntimeException& err) { Tell(containers_restart, err.Message()); }
-void wServer::containers_stop_ButtonPressed() { ShowStatusThenRefresh(containers_stop); }
-void wServer::containers_stop_Error(const RuntimeException& err) { Tell(containers_stop, err.Message()); }
-void wServer::containers_start_ButtonPressed() { ShowStatusThenRefresh(containers_start); }
-void wServer::containers_start_Error(const RuntimeException& err) { Tell(containers_start, err.Message()); }
-
 void wServer::containers_logs_ButtonPressed() {
   const auto* table = TableOf(containers_logs, "log");
   if (table == nullptr || table->empty()) {
@@ -225,9 +233,6 @@ void wServer::overview_reload_Error(const RuntimeException& err) {
   EndReload();
 }
 
-void wServer::containers_backup_ButtonPressed() { ShowStatusThenRefresh(containers_backup); }
-void wServer::containers_backup_Error(const RuntimeException& err) { Tell(containers_backup, err.Message()); }
-
 void wServer::mOverview_refresh() {
   list_overview.DeleteAllRows();
   Issue(info, ControlAPI::information);
@@ -244,16 +249,10 @@ void wServer::mOverview_reload() {
 void wServer::mContainers_refresh() {
   list_containers.DeleteAllRows();
   Issue(containers_list, ControlAPI::listContainers);
-  btn_containers_refresh.Enabled(false);
-  btn_containers_start.Enabled(false);
-  btn_containers_stop.Enabled(false);
-  btn_containers_restart.Enabled(false);
+  for (auto* button : {&btn_containers_refresh, &btn_containers_start, &btn_containers_stop, &btn_containers_restart}) {
+    button->Enabled(false);
+  }
 }
-
-void wServer::mContainers_restart() { Issue(containers_restart, ControlAPI::restartContainer); }
-void wServer::mContainers_start() { Issue(containers_start, ControlAPI::startContainer); }
-void wServer::mContainers_stop() { Issue(containers_stop, ControlAPI::stopContainer); }
-void wServer::mContainers_backup() { Issue(containers_backup, ControlAPI::backUpContainer); }
 
 void wServer::mContainers_logs() {
   if (list_containers.ListIndex() == -1) return;

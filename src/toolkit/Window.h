@@ -123,22 +123,20 @@ class Window : public std::enable_shared_from_this<Window> {
   void BeginWait();
   void EndWait();
 
-  /// Lets the member function `handler` of this window react to `event`.
-  template <typename Self, typename... Arguments>
-  void On(Event<Arguments...>& event, void (Self::*handler)(Arguments...)) {
-    event = [this, handler](Arguments... arguments) {
+  /// Lets `handler` react to `event`, as a handler of this window. Once the window is closed it no longer runs, and the
+  /// answer is the value-initialised one.
+  template <typename Answer, typename... Arguments>
+  void On(Question<Answer, Arguments...>& event, typename Question<Answer, Arguments...>::Handler handler) {
+    event = [this, handler = std::move(handler)](Arguments... arguments) {
       const HandlerTurn turn(weak_from_this().lock());
-      if (!closed_) (static_cast<Self*>(this)->*handler)(arguments...);
+      return closed_ ? Answer() : handler(arguments...);
     };
   }
 
-  /// As the other On, for a question; once the window is closed, the answer is as if nobody had been asked.
+  /// The same for a member function of this window.
   template <typename Self, typename Answer, typename... Arguments>
-  void On(Question<Answer, Arguments...>& question, Answer (Self::*handler)(Arguments...)) {
-    question = [this, handler](Arguments... arguments) {
-      const HandlerTurn turn(weak_from_this().lock());
-      return closed_ ? Answer{} : (static_cast<Self*>(this)->*handler)(arguments...);
-    };
+  void On(Question<Answer, Arguments...>& event, Answer (Self::*handler)(Arguments...)) {
+    On(event, [this, handler](Arguments... arguments) { return (static_cast<Self*>(this)->*handler)(arguments...); });
   }
 
   /// Raises Open on every control; the last step of building the window.
