@@ -10,9 +10,10 @@
 #include "toolkit/MessageDialog.h"
 #include "toolkit/ShowURL.h"
 
-using toolkit::Locks;
+using toolkit::allEdges;
 using toolkit::MsgBox;
 using toolkit::RuntimeException;
+using toolkit::topLeft;
 
 namespace {
 
@@ -34,9 +35,6 @@ constexpr std::array containerActions{
     ContainerAction{&wServer::btn_containers_backup,  &wServer::containers_backup,  ControlAPI::backUpContainer,  OnOwnContainer::Refused},
 };
 // clang-format on
-
-constexpr Locks topLeft{.Left = true, .Top = true, .Right = false, .Bottom = false};
-constexpr Locks allEdges{.Left = true, .Top = true, .Right = true, .Bottom = true};
 
 /// The table that the reply of `client` has under `key`; nullptr if it has nothing there, or null.
 const boost::json::object* TableOf(const TessenServicesClient& client, std::string_view key) {

@@ -11,20 +11,19 @@
 #include "toolkit/MessageDialog.h"
 #include "toolkit/SpecialFolder.h"
 
-using toolkit::Locks;
+using toolkit::bottomAndSides;
+using toolkit::bottomRight;
+using toolkit::Stage;
+using toolkit::topAndSides;
 
 namespace {
-
-constexpr Locks topAndSides{.Left = true, .Top = true, .Right = true, .Bottom = false};
-constexpr Locks bottomAndSides{.Left = true, .Top = false, .Right = true, .Bottom = true};
-constexpr Locks bottomRight{.Left = false, .Top = false, .Right = true, .Bottom = true};
 
 /// The final stage, unless a file on the user's desktop asks for earlier ones; what is in it does not count.
 int AllowedUpdateStage() {
   const toolkit::FolderItem desktop = toolkit::SpecialFolder::Desktop();
-  if (desktop.Child("corvane_beta.txt").Exists()) return static_cast<int>(toolkit::Stage::Beta);
-  if (desktop.Child("corvane_alpha.txt").Exists()) return static_cast<int>(toolkit::Stage::Alpha);
-  return static_cast<int>(toolkit::Stage::Final);
+  if (desktop.Child("corvane_beta.txt").Exists()) return CodeOf(Stage::Beta);
+  if (desktop.Child("corvane_alpha.txt").Exists()) return CodeOf(Stage::Alpha);
+  return CodeOf(Stage::Final);
 }
 
 }  // namespace

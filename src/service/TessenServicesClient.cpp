@@ -3,6 +3,7 @@
 #include <optional>
 #include <utility>
 
+#include "toolkit/HTTPStatus.h"
 #include "toolkit/JSON.h"
 #include "toolkit/Text.h"
 
@@ -11,8 +12,6 @@ using toolkit::RuntimeException;
 using toolkit::Variant;
 
 namespace {
-
-constexpr int statusOfRefusal = 400;
 
 std::string ReasonOf(const Dictionary& refusal) {
   const auto reason = refusal.find("_error");
@@ -78,7 +77,7 @@ void TessenServicesClient::Event_PageReceived(const std::string& /*url*/, int st
 std::optional<std::string> TessenServicesClient::Accept(int status, std::string_view content) {
   if (content.empty()) return "No data was returned from the Tessen Service.";
   try {
-    if (status == statusOfRefusal) return ReasonOf(toolkit::ParseJSON(content));
+    if (status == toolkit::HTTPStatus::badRequest) return ReasonOf(toolkit::ParseJSON(content));
     pDictionary_Properties = toolkit::ParseJSON(content);
     return std::nullopt;
   } catch (const RuntimeException& exception) {

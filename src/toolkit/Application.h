@@ -10,6 +10,9 @@ namespace toolkit {
 /// How finished a release is.
 enum class Stage { Development = 0, Alpha = 1, Beta = 2, Final = 3 };
 
+/// The stage as a number, 0 to 3.
+[[nodiscard]] constexpr int CodeOf(Stage stage) { return static_cast<int>(stage); }
+
 /// What names a release: three numbers, a stage, and the number of the build in that stage.
 struct ReleaseNumbers {
   int Major = 0;
@@ -35,7 +38,7 @@ class Application {
   [[nodiscard]] int MinorVersion() const { return version_.Minor; }
   [[nodiscard]] int BugVersion() const { return version_.Bug; }
   /// 0 to 3 for development, alpha, beta and final.
-  [[nodiscard]] int StageCode() const { return static_cast<int>(version_.StageCode); }
+  [[nodiscard]] int StageCode() const { return CodeOf(version_.StageCode); }
   [[nodiscard]] int NonReleaseVersion() const { return version_.NonRelease; }
   /// The file of the running program, with all links followed.
   [[nodiscard]] static FolderItem ExecutableFile();

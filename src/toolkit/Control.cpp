@@ -23,7 +23,7 @@ void Control::Changed() const {
 
 // An assistive technology acts on windows that a dialog blocks as well.
 bool Control::Operable() const {
-  const bool isOperable = enabled_ && IsOnScreen() && !Platform::WaitsForUser();
+  const bool isOperable = CanBeUsed() && !Platform::WaitsForUser();
   if (!isOperable) Changed();
   return isOperable;
 }

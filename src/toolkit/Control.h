@@ -25,6 +25,13 @@ struct Locks {
   bool Bottom = false;
 };
 
+// The locks that windows use.
+inline constexpr Locks topLeft{.Left = true, .Top = true, .Right = false, .Bottom = false};
+inline constexpr Locks topAndSides{.Left = true, .Top = true, .Right = true, .Bottom = false};
+inline constexpr Locks bottomAndSides{.Left = true, .Top = false, .Right = true, .Bottom = true};
+inline constexpr Locks bottomRight{.Left = false, .Top = false, .Right = true, .Bottom = true};
+inline constexpr Locks allEdges{.Left = true, .Top = true, .Right = true, .Bottom = true};
+
 enum class FocusPolicy { Accepts, Refuses };
 
 /// Shows a control on the screen. Belongs to the desktop; the control only tells it when something changed.
@@ -59,6 +66,8 @@ class Control {
   [[nodiscard]] int Panel() const { return panel_; }
   /// Whether the control is visible and on no panel or on the one that shows.
   [[nodiscard]] bool IsOnScreen() const { return visible_ && panelShows_; }
+  /// Whether the user can act on the control, unless a dialog is open.
+  [[nodiscard]] bool CanBeUsed() const { return enabled_ && IsOnScreen(); }
   /// What a screen reader calls the control.
   [[nodiscard]] virtual std::string AccessibleName() const { return accessibleName_; }
 
@@ -120,6 +129,13 @@ class ControlOf : public Control {
  protected:
   explicit ControlOf(FocusPolicy focus) : Control(focus) {}
   Kind& Self() { return static_cast<Kind&>(*this); }
+  /// Sets one of the control's own properties.
+  template <typename Value>
+  Kind& Set(Value& property, Value value) {
+    property = std::move(value);
+    Changed();
+    return Self();
+  }
 };
 
 }  // namespace toolkit

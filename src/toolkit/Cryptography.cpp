@@ -15,7 +15,6 @@ namespace toolkit {
 namespace {
 
 constexpr int fewestKeyBits = 2048;
-constexpr std::size_t bytesAtOnce = 1'000'000;
 
 struct Free {
   void operator()(EVP_MD* algorithm) const { EVP_MD_free(algorithm); }

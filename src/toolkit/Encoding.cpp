@@ -10,8 +10,6 @@
 namespace toolkit {
 namespace {
 
-constexpr std::string_view replacement = "\xEF\xBF\xBD";
-
 /// iconv's name may carry options after a slash, which would make it drop or transliterate what does not convert.
 bool IsPlainName(std::string_view name) {
   return !name.empty() && name.find_first_of(std::string_view("/\0", 2)) == std::string_view::npos;
@@ -35,7 +33,7 @@ class Converter {
     std::size_t left = input.size();
     while (left > 0) {
       if (Step(&place, &left, text) || errno == E2BIG) continue;
-      text += replacement;
+      text += replacementCharacter;
       const bool isCutOff = errno == EINVAL;
       if (isCutOff) break;
       ++place;

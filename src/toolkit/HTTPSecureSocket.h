@@ -18,9 +18,12 @@ namespace toolkit {
 /// the events.
 class HTTPSecureSocket : private HTTPSocket {
  public:
+  static constexpr int PortOfHTTP = 80;
+  static constexpr int PortOfHTTPS = 443;
+
   /// Whether the connection uses TLS, and the port of a URL that names none.
   bool Secure = true;
-  int Port = 443;
+  int Port = PortOfHTTPS;
   /// Ends a synchronous call early.
   StillWanted Wanted;
 

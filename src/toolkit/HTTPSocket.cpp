@@ -14,21 +14,17 @@ namespace {
 // A server may announce any length; more than this is not reserved on its word alone.
 constexpr std::uint64_t largestReserve = std::uint64_t{256} << 20U;
 
-auto FindHeader(auto& headers, std::string_view name) {
-  return std::ranges::find_if(headers, [&](const auto& header) { return EqualIgnoringCase(header.first, name); });
-}
-
 }  // namespace
 
 void HTTPSocket::ClearRequestHeaders() { requestHeaders_.clear(); }
 
 std::string HTTPSocket::RequestHeader(std::string_view name) const {
-  const auto header = FindHeader(requestHeaders_, name);
+  const auto header = std::ranges::find_if(requestHeaders_, IsNamed(name));
   return header == requestHeaders_.end() ? std::string() : header->second;
 }
 
 void HTTPSocket::RequestHeader(std::string_view name, std::string_view value) {
-  const auto header = FindHeader(requestHeaders_, name);
+  const auto header = std::ranges::find_if(requestHeaders_, IsNamed(name));
   if (value.empty()) {
     if (header != requestHeaders_.end()) requestHeaders_.erase(header);
   } else if (header == requestHeaders_.end()) {

@@ -9,10 +9,17 @@
 #include <utility>
 #include <vector>
 
+#include "toolkit/Text.h"
+
 namespace toolkit {
 
 /// Header fields in the order of the wire (RFC 9110). Names compare without regard to case.
 using HTTPHeaders = std::vector<std::pair<std::string, std::string>>;
+
+/// A test whether a header field has that name.
+[[nodiscard]] inline auto IsNamed(std::string_view name) {
+  return [name](const auto& field) { return EqualIgnoringCase(field.first, name); };
+}
 
 enum class CertificateCheck { Required, Skipped };
 

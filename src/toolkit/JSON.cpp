@@ -24,7 +24,6 @@ namespace toolkit {
 namespace {
 
 constexpr std::size_t deepestNesting = 64;
-constexpr std::size_t bytesAtOnce = 1'000'000;
 
 [[noreturn]] void ExplainFailure(std::string_view text, json::error_code error) {
   if (!IsUTF8(text)) throw RuntimeException("the text is not UTF-8");

@@ -21,16 +21,16 @@ class Label final : public ControlOf<Label> {
   Label() : ControlOf(FocusPolicy::Refuses) {}
 
   [[nodiscard]] const std::string& Text() const { return text_; }
-  Label& Text(std::string text);
+  Label& Text(std::string text) { return Set(text_, std::move(text)); }
 
   [[nodiscard]] Alignment TextAlign() const { return alignment_; }
-  Label& TextAlign(Alignment alignment);
+  Label& TextAlign(Alignment alignment) { return Set(alignment_, alignment); }
   [[nodiscard]] LabelFont Font() const { return font_; }
-  Label& Font(LabelFont font);
+  Label& Font(LabelFont font) { return Set(font_, font); }
   [[nodiscard]] LabelLines Lines() const { return lines_; }
-  Label& Lines(LabelLines lines);
+  Label& Lines(LabelLines lines) { return Set(lines_, lines); }
   [[nodiscard]] LabelGround Ground() const { return ground_; }
-  Label& Ground(LabelGround ground);
+  Label& Ground(LabelGround ground) { return Set(ground_, ground); }
 
   using ControlOf::AccessibleName;
   [[nodiscard]] std::string AccessibleName() const override { return text_; }

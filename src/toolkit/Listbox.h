@@ -33,17 +33,17 @@ class Listbox final : public ControlOf<Listbox> {
   Event<> DoubleClick;
 
   [[nodiscard]] int ColumnCount() const { return columnCount_; }
-  Listbox& ColumnCount(int count);
+  Listbox& ColumnCount(int count) { return Set(columnCount_, count); }
   /// Widths in points, separated by commas; "*" takes what the others leave. Widths beyond the columns are ignored,
   /// and a column without a width shares what is left.
   [[nodiscard]] const std::string& ColumnWidths() const { return columnWidths_; }
-  Listbox& ColumnWidths(std::string widths);
+  Listbox& ColumnWidths(std::string widths) { return Set(columnWidths_, std::move(widths)); }
   [[nodiscard]] bool HasHeading() const { return hasHeading_; }
-  Listbox& HasHeading(bool hasHeading);
+  Listbox& HasHeading(bool hasHeading) { return Set(hasHeading_, hasHeading); }
   [[nodiscard]] ScrollBars Scrolling() const { return scrollBars_; }
-  Listbox& Scrolling(ScrollBars scrollBars);
+  Listbox& Scrolling(ScrollBars scrollBars) { return Set(scrollBars_, scrollBars); }
   [[nodiscard]] ListTexts Texts() const { return texts_; }
-  Listbox& Texts(ListTexts texts);
+  Listbox& Texts(ListTexts texts) { return Set(texts_, texts); }
   /// What a file of the rows is called, without an ending; the accessible name where it is empty.
   [[nodiscard]] std::string FileName() const { return fileName_.empty() ? AccessibleName() : fileName_; }
   void FileName(std::string name) { fileName_ = std::move(name); }

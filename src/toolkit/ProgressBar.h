@@ -10,10 +10,10 @@ class ProgressBar final : public ControlOf<ProgressBar> {
   ProgressBar() : ControlOf(FocusPolicy::Refuses) {}
 
   [[nodiscard]] int Maximum() const { return maximum_; }
-  ProgressBar& Maximum(int maximum);
+  ProgressBar& Maximum(int maximum) { return Set(maximum_, maximum); }
   /// 0 for the empty bar, Maximum for the full one.
   [[nodiscard]] int Value() const { return value_; }
-  ProgressBar& Value(int value);
+  ProgressBar& Value(int value) { return Set(value_, value); }
 
  private:
   int maximum_ = 0;

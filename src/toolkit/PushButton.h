@@ -19,12 +19,12 @@ class PushButton final : public ControlOf<PushButton> {
   Event<> Action;
 
   [[nodiscard]] const std::string& Caption() const { return caption_; }
-  PushButton& Caption(std::string caption);
+  PushButton& Caption(std::string caption) { return Set(caption_, std::move(caption)); }
   /// A further key that presses the button while it shows, as in "F5"; or empty.
   [[nodiscard]] const std::string& Key() const { return key_; }
-  PushButton& Key(std::string key);
+  PushButton& Key(std::string key) { return Set(key_, std::move(key)); }
   [[nodiscard]] ButtonRole Role() const { return role_; }
-  PushButton& Role(ButtonRole role);
+  PushButton& Role(ButtonRole role) { return Set(role_, role); }
 
   using ControlOf::AccessibleName;
   /// The caption without its marks.

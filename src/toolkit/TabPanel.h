@@ -15,7 +15,7 @@ class TabPanel final : public ControlOf<TabPanel> {
 
   /// The captions of the panels, in their order.
   [[nodiscard]] const std::vector<std::string>& Panels() const { return panels_; }
-  TabPanel& Panels(std::vector<std::string> captions);
+  TabPanel& Panels(std::vector<std::string> captions) { return Set(panels_, std::move(captions)); }
 
   /// The panel that shows.
   [[nodiscard]] int Value() const { return value_; }

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cstddef>
 
 #include <openssl/evp.h>
@@ -68,7 +67,7 @@ std::string RepairUTF8(std::string_view bytes) {
   repaired.reserve(bytes.size());
   while (!bytes.empty()) {
     const std::size_t length = SequenceLength(bytes);
-    repaired += length == 0 ? "\xEF\xBF\xBD" : bytes.substr(0, length);
+    repaired += length == 0 ? replacementCharacter : bytes.substr(0, length);
     bytes.remove_prefix(std::max<std::size_t>(length, 1));
   }
   return repaired;
@@ -167,11 +166,9 @@ std::optional<std::string> DecodeHex(std::string_view text) {
   if (text.size() % 2 != 0) return std::nullopt;
   bytes.reserve(text.size() / 2);
   for (; !text.empty(); text.remove_prefix(2)) {
-    unsigned char byte = 0;
-    const char* const end = text.data() + 2;
-    const auto read = std::from_chars(text.data(), end, byte, 16);
-    if (read.ec != std::errc() || read.ptr != end) return std::nullopt;
-    bytes += static_cast<char>(byte);
+    const auto byte = ParseNumber<unsigned char>(text.substr(0, 2), 16);
+    if (!byte) return std::nullopt;
+    bytes += static_cast<char>(*byte);
   }
   return bytes;
 }

@@ -1,13 +1,19 @@
 #pragma once
 
+#include <charconv>
+#include <concepts>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 namespace toolkit {
 
 /// Whether `bytes` are well-formed UTF-8 (RFC 3629): no overlong form, no surrogate, nothing cut off.
 [[nodiscard]] bool IsUTF8(std::string_view bytes);
+
+/// U+FFFD, which stands for what is no character.
+inline constexpr std::string_view replacementCharacter = "\xEF\xBF\xBD";
 
 /// `bytes` with each byte that is no part of a character in UTF-8 replaced by U+FFFD.
 [[nodiscard]] std::string RepairUTF8(std::string_view bytes);
@@ -23,6 +29,16 @@ namespace toolkit {
 
 /// `text` without the blanks, tabs, line breaks and other control characters at its ends.
 [[nodiscard]] std::string_view Trim(std::string_view text);
+
+/// The number that `text` consists of: digits, for a signed type with an optional "-" in front. Nothing for any other
+/// text, and for a number that does not fit.
+template <std::integral Number>
+[[nodiscard]] std::optional<Number> ParseNumber(std::string_view text, int base = 10) {
+  Number number = 0;
+  const char* const end = text.data() + text.size();
+  const auto read = std::from_chars(text.data(), end, number, base);
+  return read.ec == std::errc() && read.ptr == end ? std::optional(number) : std::nullopt;
+}
 
 /// `text` without the control sequences (ECMA-48) by which programs colour what they write to a terminal.
 [[nodiscard]] std::string WithoutColorCodes(std::string_view text);

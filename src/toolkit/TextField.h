@@ -17,15 +17,15 @@ class TextField final : public ControlOf<TextField> {
   Event<> Enter;
 
   [[nodiscard]] const std::string& Text() const { return text_; }
-  TextField& Text(std::string text);
+  TextField& Text(std::string text) { return Set(text_, std::move(text)); }
 
   /// Shown in the empty field, to tell what belongs there.
   [[nodiscard]] const std::string& CueText() const { return cueText_; }
-  TextField& CueText(std::string cueText);
+  TextField& CueText(std::string cueText) { return Set(cueText_, std::move(cueText)); }
 
   /// A masked field shows dots, and nothing can be copied out of it.
   [[nodiscard]] Masking Masked() const { return masking_; }
-  TextField& Masked(Masking masking);
+  TextField& Masked(Masking masking) { return Set(masking_, masking); }
 
   using ControlOf::AccessibleName;
   [[nodiscard]] std::string AccessibleName() const override { return cueText_; }

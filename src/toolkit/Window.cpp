@@ -40,7 +40,7 @@ void Window::Subject(std::string subject) {
 const PushButton* Window::ButtonOf(ButtonRole role) const {
   for (const Control* control : controls_) {
     const auto* button = dynamic_cast<const PushButton*>(control);
-    if (button != nullptr && button->Role() == role && button->Enabled() && button->IsOnScreen()) return button;
+    if (button != nullptr && button->Role() == role && button->CanBeUsed()) return button;
   }
   return nullptr;
 }

@@ -7,6 +7,7 @@
 
 #include "panel/Fleet.h"
 #include "panel/Json.h"
+#include "toolkit/HTTPStatus.h"
 
 namespace panel {
 namespace {
@@ -38,7 +39,7 @@ EngineClient::Answer Check(httplib::Result result) {
     throw Refusal("The container engine cannot be reached.");
   }
   if (!result) throw Refusal("The container engine did not answer to the end.");
-  if (result->status >= 400) {
+  if (result->status >= toolkit::HTTPStatus::badRequest) {
     throw Refusal("The container engine refused: " + MessageIn(result->body, result->status));
   }
   return {result->status, std::move(result->body)};

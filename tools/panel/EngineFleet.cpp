@@ -9,6 +9,7 @@
 #include "panel/Figures.h"
 #include "panel/Json.h"
 #include "panel/Times.h"
+#include "toolkit/HTTPStatus.h"
 
 namespace panel {
 namespace {
@@ -155,12 +156,11 @@ std::vector<ContainerRow> EngineFleet::List() {
 std::string EngineFleet::Act(Action action, const std::string& name) {
   const std::string id = FindId(name);
   if (action == Action::Backup) return BackUp(id, name);
-  constexpr int notModified = 304;
   const auto* row =
       std::find_if(actions.begin(), actions.end(), [&](const auto& each) { return each.action == action; });
   // No body: an engine that ends the connection without having read it would take its answer away, too.
   const int status = engine_.Post("/containers/" + id + std::string(row->path), "", patienceForActions).status;
-  return name + std::string(status == notModified ? row->needless : row->done);
+  return name + std::string(status == toolkit::HTTPStatus::notModified ? row->needless : row->done);
 }
 
 std::string EngineFleet::BackUp(const std::string& id, const std::string& name) {

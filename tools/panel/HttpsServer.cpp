@@ -8,6 +8,8 @@
 #include <sys/socket.h>
 #include <thread>
 
+#include "toolkit/HTTPStatus.h"
+
 namespace panel {
 namespace {
 
@@ -48,7 +50,7 @@ void Send(Reply reply, httplib::Response& response) {
 }
 
 std::string ExplainStatus(int status) {
-  if (status == 404) return "There is no such call.";
+  if (status == toolkit::HTTPStatus::notFound) return "There is no such call.";
   return status < 500 ? "The request cannot be understood." : "The service failed.";
 }
 

@@ -1,12 +1,13 @@
 #include "panel/Options.h"
 
 #include <array>
-#include <charconv>
 #include <iomanip>
 #include <sstream>
 #include <string_view>
 #include <sys/un.h>
 #include <variant>
+
+#include "toolkit/Text.h"
 
 namespace panel {
 namespace {
@@ -49,13 +50,12 @@ const Row& FindRow(std::string_view name) {
 }
 
 std::uint64_t ParseNumber(const Row& row, std::string_view text) {
-  std::uint64_t number = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (error != std::errc() || end != text.data() + text.size() || number > row.most) {
+  const auto number = toolkit::ParseNumber<std::uint64_t>(text);
+  if (!number || *number > row.most) {
     throw UsageError(std::string(row.name) + " takes a number from 0 to " + std::to_string(row.most) + ", not '" +
                      std::string(text) + "'");
   }
-  return number;
+  return *number;
 }
 
 void Set(Options& options, const Row& row, std::string_view value) {

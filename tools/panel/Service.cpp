@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <optional>
 #include <utility>
 
@@ -12,11 +11,14 @@
 
 #include "panel/Json.h"
 #include "panel/TableWriter.h"
+#include "toolkit/HTTPStatus.h"
+#include "toolkit/Text.h"
 
 namespace panel {
 namespace {
 
 namespace json = boost::json;
+namespace HTTPStatus = toolkit::HTTPStatus;
 
 /// The members of a request that mean something; a member that is no string counts as empty.
 struct Request {
@@ -72,11 +74,10 @@ std::string ListReply(const std::vector<ContainerRow>& containers) {
 }
 
 std::uint64_t ParseLogCount(const std::string& text) {
-  std::int64_t count = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), count);
-  if (error != std::errc() || end != text.data() + text.size()) throw Refusal("The number of log lines is no number.");
-  if (count < 0) throw Refusal("The number of log lines must not be negative.");
-  return static_cast<std::uint64_t>(count);
+  const auto count = toolkit::ParseNumber<std::int64_t>(text);
+  if (!count) throw Refusal("The number of log lines is no number.");
+  if (*count < 0) throw Refusal("The number of log lines must not be negative.");
+  return static_cast<std::uint64_t>(*count);
 }
 
 std::string LogReply(Fleet& fleet, const Request& request) {
@@ -116,18 +117,18 @@ Service::Service(Credentials credentials, Fleet& fleet) : credentials_(std::move
 
 Reply Service::Answer(const std::string& path, const std::string& body) {
   const auto* call = std::find_if(calls.begin(), calls.end(), [&](const Call& row) { return row.path == path; });
-  if (call == calls.end()) return MakeRefusal(404, "There is no such call.");
+  if (call == calls.end()) return MakeRefusal(HTTPStatus::notFound, "There is no such call.");
   const std::optional<Request> request = Parse(body);
-  if (!request) return MakeRefusal(400, "The request is no JSON object.");
+  if (!request) return MakeRefusal(HTTPStatus::badRequest, "The request is no JSON object.");
 
   Reply reply;
   if (request->username != credentials_.user || request->password != credentials_.password) {
-    reply = MakeRefusal(400, "The username or the password is wrong.");
+    reply = MakeRefusal(HTTPStatus::badRequest, "The username or the password is wrong.");
   } else {
     try {
       reply.body = call->answer(fleet_, *request);
     } catch (const Refusal& refusal) {
-      reply = MakeRefusal(400, refusal.what());
+      reply = MakeRefusal(HTTPStatus::badRequest, refusal.what());
     }
   }
   reply.container = request->containerName;

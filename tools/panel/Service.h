@@ -3,6 +3,7 @@
 #include <string>
 
 #include "panel/Fleet.h"
+#include "toolkit/HTTPStatus.h"
 
 namespace panel {
 
@@ -13,7 +14,7 @@ struct Credentials {
 
 /// The answer to one request, and what may be told about it in a log.
 struct Reply {
-  int status = 200;
+  int status = toolkit::HTTPStatus::ok;
   std::string body;       ///< A JSON object.
   std::string container;  ///< The container that the request named, as it was sent; empty if it named none.
 };

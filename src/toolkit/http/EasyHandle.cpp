@@ -74,8 +74,7 @@ void EasyHandle::SetHeaders(const HTTPHeaders& headers) {
   add("Accept-Encoding: identity");
   // A name alone takes away what libcurl would send of its own.
   add("Expect:");
-  const auto isAccept = [](const auto& header) { return EqualIgnoringCase(header.first, "Accept"); };
-  if (std::ranges::none_of(headers, isAccept)) add("Accept:");
+  if (std::ranges::none_of(headers, IsNamed("Accept"))) add("Accept:");
   Set(CURLOPT_HTTPHEADER, headers_);
 }
 

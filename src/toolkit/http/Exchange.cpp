@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "toolkit/HTTPStatus.h"
 #include "toolkit/Platform.h"
 #include "toolkit/Text.h"
 
@@ -14,8 +15,6 @@ constexpr std::size_t mostKept = std::size_t{1} << 20U;
 // So much of a reply is read to its end though nobody listens: the server can finish, and the connection stays.
 constexpr std::uint64_t mostDropped = std::uint64_t{1} << 20U;
 constexpr long firstFinalStatus = 200;
-constexpr long noContent = 204;
-constexpr long notModified = 304;
 
 Exchange& Of(void* self) { return *static_cast<Exchange*>(self); }
 
@@ -142,10 +141,10 @@ std::size_t Exchange::TakeBody(std::string_view bytes) {
 
 std::optional<std::uint64_t> Exchange::AnnouncedLength() const {
   const long status = easy_.Information<long>(CURLINFO_RESPONSE_CODE);
-  const auto isChunked = [](const auto& header) { return EqualIgnoringCase(header.first, "Transfer-Encoding"); };
   const auto length = easy_.Information<curl_off_t>(CURLINFO_CONTENT_LENGTH_DOWNLOAD_T);
-  if (isHead_ || status == noContent || status == notModified || length < 0) return std::nullopt;
-  if (std::ranges::any_of(headers_, isChunked)) return std::nullopt;
+  if (isHead_ || status == HTTPStatus::noContent || status == HTTPStatus::notModified || length < 0)
+    return std::nullopt;
+  if (std::ranges::any_of(headers_, IsNamed("Transfer-Encoding"))) return std::nullopt;
   return static_cast<std::uint64_t>(length);
 }
 

@@ -20,7 +20,6 @@ constexpr int secondsBeforeProbes = 15;
 constexpr int secondsBetweenProbes = 5;
 constexpr int mostProbes = 3;
 constexpr auto longestSilence = 30s;
-constexpr auto longestIdle = 60s;
 
 void SetOption(int descriptor, int level, int option, int value) {
   setsockopt(descriptor, level, option, &value, sizeof value);

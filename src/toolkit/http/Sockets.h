@@ -39,6 +39,8 @@ class Sockets {
   /// probes were not answered. To be asked every `pulse`.
   bool HasFallenSilent(const CURL* user);
   static constexpr std::chrono::seconds pulse{5};
+  /// How long a connection is kept for the next request.
+  static constexpr std::chrono::seconds longestIdle{60};
   /// Whether the other end has all that was written.
   [[nodiscard]] bool HasDelivered(const CURL* user) const;
 

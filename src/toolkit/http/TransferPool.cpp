@@ -12,7 +12,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto longestIdle = 60s;
 constexpr auto longestFarewell = 2s;
 constexpr auto step = 20ms;
 // Between two looks whether a handler still holds an exchange up that is silent for too long.
@@ -143,13 +142,13 @@ void TransferPool::ForgetEnded() {
   const auto ended = std::erase_if(exchanges_, [](const auto& one) { return one->HasEnded() && !one->HasNews(); });
   if (ended == 0 || !exchanges_.empty()) return;
   pulse_->Stop();
-  idle_->Set(longestIdle);
+  idle_->Set(Sockets::longestIdle);
 }
 
 // A handler that waits, in a loop of its own, may have been called from within the connections.
 void TransferPool::DropConnections() {
   if (deliveries_ > 0) {
-    idle_->Set(longestIdle);
+    idle_->Set(Sockets::longestIdle);
   } else {
     connections_.reset();
   }

@@ -8,11 +8,11 @@
 #include <QToolTip>
 
 #include "toolkit/qt/LongText.h"
+#include "toolkit/qt/QtText.h"
+#include "toolkit/qt/ToolTip.h"
 
 namespace toolkit::qt {
 namespace {
-
-constexpr qsizetype longestToolTip = 2000;
 
 /// The same as that of the headings above.
 int MarginOf(const QStyleOptionViewItem& option) {
@@ -74,9 +74,7 @@ bool CellDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const Q
   const QString text = index.data().toString();
   const int available = TextArea(option).width();
   if (LineWidth(option.fontMetrics, Fitting(text, available)) > available) {
-    // Escaped and put into a paragraph, the text is markup for certain, and shows as it is.
-    QToolTip::showText(event->globalPos(), "<p>" + text.left(longestToolTip).toHtmlEscaped() + "</p>",
-                       view->viewport());
+    ShowToolTip(event->globalPos(), FromQt(text), *view->viewport());
   } else {
     QToolTip::hideText();
   }

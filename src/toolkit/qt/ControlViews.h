@@ -1,5 +1,7 @@
 #pragma once
 
+#include <utility>
+
 #include <QWidget>
 
 #include "toolkit/Control.h"
@@ -28,8 +30,23 @@ class ViewOf : public Widget, public ControlView {
  protected:
   [[nodiscard]] Kind& Shown() const { return control_; }
 
+  /// Shows what takes long to show, such as many rows.
+  virtual void Follow() {}
+  /// Lets Follow() run once, when the handler that changes the control is done.
+  void FollowLater() {
+    if (std::exchange(followPending_, true)) return;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+          followPending_ = false;
+          Follow();
+        },
+        Qt::QueuedConnection);
+  }
+
  private:
   Kind& control_;
+  bool followPending_ = false;
 };
 
 }  // namespace toolkit::qt

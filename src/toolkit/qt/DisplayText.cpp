@@ -41,10 +41,14 @@ QString DisplayText(std::string_view text) {
   return shown;
 }
 
+QString DisplayText(std::string_view text, std::size_t most) {
+  const std::string_view start = FirstCharacters(text, most);
+  return start.size() == text.size() ? DisplayText(text) : DisplayText(start) + QChar(0x2026);
+}
+
 QString DisplayName(std::string_view text) {
   constexpr std::size_t longestName = 100;
-  const std::string_view start = FirstCharacters(text, longestName);
-  return start.size() == text.size() ? DisplayText(text) : DisplayText(start) + QChar(0x2026);
+  return DisplayText(text, longestName);
 }
 
 std::string_view FirstCharacters(std::string_view text, std::size_t count) {

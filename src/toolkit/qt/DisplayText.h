@@ -10,6 +10,9 @@ namespace toolkit::qt {
 /// line breaks among them, become their visible pictures ("␛", "␊"), so that none is ever interpreted.
 [[nodiscard]] QString DisplayText(std::string_view text);
 
+/// As DisplayText, but of a text of more than `most` characters only the first ones, with an ellipsis.
+[[nodiscard]] QString DisplayText(std::string_view text, std::size_t most);
+
 /// As DisplayText, but no longer than a name or a frame's title can be.
 [[nodiscard]] QString DisplayName(std::string_view text);
 

@@ -5,10 +5,10 @@
 #include <QHelpEvent>
 #include <QPainter>
 #include <QTextLayout>
-#include <QToolTip>
 
 #include "toolkit/qt/DisplayText.h"
 #include "toolkit/qt/QtText.h"
+#include "toolkit/qt/ToolTip.h"
 
 namespace toolkit::qt {
 namespace {
@@ -19,7 +19,6 @@ constexpr double smallFont = 0.85;
 /// How far the plate behind a text reaches beyond it, and how much of a picture it lets through.
 constexpr int plateMargin = 4;
 constexpr int plateAlpha = 200;
-constexpr std::size_t longestToolTip = 2000;
 constexpr QChar ellipsis(0x2026);
 
 Qt::Alignment ToQt(Alignment alignment) {
@@ -138,9 +137,7 @@ bool LabelView::event(QEvent* event) {
   if (event->type() != QEvent::ToolTip) return QLabel::event(event);
   const QStringList lines = ShownLines();
   if (Shown().Text().empty() || !lines.back().endsWith(ellipsis)) return QLabel::event(event);
-  const QString text =
-      qt::ToQt(FirstCharacters(Shown().Text(), longestToolTip)).remove('\r').toHtmlEscaped().replace('\n', "<br>");
-  QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), "<p>" + text + "</p>", this);
+  ShowToolTip(static_cast<QHelpEvent*>(event)->globalPos(), Shown().Text(), *this);
   return true;
 }
 

@@ -4,7 +4,6 @@
 
 #include <QContextMenuEvent>
 #include <QKeyEvent>
-#include <QTimer>
 #include <QVBoxLayout>
 
 #include "toolkit/qt/ListCommands.h"
@@ -19,7 +18,7 @@ ListboxView::ListboxView(Listbox& list, QWidget& parent) : ViewOf(list, parent),
   layout->addWidget(&findBar_);
   setFocusProxy(&table_);
   AddListCommands(*this, list, findBar_);
-  Follow();
+  ListboxView::Follow();
 }
 
 void ListboxView::contextMenuEvent(QContextMenuEvent* event) { PopUpListCommands(*this, Shown(), event->globalPos()); }
@@ -33,13 +32,9 @@ void ListboxView::keyPressEvent(QKeyEvent* event) {
 }
 
 // A list that is being filled tells of every cell; the screen follows once, when the handler that fills it is done.
-void ListboxView::Refresh() {
-  if (std::exchange(followPending_, true)) return;
-  QTimer::singleShot(0, this, [this] { Follow(); });
-}
+void ListboxView::Refresh() { FollowLater(); }
 
 void ListboxView::Follow() {
-  followPending_ = false;
   setEnabled(Shown().Enabled());
   setVisible(Shown().IsOnScreen());
   ShowCommonProperties(table_, Shown());

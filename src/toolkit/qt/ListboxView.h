@@ -20,9 +20,8 @@ class ListboxView final : public ViewOf<QWidget, Listbox> {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
-  void Follow();
+  void Follow() override;
 
-  bool followPending_ = false;
   ListTable table_;
   FindBar findBar_;
 };

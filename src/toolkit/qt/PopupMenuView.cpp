@@ -50,7 +50,7 @@ PopupMenuView::PopupMenuView(PopupMenu& menu, QWidget& parent)
   if (auto* list = qobject_cast<QListView*>(view())) list->setUniformItemSizes(true);
   setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
   connect(this, &QComboBox::activated, this, [this](int row) { UserSelects(row); });
-  Follow();
+  PopupMenuView::Follow();
 }
 
 // The rows follow once, when the handler that fills the menu is done.
@@ -59,14 +59,12 @@ void PopupMenuView::Refresh() {
   name_.setText(accessibleName());
   if (shownGeneration_ == Shown().Generation()) {
     setCurrentIndex(Shown().ListIndex());
-  } else if (!std::exchange(followPending_, true)) {
-    QMetaObject::invokeMethod(
-        this, [this] { Follow(); }, Qt::QueuedConnection);
+  } else {
+    FollowLater();
   }
 }
 
 void PopupMenuView::Follow() {
-  followPending_ = false;
   hidePopup();
   rows_->Renew();
   shownGeneration_ = Shown().Generation();

@@ -21,14 +21,13 @@ class PopupMenuView final : public ViewOf<QComboBox, PopupMenu> {
  private:
   class Rows;
 
-  void Follow();
+  void Follow() override;
   void UserSelects(int row);
 
   Rows* rows_;
   // Never seen: screen readers take the name from it, since the text of what is chosen stands for that of the menu.
   QLabel name_;
   unsigned shownGeneration_ = 0;
-  bool followPending_ = false;
 };
 
 }  // namespace toolkit::qt

@@ -317,7 +317,7 @@ void QtWindow::OrderByTab() {
     setTabOrder(views_[order[index - 1]], views_[order[index]]);
 
   const auto field = std::find_if(order.begin(), order.end(), [](const Control* control) {
-    return dynamic_cast<const TextField*>(control) != nullptr && control->Enabled() && control->IsOnScreen();
+    return dynamic_cast<const TextField*>(control) != nullptr && control->CanBeUsed();
   });
   const auto first = field != order.end() ? field : order.begin();
   if (first != order.end()) views_[*first]->setFocus();

@@ -4,12 +4,6 @@
 #include "toolkit/Text.h"
 
 namespace Kaju {
-namespace {
-
-constexpr int portOfHTTPS = 443;
-constexpr int portOfHTTP = 80;
-
-}  // namespace
 
 std::string HTTPSSocket::GetRedirectAddress(std::string url, int timeoutSeconds, int maximumIterations) {
   while (!url.empty()) {
@@ -24,7 +18,7 @@ std::string HTTPSSocket::GetRedirectAddress(std::string url, int timeoutSeconds,
 
 void HTTPSSocket::SetSecure(std::string& url) {
   Secure = ForceSecure || toolkit::StartsWithIgnoringCase(toolkit::Trim(url), "https://");
-  Port = Secure ? portOfHTTPS : portOfHTTP;
+  Port = Secure ? PortOfHTTPS : PortOfHTTP;
   if (url.find('@') == std::string::npos) return;  // as at the start of the program, which needs no pattern then
   static const toolkit::RegEx withCredentials(R"(^(?:https?://)([^:/\x20@]+):([^:/\x20@]*)@(.*))");
   const auto match = withCredentials.Search(url);

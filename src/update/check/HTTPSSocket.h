@@ -3,6 +3,7 @@
 #include <string>
 
 #include "toolkit/HTTPSecureSocket.h"
+#include "toolkit/HTTPStatus.h"
 
 namespace Kaju {
 
@@ -23,7 +24,7 @@ class HTTPSSocket : public toolkit::HTTPSecureSocket {
   std::string GetRedirectAddress(std::string url, int timeoutSeconds = kTimeoutSeconds,
                                  int maximumIterations = kMostRedirects);
   /// Whether the last reply says that there is nothing at the address.
-  [[nodiscard]] bool IsMissing() const { return HTTPStatusCode() == 404; }
+  [[nodiscard]] bool IsMissing() const { return HTTPStatusCode() == toolkit::HTTPStatus::notFound; }
 
  protected:
   /// Takes scheme and credentials out of `url` and sets the connection up for them. The credentials stay for later URLs

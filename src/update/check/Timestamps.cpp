@@ -1,9 +1,9 @@
 #include "update/check/Timestamps.h"
 
-#include <charconv>
 #include <string>
 
 #include "toolkit/RegEx.h"
+#include "toolkit/Text.h"
 #include "update/check/KajuException.h"
 
 using std::chrono::hours;
@@ -15,9 +15,7 @@ namespace {
 
 /// The number of two digits at `place`.
 int TwoDigits(std::string_view text, std::size_t place) {
-  int number = 0;
-  std::from_chars(text.data() + place, text.data() + place + 2, number);
-  return number;
+  return toolkit::ParseNumber<int>(text.substr(place, 2)).value_or(0);
 }
 
 bool HasForm(std::string_view text) {

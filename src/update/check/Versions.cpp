@@ -13,7 +13,7 @@
 namespace Kaju {
 namespace {
 
-constexpr int finalStage = static_cast<int>(toolkit::Stage::Final);
+constexpr int finalStage = CodeOf(toolkit::Stage::Final);
 /// Those of the stages before it, in their order and in either case.
 constexpr std::string_view stageLetters = "dabDAB";
 

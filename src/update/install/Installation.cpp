@@ -5,6 +5,7 @@
 
 #include "toolkit/Application.h"
 #include "toolkit/BinaryStream.h"
+#include "toolkit/HTTPStatus.h"
 #include "toolkit/Platform.h"
 #include "toolkit/RuntimeException.h"
 #include "toolkit/Text.h"
@@ -14,12 +15,12 @@
 #include "update/install/KajuUpdateWindow.h"
 #include "update/install/Updating.h"
 
+namespace HTTPStatus = toolkit::HTTPStatus;
 using toolkit::FolderItem;
 using toolkit::Timer;
 
 namespace {
 
-constexpr int ok = 200;
 // The bar's largest value, roughly.
 constexpr std::int64_t progressSteps = 1000;
 
@@ -81,7 +82,8 @@ void KajuUpdateWindow::Download() {
 // Only the file itself is meant, not what a server says in its place.
 void KajuUpdateWindow::hsSocket_HeadersReceived(int httpStatus, std::int64_t totalBytes) {
   const auto& size = SelectedBinary->Size;
-  if (httpStatus == ok && size && totalBytes >= 0 && static_cast<std::uint64_t>(totalBytes) != *size) EndAsCorrupted();
+  if (httpStatus == HTTPStatus::ok && size && totalBytes >= 0 && static_cast<std::uint64_t>(totalBytes) != *size)
+    EndAsCorrupted();
 }
 
 void KajuUpdateWindow::EndAsCorrupted() {
@@ -93,7 +95,7 @@ void KajuUpdateWindow::EndAsCorrupted() {
 void KajuUpdateWindow::hsSocket_ReceiveProgress(std::int64_t bytesReceived, std::int64_t totalBytes) {
   if (CurrentStage == Stage::Cancelled) return;
   const auto& size = SelectedBinary->Size;
-  if (hsSocket.HTTPStatusCode() == ok && size && static_cast<std::uint64_t>(bytesReceived) > *size) {
+  if (hsSocket.HTTPStatusCode() == HTTPStatus::ok && size && static_cast<std::uint64_t>(bytesReceived) > *size) {
     return EndAsCorrupted();
   }
   const std::int64_t divisor = std::max<std::int64_t>(totalBytes / progressSteps, 1);
@@ -106,7 +108,7 @@ void KajuUpdateWindow::hsSocket_DownloadComplete(int httpStatus, const FolderIte
   if (CurrentStage == Stage::Cancelled) return;
   pbProgress.Maximum(-1).Value(0);
   tmrTimeout.Mode(Timer::RunMode::Off);
-  if (httpStatus != ok) return ShowError("");
+  if (httpStatus != HTTPStatus::ok) return ShowError("");
   const FolderItem archive(file.Path());  // the socket may forget its file while the hash is computed
   const auto verdict = Kaju::VerifyFile(archive, *SelectedBinary, [this] { return IsAt(Stage::Installing); });
   if (!IsAt(Stage::Installing)) return;
