@@ -283,8 +283,7 @@ void wServer::Issue(TessenServicesClient& client, const ControlAPI::Call& call, 
 
 /// What the last request of `client` was about.
 std::string wServer::SubjectOf(const TessenServicesClient& client) const {
-  const auto target = targets_.find(&client);
-  return target == targets_.end() ? Subject() : target->second.Container + " on " + Subject();
+  return targets_.at(&client).Container + " on " + Subject();
 }
 
 void wServer::Tell(const TessenServicesClient& client, const std::string& text) const {

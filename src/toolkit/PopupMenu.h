@@ -26,7 +26,6 @@ class PopupMenu final : public ControlOf<PopupMenu> {
   [[nodiscard]] int ListCount() const { return static_cast<int>(rows_.size()); }
   /// Adds rows at the end.
   void AddRows(std::vector<Row> rows);
-  void AddRow(std::string text) { AddRows({{.Text = std::move(text), .Tag = {}}}); }
   /// Removes a row. If it was the chosen one, none is chosen afterwards, and Change is raised.
   void RemoveRow(int row);
   [[nodiscard]] const std::string& Text(int row) const { return rows_.at(static_cast<std::size_t>(row)).Text; }

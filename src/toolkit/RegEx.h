@@ -31,8 +31,8 @@ class RegEx {
 
   /// Throws a RuntimeException if `pattern` (UTF-8) is not a regular expression.
   explicit RegEx(std::string_view pattern, Meaning meaning = Meaning::Pattern);
-  RegEx(RegEx&&) noexcept;
-  RegEx& operator=(RegEx&&) noexcept;
+  RegEx(const RegEx&) = delete;
+  RegEx& operator=(const RegEx&) = delete;
   ~RegEx();
 
   /// The first match in `subject`, if there is one.

@@ -45,11 +45,7 @@ void ShowCommonProperties(QWidget& view, const Control& control) {
   // A screen reader hears of each name that is set.
   const QString name = ToQt(control.AccessibleName());
   if (view.accessibleName() != name) view.setAccessibleName(name);
-  if (auto* window = dynamic_cast<QtWindow*>(view.window())) {
-    window->Enable(view, control.Enabled());
-  } else {
-    view.setEnabled(control.Enabled());
-  }
+  dynamic_cast<QtWindow&>(*view.window()).Enable(view, control.Enabled());
   view.setVisible(control.IsOnScreen());
 }
 

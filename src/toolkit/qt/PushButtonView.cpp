@@ -16,8 +16,7 @@ void PushButtonView::Refresh() {
   setText(ToQt(Shown().Caption()));
   // A text without an access key takes the one away that there is.
   if (!Shown().Key().empty()) setShortcut(QKeySequence(ToQt(Shown().Key())));
-  const auto* window = dynamic_cast<const QtWindow*>(this->window());
-  setDefault(Shown().Role() == ButtonRole::Default && window != nullptr && window->HasDefault());
+  setDefault(Shown().Role() == ButtonRole::Default && dynamic_cast<const QtWindow&>(*window()).HasDefault());
 }
 
 }  // namespace toolkit::qt
