@@ -46,8 +46,8 @@ namespace {
 
 ${arrays}
 struct Row {
-  std::string_view name;
-  std::span<const unsigned char> bytes;
+  std::string_view Name;
+  std::span<const unsigned char> Bytes;
 };
 constexpr Row rows[] = {
 ${rows}};
@@ -56,7 +56,7 @@ ${rows}};
 
 std::span<const std::byte> resources::Find(std::string_view name) {
   for (const Row& row : rows) {
-    if (row.name == name) return std::as_bytes(row.bytes);
+    if (row.Name == name) return std::as_bytes(row.Bytes);
   }
   return {};
 }

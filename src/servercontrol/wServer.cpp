@@ -56,8 +56,8 @@ std::string NameOf(const CorvaneServer& server) {
 }  // namespace
 
 wServer::wServer(std::shared_ptr<const CorvaneServer> server)
-    : Window("Corvane - Server Control Panel", {800, 500}, {800, 500}, {32000, 32000}), Server(std::move(server)) {
-  Subject(NameOf(*Server));
+    : Window("Corvane - Server Control Panel", {800, 500}, {800, 500}, {32000, 32000}), server_(std::move(server)) {
+  Subject(NameOf(*server_));
   BuildControls();
   WireEvents();
   OpenControls();
@@ -143,7 +143,7 @@ void wServer::btn_overview_restart_Action() {
 }
 
 void wServer::btn_overview_webui_Action() {
-  toolkit::ShowURL(CorvaneClient::Sanitize_Hostname(Server->Network_Hostname));
+  toolkit::ShowURL(CorvaneClient::Sanitize_Hostname(server_->Network_Hostname));
 }
 
 void wServer::btn_overview_reload_Action() { mOverview_reload(); }
@@ -276,9 +276,9 @@ void wServer::Issue(TessenServicesClient& client, const ControlAPI::Call& call, 
     targets_[&client] = std::move(target);
   }
   if (!logCount.empty()) client.Operator_Lookup("logCount", logCount);
-  client.Operator_Lookup("username", Server->Username);
-  client.Operator_Lookup("password", Server->Password);
-  client.PressButton(CorvaneClient::Sanitize_Hostname(Server->Network_Hostname) + std::string(call.Path), call.Button);
+  client.Operator_Lookup("username", server_->Username);
+  client.Operator_Lookup("password", server_->Password);
+  client.PressButton(CorvaneClient::Sanitize_Hostname(server_->Network_Hostname) + std::string(call.Path), call.Button);
 }
 
 /// What the last request of `client` was about.

@@ -96,5 +96,5 @@ class wServer final : public toolkit::Window {
 
   std::map<const TessenServicesClient*, Target> targets_;
   // Read at each request, never copied.
-  std::shared_ptr<const CorvaneServer> Server;
+  std::shared_ptr<const CorvaneServer> server_;
 };

@@ -24,8 +24,8 @@ TessenServicesClient::TessenServicesClient() { ValidateCertificates = false; }
 
 const Variant& TessenServicesClient::Operator_Lookup(std::string_view key) const {
   static const Variant nil;
-  const auto member = pDictionary_Properties.find(key);
-  return member == pDictionary_Properties.end() ? nil : member->second;
+  const auto member = properties_.find(key);
+  return member == properties_.end() ? nil : member->second;
 }
 
 void TessenServicesClient::Operator_Lookup(std::string_view key, toolkit::Date value) { Store(key, value); }
@@ -47,7 +47,7 @@ void TessenServicesClient::Operator_Lookup(std::string_view key, std::uint64_t v
 }
 
 void TessenServicesClient::Store(std::string_view key, Variant value) {
-  pDictionary_Properties.insert_or_assign(std::string(key), std::move(value));
+  properties_.insert_or_assign(std::string(key), std::move(value));
 }
 
 void TessenServicesClient::PressButton(std::string_view url, std::string_view buttonName) {
@@ -60,7 +60,7 @@ void TessenServicesClient::PressButton(std::string_view url, std::string_view bu
     return;
   }
   if (!IsConnected()) Begun();
-  SetRequestContent(toolkit::GenerateJSON(pDictionary_Properties), "application/json");
+  SetRequestContent(toolkit::GenerateJSON(properties_), "application/json");
   Send("POST", std::string(url) + "/" + toolkit::LowerCase(buttonName));
 }
 
@@ -78,7 +78,7 @@ std::optional<std::string> TessenServicesClient::Accept(int status, std::string_
   if (content.empty()) return "No data was returned from the Tessen Service.";
   try {
     if (status == toolkit::HTTPStatus::badRequest) return ReasonOf(toolkit::ParseJSON(content));
-    pDictionary_Properties = toolkit::ParseJSON(content);
+    properties_ = toolkit::ParseJSON(content);
     return std::nullopt;
   } catch (const RuntimeException& exception) {
     return "The server's reply cannot be read: " + exception.Message() + ".";

@@ -67,5 +67,5 @@ class TessenServicesClient final : public toolkit::HTTPSocket {
   std::optional<std::string> Accept(int status, std::string_view content);
   void Store(std::string_view key, toolkit::Variant value);
 
-  toolkit::Dictionary pDictionary_Properties;
+  toolkit::Dictionary properties_;
 };

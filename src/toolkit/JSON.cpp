@@ -46,11 +46,11 @@ struct Reader {
   static constexpr std::size_t max_key_size = std::numeric_limits<std::size_t>::max();
   static constexpr std::size_t max_string_size = std::numeric_limits<std::size_t>::max();
 
-  json::value_stack* values = nullptr;
-  std::string beginOfNumber;  // of one that two pieces share
+  json::value_stack* Values = nullptr;
+  std::string BeginOfNumber;  // of one that two pieces share
 
   bool Push(auto push) {
-    push(*values);
+    push(*Values);
     return true;
   }
 
@@ -65,11 +65,11 @@ struct Reader {
   bool on_key(Text text, std::size_t, Error&) { return Push([=](auto& stack) { stack.push_key(text); }); }
   bool on_string_part(Text text, std::size_t, Error&) { return Push([=](auto& stack) { stack.push_chars(text); }); }
   bool on_string(Text text, std::size_t, Error&) { return Push([=](auto& stack) { stack.push_string(text); }); }
-  bool on_number_part(Text text, Error&) { beginOfNumber += text; return true; }
-  bool on_int64(std::int64_t number, Text, Error&) { beginOfNumber.clear(); return Push([=](auto& stack) { stack.push_int64(number); }); }
-  bool on_uint64(std::uint64_t number, Text, Error&) { beginOfNumber.clear(); return Push([=](auto& stack) { stack.push_uint64(number); }); }
+  bool on_number_part(Text text, Error&) { BeginOfNumber += text; return true; }
+  bool on_int64(std::int64_t number, Text, Error&) { BeginOfNumber.clear(); return Push([=](auto& stack) { stack.push_int64(number); }); }
+  bool on_uint64(std::uint64_t number, Text, Error&) { BeginOfNumber.clear(); return Push([=](auto& stack) { stack.push_uint64(number); }); }
   bool on_double(double number, Text text, Error& error) {
-    const std::string whole = std::exchange(beginOfNumber, {}).append(text);
+    const std::string whole = std::exchange(BeginOfNumber, {}).append(text);
     std::from_chars(whole.data(), whole.data() + whole.size(), number);  // the parser itself may miss the nearest number by a little
     if (std::isfinite(number)) return Push([=](auto& stack) { stack.push_double(number); });
     error = json::error::exponent_overflow;  // it could not be written out again
@@ -85,7 +85,7 @@ struct Reader {
 /// Reads all of `text`. Returns whether that was wanted to the end.
 bool Read(std::string_view text, json::value_stack& values, const StillWanted& wanted) {
   json::basic_parser<Reader> parser(Options());
-  parser.handler().values = &values;
+  parser.handler().Values = &values;
   json::error_code error;
   const std::size_t pieceSize = wanted ? bytesAtOnce : text.size();
   std::size_t place = 0;

@@ -23,8 +23,8 @@ class RowStore {
 
  private:
   struct Row {
-    std::size_t firstCell = 0;
-    std::size_t cellCount = 0;
+    std::size_t FirstCell = 0;
+    std::size_t CellCount = 0;
   };
 
   std::unique_ptr<std::pmr::monotonic_buffer_resource> texts_;

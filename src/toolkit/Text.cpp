@@ -12,9 +12,9 @@ namespace {
 // The well-formed byte sequences by their first byte (RFC 3629, section 4). Only the second byte has a
 // range of its own; any further one lies in 80..BF.
 struct SequenceForm {
-  unsigned char firstLow, firstHigh;
-  unsigned char secondLow, secondHigh;
-  std::size_t length;
+  unsigned char FirstLow, FirstHigh;
+  unsigned char SecondLow, SecondHigh;
+  std::size_t Length;
 };
 
 constexpr std::array<SequenceForm, 9> sequenceForms{{
@@ -37,14 +37,14 @@ constexpr bool Between(unsigned char byte, unsigned char low, unsigned char high
 std::size_t SequenceLength(std::string_view bytes) {
   const auto byteAt = [bytes](std::size_t index) { return static_cast<unsigned char>(bytes[index]); };
   const auto form = std::find_if(sequenceForms.begin(), sequenceForms.end(), [&](const SequenceForm& candidate) {
-    return Between(byteAt(0), candidate.firstLow, candidate.firstHigh);
+    return Between(byteAt(0), candidate.FirstLow, candidate.FirstHigh);
   });
-  if (form == sequenceForms.end() || form->length > bytes.size()) return 0;
-  if (form->length > 1 && !Between(byteAt(1), form->secondLow, form->secondHigh)) return 0;
-  for (std::size_t index = 2; index < form->length; ++index) {
+  if (form == sequenceForms.end() || form->Length > bytes.size()) return 0;
+  if (form->Length > 1 && !Between(byteAt(1), form->SecondLow, form->SecondHigh)) return 0;
+  for (std::size_t index = 2; index < form->Length; ++index) {
     if (!Between(byteAt(index), 0x80, 0xBF)) return 0;
   }
-  return form->length;
+  return form->Length;
 }
 
 constexpr char LowerCaseLetter(char letter) {

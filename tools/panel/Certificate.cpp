@@ -41,16 +41,16 @@ void SetSerialNumber(X509* x509) {
 
 Certificate MakeSelfSignedCertificate() {
   Certificate made{{EVP_EC_gen("P-256"), EVP_PKEY_free}, {X509_new(), X509_free}};
-  Require(made.key != nullptr && made.x509 != nullptr);
-  X509* x509 = made.x509.get();
+  Require(made.Key != nullptr && made.X509Certificate != nullptr);
+  X509* x509 = made.X509Certificate.get();
   Require(X509_set_version(x509, X509_VERSION_3) == 1);
   SetSerialNumber(x509);
   Require(X509_gmtime_adj(X509_getm_notBefore(x509), 0) != nullptr);
   Require(X509_gmtime_adj(X509_getm_notAfter(x509), yearInSeconds) != nullptr);
   SetName(x509);
   SetAddresses(x509);
-  Require(X509_set_pubkey(x509, made.key.get()) == 1);
-  Require(X509_sign(x509, made.key.get(), EVP_sha256()) != 0);
+  Require(X509_set_pubkey(x509, made.Key.get()) == 1);
+  Require(X509_sign(x509, made.Key.get(), EVP_sha256()) != 0);
   return made;
 }
 

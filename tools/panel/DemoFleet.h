@@ -13,9 +13,9 @@ namespace panel {
 class DemoFleet final : public Fleet {
  public:
   struct Settings {
-    std::uint64_t containers = 0;
-    std::uint64_t logLines = 0;  ///< Of each container.
-    std::string hostname;        ///< What Describe() reports.
+    std::uint64_t Containers = 0;
+    std::uint64_t LogLines = 0;  ///< Of each container.
+    std::string Hostname;        ///< What Describe() reports.
   };
   explicit DemoFleet(const Settings& settings);
 
@@ -31,11 +31,11 @@ class DemoFleet final : public Fleet {
  private:
   enum class State { Running, Exited };
   struct Container {
-    std::string name;
-    State state = State::Running;
-    int exitCode = 0;  ///< Of an exited one.
-    Time since;        ///< When it got into its state.
-    std::optional<Time> backup;
+    std::string Name;
+    DemoFleet::State State = DemoFleet::State::Running;
+    int ExitCode = 0;  ///< Of an exited one.
+    Time Since;        ///< When it got into its state.
+    std::optional<Time> Backup;
   };
   static Container MakeContainer(std::uint64_t number, Time now);
   static std::string Start(Container& container);

@@ -58,7 +58,7 @@ EngineClient::Answer EngineClient::Post(const std::string& path, const std::stri
 
 json::value EngineClient::GetJson(const std::string& path, std::chrono::seconds patience) const {
   boost::system::error_code error;
-  json::value parsed = json::parse(Get(path, patience).body, error);
+  json::value parsed = json::parse(Get(path, patience).Body, error);
   if (error) throw Refusal("The container engine's answer cannot be understood.");
   return parsed;
 }

@@ -14,8 +14,8 @@ class EngineClient {
   explicit EngineClient(std::string socketPath) : socketPath_(std::move(socketPath)) {}
 
   struct Answer {
-    int status = 0;  ///< Less than 400.
-    std::string body;
+    int Status = 0;  ///< Less than 400.
+    std::string Body;
   };
   /// Both throw Refusal if the engine cannot be reached, is silent for longer than `patience`, breaks off, or answers
   /// with a status of 400 or more; then with its own words.

@@ -26,10 +26,10 @@ constexpr auto patienceForLogs = 60s;
 constexpr auto patienceForBackups = 600s;
 
 struct EngineAction {
-  Action action;
-  std::string_view path;
-  std::string_view done;
-  std::string_view needless;
+  panel::Action Action;
+  std::string_view Path;
+  std::string_view Done;
+  std::string_view Needless;
 };
 // clang-format off
 constexpr std::array<EngineAction, 3> actions{{
@@ -106,27 +106,27 @@ Information EngineFleet::Describe() {
   const Machine machine = LookAtMachine();
   const std::string root = TextOf(engine, "DockerRootDir");
   const Storage storage = LookAtStorage(root.empty() ? "/" : root);
-  const std::uint64_t percentage = storage.size == 0 ? 0 : storage.used * 100 / storage.size;
+  const std::uint64_t percentage = storage.Size == 0 ? 0 : storage.Used * 100 / storage.Size;
   return {
-      .systemName = machine.name,
-      .systemDescription = "A machine with a container engine, for trying out",
-      .systemDataCenterLocation = "Unknown",
-      .operatingSystemType = machine.operatingSystem,
-      .operatingSystemKernelVersion = machine.kernelVersion,
-      .systemDockerVersion = TextOf(engine, "ServerVersion"),
-      .dunmereVersion = "For trying out",
-      .cpuArchitecture = machine.architecture,
-      .cpuCount = std::to_string(machine.processors),
-      .cpuLoad = OneDecimal(load_.Percent()),
-      .memoryTotal = ToGigabytes(machine.memoryTotal),
-      .memoryAvailable = ToGigabytes(machine.memoryAvailable),
-      .storageDiskSize = ToGigabytes(storage.size),
-      .storageUsed = ToGigabytes(storage.used),
-      .storageUsedPercentage = std::to_string(percentage),
-      .storageAvailable = ToGigabytes(storage.available),
-      .networkHostname = hostname_,
-      .networkIPv4 = machine.ipv4,
-      .networkIPv6 = machine.ipv6,
+      .SystemName = machine.Name,
+      .SystemDescription = "A machine with a container engine, for trying out",
+      .SystemDataCenterLocation = "Unknown",
+      .OperatingSystemType = machine.OperatingSystem,
+      .OperatingSystemKernelVersion = machine.KernelVersion,
+      .SystemDockerVersion = TextOf(engine, "ServerVersion"),
+      .DunmereVersion = "For trying out",
+      .CPUArchitecture = machine.Architecture,
+      .CPUCount = std::to_string(machine.Processors),
+      .CPULoad = OneDecimal(load_.Percent()),
+      .MemoryTotal = ToGigabytes(machine.MemoryTotal),
+      .MemoryAvailable = ToGigabytes(machine.MemoryAvailable),
+      .StorageDiskSize = ToGigabytes(storage.Size),
+      .StorageUsed = ToGigabytes(storage.Used),
+      .StorageUsedPercentage = std::to_string(percentage),
+      .StorageAvailable = ToGigabytes(storage.Available),
+      .NetworkHostname = hostname_,
+      .NetworkIPv4 = machine.IPv4,
+      .NetworkIPv6 = machine.IPv6,
   };
 }
 
@@ -141,15 +141,15 @@ std::vector<ContainerRow> EngineFleet::List() {
   for (const json::value& container : ToArray(engine_.GetJson("/containers/json?all=true", patienceForQuestions))) {
     if (!container.is_object()) continue;
     const json::object& members = container.get_object();
-    ContainerRow row{.name = NameOf(members),
-                     .state = TextOf(members, "State"),
-                     .status = TextOf(members, "Status"),
-                     .backup = "never"};
-    if (const auto backup = backups.find(row.name); backup != backups.end()) row.backup = StampToWords(backup->second);
+    ContainerRow row{.Name = NameOf(members),
+                     .State = TextOf(members, "State"),
+                     .Status = TextOf(members, "Status"),
+                     .Backup = "never"};
+    if (const auto backup = backups.find(row.Name); backup != backups.end()) row.Backup = StampToWords(backup->second);
     rows.push_back(std::move(row));
   }
   // Engines may list them in another order each time.
-  std::sort(rows.begin(), rows.end(), [](const auto& left, const auto& right) { return left.name < right.name; });
+  std::sort(rows.begin(), rows.end(), [](const auto& left, const auto& right) { return left.Name < right.Name; });
   return rows;
 }
 
@@ -157,10 +157,10 @@ std::string EngineFleet::Act(Action action, const std::string& name) {
   const std::string id = FindId(name);
   if (action == Action::Backup) return BackUp(id, name);
   const auto* row =
-      std::find_if(actions.begin(), actions.end(), [&](const auto& each) { return each.action == action; });
+      std::find_if(actions.begin(), actions.end(), [&](const auto& each) { return each.Action == action; });
   // No body: an engine that ends the connection without having read it would take its answer away, too.
-  const int status = engine_.Post("/containers/" + id + std::string(row->path), "", patienceForActions).status;
-  return name + std::string(status == toolkit::HTTPStatus::notModified ? row->needless : row->done);
+  const int status = engine_.Post("/containers/" + id + std::string(row->Path), "", patienceForActions).Status;
+  return name + std::string(status == toolkit::HTTPStatus::notModified ? row->Needless : row->Done);
 }
 
 std::string EngineFleet::BackUp(const std::string& id, const std::string& name) {
@@ -180,7 +180,7 @@ void EngineFleet::ReadLog(const std::string& name, std::uint64_t count, const Li
   const bool isRaw = hasTerminal != nullptr && hasTerminal->is_bool() && hasTerminal->get_bool();
   const std::string tail = count == 0 ? "all" : std::to_string(count);
   const std::string log =
-      engine_.Get(container + "/logs?stdout=true&stderr=true&timestamps=true&tail=" + tail, patienceForLogs).body;
+      engine_.Get(container + "/logs?stdout=true&stderr=true&timestamps=true&tail=" + tail, patienceForLogs).Body;
   SplitEngineLog(log, isRaw ? LogForm::Raw : LogForm::Multiplexed, sink);
 }
 

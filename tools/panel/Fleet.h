@@ -17,33 +17,33 @@ class Refusal : public std::runtime_error {
 
 /// What a server says about itself: texts as the user reads them, with their units.
 struct Information {
-  std::string systemName;
-  std::string systemDescription;
-  std::string systemDataCenterLocation;
-  std::string operatingSystemType;
-  std::string operatingSystemKernelVersion;
-  std::string systemDockerVersion;
-  std::string dunmereVersion;
-  std::string cpuArchitecture;
-  std::string cpuCount;
-  std::string cpuLoad;  ///< Percent, without the sign.
-  std::string memoryTotal;
-  std::string memoryAvailable;
-  std::string storageDiskSize;
-  std::string storageUsed;
-  std::string storageUsedPercentage;  ///< Without the sign.
-  std::string storageAvailable;
-  std::string networkHostname;  ///< Where clients send all their further requests.
-  std::string networkIPv4;
-  std::string networkIPv6;
+  std::string SystemName;
+  std::string SystemDescription;
+  std::string SystemDataCenterLocation;
+  std::string OperatingSystemType;
+  std::string OperatingSystemKernelVersion;
+  std::string SystemDockerVersion;
+  std::string DunmereVersion;
+  std::string CPUArchitecture;
+  std::string CPUCount;
+  std::string CPULoad;  ///< Percent, without the sign.
+  std::string MemoryTotal;
+  std::string MemoryAvailable;
+  std::string StorageDiskSize;
+  std::string StorageUsed;
+  std::string StorageUsedPercentage;  ///< Without the sign.
+  std::string StorageAvailable;
+  std::string NetworkHostname;  ///< Where clients send all their further requests.
+  std::string NetworkIPv4;
+  std::string NetworkIPv6;
 };
 
 /// One line of the list of containers, as the user reads it.
 struct ContainerRow {
-  std::string name;
-  std::string state;
-  std::string status;
-  std::string backup;
+  std::string Name;
+  std::string State;
+  std::string Status;
+  std::string Backup;
 };
 
 enum class Action { Start, Stop, Restart, Backup };

@@ -35,13 +35,13 @@ std::string OneLine(const std::string& text) {
 void Print(const httplib::Request& request, const Reply& reply) {
   std::osyncstream line(std::cout);
   line << OneLine(request.method) << ' ' << OneLine(request.path);
-  if (!reply.container.empty()) line << ' ' << OneLine(reply.container);
-  line << " -> " << reply.status << '\n' << std::flush_emit;
+  if (!reply.Container.empty()) line << ' ' << OneLine(reply.Container);
+  line << " -> " << reply.Status << '\n' << std::flush_emit;
 }
 
 void Send(Reply reply, httplib::Response& response) {
-  response.status = reply.status;
-  const auto body = std::make_shared<const std::string>(std::move(reply.body));
+  response.status = reply.Status;
+  const auto body = std::make_shared<const std::string>(std::move(reply.Body));
   // A body handed over by a provider is never compressed, which would take seconds for a large log.
   response.set_content_provider(body->size(), "application/json",
                                 [body](std::size_t offset, std::size_t length, httplib::DataSink& sink) {
@@ -60,7 +60,7 @@ HttpsServer::HttpsServer(const Options& options, Service& service)
     : options_(options),
       service_(service),
       certificate_(MakeSelfSignedCertificate()),
-      server_(certificate_.x509.get(), certificate_.key.get()) {
+      server_(certificate_.X509Certificate.get(), certificate_.Key.get()) {
   if (!server_.is_valid()) throw std::runtime_error("the certificate cannot be used");
   SetUpConnections();
   SetUpReplies();
@@ -96,16 +96,16 @@ void HttpsServer::SetUpReplies() {
     Send(std::move(reply), response);
   });
   server_.set_post_routing_handler(
-      [this](const httplib::Request&, httplib::Response&) { std::this_thread::sleep_for(options_.delay); });
+      [this](const httplib::Request&, httplib::Response&) { std::this_thread::sleep_for(options_.Delay); });
 }
 
 void HttpsServer::Listen() {
-  const std::string host = HostInUrl(options_.address);
-  int port = static_cast<int>(options_.port);
-  const bool isBound = port == 0 ? (port = server_.bind_to_any_port(options_.address)) > 0
-                                 : server_.bind_to_port(options_.address, port);
+  const std::string host = HostInUrl(options_.Address);
+  int port = static_cast<int>(options_.Port);
+  const bool isBound = port == 0 ? (port = server_.bind_to_any_port(options_.Address)) > 0
+                                 : server_.bind_to_port(options_.Address, port);
   if (!isBound) {
-    throw std::runtime_error("cannot listen on " + host + ":" + std::to_string(options_.port) +
+    throw std::runtime_error("cannot listen on " + host + ":" + std::to_string(options_.Port) +
                              ": the port is taken or the address is not of this machine");
   }
   // The library lets only five connections wait; one more would be tried again after a whole second.

@@ -62,24 +62,24 @@ Machine LookAtMachine() {
   utsname names{};
   uname(&names);
   return {
-      .name = std::data(names.nodename),
-      .operatingSystem = OperatingSystem(),
-      .kernelVersion = std::data(names.release),
-      .architecture = std::data(names.machine),
-      .processors = std::thread::hardware_concurrency(),
-      .memoryTotal = Memory("MemTotal:"),
-      .memoryAvailable = Memory("MemAvailable:"),
-      .ipv4 = FirstPublicAddress(AF_INET),
-      .ipv6 = FirstPublicAddress(AF_INET6),
+      .Name = std::data(names.nodename),
+      .OperatingSystem = OperatingSystem(),
+      .KernelVersion = std::data(names.release),
+      .Architecture = std::data(names.machine),
+      .Processors = std::thread::hardware_concurrency(),
+      .MemoryTotal = Memory("MemTotal:"),
+      .MemoryAvailable = Memory("MemAvailable:"),
+      .IPv4 = FirstPublicAddress(AF_INET),
+      .IPv6 = FirstPublicAddress(AF_INET6),
   };
 }
 
 Storage LookAtStorage(const std::string& path) {
   struct statvfs facts {};
   if (statvfs(path.c_str(), &facts) != 0) return {};
-  return {.size = facts.f_blocks * facts.f_frsize,
-          .used = (facts.f_blocks - facts.f_bfree) * facts.f_frsize,
-          .available = facts.f_bavail * facts.f_frsize};
+  return {.Size = facts.f_blocks * facts.f_frsize,
+          .Used = (facts.f_blocks - facts.f_bfree) * facts.f_frsize,
+          .Available = facts.f_bavail * facts.f_frsize};
 }
 
 LoadMeter::LoadMeter() : last_(Now()) {}
@@ -88,8 +88,8 @@ double LoadMeter::Percent() {
   const std::lock_guard lock(mutex_);
   const Ticks now = Now();
   // Two calls within one tick of the system's clock cannot tell anything new.
-  if (now.all > last_.all) {
-    percent_ = 100.0 * static_cast<double>(now.busy - last_.busy) / static_cast<double>(now.all - last_.all);
+  if (now.All > last_.All) {
+    percent_ = 100.0 * static_cast<double>(now.Busy - last_.Busy) / static_cast<double>(now.All - last_.All);
     last_ = now;
   }
   return percent_;
@@ -105,8 +105,8 @@ LoadMeter::Ticks LoadMeter::Now() {
   Ticks ticks;
   std::uint64_t number = 0;
   for (int column = 0; column < columns && file >> number; ++column) {
-    ticks.all += number;
-    if (column != idle && column != waitingForStorage) ticks.busy += number;
+    ticks.All += number;
+    if (column != idle && column != waitingForStorage) ticks.Busy += number;
   }
   return ticks;
 }

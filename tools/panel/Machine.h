@@ -8,23 +8,23 @@ namespace panel {
 
 /// Facts about the machine that this program runs on. What cannot be found out is an empty text or 0.
 struct Machine {
-  std::string name;
-  std::string operatingSystem;
-  std::string kernelVersion;
-  std::string architecture;
-  unsigned processors = 0;
-  std::uint64_t memoryTotal = 0;      ///< Bytes.
-  std::uint64_t memoryAvailable = 0;  ///< Bytes.
-  std::string ipv4;                   ///< The first one that other machines can know.
-  std::string ipv6;                   ///< Likewise.
+  std::string Name;
+  std::string OperatingSystem;
+  std::string KernelVersion;
+  std::string Architecture;
+  unsigned Processors = 0;
+  std::uint64_t MemoryTotal = 0;      ///< Bytes.
+  std::uint64_t MemoryAvailable = 0;  ///< Bytes.
+  std::string IPv4;                   ///< The first one that other machines can know.
+  std::string IPv6;                   ///< Likewise.
 };
 [[nodiscard]] Machine LookAtMachine();
 
 /// A file system, in bytes.
 struct Storage {
-  std::uint64_t size = 0;
-  std::uint64_t used = 0;
-  std::uint64_t available = 0;
+  std::uint64_t Size = 0;
+  std::uint64_t Used = 0;
+  std::uint64_t Available = 0;
 };
 /// The file system that `path` lies on; all 0 if there is no such path.
 [[nodiscard]] Storage LookAtStorage(const std::string& path);
@@ -38,8 +38,8 @@ class LoadMeter {
 
  private:
   struct Ticks {
-    std::uint64_t busy = 0;
-    std::uint64_t all = 0;
+    std::uint64_t Busy = 0;
+    std::uint64_t All = 0;
   };
   static Ticks Now();
 

@@ -8,15 +8,15 @@
 namespace panel {
 
 struct Credentials {
-  std::string user;
-  std::string password;
+  std::string User;
+  std::string Password;
 };
 
 /// The answer to one request, and what may be told about it in a log.
 struct Reply {
-  int status = toolkit::HTTPStatus::ok;
-  std::string body;       ///< A JSON object.
-  std::string container;  ///< The container that the request named, as it was sent; empty if it named none.
+  int Status = toolkit::HTTPStatus::ok;
+  std::string Body;       ///< A JSON object.
+  std::string Container;  ///< The container that the request named, as it was sent; empty if it named none.
 };
 
 /// The calls of the panel service: from a request's path and body to the reply. May be used by several threads.

@@ -55,27 +55,27 @@ bool StdinHasEnded() {
 
 // Where clients find this service again, as far as it can know.
 std::string ReportedHostname(const panel::Options& options) {
-  if (!options.hostname.empty()) return options.hostname;
-  const bool isEveryAddress = options.address == "0.0.0.0" || options.address == "::";
-  return isEveryAddress ? panel::LookAtMachine().name : panel::HostInUrl(options.address);
+  if (!options.Hostname.empty()) return options.Hostname;
+  const bool isEveryAddress = options.Address == "0.0.0.0" || options.Address == "::";
+  return isEveryAddress ? panel::LookAtMachine().Name : panel::HostInUrl(options.Address);
 }
 
 std::unique_ptr<panel::Fleet> MakeFleet(const panel::Options& options) {
   const std::string hostname = ReportedHostname(options);
-  if (!options.engine.empty()) {
-    return std::make_unique<panel::EngineFleet>(panel::EngineSocketPath(options.engine), hostname);
+  if (!options.Engine.empty()) {
+    return std::make_unique<panel::EngineFleet>(panel::EngineSocketPath(options.Engine), hostname);
   }
   return std::make_unique<panel::DemoFleet>(
-      panel::DemoFleet::Settings{.containers = options.containers, .logLines = options.logLines, .hostname = hostname});
+      panel::DemoFleet::Settings{.Containers = options.Containers, .LogLines = options.LogLines, .Hostname = hostname});
 }
 
 [[noreturn]] void Run(const panel::Options& options) {
   const int signals = WatchSignals();
   const std::unique_ptr<panel::Fleet> fleet = MakeFleet(options);
-  panel::Service service({.user = options.user, .password = options.password}, *fleet);
+  panel::Service service({.User = options.User, .Password = options.Password}, *fleet);
   panel::HttpsServer server(options, service);
   server.Listen();
-  std::thread(EndWhenAsked, signals, options.untilStdinCloses).detach();
+  std::thread(EndWhenAsked, signals, options.UntilStdinCloses).detach();
   server.Serve();
   // Not by an exception: the threads of open connections still use what stands above.
   std::cerr << "corvane-panel: listening broke down" << std::endl;
@@ -88,7 +88,7 @@ int main(int count, char** arguments) {
   try {
     const std::span all(arguments, static_cast<std::size_t>(count));
     const panel::Options options = panel::ParseOptions(all.subspan(1));
-    if (options.help) {
+    if (options.Help) {
       std::cout << panel::HelpText();
       return EXIT_SUCCESS;
     }

@@ -28,7 +28,7 @@ class ViewOf : public Widget, public ControlView {
   ~ViewOf() override { control_.LeaveView(*this); }
 
  protected:
-  [[nodiscard]] Kind& Shown() const { return control_; }
+  [[nodiscard]] Kind& Model() const { return control_; }
 
   /// Shows what takes long to show, such as many rows.
   virtual void Follow() {}

@@ -77,28 +77,28 @@ LabelView::LabelView(Label& label, QWidget& parent) : ViewOf(label, parent) {
 }
 
 void LabelView::Refresh() {
-  ShowCommonProperties(*this, Shown());
-  setText(qt::ToQt(Shown().Text()));
+  ShowCommonProperties(*this, Model());
+  setText(qt::ToQt(Model().Text()));
   update();
 }
 
 QFont LabelView::TextFont() const {
   QFont textFont = font();
-  if (Shown().Font() != LabelFont::System) textFont.setBold(true);
-  return Shown().Font() == LabelFont::BoldSmallSystem ? Smaller(textFont) : textFont;
+  if (Model().Font() != LabelFont::System) textFont.setBold(true);
+  return Model().Font() == LabelFont::BoldSmallSystem ? Smaller(textFont) : textFont;
 }
 
 QRect LabelView::TextPlace() const {
-  const int margin = Shown().Ground() == LabelGround::Picture ? plateMargin : 0;
+  const int margin = Model().Ground() == LabelGround::Picture ? plateMargin : 0;
   return rect().adjusted(margin, 0, -margin, 0);
 }
 
 QStringList LabelView::ShownLines() const {
   const QSize size = TextPlace().size();
   const QFontMetrics metrics(TextFont());
-  const std::string_view text = FirstCharacters(Shown().Text(), mostBytes);
+  const std::string_view text = FirstCharacters(Model().Text(), mostBytes);
   QStringList lines;
-  if (Shown().Lines() == LabelLines::One) {
+  if (Model().Lines() == LabelLines::One) {
     lines.append(DisplayText(text));
   } else {
     const qsizetype mostLines = std::max((size.height() + metrics.leading()) / metrics.lineSpacing(), 1);
@@ -110,21 +110,21 @@ QStringList LabelView::ShownLines() const {
       lines += Wrap(DisplayText(FromQt(paragraph)), TextFont(), size.width(), mostLines - lines.size());
     }
   }
-  if (text.size() < Shown().Text().size()) lines.back() += ellipsis;
+  if (text.size() < Model().Text().size()) lines.back() += ellipsis;
   for (QString& line : lines) line = metrics.elidedText(line, Qt::ElideRight, size.width());
   return lines;
 }
 
 void LabelView::paintEvent(QPaintEvent* /*event*/) {
-  if (Shown().Text().empty()) return;
+  if (Model().Text().empty()) return;
   const QRect place = TextPlace();
   const QString lines = ShownLines().join('\n');
   QPainter painter(this);
   painter.setFont(TextFont());
   const bool isOneLine =
-      Shown().Lines() == LabelLines::One || (!lines.contains('\n') && painter.fontMetrics().height() > place.height());
-  const auto flags = static_cast<int>(ToQt(Shown().TextAlign()) | (isOneLine ? Qt::AlignVCenter : Qt::AlignTop));
-  if (Shown().Ground() == LabelGround::Picture) {
+      Model().Lines() == LabelLines::One || (!lines.contains('\n') && painter.fontMetrics().height() > place.height());
+  const auto flags = static_cast<int>(ToQt(Model().TextAlign()) | (isOneLine ? Qt::AlignVCenter : Qt::AlignTop));
+  if (Model().Ground() == LabelGround::Picture) {
     PaintPlate(painter, painter.boundingRect(place, flags, lines).adjusted(-plateMargin, -1, plateMargin, 1) & rect(),
                palette().color(QPalette::Window));
   }
@@ -136,8 +136,8 @@ void LabelView::paintEvent(QPaintEvent* /*event*/) {
 bool LabelView::event(QEvent* event) {
   if (event->type() != QEvent::ToolTip) return QLabel::event(event);
   const QStringList lines = ShownLines();
-  if (Shown().Text().empty() || !lines.back().endsWith(ellipsis)) return QLabel::event(event);
-  ShowToolTip(static_cast<QHelpEvent*>(event)->globalPos(), Shown().Text(), *this);
+  if (Model().Text().empty() || !lines.back().endsWith(ellipsis)) return QLabel::event(event);
+  ShowToolTip(static_cast<QHelpEvent*>(event)->globalPos(), Model().Text(), *this);
   return true;
 }
 

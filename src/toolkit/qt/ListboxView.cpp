@@ -21,7 +21,7 @@ ListboxView::ListboxView(Listbox& list, QWidget& parent) : ViewOf(list, parent),
   ListboxView::Follow();
 }
 
-void ListboxView::contextMenuEvent(QContextMenuEvent* event) { PopUpListCommands(*this, Shown(), event->globalPos()); }
+void ListboxView::contextMenuEvent(QContextMenuEvent* event) { PopUpListCommands(*this, Model(), event->globalPos()); }
 
 void ListboxView::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Escape && findBar_.isVisible()) {
@@ -35,9 +35,9 @@ void ListboxView::keyPressEvent(QKeyEvent* event) {
 void ListboxView::Refresh() { FollowLater(); }
 
 void ListboxView::Follow() {
-  setEnabled(Shown().Enabled());
-  setVisible(Shown().IsOnScreen());
-  ShowCommonProperties(table_, Shown());
+  setEnabled(Model().Enabled());
+  setVisible(Model().IsOnScreen());
+  ShowCommonProperties(table_, Model());
   if (table_.Follow()) findBar_.RowsChanged();
 }
 

@@ -27,14 +27,14 @@ class PopupMenuView::Rows final : public QAbstractListModel {
 
   void Renew() {
     beginResetModel();
-    count_ = view_.Shown().ListCount();
+    count_ = view_.Model().ListCount();
     endResetModel();
   }
   [[nodiscard]] int rowCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : count_; }
   [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
-    const bool isThere = index.isValid() && index.row() < view_.Shown().ListCount();
+    const bool isThere = index.isValid() && index.row() < view_.Model().ListCount();
     if (role != Qt::DisplayRole || !isThere) return {};
-    return RowText(view_.Shown().Text(index.row()), view_.fontMetrics());
+    return RowText(view_.Model().Text(index.row()), view_.fontMetrics());
   }
 
  private:
@@ -55,10 +55,10 @@ PopupMenuView::PopupMenuView(PopupMenu& menu, QWidget& parent)
 
 // The rows follow once, when the handler that fills the menu is done.
 void PopupMenuView::Refresh() {
-  ShowCommonProperties(*this, Shown());
+  ShowCommonProperties(*this, Model());
   name_.setText(accessibleName());
-  if (shownGeneration_ == Shown().Generation()) {
-    setCurrentIndex(Shown().ListIndex());
+  if (shownGeneration_ == Model().Generation()) {
+    setCurrentIndex(Model().ListIndex());
   } else {
     FollowLater();
   }
@@ -67,13 +67,13 @@ void PopupMenuView::Refresh() {
 void PopupMenuView::Follow() {
   hidePopup();
   rows_->Renew();
-  shownGeneration_ = Shown().Generation();
+  shownGeneration_ = Model().Generation();
   Refresh();
 }
 
 // A row that was chosen among rows that are no more means nothing.
 void PopupMenuView::UserSelects(int row) {
-  if (shownGeneration_ == Shown().Generation()) Platform::Current().Dispatch([&] { Shown().Select(row); });
+  if (shownGeneration_ == Model().Generation()) Platform::Current().Dispatch([&] { Model().Select(row); });
   Refresh();
 }
 

@@ -21,7 +21,7 @@ ProgressWheelView::ProgressWheelView(ProgressWheel& wheel, QWidget& parent) : Vi
   ProgressWheelView::Refresh();
 }
 
-void ProgressWheelView::Refresh() { ShowCommonProperties(*this, Shown()); }
+void ProgressWheelView::Refresh() { ShowCommonProperties(*this, Model()); }
 
 void ProgressWheelView::showEvent(QShowEvent* /*event*/) { turning_.start(timePerSpoke); }
 

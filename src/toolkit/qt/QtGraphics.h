@@ -20,9 +20,9 @@ class DrawnPictures {
 
  private:
   struct Drawn {
-    std::weak_ptr<const Picture> picture;
-    QSize size;
-    QPixmap pixels;
+    std::weak_ptr<const toolkit::Picture> Picture;
+    QSize Size;
+    QPixmap Pixels;
   };
   // The one that was drawn last stands at the end.
   std::vector<Drawn> drawn_;

@@ -11,19 +11,19 @@ TextFieldView::TextFieldView(TextField& field, QWidget& parent) : ViewOf(field, 
   setMaxLength(std::numeric_limits<int>::max());
   // Not every way to write into a field edits it: assistive programs set its text.
   connect(this, &QLineEdit::textChanged, this, [this](const QString& text) {
-    Platform::Current().Dispatch([&] { Shown().Type(FromQt(text)); });
+    Platform::Current().Dispatch([&] { Model().Type(FromQt(text)); });
     TextFieldView::Refresh();  // the field may have refused it
   });
   connect(this, &QLineEdit::returnPressed, this,
-          [this] { Platform::Current().Dispatch([this] { Shown().PressEnter(); }); });
+          [this] { Platform::Current().Dispatch([this] { Model().PressEnter(); }); });
   TextFieldView::Refresh();
 }
 
 void TextFieldView::Refresh() {
-  ShowCommonProperties(*this, Shown());
-  setEchoMode(Shown().Masked() == Masking::Password ? Password : Normal);
-  setPlaceholderText(ToQt(Shown().CueText()));
-  const QString wanted = ToQt(Shown().Text());
+  ShowCommonProperties(*this, Model());
+  setEchoMode(Model().Masked() == Masking::Password ? Password : Normal);
+  setPlaceholderText(ToQt(Model().CueText()));
+  const QString wanted = ToQt(Model().Text());
   if (text() == wanted) return;
   const QSignalBlocker notTheUser(this);
   setText(wanted);

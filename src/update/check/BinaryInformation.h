@@ -20,7 +20,7 @@ class BinaryInformation final : public Information {
   std::optional<std::uint64_t> Size;
   std::string URL;
 
-  explicit BinaryInformation(bool isExecutableNameRequired) : IsExecutableNameRequired(isExecutableNameRequired) {}
+  explicit BinaryInformation(bool isExecutableNameRequired) : isExecutableNameRequired_(isExecutableNameRequired) {}
   /// From the members of an object that are called as the public fields. Throws a toolkit::RuntimeException if `data`
   /// is no object or a member does not convert.
   BinaryInformation(bool isExecutableNameRequired, const toolkit::JSONItem& data);
@@ -42,7 +42,7 @@ class BinaryInformation final : public Information {
   bool Event_IsInvalid(std::string& reason) const override;
 
  private:
-  bool IsExecutableNameRequired;
+  bool isExecutableNameRequired_;
 };
 
 }  // namespace Kaju

@@ -23,17 +23,17 @@ void HTTPSSocket::SetSecure(std::string& url) {
   static const toolkit::RegEx withCredentials(R"(^(?:https?://)([^:/\x20@]+):([^:/\x20@]*)@(.*))");
   const auto match = withCredentials.Search(url);
   if (!match) return;
-  Username = toolkit::DecodeURLComponent(match->SubExpression(1));
-  Password = toolkit::DecodeURLComponent(match->SubExpression(2));
+  username_ = toolkit::DecodeURLComponent(match->SubExpression(1));
+  password_ = toolkit::DecodeURLComponent(match->SubExpression(2));
   url = std::string(match->SubExpression(3));
 }
 
 bool HTTPSSocket::Event_AuthenticationRequired(const std::string& realm, const toolkit::InternetHeaders& headers,
                                                std::string& name, std::string& password) {
   if (AuthenticationRequired(realm, headers, name, password)) return true;
-  if (Username.empty()) return false;
-  name = Username;
-  password = Password;
+  if (username_.empty()) return false;
+  name = username_;
+  password = password_;
   return true;
 }
 

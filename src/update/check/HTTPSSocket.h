@@ -43,8 +43,8 @@ class HTTPSSocket : public toolkit::HTTPSecureSocket {
                                     std::string& name, std::string& password) override;
 
  private:
-  std::string Password;
-  std::string Username;
+  std::string password_;
+  std::string username_;
 };
 
 }  // namespace Kaju

@@ -18,11 +18,11 @@ class Information {
 
   /// Tests the record anew.
   [[nodiscard]] bool IsValid() const {
-    mInvalidReason.clear();
-    return !Event_IsInvalid(mInvalidReason);
+    invalidReason_.clear();
+    return !Event_IsInvalid(invalidReason_);
   }
   /// What the last test found; empty if it found nothing or there was none.
-  [[nodiscard]] const std::string& InvalidReason() const { return mInvalidReason; }
+  [[nodiscard]] const std::string& InvalidReason() const { return invalidReason_; }
 
  protected:
   Information() = default;
@@ -40,7 +40,7 @@ class Information {
   }
 
  private:
-  mutable std::string mInvalidReason;
+  mutable std::string invalidReason_;
 };
 
 }  // namespace Kaju

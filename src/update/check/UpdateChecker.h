@@ -72,9 +72,9 @@ class UpdateChecker : public std::enable_shared_from_this<UpdateChecker> {
   void Execute();
   /// Decides over `jsonString` as if it were a genuine document and every version new.
   void TestUpdate(const std::string& jsonString);
-  [[nodiscard]] ResultType Result() const { return mResult; }
+  [[nodiscard]] ResultType Result() const { return result_; }
   /// Whether the last run was a TestUpdate().
-  [[nodiscard]] bool DryRun() const { return mDryRun; }
+  [[nodiscard]] bool DryRun() const { return dryRun_; }
   [[nodiscard]] bool UpdateWindowIsOpen() const { return presenter_ && presenter_->IsOpen(); }
 
   /// Leaves this version out from now on. An empty one, or one that is left out already, changes nothing.
@@ -95,12 +95,12 @@ class UpdateChecker : public std::enable_shared_from_this<UpdateChecker> {
   Next HandleError(const std::string& message);
   [[nodiscard]] bool IsAllowed(std::uint32_t value) const;
 
-  toolkit::FolderItem PrefFile;
+  toolkit::FolderItem prefFile_;
   std::shared_ptr<UpdatePresenter> presenter_;
   UpdatePreferences preferences_;
   UpdatePreferences savedPreferences_;
-  bool mDryRun = false;
-  ResultType mResult = ResultType::NotYetChecked;
+  bool dryRun_ = false;
+  ResultType result_ = ResultType::NotYetChecked;
 };
 
 }  // namespace Kaju

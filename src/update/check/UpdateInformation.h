@@ -69,7 +69,7 @@ class UpdateInformation final : public Information {
   [[nodiscard]] BinaryPointer PlatformBinarySameBitness(BuildTarget target = BuildTarget::Running()) const;
 
   /// The files in the order of BinaryNames; nullptr for those that are not there.
-  [[nodiscard]] const std::array<BinaryPointer, 5>& Binaries() const { return mBinaries; }
+  [[nodiscard]] const std::array<BinaryPointer, 5>& Binaries() const { return binaries_; }
   /// The file of one of BinaryNames; a missing one is made, and is empty. Throws a toolkit::KeyNotFoundException for
   /// another name.
   BinaryPointer FetchBinary(std::string_view name);
@@ -90,8 +90,8 @@ class UpdateInformation final : public Information {
   bool Event_IsInvalid(std::string& reason) const override;
 
  private:
-  std::array<BinaryPointer, BinaryNames.size()> mBinaries;
-  mutable std::shared_ptr<const toolkit::Picture> mImage;
+  std::array<BinaryPointer, BinaryNames.size()> binaries_;
+  mutable std::shared_ptr<const toolkit::Picture> image_;
 };
 
 }  // namespace Kaju

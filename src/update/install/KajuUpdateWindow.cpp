@@ -85,10 +85,10 @@ void KajuUpdateWindow::WireEvents() {
   On(tmrTimeout.Action, &KajuUpdateWindow::tmrTimeout_Action);
 }
 
-std::string KajuUpdateWindow::AppName() const { return mAppName.empty() ? KajuLocale::kThisApplication() : mAppName; }
+std::string KajuUpdateWindow::AppName() const { return appName_.empty() ? KajuLocale::kThisApplication() : appName_; }
 
 void KajuUpdateWindow::BackgroundImage(std::shared_ptr<const toolkit::Picture> picture) {
-  mBackgroundImage = std::move(picture);
+  backgroundImage_ = std::move(picture);
   Invalidate();
 }
 
@@ -98,7 +98,7 @@ void KajuUpdateWindow::Event_Open() {
 }
 
 void KajuUpdateWindow::Event_Paint(toolkit::Graphics& g) {
-  if (mBackgroundImage) g.DrawPicture(mBackgroundImage, {0, 0, g.Width(), g.Height()});
+  if (backgroundImage_) g.DrawPicture(backgroundImage_, {0, 0, g.Width(), g.Height()});
   g.PenWidth = 1;
   g.PenHeight = 1;
   g.ForeColor = 0;

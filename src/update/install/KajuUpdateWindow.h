@@ -82,9 +82,9 @@ class KajuUpdateWindow final : public toolkit::Window {
 
   /// What the program is called in the window's texts.
   [[nodiscard]] std::string AppName() const;
-  void AppName(std::string name) { mAppName = std::move(name); }
+  void AppName(std::string name) { appName_ = std::move(name); }
   /// Fills the window behind the controls; nullptr for the palette's own colour.
-  [[nodiscard]] const std::shared_ptr<const toolkit::Picture>& BackgroundImage() const { return mBackgroundImage; }
+  [[nodiscard]] const std::shared_ptr<const toolkit::Picture>& BackgroundImage() const { return backgroundImage_; }
   void BackgroundImage(std::shared_ptr<const toolkit::Picture> picture);
 
   /// Offers `updates`, the newest first, and shows that one. Fetches its picture and notes, and runs the event loop
@@ -142,8 +142,8 @@ class KajuUpdateWindow final : public toolkit::Window {
   void EndWork();
   [[nodiscard]] bool IsAt(Stage stage) const { return CurrentStage == stage && !IsClosed(); }
 
-  std::string mAppName;
-  std::shared_ptr<const toolkit::Picture> mBackgroundImage;
+  std::string appName_;
+  std::shared_ptr<const toolkit::Picture> backgroundImage_;
   // Counts the updates that were shown, so that fetching for one ends when another is chosen.
   unsigned displayed_ = 0;
 };

@@ -7,7 +7,7 @@
 namespace Kaju {
 
 /// What an install script has to know.
-struct Installation {
+struct ScriptInput {
   /// What is replaced: on macOS the application bundle, elsewhere the executable.
   toolkit::FolderItem Executable;
   std::string Version;
@@ -20,8 +20,8 @@ struct Installation {
 
 // The script of each platform, made of its template.
 
-[[nodiscard]] std::string MacScript(const Installation& installation);
-[[nodiscard]] std::string LinuxScript(const Installation& installation);
-[[nodiscard]] std::string WindowsScript(const Installation& installation);
+[[nodiscard]] std::string MacScript(const ScriptInput& input);
+[[nodiscard]] std::string LinuxScript(const ScriptInput& input);
+[[nodiscard]] std::string WindowsScript(const ScriptInput& input);
 
 }  // namespace Kaju

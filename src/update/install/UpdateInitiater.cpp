@@ -227,8 +227,8 @@ std::optional<FolderItem> UpdateInitiater::SaveScript(std::string_view script, c
   return std::nullopt;
 }
 
-Installation UpdateInitiater::About(const FolderItem& exe, const FolderItem& tempFolder,
-                                    const FolderItem& pidFile) const {
+ScriptInput UpdateInitiater::About(const FolderItem& exe, const FolderItem& tempFolder,
+                                   const FolderItem& pidFile) const {
   return {.Executable = exe,
           .Version = GetAppVersionForScript(),
           .Replacement = ReplacementAppFolder.value(),

@@ -68,8 +68,8 @@ class UpdateInitiater {
   /// `place`. Leaves nothing there.
   void RehearseAt(const toolkit::FolderItem& place) const;
   bool RunScriptOfPlatform(const toolkit::FolderItem& tempFolder, const toolkit::FolderItem& pidFile);
-  [[nodiscard]] Installation About(const toolkit::FolderItem& exe, const toolkit::FolderItem& tempFolder,
-                                   const toolkit::FolderItem& pidFile) const;
+  [[nodiscard]] ScriptInput About(const toolkit::FolderItem& exe, const toolkit::FolderItem& tempFolder,
+                                  const toolkit::FolderItem& pidFile) const;
 
   // Where a script was seen to start.
   std::optional<toolkit::FolderItem> place_;

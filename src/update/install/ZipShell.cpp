@@ -39,19 +39,19 @@ std::string DecompressCommand(System system, const FolderItem& zipFile, const Fo
 void ZipShell::Compress(const FolderItem& source, const std::optional<FolderItem>& destination) {
   const std::string name = source.Name() + ".zip";
   if (!destination) {
-    ResultFolderItem = source.Parent().Child(name);
+    result_ = source.Parent().Child(name);
   } else {
-    ResultFolderItem = destination->IsFolder() ? destination->Child(name) : *destination;
+    result_ = destination->IsFolder() ? destination->Child(name) : *destination;
   }
-  Execute(CompressCommand(Platform, source, *ResultFolderItem));
-  if (Mode != RunMode::Synchronous) mCurrentOperation = Operation::Compress;
+  Execute(CompressCommand(Platform, source, *result_));
+  if (Mode != RunMode::Synchronous) currentOperation_ = Operation::Compress;
 }
 
 void ZipShell::Decompress(const FolderItem& zipFile, const std::optional<FolderItem>& destination) {
-  ResultFolderItem = destination ? *destination : zipFile.Parent();
-  ZipFile = zipFile;
-  if (Mode != RunMode::Synchronous) mCurrentOperation = Operation::Decompress;
-  Execute(DecompressCommand(Platform, zipFile, *ResultFolderItem));
+  result_ = destination ? *destination : zipFile.Parent();
+  zipFile_ = zipFile;
+  if (Mode != RunMode::Synchronous) currentOperation_ = Operation::Decompress;
+  Execute(DecompressCommand(Platform, zipFile, *result_));
 }
 
 std::string ZipShell::ContentsOf(const FolderItem& zipFile) {
@@ -74,9 +74,9 @@ void ZipShell::WindowsUnzip(const FolderItem& /*zipFile*/, const FolderItem& /*d
 
 // The handlers may start the next operation or destroy this object, so it is idle before they run.
 void ZipShell::DoCompleted() {
-  const auto result = std::exchange(ResultFolderItem, std::nullopt);
-  const auto zipFile = std::exchange(ZipFile, std::nullopt);
-  const Operation operation = std::exchange(mCurrentOperation, Operation::None);
+  const auto result = std::exchange(result_, std::nullopt);
+  const auto zipFile = std::exchange(zipFile_, std::nullopt);
+  const Operation operation = std::exchange(currentOperation_, Operation::None);
   if (ErrorCode() != 0) {
     Error();
   } else if (operation == Operation::Compress) {

@@ -40,7 +40,7 @@ class ZipShell : public toolkit::Shell {
   /// Whether the last operation failed since there was no space left.
   [[nodiscard]] bool FoundDiskFull() const;
   /// What the asynchronous shell is doing.
-  [[nodiscard]] Operation CurrentOperation() const { return mCurrentOperation; }
+  [[nodiscard]] Operation CurrentOperation() const { return currentOperation_; }
   /// For Windows only; throws a KajuException elsewhere.
   static void WindowsUnzip(const toolkit::FolderItem& zipFile, const toolkit::FolderItem& destination);
 
@@ -50,9 +50,9 @@ class ZipShell : public toolkit::Shell {
  private:
   void DoCompleted();
 
-  Operation mCurrentOperation = Operation::None;
-  std::optional<toolkit::FolderItem> ResultFolderItem;
-  std::optional<toolkit::FolderItem> ZipFile;
+  Operation currentOperation_ = Operation::None;
+  std::optional<toolkit::FolderItem> result_;
+  std::optional<toolkit::FolderItem> zipFile_;
 };
 
 }  // namespace Kaju
