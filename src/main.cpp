@@ -2,6 +2,7 @@
 #include "serverlist/wMain.h"
 #include "shell/App.h"
 #include "shell/Product.h"
+#include "toolkit/Process.h"
 #include "toolkit/qt/DecoderProgram.h"
 #include "toolkit/qt/QtPlatform.h"
 #include "update/install/UpdateWindowPresenter.h"
@@ -9,6 +10,7 @@
 
 int main(int argc, char** argv) {
   if (const auto status = toolkit::qt::DecodeIfAsked(argc, argv)) return *status;
+  toolkit::SetUpProcess();
   toolkit::qt::QtPlatform platform(product::program, argc, argv);
   App app(product::version);
 

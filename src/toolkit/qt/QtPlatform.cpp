@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <malloc.h>
 #include <utility>
 
 #include <QApplication>
@@ -82,20 +81,10 @@ class SessionWatch final : public QObject {
   std::function<void()> ended_;
 };
 
-// The system's allocator would learn from the first large reply to keep blocks of up to 32 MB in its heap, between
-// others that live on, so that the heap grows with every further one. Blocks of this size go back to the system at
-// once.
-void ReturnLargeBlocks() {
-  constexpr int largeBlock = 4 << 20;
-  mallopt(M_MMAP_THRESHOLD, largeBlock);
-  mallopt(M_TRIM_THRESHOLD, 2 * largeBlock);
-}
-
 }  // namespace
 
 QtPlatform::QtPlatform(ProgramFacts program, int& argumentCount, char** arguments)
     : Platform(std::move(program)), application_(std::make_unique<QApplication>(argumentCount, arguments)) {
-  ReturnLargeBlocks();
   QApplication::setApplicationName(ToQt(Program().Name));
   QApplication::setDesktopFileName(ToQt(Program().Id));
   QApplication::setQuitOnLastWindowClosed(false);
