@@ -1,6 +1,6 @@
-# Files as byte arrays in the program. Included, it offers corvane_embed(); run with `cmake -P`, it writes the source.
+# Embeds files as byte arrays. When included, defines corvane_embed(); when run with `cmake -P`, writes the source.
 
-# corvane_embed(TARGET file...): gives the target a source with resources::Find(), written anew when a file changes.
+# corvane_embed(TARGET file...): adds a source with resources::Find() to the target, rebuilt when a file changes.
 function(corvane_embed target)
   set(stems)
   set(files)

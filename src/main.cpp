@@ -19,7 +19,7 @@ int main(int argc, char** argv) {
     mainWindow = std::make_shared<wMain>(
         [](const std::shared_ptr<CorvaneServer>& server) { std::make_shared<wServer>(server)->Show(); },
         std::make_shared<Kaju::UpdateWindowPresenter>());
-    // Before anything else that the window does when it stands.
+    // A failed update is reported before the window's own Open handler runs.
     mainWindow->Open = [opened = mainWindow->Open, argc, argv] {
       Kaju::TellFailedUpdate({argv, static_cast<std::size_t>(argc)});
       opened();

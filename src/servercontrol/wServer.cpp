@@ -36,7 +36,7 @@ constexpr std::array containerActions{
 };
 // clang-format on
 
-/// The table that the reply of `client` has under `key`; nullptr if it has nothing there, or null.
+/// The table under `key` in the reply of `client`; nullptr if it is missing or null.
 const boost::json::object* TableOf(const TessenServicesClient& client, std::string_view key) {
   const toolkit::Variant& value = client.Operator_Lookup(key);
   if (!value.IsNil() && value.Object() == nullptr) {
@@ -47,7 +47,7 @@ const boost::json::object* TableOf(const TessenServicesClient& client, std::stri
 
 std::string StatusOf(const TessenServicesClient& client) { return client.Operator_Lookup("status").Text(); }
 
-/// What the user calls a server, and where it is.
+/// The name and the address of a server, for the user.
 std::string NameOf(const CorvaneServer& server) {
   if (server.System_Name.empty() || server.System_Name == server.Network_Hostname) return server.Network_Hostname;
   return server.System_Name + " (" + server.Network_Hostname + ")";
@@ -155,7 +155,7 @@ void wServer::list_containers_Open() {
   list_containers.Heading(3, "Backup:");
 }
 
-// The panel's own container can only be restarted, since it is the one that answers.
+// The panel's own container, which answers the calls, can only be restarted.
 void wServer::list_containers_Change() {
   const bool isAny = list_containers.ListIndex() != -1;
   const bool isOther = isAny && list_containers.Cell(list_containers.ListIndex(), 0) != ControlAPI::ownContainer;
@@ -215,7 +215,7 @@ void wServer::containers_logs_ButtonPressed() {
   TessenServicesClient::TessenListBox_FillDesktopListBox(window->list_logs, *table, false);
   window->list_logs.ListIndex(window->list_logs.ListCount() - 1);
   window->Show();
-  // The client would keep the lines, and send them back with the next request.
+  // Otherwise the client would send the lines back with the next request.
   containers_logs.Operator_Lookup("log", std::string_view());
 }
 
@@ -264,8 +264,8 @@ void wServer::mContainers_logs() {
   Issue(containers_logs, ControlAPI::containerLogs, std::to_string(*count));
 }
 
-/// Every request of the window goes out here. The end of the desktop session may have closed it under a message box.
-/// What is under way for a container is not sent again by a further press.
+/// Sends every request of the window. Does nothing if the window is closed, which the end of the desktop session may do
+/// under a message box, and for a call that is still running for the same container.
 void wServer::Issue(TessenServicesClient& client, const ControlAPI::Call& call, const std::string& logCount) {
   const bool namesContainer = call.Target == ControlAPI::Names::Container;
   if (IsClosed() || (namesContainer && list_containers.ListIndex() == -1)) return;
@@ -281,7 +281,7 @@ void wServer::Issue(TessenServicesClient& client, const ControlAPI::Call& call, 
   client.PressButton(CorvaneClient::Sanitize_Hostname(server_->Network_Hostname) + std::string(call.Path), call.Button);
 }
 
-/// What the last request of `client` was about.
+/// The subject of the last request of `client`.
 std::string wServer::SubjectOf(const TessenServicesClient& client) const {
   return targets_.at(&client).Container + " on " + Subject();
 }

@@ -14,7 +14,8 @@
 #include "toolkit/TextField.h"
 #include "toolkit/Window.h"
 
-/// The window of one server: what it says of itself, and its containers. Both tabs start loading at once.
+/// The window of one server: its system information and its containers. Requests for both tabs are sent when it is
+/// constructed.
 class wServer final : public toolkit::Window {
  public:
   explicit wServer(std::shared_ptr<const CorvaneServer> server);
@@ -86,7 +87,7 @@ class wServer final : public toolkit::Window {
   void ShowStatusThenRefresh(const TessenServicesClient& client);
   void EndReload();
 
-  /// What a request that names a container was for.
+  /// The arguments of a request that names a container.
   struct Target {
     std::string Container;
     std::string LogCount;

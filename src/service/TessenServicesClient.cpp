@@ -70,7 +70,7 @@ void TessenServicesClient::Event_PageReceived(const std::string& /*url*/, int st
     Error(RuntimeException(*refusal));
     return;
   }
-  std::string().swap(content);  // which may be large, and which no handler needs
+  std::string().swap(content);  // may be large, and no handler needs it
   ButtonPressed();
 }
 

@@ -21,7 +21,7 @@ void Control::Changed() const {
   if (view_ != nullptr) view_->Refresh();
 }
 
-// An assistive technology acts on windows that a dialog blocks as well.
+// Assistive technologies can act on windows that a dialog blocks.
 bool Control::Operable() const {
   const bool isOperable = CanBeUsed() && !Platform::WaitsForUser();
   if (!isOperable) Changed();

@@ -5,10 +5,10 @@
 
 namespace toolkit {
 
-/// Something that happens to a control, window or socket, and the one handler that reacts to it and answers. Without a
-/// handler the answer is the value-initialised one: false, nullptr, 0.
+/// An event of a control, window or socket with one handler, whose result is returned to the one who raises it. Without
+/// a handler the result is value-initialised: false, nullptr, 0.
 ///
-/// The handler is copied before it runs, so it may replace itself or destroy the object that holds the event.
+/// The handler is copied before it is called, so it may replace itself or destroy the object that holds the event.
 template <typename Answer, typename... Arguments>
 class Question {
  public:
@@ -28,7 +28,7 @@ class Question {
   Handler handler_;
 };
 
-/// The usual kind, which needs no answer.
+/// An event whose handler returns nothing.
 template <typename... Arguments>
 using Event = Question<void, Arguments...>;
 

@@ -11,7 +11,7 @@
 namespace toolkit {
 namespace {
 
-// A server may announce any length; more than this is not reserved on its word alone.
+// A server may announce any length, so no more than this is reserved.
 constexpr std::uint64_t largestReserve = std::uint64_t{256} << 20U;
 
 }  // namespace
@@ -113,7 +113,7 @@ void HTTPSocket::BodySent(std::uint64_t sent, std::uint64_t total) { Event_SendP
 
 void HTTPSocket::Finished() {
   const auto ended = std::exchange(transfer_, nullptr);
-  // The handler may start the next request or destroy the socket, so its arguments are its own.
+  // The handler may start the next request or destroy the socket, so it gets copies.
   const std::string url = url_;
   if (!file_) {
     Event_PageReceived(url, status_, std::move(content_));

@@ -37,7 +37,7 @@ json::parse_options Options() {
   return options;
 }
 
-/// Builds the values of what the parser reads.
+/// Builds values from the parser's events.
 struct Reader {
   using Error = json::error_code;
   using Text = json::string_view;
@@ -47,7 +47,7 @@ struct Reader {
   static constexpr std::size_t max_string_size = std::numeric_limits<std::size_t>::max();
 
   json::value_stack* Values = nullptr;
-  std::string BeginOfNumber;  // of one that two pieces share
+  std::string BeginOfNumber;  // if a number is split between two pieces
 
   bool Push(auto push) {
     push(*Values);
@@ -70,9 +70,10 @@ struct Reader {
   bool on_uint64(std::uint64_t number, Text, Error&) { BeginOfNumber.clear(); return Push([=](auto& stack) { stack.push_uint64(number); }); }
   bool on_double(double number, Text text, Error& error) {
     const std::string whole = std::exchange(BeginOfNumber, {}).append(text);
-    std::from_chars(whole.data(), whole.data() + whole.size(), number);  // the parser itself may miss the nearest number by a little
+    // The parser's own result may be off by a little.
+    std::from_chars(whole.data(), whole.data() + whole.size(), number);
     if (std::isfinite(number)) return Push([=](auto& stack) { stack.push_double(number); });
-    error = json::error::exponent_overflow;  // it could not be written out again
+    error = json::error::exponent_overflow;  // it could not be written as JSON again
     return false;
   }
   bool on_bool(bool truth, Error&) { return Push([=](auto& stack) { stack.push_bool(truth); }); }
@@ -82,7 +83,7 @@ struct Reader {
   // clang-format on
 };
 
-/// Reads all of `text`. Returns whether that was wanted to the end.
+/// Parses all of `text`. Returns false if `wanted` did.
 bool Read(std::string_view text, json::value_stack& values, const StillWanted& wanted) {
   json::basic_parser<Reader> parser(Options());
   parser.handler().Values = &values;
@@ -100,13 +101,13 @@ bool Read(std::string_view text, json::value_stack& values, const StillWanted& w
   return true;
 }
 
-/// A text's values in one block of memory: it is built once, read, and dropped as one, without a visit to each value.
+/// A text's values in one block of memory, which is freed at once, without a visit to each value.
 struct Tree {
   json::monotonic_resource Memory;
   json::value Root = json::value(json::storage_ptr(&Memory));
 };
 
-/// nullptr if it is no longer wanted.
+/// nullptr if `wanted` returned false.
 std::shared_ptr<const Tree> Parse(std::string_view text, const StillWanted& wanted = {}) {
   const auto tree = std::make_shared<Tree>();
   json::value_stack values;

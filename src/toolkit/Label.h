@@ -12,10 +12,11 @@ enum class LabelFont { System, BoldSystem, BoldSmallSystem };
 
 enum class LabelLines { One, Several };
 
-/// What a label stands on: the window's own colour, or a picture that the window draws, over which it must be readable.
+/// The background of a label: the window's own colour, or a picture that the window draws, on which the text must stay
+/// readable.
 enum class LabelGround { Plain, Picture };
 
-/// Plain text that the user reads. One line is cut with an ellipsis where it is too long, several are wrapped.
+/// Plain text. A single line is elided where it is too long, several are wrapped.
 class Label final : public ControlOf<Label> {
  public:
   Label() : ControlOf(FocusPolicy::Refuses) {}

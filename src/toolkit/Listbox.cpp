@@ -77,7 +77,7 @@ void Listbox::Activate() const {
 
 namespace {
 
-/// The next width of a list such as "200, *": its number, or nothing for "*". Takes it off `widths`.
+/// Removes the first width of a list such as "200, *" from `widths`: its number, or std::nullopt for "*".
 std::optional<int> TakeWidth(std::string_view& widths) {
   const std::size_t end = std::min(widths.find(','), widths.size());
   const auto points = ParseNumber<int>(Trim(widths.substr(0, end)));

@@ -4,7 +4,7 @@
 
 namespace toolkit {
 
-/// A bar that fills as something goes on. With a Maximum of 0 or below there is no known end: the bar moves.
+/// A progress bar. With a Maximum of 0 or below it is indeterminate: it moves.
 class ProgressBar final : public ControlOf<ProgressBar> {
  public:
   ProgressBar() : ControlOf(FocusPolicy::Refuses) {}

@@ -5,14 +5,13 @@
 
 namespace toolkit {
 
-/// Asked between the steps of long work, and while it waits: the work ends early, without a result, once the answer is
-/// no. The empty function wants everything.
+/// Called between the steps of long work, and while it waits: the work ends early, without a result, once it returns
+/// false. An empty function always continues.
 using StillWanted = std::function<bool()>;
 
-/// How much is worked on between two questions, where the work is on bytes.
+/// The number of bytes that are processed between two such calls.
 inline constexpr std::size_t bytesAtOnce = 1'000'000;
 
-/// Whether to go on.
 inline bool IsWanted(const StillWanted& wanted) { return !wanted || wanted(); }
 
 }  // namespace toolkit

@@ -9,8 +9,8 @@
 namespace toolkit {
 namespace {
 
-// The well-formed byte sequences by their first byte (RFC 3629, section 4). Only the second byte has a
-// range of its own; any further one lies in 80..BF.
+// The well-formed byte sequences by their first byte (RFC 3629, section 4). Only the second byte has its own range; all
+// further ones are in 80..BF.
 struct SequenceForm {
   unsigned char FirstLow, FirstHigh;
   unsigned char SecondLow, SecondHigh;
@@ -33,7 +33,7 @@ constexpr bool Between(unsigned char byte, unsigned char low, unsigned char high
   return byte >= low && byte <= high;
 }
 
-/// The length of the well-formed sequence that `bytes` begin with; 0 if they begin with none.
+/// The length of the well-formed sequence at the start of `bytes`; 0 if there is none.
 std::size_t SequenceLength(std::string_view bytes) {
   const auto byteAt = [bytes](std::size_t index) { return static_cast<unsigned char>(bytes[index]); };
   const auto form = std::find_if(sequenceForms.begin(), sequenceForms.end(), [&](const SequenceForm& candidate) {
@@ -97,7 +97,7 @@ std::string_view Trim(std::string_view text) {
 
 namespace {
 
-/// How long the control sequence at the start of `text` is, 0 if there is none.
+/// The length of the control sequence at the start of `text`, 0 if there is none.
 std::size_t LengthOfControlSequence(std::string_view text) {
   if (!text.starts_with("\x1B[")) return 0;
   std::size_t end = 2;
@@ -185,7 +185,7 @@ std::string EncodeHex(std::string_view bytes) {
 }
 
 std::string EncodeBase64(std::string_view bytes) {
-  std::string text(4 * ((bytes.size() + 2) / 3) + 1, '\0');  // OpenSSL ends it with a NUL
+  std::string text(4 * ((bytes.size() + 2) / 3) + 1, '\0');  // OpenSSL appends a NUL
   const int length =
       EVP_EncodeBlock(reinterpret_cast<unsigned char*>(text.data()),
                       reinterpret_cast<const unsigned char*>(bytes.data()), static_cast<int>(bytes.size()));

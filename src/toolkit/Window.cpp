@@ -7,7 +7,7 @@
 namespace toolkit {
 namespace {
 
-/// Where a control that is `extent` long at `start` lies, along one axis, once its window has grown by `growth`.
+/// The position along one axis of a control of `extent` at `start` when the window has grown by `growth`.
 struct Span {
   int Start;
   int Extent;

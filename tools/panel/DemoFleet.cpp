@@ -14,7 +14,7 @@ using namespace std::chrono;
 
 struct Model {
   std::string_view Name;
-  int ExitCode;  // Less than 0: it runs.
+  int ExitCode;  // Negative: it is running.
   seconds InStateSince;
   seconds BackupAge;  // 0: never backed up.
 };
@@ -52,7 +52,7 @@ DemoFleet::Container DemoFleet::MakeContainer(std::uint64_t number, Time now) {
   const Model& model = models[number % models.size()];
   Container made;
   made.Name = model.Name;
-  // Beyond the models come their namesakes, "web-2" and so on.
+  // Further containers repeat the models, as "web-2" and so on.
   if (number >= models.size()) made.Name.append("-").append(std::to_string(number / models.size() + 1));
   made.State = model.ExitCode == runs ? State::Running : State::Exited;
   made.ExitCode = model.ExitCode;
@@ -83,7 +83,7 @@ Information DemoFleet::Describe() {
       .StorageUsedPercentage = "41",
       .StorageAvailable = "118.0 GB",
       .NetworkHostname = hostname_,
-      // Both from the ranges that are set aside for examples.
+      // Both from the ranges reserved for documentation.
       .NetworkIPv4 = "192.0.2.10",
       .NetworkIPv6 = "2001:db8::10",
   };

@@ -9,7 +9,7 @@
 
 namespace panel {
 
-/// An invented server, whose containers start and stop on the clock of the machine.
+/// A simulated server, whose containers change their state by the clock of the machine.
 class DemoFleet final : public Fleet {
  public:
   struct Settings {
@@ -20,9 +20,9 @@ class DemoFleet final : public Fleet {
   explicit DemoFleet(const Settings& settings);
 
   Information Describe() override;
-  /// Restarts the containers that run.
+  /// Restarts the running containers.
   std::string Reboot() override;
-  /// Takes about a second, in which other calls are answered.
+  /// Blocks for about a second, in which other calls are answered.
   std::string Reload() override;
   std::vector<ContainerRow> List() override;
   std::string Act(Action action, const std::string& name) override;
@@ -45,7 +45,7 @@ class DemoFleet final : public Fleet {
   std::uint64_t logLines_;
   std::string hostname_;
   Time startedAt_;
-  std::mutex mutex_;  ///< Guards all below.
+  std::mutex mutex_;  ///< Protects the members below.
   std::vector<Container> containers_;
   std::minstd_rand chance_;
 };

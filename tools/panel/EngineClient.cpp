@@ -18,7 +18,7 @@ using namespace std::chrono_literals;
 httplib::Client Connect(const std::string& socketPath, std::chrono::seconds patience) {
   httplib::Client client(socketPath);
   client.set_address_family(AF_UNIX);
-  // Otherwise the path would be named as the host, which engines do not accept.
+  // Otherwise the path would be sent as the Host header, which engines reject.
   client.set_default_headers({{"Host", "localhost"}});
   client.set_connection_timeout(5s);
   client.set_read_timeout(patience);

@@ -21,7 +21,7 @@ constexpr std::string_view backupRepository = "corvane-backup";
 constexpr std::size_t stampLength = 15;  // YYYYMMDD-HHMMSS
 
 constexpr auto patienceForQuestions = 10s;
-constexpr auto patienceForActions = 30s;  // Ten seconds to stop, then the engine ends the container.
+constexpr auto patienceForActions = 30s;  // Ten seconds to stop, then the engine kills the container.
 constexpr auto patienceForLogs = 60s;
 constexpr auto patienceForBackups = 600s;
 
@@ -44,7 +44,7 @@ json::array ToArray(json::value value) {
   return std::move(value.get_array());
 }
 
-// The texts in an array; none if there is no such array.
+// The strings in an array; empty if there is no such array.
 std::vector<std::string> TextsOf(const json::object& members, std::string_view key) {
   std::vector<std::string> texts;
   const json::value* value = members.if_contains(key);
@@ -55,7 +55,7 @@ std::vector<std::string> TextsOf(const json::object& members, std::string_view k
   return texts;
 }
 
-// Names start with a slash; further slashes mark the names that other containers have for this one.
+// Names begin with a slash; names with further slashes are aliases from other containers.
 std::string NameOf(const json::object& container) {
   for (const std::string& name : TextsOf(container, "Names")) {
     if (name.rfind('/') == 0) return name.substr(1);
@@ -84,7 +84,7 @@ std::map<std::string, std::string> FindBackups(const json::array& images) {
   for (const json::value& image : images) {
     if (!image.is_object()) continue;
     for (const std::string& tag : TextsOf(image.get_object(), "RepoTags")) {
-      const std::size_t found = tag.find(mark);  // A registry's name may stand before it.
+      const std::size_t found = tag.find(mark);  // It may be preceded by a registry's name.
       if (found == std::string::npos || tag.size() < found + mark.size() + 1 + stampLength) continue;
       const std::string stamp = tag.substr(tag.size() - stampLength);
       const std::size_t start = found + mark.size();
@@ -148,7 +148,7 @@ std::vector<ContainerRow> EngineFleet::List() {
     if (const auto backup = backups.find(row.Name); backup != backups.end()) row.Backup = StampToWords(backup->second);
     rows.push_back(std::move(row));
   }
-  // Engines may list them in another order each time.
+  // Engines may return them in another order each time.
   std::sort(rows.begin(), rows.end(), [](const auto& left, const auto& right) { return left.Name < right.Name; });
   return rows;
 }
@@ -158,7 +158,7 @@ std::string EngineFleet::Act(Action action, const std::string& name) {
   if (action == Action::Backup) return BackUp(id, name);
   const auto* row =
       std::find_if(actions.begin(), actions.end(), [&](const auto& each) { return each.Action == action; });
-  // No body: an engine that ends the connection without having read it would take its answer away, too.
+  // No body: if an engine closes the connection without having read it, its answer is lost as well.
   const int status = engine_.Post("/containers/" + id + std::string(row->Path), "", patienceForActions).Status;
   return name + std::string(status == toolkit::HTTPStatus::notModified ? row->Needless : row->Done);
 }
@@ -167,7 +167,7 @@ std::string EngineFleet::BackUp(const std::string& id, const std::string& name) 
   const std::string repository(backupRepository);
   const std::string tag = name + "-" + MakeStamp(std::chrono::system_clock::now());
   const std::string path = "/commit?container=" + id + "&repo=" + repository + "&tag=" + tag;
-  // Changes to the image's settings are asked for: none.
+  // Requests no changes to the image's settings.
   static_cast<void>(engine_.Post(path, "{}", patienceForBackups));
   return name + " has been backed up as the image " + repository + ":" + tag + ".";
 }
@@ -184,7 +184,7 @@ void EngineFleet::ReadLog(const std::string& name, std::uint64_t count, const Li
   SplitEngineLog(log, isRaw ? LogForm::Raw : LogForm::Multiplexed, sink);
 }
 
-// Names come from clients; what stands in paths is the engine's own.
+// Names are client input; paths contain the engine's own ids instead.
 std::string EngineFleet::FindId(const std::string& name) const {
   for (const json::value& container : ToArray(engine_.GetJson("/containers/json?all=true", patienceForQuestions))) {
     if (container.is_object() && NameOf(container.get_object()) == name) return TextOf(container.get_object(), "Id");

@@ -15,15 +15,15 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// A client keeps its connection, so a connection keeps its thread: a pool of any size would run dry. The threads live
-// as long as the program, which ends without waiting for them.
+// Clients keep their connections, and each connection occupies a thread: a pool of any size would be exhausted. The
+// threads live as long as the program, which ends without waiting for them.
 class ThreadPerConnection final : public httplib::TaskQueue {
  public:
   void enqueue(std::function<void()> serve) override { std::thread(std::move(serve)).detach(); }
   void shutdown() override {}
 };
 
-// What a client sent, fit for one line of output.
+// Client input, sanitised for one line of output.
 std::string OneLine(const std::string& text) {
   constexpr std::size_t longest = 120;
   std::string line = text.substr(0, longest);
@@ -42,7 +42,7 @@ void Print(const httplib::Request& request, const Reply& reply) {
 void Send(Reply reply, httplib::Response& response) {
   response.status = reply.Status;
   const auto body = std::make_shared<const std::string>(std::move(reply.Body));
-  // A body handed over by a provider is never compressed, which would take seconds for a large log.
+  // Bodies from a provider are never compressed, which would take seconds for a large log.
   response.set_content_provider(body->size(), "application/json",
                                 [body](std::size_t offset, std::size_t length, httplib::DataSink& sink) {
                                   return sink.write(body->data() + offset, length);
@@ -68,13 +68,13 @@ HttpsServer::HttpsServer(const Options& options, Service& service)
 
 void HttpsServer::SetUpConnections() {
   server_.new_task_queue = [] { return std::make_unique<ThreadPerConnection>().release(); };
-  // Without it the body of a reply waits for the client's delayed acknowledgement of its headers: 40 ms each.
+  // Otherwise the body of a reply waits for the client's delayed acknowledgement of its headers: 40 ms each.
   server_.set_tcp_nodelay(true);
   server_.set_keep_alive_timeout(std::chrono::seconds(1h).count());
   server_.set_keep_alive_max_count(1'000'000);
   server_.set_read_timeout(60s);
   server_.set_write_timeout(60s);
-  // The library would let a second program listen on the same port, and each would get some of the requests.
+  // The library would set SO_REUSEPORT: a second program could listen on the same port and get some of the requests.
   server_.set_socket_options([this](socket_t socket) {
     const int on = 1;
     setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
@@ -88,7 +88,7 @@ void HttpsServer::SetUpReplies() {
     Print(request, reply);
     Send(std::move(reply), response);
   });
-  // For all that does not get so far: other methods, what is no proper HTTP, and failures.
+  // For requests that no handler accepts: other methods, malformed HTTP, and failures.
   server_.set_error_handler([](const httplib::Request& request, httplib::Response& response) {
     if (response.has_header("Content-Type")) return;
     Reply reply = MakeRefusal(response.status, ExplainStatus(response.status));
@@ -108,7 +108,7 @@ void HttpsServer::Listen() {
     throw std::runtime_error("cannot listen on " + host + ":" + std::to_string(options_.Port) +
                              ": the port is taken or the address is not of this machine");
   }
-  // The library lets only five connections wait; one more would be tried again after a whole second.
+  // The library's backlog is five; the SYN of a further connection would be repeated only after a second.
   listen(listeningSocket_, SOMAXCONN);
   std::cout << "Listening on https://" << host << ":" << port << std::endl;
 }

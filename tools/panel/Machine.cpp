@@ -14,7 +14,7 @@
 namespace panel {
 namespace {
 
-// The rest of the line that starts with `key` in a file of the system, or empty.
+// The rest of the line that starts with `key` in a file; empty if there is none.
 std::string LineOf(const std::string& file, const std::string& key) {
   std::ifstream lines(file);
   for (std::string line; std::getline(lines, line);) {
@@ -34,7 +34,7 @@ std::uint64_t Memory(const std::string& key) {
   return kibibytes.empty() ? 0 : std::stoull(kibibytes) * 1024;
 }
 
-// The address in figures if other machines can know it, else empty.
+// The numeric address if other machines can reach it, else empty.
 std::string PublicAddress(const ifaddrs& entry, int family) {
   if (entry.ifa_addr == nullptr || entry.ifa_addr->sa_family != family) return {};
   if ((entry.ifa_flags & IFF_LOOPBACK) != 0 || (entry.ifa_flags & IFF_UP) == 0) return {};
@@ -42,7 +42,7 @@ std::string PublicAddress(const ifaddrs& entry, int family) {
   std::array<char, NI_MAXHOST> text{};
   if (getnameinfo(entry.ifa_addr, size, text.data(), text.size(), nullptr, 0, NI_NUMERICHOST) != 0) return {};
   std::string address = text.data();
-  // One with a "%" counts on its own link only.
+  // A link-local address ("%") is only valid on its own link.
   return address.find('%') == std::string::npos ? address : std::string();
 }
 
@@ -87,7 +87,7 @@ LoadMeter::LoadMeter() : last_(Now()) {}
 double LoadMeter::Percent() {
   const std::lock_guard lock(mutex_);
   const Ticks now = Now();
-  // Two calls within one tick of the system's clock cannot tell anything new.
+  // Two calls within one clock tick measure the same.
   if (now.All > last_.All) {
     percent_ = 100.0 * static_cast<double>(now.Busy - last_.Busy) / static_cast<double>(now.All - last_.All);
     last_ = now;
@@ -98,7 +98,7 @@ double LoadMeter::Percent() {
 LoadMeter::Ticks LoadMeter::Now() {
   constexpr int idle = 3;
   constexpr int waitingForStorage = 4;
-  constexpr int columns = 8;  // The guests' columns that follow are counted in the first two already.
+  constexpr int columns = 8;  // The guests' columns that follow are included in the first two.
   std::ifstream file("/proc/stat");
   std::string word;
   file >> word;

@@ -6,7 +6,7 @@
 
 namespace panel {
 
-/// Facts about the machine that this program runs on. What cannot be found out is an empty text or 0.
+/// Facts about the machine that this program runs on. Unknown ones are empty or 0.
 struct Machine {
   std::string Name;
   std::string OperatingSystem;
@@ -26,10 +26,10 @@ struct Storage {
   std::uint64_t Used = 0;
   std::uint64_t Available = 0;
 };
-/// The file system that `path` lies on; all 0 if there is no such path.
+/// The file system of `path`; all 0 if the path does not exist.
 [[nodiscard]] Storage LookAtStorage(const std::string& path);
 
-/// Measures how busy the processors are. May be used by several threads.
+/// Measures the load of the processors. Thread-safe.
 class LoadMeter {
  public:
   LoadMeter();

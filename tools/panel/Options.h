@@ -8,7 +8,7 @@
 
 namespace panel {
 
-/// What the command line asks for. The values here are the defaults that the help text shows.
+/// The options of the command line, with their default values, which the help text shows.
 struct Options {
   std::string Address = "127.0.0.1";
   std::uint64_t Port = 1701;  ///< 0: any free one.
@@ -23,7 +23,7 @@ struct Options {
   bool Help = false;
 };
 
-/// A command line that makes no sense. The message is one line, without the program's name.
+/// An invalid command line. The message is one line, without the program's name.
 class UsageError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;

@@ -20,7 +20,7 @@ namespace {
 namespace json = boost::json;
 namespace HTTPStatus = toolkit::HTTPStatus;
 
-/// The members of a request that mean something; a member that is no string counts as empty.
+/// The relevant members of a request; one that is not a string counts as empty.
 struct Request {
   std::string Username;
   std::string Password;

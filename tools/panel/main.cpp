@@ -24,8 +24,8 @@ namespace {
 
 constexpr int usageStatus = 2;
 
-// Returns a descriptor that becomes readable at SIGTERM or SIGINT. Must be called before any thread starts, so that
-// all of them leave these signals to it.
+// Returns a descriptor that becomes readable at SIGTERM or SIGINT. Call it before any thread starts, so that all of
+// them block these signals.
 int WatchSignals() {
   sigset_t signals;
   sigemptyset(&signals);
@@ -40,10 +40,10 @@ bool StdinHasEnded() {
   return read(STDIN_FILENO, ignored.data(), ignored.size()) <= 0;
 }
 
-// Ends the program at a signal, or at the end of the standard input if that is watched. Connections may be kept and
-// replies under way; nothing has to be saved, so it does not wait for them.
+// Ends the program at a signal, or at the end of standard input if that is watched. Open connections are not waited
+// for: nothing has to be saved.
 [[noreturn]] void EndWhenAsked(int signals, bool untilStdinCloses) {
-  // A negative descriptor is not watched.
+  // poll() ignores a negative descriptor.
   std::array<pollfd, 2> watched{{{signals, POLLIN, 0}, {untilStdinCloses ? STDIN_FILENO : -1, POLLIN, 0}}};
   for (;;) {
     if (poll(watched.data(), watched.size(), -1) < 0) continue;
@@ -53,7 +53,7 @@ bool StdinHasEnded() {
   std::_Exit(EXIT_SUCCESS);
 }
 
-// Where clients find this service again, as far as it can know.
+// The host name that is reported to clients.
 std::string ReportedHostname(const panel::Options& options) {
   if (!options.Hostname.empty()) return options.Hostname;
   const bool isEveryAddress = options.Address == "0.0.0.0" || options.Address == "::";
@@ -77,7 +77,7 @@ std::unique_ptr<panel::Fleet> MakeFleet(const panel::Options& options) {
   server.Listen();
   std::thread(EndWhenAsked, signals, options.UntilStdinCloses).detach();
   server.Serve();
-  // Not by an exception: the threads of open connections still use what stands above.
+  // Not by an exception: threads of open connections still use these objects.
   std::cerr << "corvane-panel: listening broke down" << std::endl;
   std::_Exit(EXIT_FAILURE);
 }

@@ -10,9 +10,9 @@
 namespace toolkit::http {
 namespace {
 
-// More than this does not wait for a listener who is slow.
+// The most that is buffered for a slow listener.
 constexpr std::size_t mostKept = std::size_t{1} << 20U;
-// So much of a reply is read to its end though nobody listens: the server can finish, and the connection stays.
+// The most of a reply that is read without a listener, so that the server can finish and the connection can be kept.
 constexpr std::uint64_t mostDropped = std::uint64_t{1} << 20U;
 constexpr long firstFinalStatus = 200;
 
@@ -85,8 +85,8 @@ bool Exchange::MayConnectLater(CURLcode code) {
 
 void Exchange::NoteProgress() { lastProgress_ = Platform::Current().CountedTime(); }
 
-// libcurl would try again over another connection when one breaks that was kept. But the request may have reached the
-// server over the first one.
+// When a kept connection breaks, libcurl would repeat the request on another one. But it may have reached the server
+// already.
 int Exchange::OpenSocket(const curl_sockaddr& address) {
   wasTriedAgain_ = hasHadConnection_;
   return wasTriedAgain_ ? CURL_SOCKET_BAD : sockets_->Open(address);
@@ -104,7 +104,7 @@ std::size_t Exchange::GiveBody(char* place, std::size_t size) {
   const std::size_t count = std::min<std::size_t>(size, requestSize_ - given_);
   std::copy_n(requestBody_.data() + given_, count, place);
   given_ += count;
-  if (given_ == requestSize_) std::string().swap(requestBody_);  // a large one is not kept while the reply is awaited
+  if (given_ == requestSize_) std::string().swap(requestBody_);  // a large body is not kept while waiting for the reply
   return count;
 }
 
@@ -188,7 +188,7 @@ void Exchange::Deliver() {
   isDelivering_ = false;
 }
 
-/// Returns whether there may be more.
+/// Returns whether there may be more to report.
 bool Exchange::TellNext() {
   if (given_ > givenAndTold_) {
     givenAndTold_ = given_;

@@ -14,10 +14,10 @@ using namespace std::chrono_literals;
 
 constexpr auto longestFarewell = 2s;
 constexpr auto step = 20ms;
-// Between two looks whether a handler still holds an exchange up that is silent for too long.
+// How often to check whether a handler still blocks an exchange whose time is over.
 constexpr auto shortestLook = 100ms;
 
-/// A transfer that cannot be.
+/// A transfer that could not be started.
 class Impossible final : public HTTPTransfer {
  public:
   Impossible(const std::string& why, HTTPTransferEvents& events)
@@ -32,7 +32,7 @@ class Impossible final : public HTTPTransfer {
 
 }  // namespace
 
-/// What the program holds of an exchange.
+/// The program's handle of an exchange.
 class TransferPool::Held final : public HTTPTransfer {
  public:
   Held(TransferPool& pool, std::shared_ptr<Exchange> exchange) : pool_(pool), exchange_(std::move(exchange)) {}
@@ -46,7 +46,7 @@ class TransferPool::Held final : public HTTPTransfer {
   }
 
  private:
-  TransferPool& pool_;  // while the exchange has not ended
+  TransferPool& pool_;  // only valid while the exchange has not ended
   std::shared_ptr<Exchange> exchange_;
 };
 
@@ -98,7 +98,7 @@ void TransferPool::LimitSilence(Exchange& exchange, std::chrono::milliseconds ti
   exchange.LimitSilence(Platform::Current().StartTimer(time, [this, &exchange] { EndIfSilent(exchange); }));
 }
 
-// What has arrived while a handler kept the loop is looked at first.
+// First reads what has arrived while a handler blocked the loop.
 void TransferPool::EndIfSilent(Exchange& exchange) {
   connections_->Work(0ms);
   const auto left = exchange.TimeLeft();
@@ -118,8 +118,8 @@ void TransferPool::Stop(Exchange& exchange, TransferFault fault) {
   delivery_->Set(0ms);
 }
 
-// While a dialog stands, each exchange takes its place among the other events that wait: once for what has arrived, and
-// once more for its end.
+// While a dialog is open, each exchange is queued with the other events: once for what has arrived, and once for its
+// end.
 void TransferPool::Deliver() {
   const auto exchanges = exchanges_;
   for (const auto& exchange : exchanges) {
@@ -145,7 +145,7 @@ void TransferPool::ForgetEnded() {
   idle_->Set(Sockets::longestIdle);
 }
 
-// A handler that waits, in a loop of its own, may have been called from within the connections.
+// A handler with a nested event loop may have been called from within the connections.
 void TransferPool::DropConnections() {
   if (deliveries_ > 0) {
     idle_->Set(Sockets::longestIdle);

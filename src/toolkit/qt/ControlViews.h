@@ -8,14 +8,14 @@
 
 namespace toolkit::qt {
 
-/// Makes the view of `control` as a child of `parent`, which owns it. The control must outlive the view. Ends the
-/// program with a sentence that names the control if there is no view for its kind.
+/// Creates the view of `control` as a child of `parent`, which owns it. The control must outlive the view. Aborts with
+/// a message that names the control if there is no view for its type.
 QWidget* MakeView(Control& control, QWidget& parent);
 
-/// What the views of all kinds show: name, accessible name, enabled, visible, and whether the keyboard reaches them.
+/// Applies the properties that all controls have: name, accessible name, enabled, visible.
 void ShowCommonProperties(QWidget& view, const Control& control);
 
-/// The view `Widget` of a control of the kind `Kind`, from its making to its end.
+/// The base of views: a `Widget` that shows a control of type `Kind`.
 template <typename Widget, typename Kind>
 class ViewOf : public Widget, public ControlView {
  public:
@@ -30,9 +30,9 @@ class ViewOf : public Widget, public ControlView {
  protected:
   [[nodiscard]] Kind& Model() const { return control_; }
 
-  /// Shows what takes long to show, such as many rows.
+  /// Updates what is expensive to show, such as many rows.
   virtual void Follow() {}
-  /// Lets Follow() run once, when the handler that changes the control is done.
+  /// Calls Follow() once, after the handler that changes the control has returned.
   void FollowLater() {
     if (std::exchange(followPending_, true)) return;
     QMetaObject::invokeMethod(

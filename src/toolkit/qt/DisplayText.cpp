@@ -16,7 +16,7 @@ bool IsControl(QChar character) {
 
 bool IsContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
 
-/// The Unicode "control pictures" block shows 00..1F and 7F; the rest has no picture of its own.
+/// The Unicode block "Control Pictures" has symbols for 00..1F and 7F; other controls get that for a line break.
 QChar PictureOf(QChar control) {
   const char16_t code = control.unicode();
   if (code < 0x20) return QChar(static_cast<char16_t>(0x2400 + code));

@@ -13,10 +13,10 @@
 namespace toolkit::qt {
 namespace {
 
-// More than a label can show; laying out more would take long.
+// More text does not fit into a label and is slow to lay out.
 constexpr std::size_t mostBytes = 20'000;
 constexpr double smallFont = 0.85;
-/// How far the plate behind a text reaches beyond it, and how much of a picture it lets through.
+/// The size of the margin around a text on a picture, and the opacity of its background.
 constexpr int plateMargin = 4;
 constexpr int plateAlpha = 200;
 constexpr QChar ellipsis(0x2026);
@@ -42,7 +42,7 @@ QFont Smaller(QFont font) {
   return font;
 }
 
-/// Breaks a text without line breaks. After `mostLines` the rest stands behind the last one.
+/// Wraps a text without line breaks. The last of `mostLines` contains the rest.
 QStringList Wrap(const QString& text, const QFont& font, int width, qsizetype mostLines) {
   QTextLayout layout(text, font);
   QTextOption option;
@@ -60,7 +60,7 @@ QStringList Wrap(const QString& text, const QFont& font, int width, qsizetype mo
   return lines;
 }
 
-/// A soft ground in the window's own colour: not to be seen on that colour, and enough to read on any other.
+/// A translucent background in the window's own colour: invisible on that colour, and readable on any other.
 void PaintPlate(QPainter& painter, const QRect& place, QColor color) {
   color.setAlpha(plateAlpha);
   painter.setRenderHint(QPainter::Antialiasing);
@@ -132,7 +132,7 @@ void LabelView::paintEvent(QPaintEvent* /*event*/) {
   painter.drawText(place, flags, lines);
 }
 
-// A text that is cut can be read in a tool tip.
+// The tool tip shows the whole text of an elided label.
 bool LabelView::event(QEvent* event) {
   if (event->type() != QEvent::ToolTip) return QLabel::event(event);
   const QStringList lines = ShownLines();

@@ -7,7 +7,7 @@
 namespace toolkit::qt {
 namespace {
 
-// More of a line than anybody reads on a screen; laying out more would take long.
+// More of a line is not readable on a screen and slow to lay out.
 constexpr std::size_t mostCharacters = 10'000;
 
 }  // namespace

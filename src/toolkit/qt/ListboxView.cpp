@@ -31,7 +31,7 @@ void ListboxView::keyPressEvent(QKeyEvent* event) {
   }
 }
 
-// A list that is being filled tells of every cell; the screen follows once, when the handler that fills it is done.
+// A list notifies its view of every added row; the screen is updated once, after the handler that fills the list.
 void ListboxView::Refresh() { FollowLater(); }
 
 void ListboxView::Follow() {

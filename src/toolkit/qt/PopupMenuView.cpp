@@ -20,7 +20,7 @@ QString RowText(std::string_view text, const QFontMetrics& font) {
 
 }  // namespace
 
-/// The rows as they are asked for: of many, only those on the screen take time.
+/// Provides rows on demand, so that only visible ones take time.
 class PopupMenuView::Rows final : public QAbstractListModel {
  public:
   explicit Rows(PopupMenuView& view) : QAbstractListModel(&view), view_(view) {}
@@ -53,7 +53,7 @@ PopupMenuView::PopupMenuView(PopupMenu& menu, QWidget& parent)
   PopupMenuView::Follow();
 }
 
-// The rows follow once, when the handler that fills the menu is done.
+// The rows are updated once, after the handler that fills the menu.
 void PopupMenuView::Refresh() {
   ShowCommonProperties(*this, Model());
   name_.setText(accessibleName());
@@ -71,7 +71,7 @@ void PopupMenuView::Follow() {
   Refresh();
 }
 
-// A row that was chosen among rows that are no more means nothing.
+// A selection among outdated rows is ignored.
 void PopupMenuView::UserSelects(int row) {
   if (shownGeneration_ == Model().Generation()) Platform::Current().Dispatch([&] { Model().Select(row); });
   Refresh();

@@ -9,7 +9,7 @@ ProgressBarView::ProgressBarView(ProgressBar& bar, QWidget& parent) : ViewOf(bar
   ProgressBarView::Refresh();
 }
 
-// A range without an extent is Qt's way to ask for the moving bar.
+// In Qt, an empty range selects the indeterminate bar.
 void ProgressBarView::Refresh() {
   ShowCommonProperties(*this, Model());
   const int maximum = std::max(Model().Maximum(), 0);

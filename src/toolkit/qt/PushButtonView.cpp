@@ -14,7 +14,7 @@ PushButtonView::PushButtonView(PushButton& button, QWidget& parent) : ViewOf(but
 void PushButtonView::Refresh() {
   ShowCommonProperties(*this, Model());
   setText(ToQt(Model().Caption()));
-  // A text without an access key takes the one away that there is.
+  // setText() removes the shortcut if the text has no access key.
   if (!Model().Key().empty()) setShortcut(QKeySequence(ToQt(Model().Key())));
   setDefault(Model().Role() == ButtonRole::Default && dynamic_cast<const QtWindow&>(*window()).HasDefault());
 }

@@ -40,7 +40,7 @@ void QtGraphics::DrawPicture(const std::shared_ptr<const Picture>& picture, Rect
   painter_.setOpacity(1);
 }
 
-// Four bars, since a line of Qt's lies half outside of its place.
+// Four filled bars, since half of a line drawn by Qt is outside its rectangle.
 void QtGraphics::DrawRect(Rect place) {
   const QRect outer(place.Left, place.Top, place.Width, place.Height);
   const QRect inner = outer.adjusted(PenWidth, PenHeight, -PenWidth, -PenHeight);

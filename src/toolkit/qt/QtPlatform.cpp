@@ -49,13 +49,13 @@ class QtTimer final : public PlatformTimer {
   }
 
  private:
-  // Rings too early for a time in which a dialog stood.
+  // If a dialog was open, the QTimer expires too early.
   void Ring() {
     const auto left = due_ - Platform::Current().CountedTime();
     if (left.count() > 0) {
       timer_.start(left);
     } else {
-      const auto handler = expired_;  // the timer may go in it
+      const auto handler = expired_;  // the timer may be destroyed in it
       handler();
     }
   }
@@ -65,7 +65,7 @@ class QtTimer final : public PlatformTimer {
   QTimer timer_;
 };
 
-/// Takes over when the desktop asks the program to quit. Qt would close the windows, and stop at one that refuses.
+/// Handles the desktop's request to quit. Qt would close the windows, and stop at one that refuses.
 class SessionWatch final : public QObject {
  public:
   explicit SessionWatch(std::function<void()> ended) : ended_(std::move(ended)) { qApp->installEventFilter(this); }

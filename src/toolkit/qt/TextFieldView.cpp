@@ -9,10 +9,10 @@ namespace toolkit::qt {
 
 TextFieldView::TextFieldView(TextField& field, QWidget& parent) : ViewOf(field, parent) {
   setMaxLength(std::numeric_limits<int>::max());
-  // Not every way to write into a field edits it: assistive programs set its text.
+  // textEdited() is not emitted when an assistive technology sets the text.
   connect(this, &QLineEdit::textChanged, this, [this](const QString& text) {
     Platform::Current().Dispatch([&] { Model().Type(FromQt(text)); });
-    TextFieldView::Refresh();  // the field may have refused it
+    TextFieldView::Refresh();  // the control may have refused it
   });
   connect(this, &QLineEdit::returnPressed, this,
           [this] { Platform::Current().Dispatch([this] { Model().PressEnter(); }); });

@@ -7,8 +7,8 @@ class QWidget;
 
 namespace toolkit::qt {
 
-/// Shows `text` (UTF-8) in a tool tip at a position on the screen, as it is and never as markup. Only the beginning of
-/// a very long text is shown.
+/// Shows `text` (UTF-8) in a tool tip at a position on the screen, never interpreted as markup. A very long text is
+/// truncated.
 void ShowToolTip(const QPoint& position, std::string_view text, QWidget& view);
 
 }  // namespace toolkit::qt

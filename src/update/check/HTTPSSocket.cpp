@@ -19,7 +19,7 @@ std::string HTTPSSocket::GetRedirectAddress(std::string url, int timeoutSeconds,
 void HTTPSSocket::SetSecure(std::string& url) {
   Secure = ForceSecure || toolkit::StartsWithIgnoringCase(toolkit::Trim(url), "https://");
   Port = Secure ? PortOfHTTPS : PortOfHTTP;
-  if (url.find('@') == std::string::npos) return;  // as at the start of the program, which needs no pattern then
+  if (url.find('@') == std::string::npos) return;  // avoids compiling the pattern at the start of the program
   static const toolkit::RegEx withCredentials(R"(^(?:https?://)([^:/\x20@]+):([^:/\x20@]*)@(.*))");
   const auto match = withCredentials.Search(url);
   if (!match) return;

@@ -24,14 +24,14 @@ constexpr std::uint64_t largestDocument = std::uint64_t{64} << 20U;
 constexpr double beforeAllVersions = -1.0;
 constexpr std::size_t offersBetweenBreaks = 64;
 
-/// For the breaks in long work, which ends early when the program quits.
+/// Runs due events in breaks of long work. Returns false once the program quits.
 bool ServeEvents() { return toolkit::Platform::Current().RunDueEvents(); }
 
 std::string BadData(const std::string& reason) {
   return KajuLocale::kErrorBadUpdateData() + (reason.empty() ? "" : " - " + reason);
 }
 
-/// The elements of the document. An object has none that could be an offer, but an empty one has none at all.
+/// The elements of the document. An empty object has none; any other object is an error.
 std::span<const toolkit::JSONItem> Elements(const toolkit::JSONItem& document) {
   if (const auto* array = document.if_array()) return {array->data(), array->size()};
   if (document.get_object().empty()) return {};
@@ -145,13 +145,13 @@ void UpdateChecker::Decide(std::string_view raw) {
       offers.push_back(std::move(update));
     }
   }
-  document = nullptr;  // which takes a while where it is large
+  document = nullptr;  // takes a while if it is large
   if (offers.empty() || !ServeEvents()) return;
   result_ = requiredFound ? ResultType::RequiredUpdateAvailable : ResultType::UpdateAvailable;
   if (presenter_ && IsAllowed(kAllowUpdateWindow)) presenter_->ChooseUpdate(shared_from_this(), std::move(offers));
 }
 
-/// Whether there is a file of it for this build, of a stage that is allowed, it is newer, and still to be offered.
+/// Whether the update has a file for this build, is of an allowed stage, newer than the program, and not expired.
 bool UpdateChecker::Concerns(const UpdateInformation& update, double currentVersion) const {
   const bool anyWidth = Target.Bits == Width::Bits32 && Allow32bitTo64bitUpdates;
   const auto binary = anyWidth ? update.PlatformBinaryAny(Target.Platform) : update.PlatformBinarySameBitness(Target);

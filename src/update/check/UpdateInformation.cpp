@@ -43,7 +43,7 @@ std::string PlatformWord(std::string_view binaryName) {
   throw KajuException("Unknown platform", "Kaju.UpdateInformation.IsInvalid");
 }
 
-/// Where a name stands in BinaryNames.
+/// The index of a name in BinaryNames.
 std::size_t IndexOf(std::string_view name) {
   const auto* const known = std::ranges::find(UpdateInformation::BinaryNames, name);
   if (known == UpdateInformation::BinaryNames.end()) {
@@ -75,7 +75,7 @@ std::shared_ptr<const toolkit::Picture> FetchPicture(const std::string& url, con
     std::string body = socket.Get(resolved, HTTPSSocket::kTimeoutSeconds);
     return body.empty() ? nullptr : toolkit::Picture::FromData(std::move(body), wanted);
   } catch (const toolkit::RuntimeException&) {
-    return nullptr;  // an update without a picture is shown all the same
+    return nullptr;  // the update is shown without a picture
   }
 }
 
@@ -91,7 +91,7 @@ UpdateInformation::UpdateInformation(const toolkit::JSONItem& data) {
   }
 }
 
-// The picture never changes, so the copy shares it.
+// Pictures are immutable, so the copy shares it.
 UpdateInformation::UpdateInformation(const UpdateInformation& other) : Information(other), image_(other.image_) {
   for (const Row& row : properties) std::visit([&](auto member) { this->*member = other.*member; }, row.Member);
   std::ranges::transform(other.binaries_, binaries_.begin(), [](const BinaryPointer& binary) {

@@ -127,7 +127,7 @@ void KajuUpdateWindow::Cancel() {
   }
 }
 
-// The stage comes first: a handler that still runs finds it.
+// Sets the stage first, for handlers that are still running.
 void KajuUpdateWindow::EndWork() {
   CurrentStage = Stage::Cancelled;
   SelectedUpdate = nullptr;
@@ -138,7 +138,7 @@ void KajuUpdateWindow::EndWork() {
   tmrTimeout.Mode(toolkit::Timer::RunMode::Off);
 }
 
-// Without the user's last press, the end of the program or of the desktop session is no reason to install anything.
+// Only the user's last press confirms the installation; the end of the program or of the desktop session does not.
 void KajuUpdateWindow::Event_Close() {
   if (!App::Current().UpdateInitiater) EndWork();
   if (CurrentStage == Stage::Cancelled) std::ranges::for_each(DeleteOnCancel, Kaju::DeleteWholly);

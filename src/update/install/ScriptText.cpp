@@ -18,14 +18,14 @@ namespace {
 
 using Values = std::vector<std::pair<std::string_view, std::string>>;
 
-/// The template with that name, its lines ended by a line feed.
+/// The template with that name, with line feeds as line breaks.
 std::string Template(std::string_view name) {
   const auto bytes = resources::Find(name);
   return toolkit::ReplaceAll({reinterpret_cast<const char*>(bytes.data()), bytes.size()}, "\r\n", "\n");
 }
 
-/// `text` with every placeholder replaced by its value, in one pass: a value that holds a placeholder's text, as the
-/// name of a folder may, stays one quoted word.
+/// Replaces all placeholders by their values in one pass: a value that contains a placeholder, as the name of a folder
+/// may, is not changed.
 std::string Fill(std::string_view text, const Values& values) {
   std::string filled;
   while (!text.empty()) {
@@ -55,7 +55,7 @@ Values BashValues(const ScriptInput& update, std::string_view newName, const Fol
           {"@@PID_FILE_PATH@@", UpdateInitiater::ShellPathQuote(update.PidFile)}};
 }
 
-/// In a batch file a "%" stands for itself only if it is doubled.
+/// In a batch file a literal "%" must be doubled.
 std::string BatchText(std::string_view text) { return toolkit::ReplaceAll(text, "%", "%%"); }
 
 std::string BatchPath(const FolderItem& item) { return BatchText(UpdateInitiater::ShellPathQuote(item)); }

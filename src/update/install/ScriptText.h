@@ -6,19 +6,19 @@
 
 namespace Kaju {
 
-/// What an install script has to know.
+/// The input of an install script.
 struct ScriptInput {
   /// What is replaced: on macOS the application bundle, elsewhere the executable.
   toolkit::FolderItem Executable;
   std::string Version;
-  /// As in UpdateInitiater.
+  /// See UpdateInitiater.
   toolkit::FolderItem Replacement;
   std::string ReplacementExecutable;
   toolkit::FolderItem TempFolder;
   toolkit::FolderItem PidFile;
 };
 
-// The script of each platform, made of its template.
+// Each fills the template of one platform.
 
 [[nodiscard]] std::string MacScript(const ScriptInput& input);
 [[nodiscard]] std::string LinuxScript(const ScriptInput& input);

@@ -12,7 +12,7 @@ using toolkit::FolderItem;
 namespace Kaju {
 namespace {
 
-// How unzip and zipinfo end.
+// Exit codes of unzip and zipinfo.
 constexpr int warning = 1;
 constexpr int diskFull = 50;
 
@@ -20,7 +20,7 @@ std::string CompressCommand(System system, const FolderItem& source, const Folde
   if (system == System::Mac) {
     return "/usr/bin/ditto -c -k --sequesterRsrc --keepParent " + source.ShellPath() + " " + target.ShellPath();
   }
-  // zip would add to an archive that is there.
+  // zip would add to an existing archive.
   return "unset ZIPOPT; /bin/rm -f " + target.ShellPath() + " && cd " + source.Parent().ShellPath() +
          " && /usr/bin/zip -q -r -y " + target.ShellPath() + " " + toolkit::QuoteForShell("./" + source.Name());
 }
@@ -63,7 +63,7 @@ std::string ZipShell::ContentsOf(const FolderItem& zipFile) {
   return name;
 }
 
-// unzip calls it so for files, but not for folders.
+// unzip returns that code for files, but not for folders.
 bool ZipShell::FoundDiskFull() const {
   return ErrorCode() == diskFull || (ErrorCode() != 0 && Result().find("No space left on device") != std::string::npos);
 }
@@ -72,7 +72,7 @@ void ZipShell::WindowsUnzip(const FolderItem& /*zipFile*/, const FolderItem& /*d
   throw KajuException(KajuException::kErrorImproperFunction(), "Kaju.ZipShell.WindowsUnzip");
 }
 
-// The handlers may start the next operation or destroy this object, so it is idle before they run.
+// The handlers may start the next operation or destroy this object, so the state is reset first.
 void ZipShell::DoCompleted() {
   const auto result = std::exchange(result_, std::nullopt);
   const auto zipFile = std::exchange(zipFile_, std::nullopt);
