@@ -21,10 +21,10 @@ enum class OnOwnContainer { Allowed, Refused };
 
 /// A button that sends a call for the selected container, shows the service's answer, and reads the list again.
 struct ContainerAction {
-  toolkit::PushButton wServer::*Button;
-  TessenServicesClient wServer::*Client;
+  toolkit::PushButton wServer::*Button = nullptr;
+  TessenServicesClient wServer::*Client = nullptr;
   ControlAPI::Call Call;
-  OnOwnContainer Rule;
+  OnOwnContainer Rule = OnOwnContainer::Refused;
 };
 
 // clang-format off

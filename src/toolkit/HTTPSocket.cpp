@@ -51,16 +51,16 @@ void HTTPSocket::Send(std::string_view method, std::string_view url, const Folde
 
 void HTTPSocket::Disconnect() {
   if (transfer_) transfer_->Abort();
-  LetGo();
+  ReleaseTransfer();
 }
 
-void HTTPSocket::LetGo() {
+void HTTPSocket::ReleaseTransfer() {
   transfer_.reset();
   fileStream_.reset();
 }
 
 void HTTPSocket::Start(std::string_view method, std::string_view url) {
-  LetGo();
+  ReleaseTransfer();
   url_ = url;
   status_ = 0;
   fault_.reset();

@@ -71,7 +71,7 @@ class HTTPSocket : private HTTPTransferEvents {
 
  private:
   void Start(std::string_view method, std::string_view url);
-  void LetGo();
+  void ReleaseTransfer();
   void FailWith(TransferFault fault, const std::string& message);
   void FailAsTooLarge();
   /// Fails the request if the file has an error. Returns whether it has none.

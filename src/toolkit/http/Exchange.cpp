@@ -170,7 +170,7 @@ void Exchange::Fail(TransferFault fault, std::string detail) {
 
 bool Exchange::HasNews() const {
   if (listener_ == nullptr || isDelivering_) return false;
-  return given_ > givenAndTold_ || headersAreComplete_ > headersAreTold_ || !inbox_.empty() || hasEnded_;
+  return given_ > givenAndReported_ || headersAreComplete_ > headersAreReported_ || !inbox_.empty() || hasEnded_;
 }
 
 bool Exchange::BecomesDue() {
@@ -183,43 +183,43 @@ bool Exchange::BecomesDue() {
 void Exchange::Deliver() {
   due_ = Due::Nothing;
   isDelivering_ = true;
-  while (listener_ != nullptr && TellNext()) {
+  while (listener_ != nullptr && ReportNext()) {
   }
   isDelivering_ = false;
 }
 
 /// Returns whether there may be more to report.
-bool Exchange::TellNext() {
-  if (given_ > givenAndTold_) {
-    givenAndTold_ = given_;
-    Platform::Current().Dispatch([this] { listener_->BodySent(givenAndTold_, requestSize_); });
-  } else if (headersAreComplete_ && !headersAreTold_) {
-    headersAreTold_ = true;
+bool Exchange::ReportNext() {
+  if (given_ > givenAndReported_) {
+    givenAndReported_ = given_;
+    Platform::Current().Dispatch([this] { listener_->BodySent(givenAndReported_, requestSize_); });
+  } else if (headersAreComplete_ && !headersAreReported_) {
+    headersAreReported_ = true;
     const auto status = static_cast<int>(easy_.Information<long>(CURLINFO_RESPONSE_CODE));
     Platform::Current().Dispatch(
         [&] { listener_->HeadersReceived(status, std::exchange(headers_, {}), AnnouncedLength()); });
   } else if (!inbox_.empty()) {
-    TellBody();
+    ReportBody();
   } else {
-    if (hasEnded_) TellEnd();
+    if (hasEnded_) ReportEnd();
     return false;
   }
   return true;
 }
 
-void Exchange::TellBody() {
+void Exchange::ReportBody() {
   outbox_.swap(inbox_);
   Platform::Current().Dispatch([this] { listener_->BodyReceived(outbox_); });
   outbox_.clear();
   if (std::exchange(isPaused_, false)) curl_.easy_pause(easy_.Get(), CURLPAUSE_CONT);
 }
 
-void Exchange::TellEnd() {
+void Exchange::ReportEnd() {
   HTTPTransferEvents& listener = *std::exchange(listener_, nullptr);
   Platform::Current().Dispatch([&] { failure_ ? listener.Failed(*failure_) : listener.Finished(); });
 }
 
-void Exchange::LetGo() {
+void Exchange::RemoveListener() {
   listener_ = nullptr;
   std::string().swap(inbox_);
   if (std::exchange(isPaused_, false) && !hasEnded_) curl_.easy_pause(easy_.Get(), CURLPAUSE_CONT);

@@ -55,7 +55,7 @@ class Exchange final {
   /// Whether Deliver() would report something.
   [[nodiscard]] bool HasNews() const;
   /// Removes the listener. The request is still sent, and its reply is read and dropped.
-  void LetGo();
+  void RemoveListener();
   /// Whether the whole request has been written to the socket.
   [[nodiscard]] bool HasWritten() const;
 
@@ -72,9 +72,9 @@ class Exchange final {
   std::size_t TakeBody(std::string_view bytes);
   [[nodiscard]] std::optional<std::uint64_t> AnnouncedLength() const;
 
-  bool TellNext();
-  void TellBody();
-  void TellEnd();
+  bool ReportNext();
+  void ReportBody();
+  void ReportEnd();
 
   const Curl& curl_;
   Address address_;
@@ -90,7 +90,7 @@ class Exchange final {
   std::string requestBody_;
   std::uint64_t requestSize_;
   std::uint64_t given_ = 0;
-  std::uint64_t givenAndTold_ = 0;
+  std::uint64_t givenAndReported_ = 0;
   Sockets* sockets_ = nullptr;
   bool hasHadConnection_ = false;
   bool wasTriedAgain_ = false;
@@ -98,7 +98,7 @@ class Exchange final {
   bool isHead_;
   HTTPHeaders headers_;
   bool headersAreComplete_ = false;
-  bool headersAreTold_ = false;
+  bool headersAreReported_ = false;
   std::string inbox_;
   std::string outbox_;  // what is being delivered
   std::uint64_t dropped_ = 0;

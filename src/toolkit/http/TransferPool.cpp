@@ -38,10 +38,10 @@ class TransferPool::Held final : public HTTPTransfer {
   Held(TransferPool& pool, std::shared_ptr<Exchange> exchange) : pool_(pool), exchange_(std::move(exchange)) {}
   Held(const Held&) = delete;
   Held& operator=(const Held&) = delete;
-  ~Held() override { exchange_->LetGo(); }
+  ~Held() override { exchange_->RemoveListener(); }
 
   void Abort() override {
-    exchange_->LetGo();
+    exchange_->RemoveListener();
     if (!exchange_->HasEnded()) pool_.Stop(*exchange_, TransferFault::Other);
   }
 
@@ -57,9 +57,9 @@ TransferPool::TransferPool(EventLoop& loop)
       idle_(loop.MakeAlarm([this] { DropConnections(); })) {}
 
 TransferPool::~TransferPool() {
-  LetRequestsOut();
+  SendPendingRequests();
   for (const auto& exchange : exchanges_) {
-    exchange->LetGo();
+    exchange->RemoveListener();
     if (exchange->HasEnded()) continue;
     connections_->Remove(*exchange);
     exchange->Fail(TransferFault::Other);
@@ -163,7 +163,7 @@ void TransferPool::CheckServers() {
   pulse_->Set(Sockets::pulse);
 }
 
-void TransferPool::LetRequestsOut() {
+void TransferPool::SendPendingRequests() {
   const auto end = std::chrono::steady_clock::now() + longestFarewell;
   const auto isOut = [this](const auto& exchange) { return connections_->HasDelivered(*exchange); };
   while (!std::ranges::all_of(exchanges_, isOut) && std::chrono::steady_clock::now() < end) connections_->Work(step);

@@ -45,7 +45,7 @@ class TransferPool {
   void ForgetEnded();
   void DropConnections();
   void CheckServers();
-  void LetRequestsOut();
+  void SendPendingRequests();
 
   EventLoop& loop_;
   SystemProxies proxies_;
