@@ -1,6 +1,6 @@
-# Files as byte arrays in the program. Included, it offers corvane_embed(); run with `cmake -P`, it writes the source.
+# Embeds files as byte arrays. When included, defines corvane_embed(); when run with `cmake -P`, writes the source.
 
-# corvane_embed(TARGET file...): gives the target a source with resources::Find(), written anew when a file changes.
+# corvane_embed(TARGET file...): adds a source with resources::Find() to the target, rebuilt when a file changes.
 function(corvane_embed target)
   set(stems)
   set(files)
@@ -46,8 +46,8 @@ namespace {
 
 ${arrays}
 struct Row {
-  std::string_view name;
-  std::span<const unsigned char> bytes;
+  std::string_view Name;
+  std::span<const unsigned char> Bytes;
 };
 constexpr Row rows[] = {
 ${rows}};
@@ -56,7 +56,7 @@ ${rows}};
 
 std::span<const std::byte> resources::Find(std::string_view name) {
   for (const Row& row : rows) {
-    if (row.name == name) return std::as_bytes(row.bytes);
+    if (row.Name == name) return std::as_bytes(row.Bytes);
   }
   return {};
 }

@@ -1,4 +1,4 @@
-# Run by cpack before it packs: compresses what Debian wants compressed, and gives all files the date of the release.
+# Run by cpack before packing: compresses files as Debian requires, and sets all dates to that of the release.
 
 set(root "${CPACK_TEMPORARY_INSTALL_DIRECTORY}")
 file(GLOB_RECURSE texts "${root}/usr/share/man/*" "${root}/usr/share/doc/corvane/changelog*")

@@ -1,8 +1,8 @@
-# What makes an error in memory a crash rather than an open door. tests/scripts/hardening-test reads it from the program.
+# Options that turn memory errors into crashes rather than exploits. tests/scripts/hardening-test checks the program.
 
 include(CheckCXXSourceCompiles)
 
-# Each file is compiled alike, whether it goes into a program or a library, so that both can use one precompiled header.
+# Sources of programs and libraries are compiled with the same options, so that both can use one precompiled header.
 set(is_module "$<STREQUAL:$<TARGET_PROPERTY:TYPE>,MODULE_LIBRARY>")
 set(is_program "$<STREQUAL:$<TARGET_PROPERTY:TYPE>,EXECUTABLE>")
 add_compile_options("$<IF:${is_module},-fPIC,-fPIE>" -fstack-protector-strong -fstack-clash-protection)
@@ -14,7 +14,7 @@ elseif(CMAKE_SYSTEM_PROCESSOR STREQUAL "aarch64")
   add_compile_options(-mbranch-protection=standard)
 endif()
 
-# The C library's own checks need an optimizing compiler, and the sanitizers check more.
+# _FORTIFY_SOURCE needs optimization, and the sanitizers check more.
 if(NOT CORVANE_SANITIZE)
   set(CMAKE_REQUIRED_FLAGS "-O2 -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=3")
   check_cxx_source_compiles("

@@ -1,4 +1,4 @@
-# One target a folder: a layer sees its own sources and the layers that src/layers lists for it, nothing else.
+# One target per folder: a layer can include its own headers and those of the layers listed for it in src/layers.
 set_property(DIRECTORY "${CMAKE_SOURCE_DIR}" APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/src/layers")
 
 add_library(corvane_warnings INTERFACE)
@@ -7,13 +7,16 @@ target_compile_options(corvane_warnings INTERFACE
   -Woverloaded-virtual -Wsuggest-override -Werror
   "$<$<CXX_COMPILER_ID:Clang>:-Wdocumentation>")
 
-# corvane_layer([USES target...] [PRIVATE_USES target...]): a static library of every source in the calling folder, with
-# the folder's name, linked to those layers that src/layers lists for it.
+# corvane_layer([USES target...] [PRIVATE_USES target...]): a static library of all sources in the calling folder, named
+# like the folder and linked to the layers listed for it in src/layers.
 function(corvane_layer)
   cmake_parse_arguments(layer "" "" "USES;PRIVATE_USES" ${ARGN})
   cmake_path(RELATIVE_PATH CMAKE_CURRENT_SOURCE_DIR BASE_DIRECTORY "${CMAKE_SOURCE_DIR}/src" OUTPUT_VARIABLE folder)
   string(REPLACE "/" "_" name "${folder}")
   file(STRINGS "${CMAKE_SOURCE_DIR}/src/layers" line REGEX "^${folder}( |$)")
+  if(line STREQUAL "")
+    message(FATAL_ERROR "src/layers has no line for \"${folder}\"")
+  endif()
   string(REGEX MATCHALL "[^ ]+" others "${line}")
   list(REMOVE_ITEM others "${folder}" curl Qt)
   list(TRANSFORM others REPLACE "/" "_")
@@ -28,7 +31,7 @@ function(corvane_layer)
   endif()
 endfunction()
 
-# corvane_program(NAME [USES target...]): a program of every source in the calling folder.
+# corvane_program(NAME [USES target...]): a program of all sources in the calling folder.
 function(corvane_program name)
   cmake_parse_arguments(program "" "" "USES" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp" "${CMAKE_CURRENT_SOURCE_DIR}/*.h")

@@ -1,7 +1,7 @@
-# What a release consists of, made by scripts/make-release: a Debian package, which cpack makes, and a folder that runs
-# wherever it lies, which is the component "portable" of the installation.
+# The parts of a release, built by scripts/make-release: a Debian package, by cpack, and a folder that runs from any
+# place, which is the installation component "portable".
 
-# As Debian orders versions: a test version comes before its final one.
+# In Debian's notation, where a test version precedes its final one.
 set(debian_version "${CORVANE_VERSION_MAJOR}.${CORVANE_VERSION_MINOR}.${CORVANE_VERSION_BUG}")
 if(CORVANE_VERSION MATCHES "[dab][0-9]+$")
   string(APPEND debian_version "~${CMAKE_MATCH_0}")
@@ -30,12 +30,12 @@ set(CPACK_DEBIAN_PACKAGE_SECTION net)
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# What the program opens by name or runs, which nobody can read from it.
+# What the program opens by name or runs, which dpkg-shlibdeps cannot find.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "libcurl4 (>= 7.87), unzip")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "ca-certificates, qt6-wayland, qt6-image-formats-plugins, xdg-utils")
 include(CPack)
 
-# Qt's plugins for X11 and Wayland, for typing, and for the pictures that updates show.
+# Qt's plugins for X11 and Wayland, for input methods, and for the pictures of updates.
 set(portable_plugins
   platforms/libqxcb.so
   platforms/libqwayland-generic.so

@@ -1,10 +1,10 @@
-# What the product says of itself. Set them with -D at configure time; they are compiled in.
+# The facts of the product, which are compiled in. Set them with -D at configure time.
 
 set(CORVANE_VERSION "1.0.0" CACHE STRING
   "Three numbers and, optionally, a stage (d, a, b or f) with a build number, as in 1.2.0b4")
 set(CORVANE_UPDATE_URL "http://updates.corvane.invalid/account/downloads/UpdateInformation.json" CACHE STRING
-  "Where the signed update document lies")
-# Nobody has the private half of this key: until it is replaced, no update is ever taken for genuine.
+  "The address of the signed update document")
+# Nobody has the private half of this key: until it is replaced, no update is accepted as genuine.
 string(CONCAT key_without_owner
   "30820120300D06092A864886F70D01010105000382010D00308201080282010100F0EF397B1B842242073D06F244E8D971A62F95BA00"
   "F514789818F2DF76B985C5675F742AB0D79F56166B2E4CAA67EC5C30B350331367D6E0BB240C0116E4647914E4AD313A346D83480B08"
@@ -20,7 +20,7 @@ set(CORVANE_COPYRIGHT "Copyright © 2026 The Corvane makers" CACHE STRING
 set(CORVANE_HOME_URL "https://corvane.invalid/" CACHE STRING
   "The product's page, with a slash at the end; pictures/ below it has the pictures of docs/pictures")
 set(CORVANE_CONTACT "The Corvane makers <makers@corvane.invalid>" CACHE STRING
-  "Who answers for a package: a name and an e-mail address")
+  "The maintainer of packages: a name and an e-mail address")
 
 if(NOT CORVANE_VERSION MATCHES "^(0|[1-9][0-9]*)\\.(0|[1-9][0-9]*)\\.(0|[1-9][0-9]*)(([dabf])(0|[1-9][0-9]*))?$")
   message(FATAL_ERROR "CORVANE_VERSION is \"${CORVANE_VERSION}\"; it must be three numbers, as in 1.0.0, "

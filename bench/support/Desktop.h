@@ -10,6 +10,7 @@
 
 #include "support/Measure.h"
 #include "toolkit/Platform.h"
+#include "toolkit/Process.h"
 #include "toolkit/Window.h"
 #include "toolkit/qt/QtPlatform.h"
 
@@ -17,8 +18,9 @@ namespace bench {
 
 /// Comes first in the desktop, since the platform that is made last is the one that the program uses.
 struct QtBelow {
-  QtBelow(int& argumentCount, char** arguments)
-      : Qt({.Name = "Benchmark", .Id = "corvane"}, argumentCount, arguments) {}
+  QtBelow(int& argumentCount, char** arguments) : Qt({.Name = "Benchmark", .Id = "corvane"}, argumentCount, arguments) {
+    toolkit::SetUpProcess();
+  }
   toolkit::qt::QtPlatform Qt;
 };
 

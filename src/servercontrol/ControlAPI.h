@@ -3,7 +3,7 @@
 #include <array>
 #include <string_view>
 
-/// The panel service as this program uses it: its calls, and what it tells of a server.
+/// The panel service's API as this program uses it: its calls, and the values of its replies.
 namespace ControlAPI {
 
 enum class Names { Nothing, Container };
@@ -32,7 +32,7 @@ inline constexpr Call containerLogs    {containersPath, "logs",        Names::Co
 /// The container of the panel service itself, which answers all these calls.
 inline constexpr std::string_view ownContainer = "service_dunmere";
 
-/// One value of the reply to "information", and what it is called on the screen.
+/// One value of the reply to "information", with its label on the screen.
 struct Fact {
   std::string_view Label;
   std::string_view Key;

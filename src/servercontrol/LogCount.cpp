@@ -1,7 +1,8 @@
 #include "servercontrol/LogCount.h"
 
 #include <algorithm>
-#include <charconv>
+
+#include "toolkit/Text.h"
 
 std::optional<std::int64_t> ParseLogCount(std::string_view text) {
   constexpr std::string_view blanks = " \t";
@@ -11,8 +12,5 @@ std::optional<std::int64_t> ParseLogCount(std::string_view text) {
     text.remove_prefix(1);
     if (text.starts_with('-')) return std::nullopt;
   }
-  std::int64_t count = 0;
-  const char* end = text.data() + text.size();
-  const auto [stopped, error] = std::from_chars(text.data(), end, count);
-  return error == std::errc() && stopped == end ? std::optional(count) : std::nullopt;
+  return toolkit::ParseNumber<std::int64_t>(text);
 }

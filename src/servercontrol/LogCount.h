@@ -4,6 +4,6 @@
 #include <optional>
 #include <string_view>
 
-/// The number of log lines that a user typed: decimal digits with an optional sign in front and any blanks around.
-/// Nothing for any other text, and for a number that does not fit 64 bits.
+/// Parses the number of log lines that a user typed: decimal digits with an optional sign, surrounded by optional
+/// blanks. std::nullopt for any other text, and for a number that does not fit in 64 bits.
 [[nodiscard]] std::optional<std::int64_t> ParseLogCount(std::string_view text);

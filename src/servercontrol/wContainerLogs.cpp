@@ -1,8 +1,7 @@
 #include "servercontrol/wContainerLogs.h"
 
 wContainerLogs::wContainerLogs() : Window("Corvane - Container Logs", {600, 400}, {500, 400}, {32000, 32000}) {
-  constexpr toolkit::Locks allEdges{.Left = true, .Top = true, .Right = true, .Bottom = true};
-  Add(list_logs, "list_logs", {0, 0, 600, 400}, allEdges, 0)
+  Add(list_logs, "list_logs", {0, 0, 600, 400}, toolkit::allEdges, 0)
       .Texts(toolkit::ListTexts::Terminal)
       .AccessibleName("Log lines");
   OpenControls();

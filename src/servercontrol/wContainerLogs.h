@@ -3,8 +3,8 @@
 #include "toolkit/Listbox.h"
 #include "toolkit/Window.h"
 
-/// The lines of a container's log. The window is filled and named before it is shown, and knows nothing of its
-/// container.
+/// Shows the lines of a container's log. The caller fills and names the window before it shows it; the window has no
+/// reference to its container.
 class wContainerLogs final : public toolkit::Window {
  public:
   wContainerLogs();

@@ -1,5 +1,6 @@
 #include "servercontrol/wServer.h"
 
+#include <array>
 #include <utility>
 
 #include "servercontrol/LogCount.h"
@@ -9,16 +10,33 @@
 #include "toolkit/MessageDialog.h"
 #include "toolkit/ShowURL.h"
 
-using toolkit::Locks;
+using toolkit::allEdges;
 using toolkit::MsgBox;
 using toolkit::RuntimeException;
+using toolkit::topLeft;
 
 namespace {
 
-constexpr Locks topLeft{.Left = true, .Top = true, .Right = false, .Bottom = false};
-constexpr Locks allEdges{.Left = true, .Top = true, .Right = true, .Bottom = true};
+enum class OnOwnContainer { Allowed, Refused };
 
-/// The table that the reply of `client` has under `key`; nullptr if it has nothing there, or null.
+/// A button that sends a call for the selected container, shows the service's answer, and reads the list again.
+struct ContainerAction {
+  toolkit::PushButton wServer::*Button = nullptr;
+  TessenServicesClient wServer::*Client = nullptr;
+  ControlAPI::Call Call;
+  OnOwnContainer Rule = OnOwnContainer::Refused;
+};
+
+// clang-format off
+constexpr std::array containerActions{
+    ContainerAction{&wServer::btn_containers_start,   &wServer::containers_start,   ControlAPI::startContainer,   OnOwnContainer::Refused},
+    ContainerAction{&wServer::btn_containers_stop,    &wServer::containers_stop,    ControlAPI::stopContainer,    OnOwnContainer::Refused},
+    ContainerAction{&wServer::btn_containers_restart, &wServer::containers_restart, ControlAPI::restartContainer, OnOwnContainer::Allowed},
+    ContainerAction{&wServer::btn_containers_backup,  &wServer::containers_backup,  ControlAPI::backUpContainer,  OnOwnContainer::Refused},
+};
+// clang-format on
+
+/// The table under `key` in the reply of `client`; nullptr if it is missing or null.
 const boost::json::object* TableOf(const TessenServicesClient& client, std::string_view key) {
   const toolkit::Variant& value = client.Operator_Lookup(key);
   if (!value.IsNil() && value.Object() == nullptr) {
@@ -29,7 +47,7 @@ const boost::json::object* TableOf(const TessenServicesClient& client, std::stri
 
 std::string StatusOf(const TessenServicesClient& client) { return client.Operator_Lookup("status").Text(); }
 
-/// What the user calls a server, and where it is.
+/// The name and the address of a server, for the user.
 std::string NameOf(const CorvaneServer& server) {
   if (server.System_Name.empty() || server.System_Name == server.Network_Hostname) return server.Network_Hostname;
   return server.System_Name + " (" + server.Network_Hostname + ")";
@@ -38,8 +56,8 @@ std::string NameOf(const CorvaneServer& server) {
 }  // namespace
 
 wServer::wServer(std::shared_ptr<const CorvaneServer> server)
-    : Window("Corvane - Server Control Panel", {800, 500}, {800, 500}, {32000, 32000}), Server(std::move(server)) {
-  Subject(NameOf(*Server));
+    : Window("Corvane - Server Control Panel", {800, 500}, {800, 500}, {32000, 32000}), server_(std::move(server)) {
+  Subject(NameOf(*server_));
   BuildControls();
   WireEvents();
   OpenControls();
@@ -79,36 +97,36 @@ void wServer::WireEvents() {
   On(list_containers.DoubleClick, &wServer::PressLogs);
   On(txt_containers_logs.Enter, &wServer::PressLogs);
   On(btn_containers_refresh.Action, &wServer::btn_containers_refresh_Action);
-  On(btn_containers_restart.Action, &wServer::btn_containers_restart_Action);
-  On(btn_containers_start.Action, &wServer::btn_containers_start_Action);
-  On(btn_containers_stop.Action, &wServer::btn_containers_stop_Action);
   On(btn_containers_logs.Action, &wServer::btn_containers_logs_Action);
-  On(btn_containers_backup.Action, &wServer::btn_containers_backup_Action);
 
-  On(info.ButtonPressed, &wServer::info_ButtonPressed);
-  On(info.Error, &wServer::info_Error);
-  On(restart.ButtonPressed, &wServer::restart_ButtonPressed);
-  On(restart.Error, &wServer::restart_Error);
-  On(containers_list.ButtonPressed, &wServer::containers_list_ButtonPressed);
-  On(containers_list.Error, &wServer::containers_list_Error);
-  On(containers_restart.ButtonPressed, &wServer::containers_restart_ButtonPressed);
-  On(containers_restart.Error, &wServer::containers_restart_Error);
-  On(containers_stop.ButtonPressed, &wServer::containers_stop_ButtonPressed);
-  On(containers_stop.Error, &wServer::containers_stop_Error);
-  On(containers_start.ButtonPressed, &wServer::containers_start_ButtonPressed);
-  On(containers_start.Error, &wServer::containers_start_Error);
-  On(containers_logs.ButtonPressed, &wServer::containers_logs_ButtonPressed);
-  On(containers_logs.Error, &wServer::containers_logs_Error);
-  On(overview_reload.ButtonPressed, &wServer::overview_reload_ButtonPressed);
-  On(overview_reload.Error, &wServer::overview_reload_Error);
-  On(containers_backup.ButtonPressed, &wServer::containers_backup_ButtonPressed);
-  On(containers_backup.Error, &wServer::containers_backup_Error);
+  WireClient(info, &wServer::info_ButtonPressed, &wServer::info_Error);
+  WireClient(restart, &wServer::restart_ButtonPressed, &wServer::restart_Error);
+  WireClient(containers_list, &wServer::containers_list_ButtonPressed, &wServer::containers_list_Error);
+  WireClient(containers_logs, &wServer::containers_logs_ButtonPressed, &wServer::containers_logs_Error);
+  WireClient(overview_reload, &wServer::overview_reload_ButtonPressed, &wServer::overview_reload_Error);
+  WireContainerActions();
+}
 
-  for (auto* client : {&info, &restart, &containers_list, &containers_restart, &containers_stop, &containers_start,
-                       &containers_logs, &overview_reload, &containers_backup}) {
-    client->Begun = [this] { BeginWait(); };
-    client->Ended = [this] { EndWait(); };
+void wServer::WireClient(TessenServicesClient& client, void (wServer::*done)(),
+                         void (wServer::*failed)(const RuntimeException&)) {
+  WireWait(client);
+  On(client.ButtonPressed, done);
+  On(client.Error, failed);
+}
+
+void wServer::WireContainerActions() {
+  for (const ContainerAction& action : containerActions) {
+    TessenServicesClient& client = this->*action.Client;
+    WireWait(client);
+    On((this->*action.Button).Action, [this, &client, &action] { Issue(client, action.Call); });
+    On(client.ButtonPressed, [this, &client] { ShowStatusThenRefresh(client); });
+    On(client.Error, [this, &client](const RuntimeException& err) { Tell(client, err.Message()); });
   }
+}
+
+void wServer::WireWait(TessenServicesClient& client) {
+  client.Begun = [this] { BeginWait(); };
+  client.Ended = [this] { EndWait(); };
 }
 
 void wServer::btn_overview_refresh_Action() { mOverview_refresh(); }
@@ -125,7 +143,7 @@ void wServer::btn_overview_restart_Action() {
 }
 
 void wServer::btn_overview_webui_Action() {
-  toolkit::ShowURL(CorvaneClient::Sanitize_Hostname(Server->Network_Hostname));
+  toolkit::ShowURL(CorvaneClient::Sanitize_Hostname(server_->Network_Hostname));
 }
 
 void wServer::btn_overview_reload_Action() { mOverview_reload(); }
@@ -137,14 +155,13 @@ void wServer::list_containers_Open() {
   list_containers.Heading(3, "Backup:");
 }
 
-// The panel's own container can only be restarted, since it is the one that answers.
+// The panel's own container, which answers the calls, can only be restarted.
 void wServer::list_containers_Change() {
   const bool isAny = list_containers.ListIndex() != -1;
   const bool isOther = isAny && list_containers.Cell(list_containers.ListIndex(), 0) != ControlAPI::ownContainer;
-  btn_containers_start.Enabled(isOther);
-  btn_containers_stop.Enabled(isOther);
-  btn_containers_restart.Enabled(isAny);
-  btn_containers_backup.Enabled(isOther);
+  for (const ContainerAction& action : containerActions) {
+    (this->*action.Button).Enabled(action.Rule == OnOwnContainer::Allowed ? isAny : isOther);
+  }
   btn_containers_logs.Enabled(isOther);
   txt_containers_logs.Enabled(isOther);
 }
@@ -152,11 +169,7 @@ void wServer::list_containers_Change() {
 void wServer::PressLogs() { btn_containers_logs.Press(); }
 
 void wServer::btn_containers_refresh_Action() { mContainers_refresh(); }
-void wServer::btn_containers_restart_Action() { mContainers_restart(); }
-void wServer::btn_containers_start_Action() { mContainers_start(); }
-void wServer::btn_containers_stop_Action() { mContainers_stop(); }
 void wServer::btn_containers_logs_Action() { mContainers_logs(); }
-void wServer::btn_containers_backup_Action() { mContainers_backup(); }
 
 void wServer::info_ButtonPressed() {
   for (const auto& [label, key] : ControlAPI::facts) {
@@ -190,13 +203,6 @@ void wServer::containers_list_Error(const RuntimeException& err) {
   btn_containers_refresh.Enabled(true);
 }
 
-void wServer::containers_restart_ButtonPressed() { ShowStatusThenRefresh(containers_restart); }
-void wServer::containers_restart_Error(const RuntimeException& err) { Tell(containers_restart, err.Message()); }
-void wServer::containers_stop_ButtonPressed() { ShowStatusThenRefresh(containers_stop); }
-void wServer::containers_stop_Error(const RuntimeException& err) { Tell(containers_stop, err.Message()); }
-void wServer::containers_start_ButtonPressed() { ShowStatusThenRefresh(containers_start); }
-void wServer::containers_start_Error(const RuntimeException& err) { Tell(containers_start, err.Message()); }
-
 void wServer::containers_logs_ButtonPressed() {
   const auto* table = TableOf(containers_logs, "log");
   if (table == nullptr || table->empty()) {
@@ -209,7 +215,7 @@ void wServer::containers_logs_ButtonPressed() {
   TessenServicesClient::TessenListBox_FillDesktopListBox(window->list_logs, *table, false);
   window->list_logs.ListIndex(window->list_logs.ListCount() - 1);
   window->Show();
-  // The client would keep the lines, and send them back with the next request.
+  // Otherwise the client would send the lines back with the next request.
   containers_logs.Operator_Lookup("log", std::string_view());
 }
 
@@ -224,9 +230,6 @@ void wServer::overview_reload_Error(const RuntimeException& err) {
   MsgBox(err.Message());
   EndReload();
 }
-
-void wServer::containers_backup_ButtonPressed() { ShowStatusThenRefresh(containers_backup); }
-void wServer::containers_backup_Error(const RuntimeException& err) { Tell(containers_backup, err.Message()); }
 
 void wServer::mOverview_refresh() {
   list_overview.DeleteAllRows();
@@ -244,16 +247,10 @@ void wServer::mOverview_reload() {
 void wServer::mContainers_refresh() {
   list_containers.DeleteAllRows();
   Issue(containers_list, ControlAPI::listContainers);
-  btn_containers_refresh.Enabled(false);
-  btn_containers_start.Enabled(false);
-  btn_containers_stop.Enabled(false);
-  btn_containers_restart.Enabled(false);
+  for (auto* button : {&btn_containers_refresh, &btn_containers_start, &btn_containers_stop, &btn_containers_restart}) {
+    button->Enabled(false);
+  }
 }
-
-void wServer::mContainers_restart() { Issue(containers_restart, ControlAPI::restartContainer); }
-void wServer::mContainers_start() { Issue(containers_start, ControlAPI::startContainer); }
-void wServer::mContainers_stop() { Issue(containers_stop, ControlAPI::stopContainer); }
-void wServer::mContainers_backup() { Issue(containers_backup, ControlAPI::backUpContainer); }
 
 void wServer::mContainers_logs() {
   if (list_containers.ListIndex() == -1) return;
@@ -267,8 +264,8 @@ void wServer::mContainers_logs() {
   Issue(containers_logs, ControlAPI::containerLogs, std::to_string(*count));
 }
 
-/// Every request of the window goes out here. The end of the desktop session may have closed it under a message box.
-/// What is under way for a container is not sent again by a further press.
+/// Sends every request of the window. Does nothing if the window is closed, which the end of the desktop session may do
+/// under a message box, and for a call that is still running for the same container.
 void wServer::Issue(TessenServicesClient& client, const ControlAPI::Call& call, const std::string& logCount) {
   const bool namesContainer = call.Target == ControlAPI::Names::Container;
   if (IsClosed() || (namesContainer && list_containers.ListIndex() == -1)) return;
@@ -279,15 +276,14 @@ void wServer::Issue(TessenServicesClient& client, const ControlAPI::Call& call, 
     targets_[&client] = std::move(target);
   }
   if (!logCount.empty()) client.Operator_Lookup("logCount", logCount);
-  client.Operator_Lookup("username", Server->Username);
-  client.Operator_Lookup("password", Server->Password);
-  client.PressButton(CorvaneClient::Sanitize_Hostname(Server->Network_Hostname) + std::string(call.Path), call.Button);
+  client.Operator_Lookup("username", server_->Username);
+  client.Operator_Lookup("password", server_->Password);
+  client.PressButton(CorvaneClient::Sanitize_Hostname(server_->Network_Hostname) + std::string(call.Path), call.Button);
 }
 
-/// What the last request of `client` was about.
+/// The subject of the last request of `client`.
 std::string wServer::SubjectOf(const TessenServicesClient& client) const {
-  const auto target = targets_.find(&client);
-  return target == targets_.end() ? Subject() : target->second.Container + " on " + Subject();
+  return targets_.at(&client).Container + " on " + Subject();
 }
 
 void wServer::Tell(const TessenServicesClient& client, const std::string& text) const {

@@ -14,7 +14,8 @@
 #include "toolkit/TextField.h"
 #include "toolkit/Window.h"
 
-/// The window of one server: what it says of itself, and its containers. Both tabs start loading at once.
+/// The window of one server: its system information and its containers. Requests for both tabs are sent when it is
+/// constructed.
 class wServer final : public toolkit::Window {
  public:
   explicit wServer(std::shared_ptr<const CorvaneServer> server);
@@ -48,6 +49,10 @@ class wServer final : public toolkit::Window {
  private:
   void BuildControls();
   void WireEvents();
+  void WireClient(TessenServicesClient& client, void (wServer::*done)(),
+                  void (wServer::*failed)(const toolkit::RuntimeException&));
+  void WireContainerActions();
+  void WireWait(TessenServicesClient& client);
 
   void btn_overview_refresh_Action();
   void btn_overview_restart_Action();
@@ -57,11 +62,7 @@ class wServer final : public toolkit::Window {
   void list_containers_Change();
   void PressLogs();
   void btn_containers_refresh_Action();
-  void btn_containers_restart_Action();
-  void btn_containers_start_Action();
-  void btn_containers_stop_Action();
   void btn_containers_logs_Action();
-  void btn_containers_backup_Action();
 
   void info_ButtonPressed();
   void info_Error(const toolkit::RuntimeException& err);
@@ -69,27 +70,15 @@ class wServer final : public toolkit::Window {
   void restart_Error(const toolkit::RuntimeException& err);
   void containers_list_ButtonPressed();
   void containers_list_Error(const toolkit::RuntimeException& err);
-  void containers_restart_ButtonPressed();
-  void containers_restart_Error(const toolkit::RuntimeException& err);
-  void containers_stop_ButtonPressed();
-  void containers_stop_Error(const toolkit::RuntimeException& err);
-  void containers_start_ButtonPressed();
-  void containers_start_Error(const toolkit::RuntimeException& err);
   void containers_logs_ButtonPressed();
   void containers_logs_Error(const toolkit::RuntimeException& err);
   void overview_reload_ButtonPressed();
   void overview_reload_Error(const toolkit::RuntimeException& err);
-  void containers_backup_ButtonPressed();
-  void containers_backup_Error(const toolkit::RuntimeException& err);
 
   void mOverview_refresh();
   void mOverview_restart();
   void mOverview_reload();
   void mContainers_refresh();
-  void mContainers_restart();
-  void mContainers_start();
-  void mContainers_stop();
-  void mContainers_backup();
   void mContainers_logs();
 
   void Issue(TessenServicesClient& client, const ControlAPI::Call& call, const std::string& logCount = {});
@@ -98,7 +87,7 @@ class wServer final : public toolkit::Window {
   void ShowStatusThenRefresh(const TessenServicesClient& client);
   void EndReload();
 
-  /// What a request that names a container was for.
+  /// The arguments of a request that names a container.
   struct Target {
     std::string Container;
     std::string LogCount;
@@ -108,5 +97,5 @@ class wServer final : public toolkit::Window {
 
   std::map<const TessenServicesClient*, Target> targets_;
   // Read at each request, never copied.
-  std::shared_ptr<const CorvaneServer> Server;
+  std::shared_ptr<const CorvaneServer> server_;
 };

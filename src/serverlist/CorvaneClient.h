@@ -9,12 +9,12 @@
 
 namespace CorvaneClient {
 
-/// Every server that was added in this run, in order of addition.
+/// Every server that was added since the program started, in order of addition.
 // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
 extern std::vector<std::shared_ptr<CorvaneServer>> Servers;
 
-/// The base URL of the panel service on `host`: "https://" in front and ":1701" behind, each unless it is there
-/// already. The scheme may stand in capitals. Nothing else is looked at: no blanks are trimmed, no path is removed.
+/// The base URL of the panel service on `host`: prefixed with "https://" (case-insensitive) and suffixed with ":1701",
+/// unless already present. Nothing else is changed: blanks are not trimmed, a path is not removed.
 [[nodiscard]] std::string Sanitize_Hostname(std::string_view host);
 
 /// What to type instead, as a sentence with a blank before it, if Sanitize_Hostname makes no address of a panel service

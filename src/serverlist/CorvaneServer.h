@@ -2,10 +2,10 @@
 
 #include <string>
 
-/// One server that the user has added: what to call it, where to reach it, and the credentials to send. Shared between
-/// the list of servers, its row and every window that is open on it. Lives in memory only.
+/// One server that the user has added: its name, its address and the credentials for it. Shared by the list of servers,
+/// its row and every window that is open on it. Kept in memory only.
 struct CorvaneServer {
-  /// What the server says its name is. Every request but the first goes there.
+  /// The host name that the server reported. All requests but the first are sent to it.
   std::string Network_Hostname;
   std::string Network_IPv4;
   std::string Password;

@@ -11,20 +11,19 @@
 #include "toolkit/MessageDialog.h"
 #include "toolkit/SpecialFolder.h"
 
-using toolkit::Locks;
+using toolkit::bottomAndSides;
+using toolkit::bottomRight;
+using toolkit::Stage;
+using toolkit::topAndSides;
 
 namespace {
 
-constexpr Locks topAndSides{.Left = true, .Top = true, .Right = true, .Bottom = false};
-constexpr Locks bottomAndSides{.Left = true, .Top = false, .Right = true, .Bottom = true};
-constexpr Locks bottomRight{.Left = false, .Top = false, .Right = true, .Bottom = true};
-
-/// The final stage, unless a file on the user's desktop asks for earlier ones; what is in it does not count.
+/// Final, unless a file on the user's desktop, whatever its content, allows earlier stages.
 int AllowedUpdateStage() {
   const toolkit::FolderItem desktop = toolkit::SpecialFolder::Desktop();
-  if (desktop.Child("corvane_beta.txt").Exists()) return static_cast<int>(toolkit::Stage::Beta);
-  if (desktop.Child("corvane_alpha.txt").Exists()) return static_cast<int>(toolkit::Stage::Alpha);
-  return static_cast<int>(toolkit::Stage::Final);
+  if (desktop.Child("corvane_beta.txt").Exists()) return CodeOf(Stage::Beta);
+  if (desktop.Child("corvane_alpha.txt").Exists()) return CodeOf(Stage::Alpha);
+  return CodeOf(Stage::Final);
 }
 
 }  // namespace
@@ -68,7 +67,7 @@ void wMain::WireEvents() {
   On(client.Error, &wMain::client_Error);
 }
 
-// The check runs the event loop, so the window may be gone before it is over.
+// Execute() runs the event loop, so the window may be closed before it returns.
 void wMain::Event_Open() {
   const auto checker = MakeChecker();
   pKaju = checker;
@@ -92,7 +91,7 @@ std::shared_ptr<Kaju::UpdateChecker> wMain::MakeChecker() const {
   return std::make_shared<Kaju::UpdateChecker>(folder, name, presenter_);
 }
 
-// A server may be silent for ever.
+// Ends a request that a server never answers.
 void wMain::Event_Escape() {
   if (!client.IsConnected()) return;
   client.Disconnect();
@@ -113,7 +112,8 @@ void wMain::listServers_DoubleClick() {
 
 void wMain::PressAddServer() { btnAddServer.Press(); }
 
-// What is in the form while a request is under way is what was sent, and one press is one request.
+// The form is read again when the reply arrives, so it is locked while a request is running, and a second press is
+// ignored.
 void wMain::btnAddServer_Action() {
   if (client.IsConnected()) return;
   if (txtHostname.Text().empty()) {

@@ -13,14 +13,14 @@
 #include "toolkit/Window.h"
 #include "update/check/UpdateChecker.h"
 
-/// The main window: the servers that were added, and the form that adds one. A server is added by asking it for its
-/// information, so one that does not answer valid credentials never gets a row.
+/// The main window: the list of servers, and the form that adds one. A server is added only after it has answered an
+/// "information" request, so one that refuses the credentials never gets a row.
 class wMain final : public toolkit::Window {
  public:
   /// Opens the window of one server.
   using ServerOpener = std::function<void(const std::shared_ptr<CorvaneServer>&)>;
 
-  /// Offers of the update check, which starts when the window has been painted, go to `presenter`.
+  /// `presenter` shows the offers of the update check, which starts when the window has been painted.
   explicit wMain(ServerOpener openServer, std::shared_ptr<Kaju::UpdatePresenter> presenter = nullptr);
 
   toolkit::Canvas Canvas1;
@@ -32,14 +32,14 @@ class wMain final : public toolkit::Window {
   toolkit::Label labelVersion;
   toolkit::Label labelCopyright;
   TessenServicesClient client;
-  /// Looks for updates of the program; nullptr until the window is open.
+  /// Checks for updates of the program; nullptr until the window is open.
   std::shared_ptr<Kaju::UpdateChecker> pKaju;
 
  private:
   void BuildControls();
   void WireEvents();
 
-  /// Preferences that cannot be read are out of its way.
+  /// Renames preferences that cannot be read, so that the check can start without them.
   [[nodiscard]] std::shared_ptr<Kaju::UpdateChecker> MakeChecker() const;
 
   void Event_Open();

@@ -3,6 +3,7 @@
 #include <optional>
 #include <utility>
 
+#include "toolkit/HTTPStatus.h"
 #include "toolkit/JSON.h"
 #include "toolkit/Text.h"
 
@@ -11,8 +12,6 @@ using toolkit::RuntimeException;
 using toolkit::Variant;
 
 namespace {
-
-constexpr int statusOfRefusal = 400;
 
 std::string ReasonOf(const Dictionary& refusal) {
   const auto reason = refusal.find("_error");
@@ -25,8 +24,8 @@ TessenServicesClient::TessenServicesClient() { ValidateCertificates = false; }
 
 const Variant& TessenServicesClient::Operator_Lookup(std::string_view key) const {
   static const Variant nil;
-  const auto member = pDictionary_Properties.find(key);
-  return member == pDictionary_Properties.end() ? nil : member->second;
+  const auto member = properties_.find(key);
+  return member == properties_.end() ? nil : member->second;
 }
 
 void TessenServicesClient::Operator_Lookup(std::string_view key, toolkit::Date value) { Store(key, value); }
@@ -48,7 +47,7 @@ void TessenServicesClient::Operator_Lookup(std::string_view key, std::uint64_t v
 }
 
 void TessenServicesClient::Store(std::string_view key, Variant value) {
-  pDictionary_Properties.insert_or_assign(std::string(key), std::move(value));
+  properties_.insert_or_assign(std::string(key), std::move(value));
 }
 
 void TessenServicesClient::PressButton(std::string_view url, std::string_view buttonName) {
@@ -62,7 +61,7 @@ void TessenServicesClient::PressButton(std::string_view url, std::string_view bu
   }
   if (!IsConnected()) Begun();
   isAnswered_ = false;
-  SetRequestContent(toolkit::GenerateJSON(pDictionary_Properties), "application/json");
+  SetRequestContent(toolkit::GenerateJSON(properties_), "application/json");
   Send("POST", std::string(url) + "/" + toolkit::LowerCase(buttonName));
 }
 
@@ -72,7 +71,7 @@ void TessenServicesClient::Event_PageReceived(const std::string& /*url*/, int st
     Error(RuntimeException(*refusal));
     return;
   }
-  std::string().swap(content);  // which may be large, and which no handler needs
+  std::string().swap(content);  // may be large, and no handler needs it
   ButtonPressed();
 }
 
@@ -80,8 +79,8 @@ std::optional<std::string> TessenServicesClient::Accept(int status, std::string_
   isAnswered_ = true;
   if (content.empty()) return "No data was returned from the Tessen Service.";
   try {
-    if (status == statusOfRefusal) return ReasonOf(toolkit::ParseJSON(content));
-    pDictionary_Properties = toolkit::ParseJSON(content);
+    if (status == toolkit::HTTPStatus::badRequest) return ReasonOf(toolkit::ParseJSON(content));
+    properties_ = toolkit::ParseJSON(content);
     return std::nullopt;
   } catch (const RuntimeException& exception) {
     isAnswered_ = false;

@@ -11,19 +11,19 @@
 #include "toolkit/Listbox.h"
 #include "toolkit/Variant.h"
 
-/// One remote action of a panel service, as a button that is pressed: values are assigned by key, PressButton sends
-/// them, and the reply's values are read by key from the same client.
+/// One remote action of a panel service, modelled as a button: values are assigned by key, PressButton sends them, and
+/// the reply's values are read by key from the same client.
 ///
-/// There is one store for both directions. Sending does not empty it; a reply that is accepted replaces it; every
-/// failure leaves it as it was. So the values of a reply travel with the next request, unless they are assigned anew.
+/// Request and reply share one store. Sending does not clear it; an accepted reply replaces it; a failure leaves it
+/// unchanged. So the values of a reply are sent with the next request, unless they are assigned again.
 class TessenServicesClient final : public toolkit::HTTPSocket {
  public:
-  /// There is a request under way from Begun to Ended, which comes before the event that tells how it ended.
+  /// Raised when a request starts and when it has ended, before the event that reports the outcome.
   toolkit::Event<> Begun;
   toolkit::Event<> Ended;
   /// A reply was accepted, and the store holds it.
   toolkit::Event<> ButtonPressed;
-  /// The request was refused before sending, or failed, or its reply was refused. The message is for the user.
+  /// The request was rejected before sending, or failed, or its reply was rejected. The message is for the user.
   toolkit::Event<const toolkit::RuntimeException&> Error;
 
   TessenServicesClient();
@@ -40,20 +40,20 @@ class TessenServicesClient final : public toolkit::HTTPSocket {
   void Operator_Lookup(std::string_view key, std::string_view value);
   void Operator_Lookup(std::string_view key, std::uint64_t value);
 
-  /// POSTs the store as a JSON object to `url`, a slash and `buttonName` in small letters, and returns at once; then
-  /// raises ButtonPressed or Error, once. Raises Error at once if one of the two texts is empty. A request that is
-  /// still under way is abandoned: its reply is never delivered.
+  /// POSTs the store as a JSON object to `url` + "/" + `buttonName` in lower case and returns at once. Raises
+  /// ButtonPressed or Error, exactly once; Error at once if one of the two texts is empty. A request that is still
+  /// running is abandoned: its reply is never delivered.
   void PressButton(std::string_view url, std::string_view buttonName);
 
   /// Fills `list`, which must be empty, with the rows of a service table: an object whose keys are the row numbers from
   /// "0" without gaps, and whose values are arrays of cells. With headings, the member "0" holds these; without, the
-  /// list's heading row is turned off. Cells convert to text by the rules of toolkit::ToText.
+  /// list's heading row is turned off. Cells are converted to text as by toolkit::ToText.
   ///
-  /// Throws a RuntimeException that tells which row is missing or is no array, before anything was changed.
+  /// Throws a RuntimeException that names the row that is missing or is not an array; nothing has been changed then.
   static void TessenListBox_FillDesktopListBox(toolkit::Listbox& list, const boost::json::object& table,
                                                bool hasHeadings);
-  /// The data rows of a service table in their order, without the headings. The rows belong to `table`. Throws as
-  /// TessenListBox_FillDesktopListBox does.
+  /// The data rows of a service table in their order, without the headings. The rows belong to `table`. Throws like
+  /// TessenListBox_FillDesktopListBox.
   [[nodiscard]] static std::vector<const boost::json::array*> TessenListBox_FillArray(const boost::json::object& table,
                                                                                       bool hasHeadings);
 
@@ -66,10 +66,10 @@ class TessenServicesClient final : public toolkit::HTTPSocket {
   void Event_SendProgress(std::uint64_t bytesSent, std::uint64_t totalBytes) override;
 
  private:
-  /// Makes the reply's values the store. Returns why it is refused, for the user; nothing if it was taken.
+  /// Replaces the store by the reply's values. Returns why the reply is rejected, for the user, or std::nullopt.
   std::optional<std::string> Accept(int status, std::string_view content);
   void Store(std::string_view key, toolkit::Variant value);
 
-  toolkit::Dictionary pDictionary_Properties;
+  toolkit::Dictionary properties_;
   bool isAnswered_ = false;
 };

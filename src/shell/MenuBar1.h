@@ -4,5 +4,6 @@
 
 #include "toolkit/MenuBar.h"
 
-/// The program's one menu bar, shared by the windows that show it. Made at the first call; always the same object.
+/// The program's one menu bar, shared by the windows that show it. Created by the first call; all calls return the same
+/// object.
 [[nodiscard]] std::shared_ptr<const toolkit::MenuBar> MenuBar1();

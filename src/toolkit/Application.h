@@ -7,10 +7,13 @@
 
 namespace toolkit {
 
-/// How finished a release is.
+/// The maturity of a release.
 enum class Stage { Development = 0, Alpha = 1, Beta = 2, Final = 3 };
 
-/// What names a release: three numbers, a stage, and the number of the build in that stage.
+/// The stage as a number, 0 to 3.
+[[nodiscard]] constexpr int CodeOf(Stage stage) { return static_cast<int>(stage); }
+
+/// The parts of a version: three numbers, a stage, and the number of the build within that stage.
 struct ReleaseNumbers {
   int Major = 0;
   int Minor = 0;
@@ -19,41 +22,40 @@ struct ReleaseNumbers {
   int NonRelease = 0;
 };
 
-/// The program as one object: its version, its life from the start of the event loop to the end.
+/// The program as one object: its version and its life cycle.
 class Application {
  public:
-  /// There can be only one at a time.
+  /// Only one may exist at a time.
   explicit Application(ReleaseNumbers version);
   Application(const Application&) = delete;
   Application& operator=(const Application&) = delete;
   virtual ~Application();
 
-  /// The one application object, or nullptr before there is one.
+  /// The one application object, nullptr if there is none.
   static Application* Current();
 
   [[nodiscard]] int MajorVersion() const { return version_.Major; }
   [[nodiscard]] int MinorVersion() const { return version_.Minor; }
   [[nodiscard]] int BugVersion() const { return version_.Bug; }
   /// 0 to 3 for development, alpha, beta and final.
-  [[nodiscard]] int StageCode() const { return static_cast<int>(version_.StageCode); }
+  [[nodiscard]] int StageCode() const { return CodeOf(version_.StageCode); }
   [[nodiscard]] int NonReleaseVersion() const { return version_.NonRelease; }
-  /// The file of the running program, with all links followed.
+  /// The file of the running program, with all links resolved.
   [[nodiscard]] static FolderItem ExecutableFile();
 
-  /// Runs the event loop, `lateStartup` first. Returns the process's exit status once the program has been told to
-  /// quit and Event_Close is done.
+  /// Runs the event loop, starting with `lateStartup`. Returns the exit status after Quit() and Event_Close.
   int Run(const std::function<void()>& lateStartup);
 
  protected:
-  /// The program is quitting, and its windows are closed. Called once. Dialogs still stand, and the event loop still
-  /// runs where something waits.
+  /// The program is quitting, and its windows are closed. Called once. Dialogs can still be shown, and nested event
+  /// loops run.
   virtual void Event_Close() {}
 
  private:
   ReleaseNumbers version_;
 };
 
-/// Ends the program with `status`, after the handlers that are running. Does nothing while a dialog stands.
+/// Ends the program with `status` once the running handlers have returned. Does nothing while a dialog is open.
 void Quit(int status = 0);
 
 }  // namespace toolkit

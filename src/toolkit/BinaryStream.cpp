@@ -11,7 +11,7 @@ namespace toolkit {
 bool IsDiskFull(int error) { return error == ENOSPC || error == EDQUOT; }
 
 BinaryStream::BinaryStream(const FolderItem& file)
-    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): open() is declared so
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): the declaration of open()
     : BinaryStream(open(file.Path().c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, S_IRUSR | S_IWUSR)) {}
 
 BinaryStream::BinaryStream(int descriptor) : descriptor_(descriptor) { KeepError(descriptor < 0); }

@@ -6,26 +6,26 @@
 
 namespace toolkit {
 
-/// Whether the system's number of an error (errno) says that there is no space left, or none for this user.
+/// Whether `error` (an errno value) means that the disk or the user's quota is full.
 [[nodiscard]] bool IsDiskFull(int error);
 
-/// Writes bytes to a file. After an error, nothing more is written.
+/// Writes bytes to a file. After an error, further writes are ignored.
 class BinaryStream {
  public:
-  /// Creates the file with mode 0600, or empties it if it is there.
+  /// Creates the file with mode 0600, or truncates it if it exists.
   explicit BinaryStream(const FolderItem& file);
-  /// Takes a file that is open for writing, or -1 if it could not be opened, with the error in errno.
+  /// Takes ownership of a descriptor that is open for writing, or -1 if opening failed, with the error in errno.
   explicit BinaryStream(int descriptor);
   BinaryStream(const BinaryStream&) = delete;
   BinaryStream& operator=(const BinaryStream&) = delete;
   ~BinaryStream() { Close(); }
 
   void Write(std::string_view bytes);
-  /// Waits until all of it is on the disk, and gives the file its permissions.
+  /// Sets the permissions and waits until everything is on the disk.
   void Finish(std::filesystem::perms permissions);
-  /// Closing can fail as well, where the bytes are only then written.
+  /// Can fail as well, if the bytes are written only now.
   void Close();
-  /// The system's number of the first error (errno), creating the file included; 0 if there was none.
+  /// The errno value of the first error, including that of creating the file; 0 if there was none.
   [[nodiscard]] int LastErrorCode() const { return error_; }
 
  private:

@@ -21,9 +21,9 @@ void Control::Changed() const {
   if (view_ != nullptr) view_->Refresh();
 }
 
-// An assistive technology acts on windows that a dialog blocks as well.
+// Assistive technologies can act on windows that a dialog blocks.
 bool Control::Operable() const {
-  const bool isOperable = enabled_ && IsOnScreen() && !Platform::WaitsForUser();
+  const bool isOperable = CanBeUsed() && !Platform::WaitsForUser();
   if (!isOperable) Changed();
   return isOperable;
 }

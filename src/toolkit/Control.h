@@ -17,7 +17,7 @@ struct Rect {
   friend bool operator==(const Rect&, const Rect&) = default;
 };
 
-/// The window edges that a control keeps its distance to. Locked to two opposite ones, it grows with the window.
+/// The window edges to which a control keeps its distance. Locked to two opposite edges, it grows with the window.
 struct Locks {
   bool Left = false;
   bool Top = false;
@@ -25,50 +25,59 @@ struct Locks {
   bool Bottom = false;
 };
 
+// The locks that windows use.
+inline constexpr Locks topLeft{.Left = true, .Top = true, .Right = false, .Bottom = false};
+inline constexpr Locks topAndSides{.Left = true, .Top = true, .Right = true, .Bottom = false};
+inline constexpr Locks bottomAndSides{.Left = true, .Top = false, .Right = true, .Bottom = true};
+inline constexpr Locks bottomRight{.Left = false, .Top = false, .Right = true, .Bottom = true};
+inline constexpr Locks allEdges{.Left = true, .Top = true, .Right = true, .Bottom = true};
+
 enum class FocusPolicy { Accepts, Refuses };
 
-/// Shows a control on the screen. Belongs to the desktop; the control only tells it when something changed.
+/// Shows a control on the screen. Owned by the desktop; the control only notifies it of changes.
 class ControlView {
  public:
   virtual ~ControlView() = default;
-  /// The control's properties, rows or selection are no longer what they were. Called often: must be cheap.
+  /// A property, the rows or the selection have changed. Called often: must be cheap.
   virtual void Refresh() = 0;
 };
 
-/// What all controls have in common: a name, a place, a state. A control holds its state itself, and it works the same
-/// whether or not a view shows it.
+/// The base of all controls: name, position and state. The control itself holds its state, and works the same without a
+/// view.
 class Control {
  public:
   Control(const Control&) = delete;
   Control& operator=(const Control&) = delete;
   virtual ~Control() = default;
 
-  /// Raised once, when the window has built all its controls.
+  /// Raised once, when the window has created all its controls.
   Event<> Open;
 
   [[nodiscard]] const std::string& Name() const { return name_; }
-  /// The place in a window of its designed size.
+  /// The position in a window of its designed size.
   [[nodiscard]] Rect Frame() const { return frame_; }
   [[nodiscard]] Locks LockedTo() const { return locks_; }
-  /// The place in the order in which the Tab key goes through the window, counted from 0.
+  /// The position in the tab order of the window, counted from 0.
   [[nodiscard]] int TabOrder() const { return tabOrder_; }
   [[nodiscard]] FocusPolicy Focus() const { return focus_; }
   [[nodiscard]] bool Enabled() const { return enabled_; }
   [[nodiscard]] bool Visible() const { return visible_; }
-  /// The panel of the window's TabPanel that the control stands on, 0 for none.
+  /// The panel of the window's TabPanel that the control is on, 0 for none.
   [[nodiscard]] int Panel() const { return panel_; }
-  /// Whether the control is visible and on no panel or on the one that shows.
+  /// Whether the control is visible, and not on a panel that is hidden.
   [[nodiscard]] bool IsOnScreen() const { return visible_ && panelShows_; }
-  /// What a screen reader calls the control.
+  /// Whether the user can use the control while no dialog is open.
+  [[nodiscard]] bool CanBeUsed() const { return enabled_ && IsOnScreen(); }
+  /// The name that screen readers announce.
   [[nodiscard]] virtual std::string AccessibleName() const { return accessibleName_; }
 
-  /// Where the window puts the control; called by the window when it builds itself.
+  /// Sets name and position; called by the window when it builds itself.
   void Place(std::string name, Rect frame, Locks locks, int tabOrder);
-  /// Which panel the control stands on, and which one shows; called by the TabPanel.
+  /// Sets the panel that the control is on and the one that is shown; called by the TabPanel.
   void ShowOnPanel(int panel, int shownPanel);
-  /// The view that follows this control from now on; nullptr for none.
+  /// Sets the view to notify; nullptr for none.
   void ShowIn(ControlView* view) { view_ = view; }
-  /// `view` goes. Does nothing if another one follows the control by then.
+  /// `view` is being destroyed. Does nothing if another view has been set since.
   void LeaveView(const ControlView& view) {
     if (view_ == &view) view_ = nullptr;
   }
@@ -79,7 +88,7 @@ class Control {
   void SetEnabled(bool enabled);
   void SetVisible(bool visible);
   void SetAccessibleName(std::string name);
-  /// Whether the user may act on the control now. If not, the view is told, so that it shows nothing else.
+  /// Whether the user may act on the control now. If not, notifies the view, so that it shows the unchanged state.
   [[nodiscard]] bool Operable() const;
 
  private:
@@ -96,7 +105,7 @@ class Control {
   ControlView* view_ = nullptr;
 };
 
-/// The setters that every kind of control has. They return the control's own type, so that calls chain.
+/// The setters common to all controls. They return the control's own type, so that calls chain.
 template <typename Kind>
 class ControlOf : public Control {
  public:
@@ -120,6 +129,13 @@ class ControlOf : public Control {
  protected:
   explicit ControlOf(FocusPolicy focus) : Control(focus) {}
   Kind& Self() { return static_cast<Kind&>(*this); }
+  /// Sets a property and notifies the view.
+  template <typename Value>
+  Kind& Set(Value& property, Value value) {
+    property = std::move(value);
+    Changed();
+    return Self();
+  }
 };
 
 }  // namespace toolkit

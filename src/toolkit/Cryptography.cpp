@@ -15,7 +15,6 @@ namespace toolkit {
 namespace {
 
 constexpr int fewestKeyBits = 2048;
-constexpr std::size_t bytesAtOnce = 1'000'000;
 
 struct Free {
   void operator()(EVP_MD* algorithm) const { EVP_MD_free(algorithm); }
@@ -36,10 +35,10 @@ DigestContext MakeContext() {
 
 const char* NameOf(Digest::Kind kind) { return kind == Digest::Kind::MD5 ? "MD5" : "SHA-256"; }
 
-/// nullptr where the system's rules leave the algorithm out.
+/// nullptr if the system disables the algorithm.
 Algorithm Fetch(Digest::Kind kind) { return Algorithm(EVP_MD_fetch(nullptr, NameOf(kind), nullptr)); }
 
-/// The key, or nothing if the text is not the whole DER form of an RSA key.
+/// nullptr if the text is not exactly the DER encoding of an RSA key.
 Key ReadPublicKey(std::string_view text) {
   const std::optional<std::string> der = DecodeHex(text);
   if (!der || der->empty()) return nullptr;
@@ -80,7 +79,7 @@ bool RSAVerifySignature(std::string_view data, std::string_view signature, std::
   const Key key = ReadPublicKey(publicKey);
   if (!key) return false;
   const DigestContext digest = MakeContext();
-  EVP_PKEY_CTX* parameters = nullptr;  // belongs to the digest
+  EVP_PKEY_CTX* parameters = nullptr;  // owned by the digest
   if (EVP_DigestVerifyInit(digest.get(), &parameters, EVP_sha256(), nullptr, key.get()) != 1 ||
       EVP_PKEY_CTX_set_rsa_padding(parameters, RSA_PKCS1_PADDING) != 1) {
     return false;

@@ -8,7 +8,7 @@
 
 namespace toolkit {
 
-/// The digest of data that comes in pieces: MD5 (RFC 1321) or SHA-256 (FIPS 180-4).
+/// The digest of data that arrives in pieces: MD5 (RFC 1321) or SHA-256 (FIPS 180-4).
 class Digest {
  public:
   enum class Kind { MD5, SHA256 };
@@ -19,10 +19,10 @@ class Digest {
   Digest& operator=(const Digest&) = delete;
   ~Digest();
 
-  /// Whether the system lets programs compute such digests. Some leave MD5 out.
+  /// Whether the system provides the digest. Some disable MD5.
   [[nodiscard]] static bool IsAvailable(Kind kind);
   void Process(std::string_view bytes);
-  /// The 16 or 32 bytes of the digest. The last call.
+  /// The 16 or 32 bytes of the digest. No other call may follow.
   [[nodiscard]] std::string Value();
 
  private:
@@ -31,8 +31,8 @@ class Digest {
 };
 
 /// Whether `signature` (raw bytes) is the signature of `data` by the owner of `publicKey`: RSASSA-PKCS1-v1_5 with
-/// SHA-256 (RFC 8017). The key is a SubjectPublicKeyInfo (RFC 5280) in DER, as hexadecimal text. Whatever is unusable,
-/// the key included, gives false. Asks after each megabyte whether it is still wanted; false if it is not.
+/// SHA-256 (RFC 8017). The key is a SubjectPublicKeyInfo (RFC 5280) in DER, as hexadecimal text. False for any invalid
+/// input, including the key. Calls `wanted` after each megabyte and returns false once it returns false.
 [[nodiscard]] bool RSAVerifySignature(std::string_view data, std::string_view signature, std::string_view publicKey,
                                       const StillWanted& wanted = {});
 

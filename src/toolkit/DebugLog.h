@@ -4,7 +4,7 @@
 
 namespace toolkit {
 
-/// Writes a line for developers to the program's standard error output. Never anything secret.
+/// Writes a line for developers to standard error. Must not contain secrets.
 void DebugLog(std::string_view line);
 
 }  // namespace toolkit

@@ -16,8 +16,7 @@
   TEXT(kSelectAllCommand, "Select All")
 // clang-format on
 
-/// The texts that the desktop's own parts show: buttons without a caption, menus, notices, and what a screen
-/// reader says of signs.
+/// The texts of the toolkit's own widgets: buttons without a caption, menus, notices, and accessible names of icons.
 namespace DesktopTexts {
 
 #define DESKTOP_CONSTANT(name, english) inline constexpr toolkit::LocalizedText name{"DesktopTexts." #name, english};

@@ -10,9 +10,7 @@
 namespace toolkit {
 namespace {
 
-constexpr std::string_view replacement = "\xEF\xBF\xBD";
-
-/// iconv's name may carry options after a slash, which would make it drop or transliterate what does not convert.
+/// A name for iconv may have options after a slash, which would drop or transliterate what cannot be converted.
 bool IsPlainName(std::string_view name) {
   return !name.empty() && name.find_first_of(std::string_view("/\0", 2)) == std::string_view::npos;
 }
@@ -35,13 +33,13 @@ class Converter {
     std::size_t left = input.size();
     while (left > 0) {
       if (Step(&place, &left, text) || errno == E2BIG) continue;
-      text += replacement;
+      text += replacementCharacter;
       const bool isCutOff = errno == EINVAL;
       if (isCutOff) break;
       ++place;
       --left;
     }
-    Step(nullptr, nullptr, text);  // what the last bytes left pending
+    Step(nullptr, nullptr, text);  // flushes the conversion state
     return text;
   }
 
@@ -66,7 +64,7 @@ std::optional<std::string> ConvertToUTF8(std::string_view bytes, std::string_vie
   if (!IsPlainName(characterSet)) return std::nullopt;
   Converter converter{std::string(characterSet)};
   if (!converter.IsKnown()) return std::nullopt;
-  return RepairUTF8(converter.Convert(bytes));  // iconv lets through what is beyond Unicode
+  return RepairUTF8(converter.Convert(bytes));  // iconv accepts values beyond Unicode
 }
 
 }  // namespace toolkit

@@ -6,8 +6,8 @@
 
 namespace toolkit {
 
-/// `bytes` in the character set of that name (IANA's or iconv's), converted to UTF-8. What does not convert becomes
-/// U+FFFD. Nothing if the name is unknown.
+/// Converts `bytes` from the character set with that name (IANA's or iconv's) to UTF-8. What cannot be converted
+/// becomes U+FFFD. std::nullopt if the name is unknown.
 [[nodiscard]] std::optional<std::string> ConvertToUTF8(std::string_view bytes, std::string_view characterSet);
 
 }  // namespace toolkit

@@ -5,29 +5,10 @@
 
 namespace toolkit {
 
-/// Something that happens to a control, window or socket, and the one handler that reacts to it.
+/// An event of a control, window or socket with one handler, whose result is returned to the one who raises it. Without
+/// a handler the result is value-initialised: false, nullptr, 0.
 ///
-/// Raising an event that has no handler does nothing. The handler is copied before it runs, so it may
-/// replace itself or destroy the object that holds the event.
-template <typename... Arguments>
-class Event {
- public:
-  using Handler = std::function<void(Arguments...)>;
-
-  Event& operator=(Handler handler) {
-    handler_ = std::move(handler);
-    return *this;
-  }
-
-  void operator()(Arguments... arguments) const {
-    if (const Handler handler = handler_) handler(arguments...);
-  }
-
- private:
-  Handler handler_;
-};
-
-/// As Event, but the handler answers. Without a handler the answer is the value-initialised one: false, nullptr, 0.
+/// The handler is copied before it is called, so it may replace itself or destroy the object that holds the event.
 template <typename Answer, typename... Arguments>
 class Question {
  public:
@@ -40,11 +21,15 @@ class Question {
 
   Answer operator()(Arguments... arguments) const {
     const Handler handler = handler_;
-    return handler ? handler(arguments...) : Answer{};
+    return handler ? handler(arguments...) : Answer();
   }
 
  private:
   Handler handler_;
 };
+
+/// An event whose handler returns nothing.
+template <typename... Arguments>
+using Event = Question<void, Arguments...>;
 
 }  // namespace toolkit

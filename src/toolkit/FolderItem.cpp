@@ -25,7 +25,7 @@ fs::file_type TypeOf(const fs::path& path) {
 
 std::string TemporaryPrefix() { return Platform::Current().Program().Id + "-"; }
 
-/// A path that ends as mkstemp() and mkdtemp() want it.
+/// A path as mkstemp() and mkdtemp() need it.
 std::string TemporaryPath(const FolderItem& place) {
   place.CreateAsFolder();
   return place.Child(TemporaryPrefix() + "XXXXXX").Path().string();

@@ -10,7 +10,7 @@ namespace toolkit {
 /// A colour as 0xRRGGBB; 0 is black.
 using Color = std::uint32_t;
 
-/// A surface to draw on, for as long as the event that hands it out. Lengths are in points.
+/// A surface to draw on, valid during the event that provides it. Lengths are in points.
 class Graphics {
  public:
   Graphics() = default;
@@ -18,7 +18,7 @@ class Graphics {
   Graphics& operator=(const Graphics&) = delete;
   virtual ~Graphics() = default;
 
-  /// How thick lines are, across and down, and their colour.
+  /// The thickness of lines, horizontally and vertically, and their colour.
   int PenWidth = 1;
   int PenHeight = 1;
   Color ForeColor = 0;
@@ -27,7 +27,7 @@ class Graphics {
   [[nodiscard]] virtual int Height() const = 0;
   /// Draws the whole picture, scaled to fill `destination`.
   virtual void DrawPicture(const std::shared_ptr<const Picture>& picture, Rect destination) = 0;
-  /// Draws the outline of a rectangle; it lies inside of `place`.
+  /// Draws the outline of a rectangle, inside `place`.
   virtual void DrawRect(Rect place) = 0;
 };
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "toolkit/HTTPStatus.h"
 #include "toolkit/Platform.h"
 #include "toolkit/RegEx.h"
 #include "toolkit/Text.h"
@@ -12,13 +13,12 @@ namespace {
 
 constexpr int timedOutCode = -1;
 constexpr int firstFaultCode = 100;
-constexpr int unauthorized = 401;
 
 std::int64_t OrUnknown(std::optional<std::uint64_t> length) {
   return length ? static_cast<std::int64_t>(*length) : std::int64_t{-1};
 }
 
-/// The URL as this kind of connection is made to it: another scheme gives way, a missing port is filled in.
+/// The URL for this kind of connection: its scheme is replaced, a missing port is added.
 std::string AddressOf(std::string_view url, bool secure, int port) {
   url = Trim(url);
   for (const std::string_view scheme : {"https://", "http://"}) {
@@ -104,9 +104,9 @@ bool HTTPSecureSocket::SendAndWait(std::string_view method, std::string url, con
   return hasReply_;
 }
 
-// A proxy's challenge, or one of another scheme, is left to the caller as the reply that it is.
+// Proxy challenges and other schemes are ordinary replies for the caller.
 bool HTTPSecureSocket::SendAgainWithCredentials() {
-  if (status_ != unauthorized) return false;
+  if (status_ != HTTPStatus::unauthorized) return false;
   static const RegEx challenge("(?:^|,)\\s*Basic(?:\\s+(?:.*\\brealm=\"([^\"]*)\")?|$)");
   const InternetHeaders headers = PageHeaders();
   const std::string asked = headers.Value("WWW-Authenticate");

@@ -10,33 +10,35 @@
 
 namespace toolkit {
 
-/// An HTTP client (RFC 9110) whose requests can be waited for. One request at a time; redirects are not followed.
+/// An HTTP client (RFC 9110) with synchronous and asynchronous requests, one at a time. Redirects are not followed.
 ///
-/// A synchronous call runs the event loop while it waits, and handlers may do anything meanwhile but destroy the
-/// socket. Its time-out, in seconds, counts from the last progress; one below 1 sets no limit. A call that fails, and
-/// one that the end of the program interrupts, returns as if there had been no reply. An asynchronous call reports by
-/// the events.
+/// A synchronous call runs the event loop while it waits; handlers may do anything but destroy the socket. Its time-out
+/// in seconds restarts with every progress; below 1 there is none. A call that fails, or that is interrupted by the end
+/// of the program, returns as if there had been no reply. An asynchronous call reports by the events.
 class HTTPSecureSocket : private HTTPSocket {
  public:
-  /// Whether the connection uses TLS, and the port of a URL that names none.
+  static constexpr int PortOfHTTP = 80;
+  static constexpr int PortOfHTTPS = 443;
+
+  /// Whether the connection uses TLS, and the port for URLs without one.
   bool Secure = true;
-  int Port = 443;
-  /// Ends a synchronous call early.
+  int Port = PortOfHTTPS;
+  /// Ends a synchronous call early once it returns false.
   StillWanted Wanted;
 
   /// The asynchronous call failed; see LastErrorCode().
   Event<int> Error;
-  /// The asynchronous call got a whole reply: its status and body.
+  /// The asynchronous call has ended: the status and the body of the reply.
   Event<int, const std::string&> PageReceived;
-  /// As PageReceived, for a call whose body went to a file.
+  /// Like PageReceived, for a call whose body was written to a file.
   Event<int, const FolderItem&> DownloadComplete;
-  /// The asynchronous call's reply begins: its status, and how long its body is to be, -1 if that is unknown.
+  /// The asynchronous call has received headers: the status and the announced length of the body, -1 if unknown.
   Event<int, std::int64_t> HeadersReceived;
-  /// Bytes received so far, and in all, or -1 if that is unknown. Any call.
+  /// The number of bytes received so far and in total, -1 if unknown. Raised by both kinds of calls.
   Event<std::int64_t, std::int64_t> ReceiveProgress;
 
   HTTPSecureSocket();
-  /// Ends the request under way: what was only to be fetched is not wanted any more.
+  /// Aborts the request under way, since nobody can receive its reply any more.
   ~HTTPSecureSocket() override { Disconnect(); }
 
   using HTTPSocket::Disconnect;
@@ -52,11 +54,11 @@ class HTTPSecureSocket : private HTTPSocket {
 
   /// The body of the reply, whatever its status; empty if there is none.
   std::string Get(std::string url, int timeoutSeconds) { return SendRequest("GET", std::move(url), timeoutSeconds); }
-  /// Whether the whole body is in `file`.
+  /// Returns whether the whole body is in `file`.
   bool Get(std::string url, const FolderItem& file, int timeoutSeconds) {
     return SendRequest("GET", std::move(url), file, timeoutSeconds);
   }
-  /// The headers of the reply, nothing if there was no reply.
+  /// The headers of the reply, std::nullopt if there was no reply.
   std::optional<InternetHeaders> GetHeaders(std::string url, int timeoutSeconds);
   std::string SendRequest(std::string_view method, std::string url, int timeoutSeconds);
   bool SendRequest(std::string_view method, std::string url, const FolderItem& file, int timeoutSeconds);
@@ -64,18 +66,18 @@ class HTTPSecureSocket : private HTTPSocket {
   /// The status of the last reply; 0 if there was none.
   [[nodiscard]] int HTTPStatusCode() const { return status_; }
   [[nodiscard]] InternetHeaders PageHeaders() const { return ResponseHeaders(); }
-  /// 0 if the last call has not failed, -1 if it timed out, any other number for another failure.
+  /// 0 if the last call succeeded, -1 if it timed out, any other number for another failure.
   [[nodiscard]] int LastErrorCode() const;
-  /// Whether the last call failed because the body was longer than LargestBody.
+  /// Whether the last call failed because the body exceeded LargestBody.
   [[nodiscard]] bool WasTooLarge() const { return LastFault() == TransferFault::TooLarge; }
-  /// Whether the last call failed because the file had no space left.
+  /// Whether the last call failed because the disk was full.
   [[nodiscard]] bool FoundDiskFull() const { return LastFault() == TransferFault::DiskFull; }
 
  protected:
-  /// Changes the URL of a request, and this socket's settings, before the request is sent.
+  /// May change the URL of a request, and this socket's settings, before the request is sent.
   virtual void Event_BeforeRequest(std::string& url) = 0;
-  /// The server asks for a name and a password (HTTP's Basic scheme, RFC 7617). Returns whether they were filled in and
-  /// the request is to be sent again; asked at most once a request.
+  /// The server requires a name and a password (HTTP Basic, RFC 7617). Return whether they were filled in and the
+  /// request is to be repeated; called at most once per request.
   virtual bool Event_AuthenticationRequired(const std::string& realm, const InternetHeaders& headers, std::string& name,
                                             std::string& password) = 0;
 

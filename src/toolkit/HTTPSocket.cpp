@@ -11,24 +11,20 @@
 namespace toolkit {
 namespace {
 
-// A server may announce any length; more than this is not reserved on its word alone.
+// A server may announce any length, so no more than this is reserved.
 constexpr std::uint64_t largestReserve = std::uint64_t{256} << 20U;
-
-auto FindHeader(auto& headers, std::string_view name) {
-  return std::ranges::find_if(headers, [&](const auto& header) { return EqualIgnoringCase(header.first, name); });
-}
 
 }  // namespace
 
 void HTTPSocket::ClearRequestHeaders() { requestHeaders_.clear(); }
 
 std::string HTTPSocket::RequestHeader(std::string_view name) const {
-  const auto header = FindHeader(requestHeaders_, name);
+  const auto header = std::ranges::find_if(requestHeaders_, IsNamed(name));
   return header == requestHeaders_.end() ? std::string() : header->second;
 }
 
 void HTTPSocket::RequestHeader(std::string_view name, std::string_view value) {
-  const auto header = FindHeader(requestHeaders_, name);
+  const auto header = std::ranges::find_if(requestHeaders_, IsNamed(name));
   if (value.empty()) {
     if (header != requestHeaders_.end()) requestHeaders_.erase(header);
   } else if (header == requestHeaders_.end()) {
@@ -55,16 +51,16 @@ void HTTPSocket::Send(std::string_view method, std::string_view url, const Folde
 
 void HTTPSocket::Disconnect() {
   if (transfer_) transfer_->Abort();
-  LetGo();
+  ReleaseTransfer();
 }
 
-void HTTPSocket::LetGo() {
+void HTTPSocket::ReleaseTransfer() {
   transfer_.reset();
   fileStream_.reset();
 }
 
 void HTTPSocket::Start(std::string_view method, std::string_view url) {
-  LetGo();
+  ReleaseTransfer();
   url_ = url;
   status_ = 0;
   fault_.reset();
@@ -117,7 +113,7 @@ void HTTPSocket::BodySent(std::uint64_t sent, std::uint64_t total) { Event_SendP
 
 void HTTPSocket::Finished() {
   const auto ended = std::exchange(transfer_, nullptr);
-  // The handler may start the next request or destroy the socket, so its arguments are its own.
+  // The handler may start the next request or destroy the socket, so it gets copies.
   const std::string url = url_;
   if (!file_) {
     Event_PageReceived(url, status_, std::move(content_));

@@ -16,8 +16,8 @@
 
 namespace toolkit {
 
-/// An asynchronous HTTP client (RFC 9110) for one request at a time. A derived class reacts to its Event_ functions,
-/// which run on the event loop; any of them may start the next request or destroy the socket.
+/// An asynchronous HTTP client (RFC 9110) for one request at a time. A derived class overrides the Event_ functions,
+/// which are called on the event loop; each may start the next request or destroy the socket.
 class HTTPSocket : private HTTPTransferEvents {
  public:
   HTTPSocket() = default;
@@ -25,42 +25,42 @@ class HTTPSocket : private HTTPTransferEvents {
   HTTPSocket& operator=(const HTTPSocket&) = delete;
   ~HTTPSocket() override = default;
 
-  /// Whether a server must show a certificate that the system trusts. TLS is used either way.
+  /// Whether the server's certificate must be trusted by the system. TLS is used either way.
   bool ValidateCertificates = true;
-  /// How long a request may go without any progress before it fails; 0 sets no limit but that for connecting.
+  /// The time without any progress after which a request fails; 0 for no limit apart from that for connecting.
   std::chrono::milliseconds InactivityTimeout{0};
-  /// A reply whose body is longer than this, announced or received, fails before it is held whole.
+  /// A reply with a longer body, announced or received, fails early.
   std::uint64_t LargestBody = std::numeric_limits<std::uint64_t>::max();
 
   void ClearRequestHeaders();
-  /// The value that was set for a header of the next request; empty if none was.
+  /// The value set for a header of the next request; empty if none was.
   [[nodiscard]] std::string RequestHeader(std::string_view name) const;
-  /// The empty value takes the header away.
+  /// An empty value removes the header.
   void RequestHeader(std::string_view name, std::string_view value);
-  /// A header of the last reply; empty if it had none of that name.
+  /// A header of the last reply; empty if there is none with that name.
   [[nodiscard]] std::string ResponseHeader(std::string_view name) const { return responseHeaders_.Value(name); }
   [[nodiscard]] const InternetHeaders& ResponseHeaders() const { return responseHeaders_; }
 
-  /// Makes `data` the body of the next request, and of that one only.
+  /// Sets the body of the next request only.
   void SetRequestContent(std::string data, std::string_view mimeType);
-  /// Starts a request and returns at once. The reply comes whole, as Event_PageReceived. The request reaches the server
-  /// at most once. Of a request that is under way the reply is never delivered; but it is sent and carried out, as it
-  /// is if this socket goes.
+  /// Starts a request and returns at once. Event_PageReceived receives the whole reply. The request reaches the server
+  /// at most once. A previous request that is still running is completed, but its reply is dropped; so is this one if
+  /// the socket is destroyed.
   void Send(std::string_view method, std::string_view url);
-  /// As the other Send, but the reply's body goes to `file` as it arrives, and Event_FileReceived tells its end. The
-  /// file is created or emptied when the reply begins; after a failure it holds what had arrived.
+  /// Like the other Send, but the body is written to `file` as it arrives, and Event_FileReceived reports the end. The
+  /// file is created or truncated when the headers arrive; after a failure it holds what had arrived.
   void Send(std::string_view method, std::string_view url, const FolderItem& file);
-  /// Ends the request under way, if there is one, wherever it is and without any event.
+  /// Aborts the request under way, if there is one, without any event.
   void Disconnect();
-  /// How long the last reply said that its body is.
+  /// The body length that the last reply announced.
   [[nodiscard]] std::optional<std::uint64_t> AnnouncedLength() const { return announcedLength_; }
   /// Whether a request is under way.
   [[nodiscard]] bool IsConnected() const { return transfer_ != nullptr; }
-  /// Why the last request failed; nothing if it has not.
+  /// Why the last request failed; std::nullopt if it did not.
   [[nodiscard]] std::optional<TransferFault> LastFault() const { return fault_; }
 
  protected:
-  /// The transfer failed: no reply, or not a whole one. The message tells the host and the kind of failure.
+  /// The transfer failed: there is no reply, or an incomplete one. The message names the host and the kind of failure.
   virtual void Event_Error(const RuntimeException& error) = 0;
   virtual void Event_FileReceived(const std::string& url, int status, const FolderItem& file) = 0;
   virtual void Event_HeadersReceived(const std::string& url, int status) = 0;
@@ -71,10 +71,10 @@ class HTTPSocket : private HTTPTransferEvents {
 
  private:
   void Start(std::string_view method, std::string_view url);
-  void LetGo();
+  void ReleaseTransfer();
   void FailWith(TransferFault fault, const std::string& message);
   void FailAsTooLarge();
-  /// Fails if the file has an error. Returns whether it has none.
+  /// Fails the request if the file has an error. Returns whether it has none.
   bool CheckFile();
 
   void HeadersReceived(int status, HTTPHeaders headers, std::optional<std::uint64_t> length) override;

@@ -6,9 +6,9 @@ namespace toolkit {
 
 class Window;
 
-/// The time in which a handler of `window` runs, from its making to its end: the window stays alive, and dialogs belong
-/// to it. A handler that ends by an exception leaves it so, for the dialog that tells the exception. Without a window
-/// nothing changes.
+/// Marks the time in which a handler of `window` runs: the window is kept alive, and dialogs belong to it. If the
+/// handler throws, the mark stays, so that the message box for the exception belongs to the window as well. Does
+/// nothing without a window.
 class HandlerTurn {
  public:
   explicit HandlerTurn(std::shared_ptr<Window> window);

@@ -6,10 +6,11 @@ namespace toolkit {
 
 std::string InternetHeaders::Value(std::string_view name) const {
   std::string values;
-  for (const auto& [field, value] : fields_) {
-    if (!EqualIgnoringCase(field, name)) continue;
+  const auto isWanted = IsNamed(name);
+  for (const auto& field : fields_) {
+    if (!isWanted(field)) continue;
     if (!values.empty()) values += ", ";
-    values += value;
+    values += field.second;
   }
   return values;
 }

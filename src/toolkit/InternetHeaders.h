@@ -13,8 +13,7 @@ class InternetHeaders {
   InternetHeaders() = default;
   explicit InternetHeaders(HTTPHeaders fields) : fields_(std::move(fields)) {}
 
-  /// The values of all fields of that name, in either case, with a comma and a blank between them; empty if there is
-  /// none.
+  /// The values of all fields with that name, separated by a comma and a blank; empty if there is none.
   [[nodiscard]] std::string Value(std::string_view name) const;
 
  private:

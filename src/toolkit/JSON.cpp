@@ -24,7 +24,6 @@ namespace toolkit {
 namespace {
 
 constexpr std::size_t deepestNesting = 64;
-constexpr std::size_t bytesAtOnce = 1'000'000;
 
 [[noreturn]] void ExplainFailure(std::string_view text, json::error_code error) {
   if (!IsUTF8(text)) throw RuntimeException("the text is not UTF-8");
@@ -38,7 +37,7 @@ json::parse_options Options() {
   return options;
 }
 
-/// Builds the values of what the parser reads.
+/// Builds values from the parser's events.
 struct Reader {
   using Error = json::error_code;
   using Text = json::string_view;
@@ -47,11 +46,11 @@ struct Reader {
   static constexpr std::size_t max_key_size = std::numeric_limits<std::size_t>::max();
   static constexpr std::size_t max_string_size = std::numeric_limits<std::size_t>::max();
 
-  json::value_stack* values = nullptr;
-  std::string beginOfNumber;  // of one that two pieces share
+  json::value_stack* Values = nullptr;
+  std::string BeginOfNumber;  // if a number is split between two pieces
 
   bool Push(auto push) {
-    push(*values);
+    push(*Values);
     return true;
   }
 
@@ -66,14 +65,15 @@ struct Reader {
   bool on_key(Text text, std::size_t, Error&) { return Push([=](auto& stack) { stack.push_key(text); }); }
   bool on_string_part(Text text, std::size_t, Error&) { return Push([=](auto& stack) { stack.push_chars(text); }); }
   bool on_string(Text text, std::size_t, Error&) { return Push([=](auto& stack) { stack.push_string(text); }); }
-  bool on_number_part(Text text, Error&) { beginOfNumber += text; return true; }
-  bool on_int64(std::int64_t number, Text, Error&) { beginOfNumber.clear(); return Push([=](auto& stack) { stack.push_int64(number); }); }
-  bool on_uint64(std::uint64_t number, Text, Error&) { beginOfNumber.clear(); return Push([=](auto& stack) { stack.push_uint64(number); }); }
+  bool on_number_part(Text text, Error&) { BeginOfNumber += text; return true; }
+  bool on_int64(std::int64_t number, Text, Error&) { BeginOfNumber.clear(); return Push([=](auto& stack) { stack.push_int64(number); }); }
+  bool on_uint64(std::uint64_t number, Text, Error&) { BeginOfNumber.clear(); return Push([=](auto& stack) { stack.push_uint64(number); }); }
   bool on_double(double number, Text text, Error& error) {
-    const std::string whole = std::exchange(beginOfNumber, {}).append(text);
-    std::from_chars(whole.data(), whole.data() + whole.size(), number);  // the parser itself may miss the nearest number by a little
+    const std::string whole = std::exchange(BeginOfNumber, {}).append(text);
+    // The parser's own result may be off by a little.
+    std::from_chars(whole.data(), whole.data() + whole.size(), number);
     if (std::isfinite(number)) return Push([=](auto& stack) { stack.push_double(number); });
-    error = json::error::exponent_overflow;  // it could not be written out again
+    error = json::error::exponent_overflow;  // it could not be written as JSON again
     return false;
   }
   bool on_bool(bool truth, Error&) { return Push([=](auto& stack) { stack.push_bool(truth); }); }
@@ -83,10 +83,10 @@ struct Reader {
   // clang-format on
 };
 
-/// Reads all of `text`. Returns whether that was wanted to the end.
+/// Parses all of `text`. Returns false if `wanted` did.
 bool Read(std::string_view text, json::value_stack& values, const StillWanted& wanted) {
   json::basic_parser<Reader> parser(Options());
-  parser.handler().values = &values;
+  parser.handler().Values = &values;
   json::error_code error;
   const std::size_t pieceSize = wanted ? bytesAtOnce : text.size();
   std::size_t place = 0;
@@ -101,13 +101,13 @@ bool Read(std::string_view text, json::value_stack& values, const StillWanted& w
   return true;
 }
 
-/// A text's values in one block of memory: it is built once, read, and dropped as one, without a visit to each value.
+/// A text's values in one block of memory, which is freed at once, without a visit to each value.
 struct Tree {
   json::monotonic_resource Memory;
   json::value Root = json::value(json::storage_ptr(&Memory));
 };
 
-/// nullptr if it is no longer wanted.
+/// nullptr if `wanted` returned false.
 std::shared_ptr<const Tree> Parse(std::string_view text, const StillWanted& wanted = {}) {
   const auto tree = std::make_shared<Tree>();
   json::value_stack values;

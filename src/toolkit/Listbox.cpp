@@ -1,42 +1,13 @@
 #include "toolkit/Listbox.h"
 
 #include <algorithm>
-#include <charconv>
 #include <numeric>
 #include <optional>
 #include <utility>
 
+#include "toolkit/Text.h"
+
 namespace toolkit {
-
-Listbox& Listbox::ColumnCount(int count) {
-  columnCount_ = count;
-  Changed();
-  return *this;
-}
-
-Listbox& Listbox::ColumnWidths(std::string widths) {
-  columnWidths_ = std::move(widths);
-  Changed();
-  return *this;
-}
-
-Listbox& Listbox::HasHeading(bool hasHeading) {
-  hasHeading_ = hasHeading;
-  Changed();
-  return *this;
-}
-
-Listbox& Listbox::Scrolling(ScrollBars scrollBars) {
-  scrollBars_ = scrollBars;
-  Changed();
-  return *this;
-}
-
-Listbox& Listbox::Texts(ListTexts texts) {
-  texts_ = texts;
-  Changed();
-  return *this;
-}
 
 std::string Listbox::Heading(int column) const {
   const auto index = static_cast<std::size_t>(column);
@@ -106,15 +77,12 @@ void Listbox::Activate() const {
 
 namespace {
 
-/// The next width of a list such as "200, *": its number, or nothing for "*". Takes it off `widths`.
+/// Removes the first width of a list such as "200, *" from `widths`: its number, or std::nullopt for "*".
 std::optional<int> TakeWidth(std::string_view& widths) {
   const std::size_t end = std::min(widths.find(','), widths.size());
-  std::string_view width = widths.substr(0, end);
+  const auto points = ParseNumber<int>(Trim(widths.substr(0, end)));
   widths.remove_prefix(std::min(end + 1, widths.size()));
-  width.remove_prefix(std::min(width.find_first_not_of(' '), width.size()));
-  int points = 0;
-  const bool isNumber = std::from_chars(width.data(), width.data() + width.size(), points).ec == std::errc();
-  return isNumber ? std::optional(std::max(points, 0)) : std::nullopt;
+  return points ? std::optional(std::max(*points, 0)) : std::nullopt;
 }
 
 }  // namespace

@@ -15,68 +15,66 @@ namespace toolkit {
 
 enum class ScrollBars { Vertical, Both };
 
-/// What the texts of a list are. Those of a terminal are in a font of fixed width, and its colour codes (ECMA-48) are
-/// not shown, though copied and saved.
+/// How the texts of a list are shown. Terminal texts use a font of fixed width, and their colour codes (ECMA-48) are
+/// hidden, but copied and saved.
 enum class ListTexts { Plain, Terminal };
 
 /// A list of rows with text cells, of which the user can select one. Rows and columns count from 0.
 ///
-/// Setters raise no event but for the selection: Change is raised whenever the selected row becomes another one, or
-/// none, whoever caused it.
+/// Setters raise no event, except Change: it is raised whenever the selected row changes, by the user or the program.
 class Listbox final : public ControlOf<Listbox> {
  public:
   Listbox() : ControlOf(FocusPolicy::Accepts) {}
 
-  /// The selection changed. The rows are what they are to be by then.
+  /// The selection has changed. The rows are complete by then.
   Event<> Change;
   /// The user double-clicked the list, or pressed Enter on its selected row. ListIndex may be -1.
   Event<> DoubleClick;
 
   [[nodiscard]] int ColumnCount() const { return columnCount_; }
-  Listbox& ColumnCount(int count);
-  /// Widths in points, separated by commas; "*" takes what the others leave. Widths beyond the columns are ignored,
-  /// and a column without a width shares what is left.
+  Listbox& ColumnCount(int count) { return Set(columnCount_, count); }
+  /// Widths in points, separated by commas; "*" takes the remaining width. Extra widths are ignored, and a column
+  /// without a width counts as "*".
   [[nodiscard]] const std::string& ColumnWidths() const { return columnWidths_; }
-  Listbox& ColumnWidths(std::string widths);
+  Listbox& ColumnWidths(std::string widths) { return Set(columnWidths_, std::move(widths)); }
   [[nodiscard]] bool HasHeading() const { return hasHeading_; }
-  Listbox& HasHeading(bool hasHeading);
+  Listbox& HasHeading(bool hasHeading) { return Set(hasHeading_, hasHeading); }
   [[nodiscard]] ScrollBars Scrolling() const { return scrollBars_; }
-  Listbox& Scrolling(ScrollBars scrollBars);
+  Listbox& Scrolling(ScrollBars scrollBars) { return Set(scrollBars_, scrollBars); }
   [[nodiscard]] ListTexts Texts() const { return texts_; }
-  Listbox& Texts(ListTexts texts);
-  /// What a file of the rows is called, without an ending; the accessible name where it is empty.
+  Listbox& Texts(ListTexts texts) { return Set(texts_, texts); }
+  /// The name of a file that the rows are saved to, without extension; by default the accessible name.
   [[nodiscard]] std::string FileName() const { return fileName_.empty() ? AccessibleName() : fileName_; }
   void FileName(std::string name) { fileName_ = std::move(name); }
-  /// Headings beyond the columns are kept and not shown.
+  /// Headings beyond the last column are stored but not shown.
   [[nodiscard]] std::string Heading(int column) const;
   void Heading(int column, std::string heading);
 
   [[nodiscard]] int ListCount() const { return static_cast<int>(rows_.RowCount()); }
-  /// Cells beyond the columns are kept and not shown.
+  /// Cells beyond the last column are stored but not shown.
   void AddRow(std::span<const std::string_view> cells);
   void AddRow(std::initializer_list<std::string_view> cells) { AddRow(std::span(cells.begin(), cells.size())); }
   /// Raises Change if a row was selected.
   void DeleteAllRows();
-  /// The empty text for a cell that there is not. Valid while the list's rows are.
+  /// Empty if there is no such cell. Valid until the rows are removed.
   [[nodiscard]] std::string_view Cell(int row, int column) const;
-  /// An object kept with the row; empty if there is none.
+  /// An object stored with the row; empty if there is none.
   [[nodiscard]] std::any RowTag(int row) const;
   void RowTag(int row, std::any tag);
-  /// The texts of the row that are shown, separated by tabs.
+  /// The visible texts of the row, separated by tabs.
   [[nodiscard]] std::string RowText(int row) const;
 
   /// The selected row, -1 if there is none.
   [[nodiscard]] int ListIndex() const { return listIndex_; }
-  /// Selects a row, or none with -1. A row that does not exist counts as none. Raises Change if that is a change.
+  /// Selects a row; -1 or a row that does not exist clears the selection. Raises Change if the selection changes.
   void ListIndex(int row);
 
-  /// Changes whenever rows are removed, so that what a view remembers of them is void; not when rows are added.
+  /// Changes whenever rows are removed, which invalidates what a view has stored about them; not when rows are added.
   [[nodiscard]] unsigned Generation() const { return generation_; }
 
-  /// Selects a row as the user would, -1 for a click beside the rows: does nothing while the list is disabled or
-  /// invisible.
+  /// Selects a row as the user would, -1 for a click beside the rows. Ignored while the list is disabled or invisible.
   void Select(int row);
-  /// Double-clicks the list as the user would, or presses Enter on it.
+  /// Double-clicks the list as the user would, or presses Enter on it. Ignored while the list is disabled or invisible.
   void Activate() const;
 
  private:
@@ -93,9 +91,8 @@ class Listbox final : public ControlOf<Listbox> {
   unsigned generation_ = 0;
 };
 
-/// The widths in points of columns that together fill `available`, as `widths` asks for them (see
-/// Listbox::ColumnWidths), or as the user does, who comes first. What is no number counts as "*"; no column is narrower
-/// than 0.
+/// The widths in points of columns that together fill `available`: the user's, where set, or those in `widths` (see
+/// Listbox::ColumnWidths). Anything but a number counts as "*"; no width is negative.
 [[nodiscard]] std::vector<int> LayOutColumns(std::string_view widths, std::vector<std::optional<int>> usersWidths,
                                              int available);
 

@@ -5,14 +5,13 @@
 
 namespace toolkit {
 
-/// The text that the translation files beside the program have for `key` in `language` (such as "de" or "pt-BR"; empty
-/// for the user's own languages in their order), or `defaultText`, which is English. A file is looked for at the first
-/// text that is asked for in its language, and never again.
+/// The translation of `key` in `language` (such as "de" or "pt-BR"; empty for the user's preferred languages), or
+/// `defaultText`, which is English. Each translation file beside the program is loaded once, on first use.
 [[nodiscard]] std::string GetLocalizedString(std::string_view key, std::string_view defaultText,
                                              std::string_view language);
 
-/// A text for the user: its key in the translations, and how it stands in English. Called as a function, it gives the
-/// text in a language, or in the user's own if that is empty.
+/// A text for the user: its key in the translations and its English default. The call operator returns the text in a
+/// language, or in the user's own if that is empty.
 struct LocalizedText {
   std::string_view Key;
   std::string_view Default;

@@ -6,16 +6,16 @@
 
 namespace toolkit {
 
-/// What the desktop does by itself when a menu item is chosen. The editing ones act on what has the keyboard,
-/// or had it before the menu, and are enabled where that makes sense; none is handled by the program.
+/// The default behaviour of a menu item. Editing actions apply to the widget that has, or had before the menu opened,
+/// the keyboard focus, and are enabled accordingly. The program handles none of them.
 enum class StandardAction { None, Quit, Undo, Cut, Copy, Paste, Delete, SelectAll };
 
-/// An entry of a menu, or a menu with its entries.
+/// An item of a menu, or a menu with its items.
 struct MenuItem {
   std::string Name;
   /// An ampersand marks the access key; "-" makes a separator.
   std::string Caption;
-  /// As in "Cmd+Q", with the desktop's own command key; empty for none.
+  /// As in "Cmd+Q", where "Cmd" is the desktop's command key; empty for none.
   std::string Shortcut;
   StandardAction Action = StandardAction::None;
   std::vector<MenuItem> Items;
@@ -29,7 +29,7 @@ class MenuBar {
   explicit MenuBar(std::vector<MenuItem> menus) : menus_(std::move(menus)) {}
 
   [[nodiscard]] const std::vector<MenuItem>& Menus() const { return menus_; }
-  /// The menu or entry of that name, nullptr if there is none.
+  /// The menu or item with that name, nullptr if there is none.
   [[nodiscard]] const MenuItem* Find(std::string_view name) const;
 
  private:

@@ -12,31 +12,31 @@
 
 namespace toolkit {
 
-/// A picture: one of the program's own in its encoded form, which the desktop decodes when it paints it, or the pixels
-/// of one that came from elsewhere. It never changes, so any number of owners may share it.
+/// A picture: one of the program's resources in encoded form, which the desktop decodes when it paints it, or the
+/// decoded pixels of one from elsewhere. Immutable, so any number of owners may share it.
 class Picture {
  public:
-  /// One of the program's own. `encoded`, in PNG, must outlive the picture.
+  /// One of the program's resources. `encoded`, in PNG, must outlive the picture.
   explicit Picture(std::span<const std::byte> encoded) : encoded_(encoded) {}
   explicit Picture(toolkit::Pixels pixels) : pixels_(std::move(pixels)) {}
   Picture(const Picture&) = delete;
   Picture& operator=(const Picture&) = delete;
   ~Picture() = default;
 
-  /// The most that one from elsewhere has; a larger one is made smaller.
+  /// The most pixels of a picture from elsewhere; a larger one is scaled down.
   static constexpr std::int64_t MostPixels = 2'500'000;
 
-  /// The picture in `encoded`, which may come from anybody. Runs the event loop while it is decoded, and gives up once
-  /// it is no longer wanted. Throws a RuntimeException if there is none that the desktop can show.
+  /// Decodes a picture of untrusted origin. Runs the event loop meanwhile, and gives up once `wanted` returns false.
+  /// Throws a RuntimeException if it cannot be decoded.
   [[nodiscard]] static std::shared_ptr<const Picture> FromData(std::string encoded, const StillWanted& wanted = {});
 
-  /// Empty if the picture has pixels.
+  /// Empty if the picture has pixels instead.
   [[nodiscard]] std::span<const std::byte> Encoded() const { return Original().encoded_; }
   [[nodiscard]] const toolkit::Pixels& Pixels() const { return Original().pixels_; }
-  /// How much of what lies beneath shows through, in per cent, where the picture's own mask lets anything be drawn.
+  /// The transparency in per cent, in addition to the picture's own mask.
   [[nodiscard]] double Transparency() const { return transparency_; }
 
-  /// `original` with that transparency, 0 to 100. Shares the bytes, and keeps the mask.
+  /// `original` with that transparency, 0 to 100. Shares the bytes and keeps the mask.
   [[nodiscard]] static std::shared_ptr<const Picture> Faded(std::shared_ptr<const Picture> original,
                                                             double transparency);
 
@@ -48,12 +48,12 @@ class Picture {
 
   std::span<const std::byte> encoded_;
   toolkit::Pixels pixels_;
-  // Owns what a faded picture shows.
+  // Keeps alive what a faded picture shows.
   std::shared_ptr<const Picture> original_;
   double transparency_ = 0;
 };
 
-/// The picture of that name among the program's resources. Throws a RuntimeException if there is none.
+/// The picture with that name among the program's resources. Throws a RuntimeException if there is none.
 [[nodiscard]] std::shared_ptr<const Picture> OpenPictureResource(std::string_view name);
 
 }  // namespace toolkit

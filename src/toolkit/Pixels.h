@@ -7,7 +7,7 @@
 
 namespace toolkit {
 
-/// A decoded picture: its colors as 0xAARRGGBB, each part premultiplied with the first, row by row from the top.
+/// A decoded picture: its colours as 0xAARRGGBB, premultiplied, row by row from the top.
 struct Pixels {
   toolkit::Size Size;
   std::vector<std::uint32_t> Colors;

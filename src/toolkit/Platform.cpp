@@ -99,7 +99,7 @@ void Platform::RunNextEvent() {
   if (WaitsForUser() || !HasWaitingEvents()) return;
   const auto handler = std::move(waitingEvents_.front());
   waitingEvents_.pop_front();
-  if (HasWaitingEvents()) RunNextEventLater();  // it may be a handler that waits for what comes next
+  if (HasWaitingEvents()) RunNextEventLater();  // this handler may wait for the next event
   Dispatch(handler);
 }
 

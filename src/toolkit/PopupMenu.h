@@ -8,40 +8,37 @@
 
 namespace toolkit {
 
-/// A menu of rows, one of which is chosen and shows while the menu is closed. Rows count from 0, -1 is none.
+/// A menu of rows, one of which is selected and shown while the menu is closed. Rows count from 0, -1 is none.
 class PopupMenu final : public ControlOf<PopupMenu> {
  public:
   struct Row {
-    /// Plain text.
     std::string Text;
-    /// An object kept with the row.
+    /// An object stored with the row.
     std::any Tag;
   };
 
   PopupMenu() : ControlOf(FocusPolicy::Accepts) {}
 
-  /// Another row is chosen, or none, whoever caused it. The rows are what they are to be by then.
+  /// The selection has changed, by the user or the program. The rows are complete by then.
   Event<> Change;
 
   [[nodiscard]] int ListCount() const { return static_cast<int>(rows_.size()); }
-  /// Adds rows at the end.
   void AddRows(std::vector<Row> rows);
-  void AddRow(std::string text) { AddRows({{.Text = std::move(text), .Tag = {}}}); }
-  /// Removes a row. If it was the chosen one, none is chosen afterwards, and Change is raised.
+  /// Removes a row. If it was selected, the selection is cleared and Change is raised.
   void RemoveRow(int row);
   [[nodiscard]] const std::string& Text(int row) const { return rows_.at(static_cast<std::size_t>(row)).Text; }
   /// Empty if there is no such row.
   [[nodiscard]] std::any RowTag(int row) const;
 
-  /// The chosen row.
+  /// The selected row.
   [[nodiscard]] int ListIndex() const { return listIndex_; }
-  /// Chooses a row. One that does not exist counts as none. Raises Change if that is a change.
+  /// Selects a row; one that does not exist clears the selection. Raises Change if the selection changes.
   void ListIndex(int row);
 
   /// Changes whenever rows are added or removed.
   [[nodiscard]] unsigned Generation() const { return generation_; }
 
-  /// Chooses a row as the user would: does nothing while the menu is disabled or invisible.
+  /// Selects a row as the user would. Ignored while the menu is disabled or invisible.
   void Select(int row);
 
  private:

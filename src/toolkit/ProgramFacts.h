@@ -4,11 +4,11 @@
 
 namespace toolkit {
 
-/// What the program that uses the toolkit is called.
+/// The names of the program that uses the toolkit.
 struct ProgramFacts {
-  /// For users, and for servers as the product of "User-Agent" (RFC 9110).
+  /// The name shown to users, and sent to servers as the product of "User-Agent" (RFC 9110).
   std::string Name;
-  /// For the system: the names of its desktop entry, its icon among the resources, and its temporary files.
+  /// The name for the system: of the desktop entry, the icon resource and temporary files.
   std::string Id;
 };
 

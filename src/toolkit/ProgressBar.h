@@ -4,16 +4,16 @@
 
 namespace toolkit {
 
-/// A bar that fills as something goes on. With a Maximum of 0 or below there is no known end: the bar moves.
+/// A progress bar. With a Maximum of 0 or below it is indeterminate: it moves.
 class ProgressBar final : public ControlOf<ProgressBar> {
  public:
   ProgressBar() : ControlOf(FocusPolicy::Refuses) {}
 
   [[nodiscard]] int Maximum() const { return maximum_; }
-  ProgressBar& Maximum(int maximum);
+  ProgressBar& Maximum(int maximum) { return Set(maximum_, maximum); }
   /// 0 for the empty bar, Maximum for the full one.
   [[nodiscard]] int Value() const { return value_; }
-  ProgressBar& Value(int value);
+  ProgressBar& Value(int value) { return Set(value_, value); }
 
  private:
   int maximum_ = 0;

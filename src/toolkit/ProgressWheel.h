@@ -4,7 +4,7 @@
 
 namespace toolkit {
 
-/// A wheel that turns for as long as it is visible, to tell that something is under way.
+/// A wheel that turns while it is visible, to show that something is in progress.
 class ProgressWheel final : public ControlOf<ProgressWheel> {
  public:
   ProgressWheel() : ControlOf(FocusPolicy::Refuses) {}

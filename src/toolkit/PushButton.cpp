@@ -2,24 +2,6 @@
 
 namespace toolkit {
 
-PushButton& PushButton::Caption(std::string caption) {
-  caption_ = std::move(caption);
-  Changed();
-  return *this;
-}
-
-PushButton& PushButton::Key(std::string key) {
-  key_ = std::move(key);
-  Changed();
-  return *this;
-}
-
-PushButton& PushButton::Role(ButtonRole role) {
-  role_ = role;
-  Changed();
-  return *this;
-}
-
 std::string PushButton::AccessibleName() const {
   std::string name;
   for (std::size_t index = 0; index < caption_.size(); ++index) {

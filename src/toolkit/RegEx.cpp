@@ -49,8 +49,6 @@ RegEx::RegEx(std::string_view pattern, Meaning meaning) : compiled_(std::make_un
   compiled_->Result.reset(pcre2_match_data_create_from_pattern(compiled_->Code.get(), nullptr));
 }
 
-RegEx::RegEx(RegEx&&) noexcept = default;
-RegEx& RegEx::operator=(RegEx&&) noexcept = default;
 RegEx::~RegEx() = default;
 
 std::optional<RegExMatch> RegEx::Search(std::string_view subject) const {

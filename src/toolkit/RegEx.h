@@ -7,11 +7,11 @@
 
 namespace toolkit {
 
-/// What a search found: the whole match as subexpression 0, then the first four groups of the pattern. The texts refer
-/// to the subject that was searched.
+/// The result of a search: the whole match as subexpression 0, then the first four groups of the pattern. The texts
+/// refer to the searched subject.
 class RegExMatch {
  public:
-  /// The match and its first groups; of those that took no part, empty texts.
+  /// The match and its first groups; groups that did not participate are empty.
   static constexpr std::size_t MostSubExpressions = 5;
   using SubExpressions = std::array<std::string_view, MostSubExpressions>;
 
@@ -23,21 +23,21 @@ class RegExMatch {
   SubExpressions subExpressions_;
 };
 
-/// A regular expression of the Perl kind (PCRE2), compiled once and searched for many times. Letters match in either
-/// case unless the pattern says otherwise; a line ends with CR, LF or both. Bytes that are not UTF-8 match nothing.
+/// A regular expression in Perl syntax (PCRE2), compiled once. Case-insensitive unless the pattern says otherwise; a
+/// line ends with CR, LF or both. Bytes that are not UTF-8 match nothing.
 class RegEx {
  public:
   enum class Meaning { Pattern, PlainText };
 
   /// Throws a RuntimeException if `pattern` (UTF-8) is not a regular expression.
   explicit RegEx(std::string_view pattern, Meaning meaning = Meaning::Pattern);
-  RegEx(RegEx&&) noexcept;
-  RegEx& operator=(RegEx&&) noexcept;
+  RegEx(const RegEx&) = delete;
+  RegEx& operator=(const RegEx&) = delete;
   ~RegEx();
 
   /// The first match in `subject`, if there is one.
   [[nodiscard]] std::optional<RegExMatch> Search(std::string_view subject) const;
-  /// Whether there is a match, for less work than Search().
+  /// Whether there is a match; cheaper than Search().
   [[nodiscard]] bool IsIn(std::string_view subject) const;
 
  private:

@@ -9,22 +9,22 @@
 
 namespace toolkit {
 
-/// The texts of a list, kept close together: no object and no allocation a cell. Made for millions of rows that are
-/// added at the end and read anywhere. Rows and cells count from 0.
+/// The texts of a list, stored compactly, without an object or allocation per cell. Designed for millions of rows that
+/// are appended and read in any order. Rows and cells count from 0.
 class RowStore {
  public:
   RowStore();
 
   [[nodiscard]] std::size_t RowCount() const { return rows_.size(); }
-  /// The empty text where nothing was written. Valid until the store is cleared.
+  /// Empty if nothing was stored there. Valid until the store is cleared.
   [[nodiscard]] std::string_view Cell(std::size_t row, std::size_t column) const;
   void AddRow(std::span<const std::string_view> cells);
   void Clear();
 
  private:
   struct Row {
-    std::size_t firstCell = 0;
-    std::size_t cellCount = 0;
+    std::size_t FirstCell = 0;
+    std::size_t CellCount = 0;
   };
 
   std::unique_ptr<std::pmr::monotonic_buffer_resource> texts_;

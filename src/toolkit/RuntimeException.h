@@ -6,18 +6,18 @@
 
 namespace toolkit {
 
-/// A failure with a text for the user.
+/// A failure with a message for the user.
 class RuntimeException : public std::runtime_error {
  public:
   explicit RuntimeException(const std::string& message, int systemError = 0)
       : std::runtime_error(message), message_(message), systemError_(systemError) {}
 
-  /// Where it was raised, as far as that is told; the last entry is the place itself.
+  /// The functions in which it was raised, as far as known; the last entry is the innermost.
   std::vector<std::string> Stack;
 
-  /// The whole text; what() ends at its first NUL.
+  /// The whole message; what() ends at its first NUL.
   [[nodiscard]] const std::string& Message() const { return message_; }
-  /// The system's number of the error behind it (errno); 0 if none is told.
+  /// The errno value of the cause; 0 if unknown.
   [[nodiscard]] int SystemError() const { return systemError_; }
 
  private:
@@ -25,13 +25,13 @@ class RuntimeException : public std::runtime_error {
   int systemError_;
 };
 
-/// A name was looked up that does not exist.
+/// There is nothing with the requested name.
 class KeyNotFoundException : public RuntimeException {
  public:
   using RuntimeException::RuntimeException;
 };
 
-/// A value is of a kind that cannot be converted to the one that is needed.
+/// A value cannot be converted to the required type.
 class TypeMismatchException : public RuntimeException {
  public:
   using RuntimeException::RuntimeException;

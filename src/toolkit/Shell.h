@@ -6,23 +6,23 @@
 
 namespace toolkit {
 
-/// How a child process ended.
+/// The result of a child process.
 struct ProcessEnd {
-  /// The exit code; 128 and the signal's number if a signal ended it, 127 if it could not be started.
+  /// The exit code; 128 + the signal's number if a signal ended it, 127 if it could not be started.
   int ExitCode = 0;
-  /// What it wrote, standard output and error in the order of writing, as far as the platform keeps it.
+  /// Its output, standard output and error interleaved, possibly truncated by the platform.
   std::string Output;
 };
 
-/// A running child process. Belongs to the platform. Letting go of it leaves the process alone.
+/// A running child process. Destroying the object does not affect the process.
 class ChildProcess {
  public:
   virtual ~ChildProcess() = default;
-  /// Ends the process and all that it started and did not detach. Nothing is told of it any more.
+  /// Kills the process and its descendants that have not detached. `ended` is not called any more.
   virtual void Kill() = 0;
 };
 
-/// Runs command lines of the system's shell (POSIX sh), one at a time.
+/// Runs command lines in the system's shell (POSIX sh), one at a time.
 class Shell {
  public:
   enum class RunMode { Synchronous = 0, Asynchronous = 1 };
@@ -34,18 +34,18 @@ class Shell {
 
   RunMode Mode = RunMode::Synchronous;
 
-  /// Runs a command line. A synchronous shell waits for its end, and the event loop runs meanwhile; an asynchronous one
-  /// returns at once and tells the end by Event_Completed. A command that is running already is closed.
+  /// Runs a command line. A synchronous shell runs the event loop until it has ended; an asynchronous one returns at
+  /// once and reports the end by Event_Completed. A command that is still running is killed.
   void Execute(const std::string& commandLine);
-  /// How the last command ended, 0 for success; see ProcessEnd.
+  /// The exit code of the last command, 0 for success; see ProcessEnd.
   [[nodiscard]] int ErrorCode() const { return end_.ExitCode; }
   [[nodiscard]] const std::string& Result() const { return end_.Output; }
   [[nodiscard]] bool IsRunning() const { return process_ != nullptr; }
-  /// Ends the command that is running, if there is one, without any event.
+  /// Kills the running command, if there is one, without any event.
   void Close();
 
  protected:
-  /// An asynchronous command has ended. The object may be destroyed here.
+  /// An asynchronous command has ended. The object may be destroyed in this call.
   virtual void Event_Completed() {}
 
  private:
@@ -56,7 +56,7 @@ class Shell {
   std::unique_ptr<ChildProcess> process_;
 };
 
-/// What a program that is started from this one has in its environment: each entry with a NUL behind it.
+/// The environment that child processes inherit: each entry is followed by a NUL.
 [[nodiscard]] std::string Environment();
 
 }  // namespace toolkit

@@ -2,10 +2,10 @@
 
 #include "toolkit/FolderItem.h"
 
-/// The user's own folders, where the desktop keeps them.
+/// The user's own folders, as the desktop defines them.
 namespace toolkit::SpecialFolder {
 
-/// Where programs keep what they remember for the user.
+/// The folder for the data that programs store for the user.
 [[nodiscard]] FolderItem ApplicationData();
 [[nodiscard]] FolderItem Desktop();
 

@@ -2,12 +2,6 @@
 
 namespace toolkit {
 
-TabPanel& TabPanel::Panels(std::vector<std::string> captions) {
-  panels_ = std::move(captions);
-  Changed();
-  return *this;
-}
-
 TabPanel& TabPanel::Value(int panel) {
   if (panel < 1 || static_cast<std::size_t>(panel) > panels_.size() || panel == value_) return *this;
   value_ = panel;

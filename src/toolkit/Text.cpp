@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cstddef>
 
 #include <openssl/evp.h>
@@ -10,12 +9,12 @@
 namespace toolkit {
 namespace {
 
-// The well-formed byte sequences by their first byte (RFC 3629, section 4). Only the second byte has a
-// range of its own; any further one lies in 80..BF.
+// The well-formed byte sequences by their first byte (RFC 3629, section 4). Only the second byte has its own range; all
+// further ones are in 80..BF.
 struct SequenceForm {
-  unsigned char firstLow, firstHigh;
-  unsigned char secondLow, secondHigh;
-  std::size_t length;
+  unsigned char FirstLow, FirstHigh;
+  unsigned char SecondLow, SecondHigh;
+  std::size_t Length;
 };
 
 constexpr std::array<SequenceForm, 9> sequenceForms{{
@@ -34,18 +33,18 @@ constexpr bool Between(unsigned char byte, unsigned char low, unsigned char high
   return byte >= low && byte <= high;
 }
 
-/// The length of the well-formed sequence that `bytes` begin with; 0 if they begin with none.
+/// The length of the well-formed sequence at the start of `bytes`; 0 if there is none.
 std::size_t SequenceLength(std::string_view bytes) {
   const auto byteAt = [bytes](std::size_t index) { return static_cast<unsigned char>(bytes[index]); };
   const auto form = std::find_if(sequenceForms.begin(), sequenceForms.end(), [&](const SequenceForm& candidate) {
-    return Between(byteAt(0), candidate.firstLow, candidate.firstHigh);
+    return Between(byteAt(0), candidate.FirstLow, candidate.FirstHigh);
   });
-  if (form == sequenceForms.end() || form->length > bytes.size()) return 0;
-  if (form->length > 1 && !Between(byteAt(1), form->secondLow, form->secondHigh)) return 0;
-  for (std::size_t index = 2; index < form->length; ++index) {
+  if (form == sequenceForms.end() || form->Length > bytes.size()) return 0;
+  if (form->Length > 1 && !Between(byteAt(1), form->SecondLow, form->SecondHigh)) return 0;
+  for (std::size_t index = 2; index < form->Length; ++index) {
     if (!Between(byteAt(index), 0x80, 0xBF)) return 0;
   }
-  return form->length;
+  return form->Length;
 }
 
 constexpr char LowerCaseLetter(char letter) {
@@ -68,7 +67,7 @@ std::string RepairUTF8(std::string_view bytes) {
   repaired.reserve(bytes.size());
   while (!bytes.empty()) {
     const std::size_t length = SequenceLength(bytes);
-    repaired += length == 0 ? "\xEF\xBF\xBD" : bytes.substr(0, length);
+    repaired += length == 0 ? replacementCharacter : bytes.substr(0, length);
     bytes.remove_prefix(std::max<std::size_t>(length, 1));
   }
   return repaired;
@@ -98,7 +97,7 @@ std::string_view Trim(std::string_view text) {
 
 namespace {
 
-/// How long the control sequence at the start of `text` is, 0 if there is none.
+/// The length of the control sequence at the start of `text`, 0 if there is none.
 std::size_t LengthOfControlSequence(std::string_view text) {
   if (!text.starts_with("\x1B[")) return 0;
   std::size_t end = 2;
@@ -167,11 +166,9 @@ std::optional<std::string> DecodeHex(std::string_view text) {
   if (text.size() % 2 != 0) return std::nullopt;
   bytes.reserve(text.size() / 2);
   for (; !text.empty(); text.remove_prefix(2)) {
-    unsigned char byte = 0;
-    const char* const end = text.data() + 2;
-    const auto read = std::from_chars(text.data(), end, byte, 16);
-    if (read.ec != std::errc() || read.ptr != end) return std::nullopt;
-    bytes += static_cast<char>(byte);
+    const auto byte = ParseNumber<unsigned char>(text.substr(0, 2), 16);
+    if (!byte) return std::nullopt;
+    bytes += static_cast<char>(*byte);
   }
   return bytes;
 }
@@ -188,7 +185,7 @@ std::string EncodeHex(std::string_view bytes) {
 }
 
 std::string EncodeBase64(std::string_view bytes) {
-  std::string text(4 * ((bytes.size() + 2) / 3) + 1, '\0');  // OpenSSL ends it with a NUL
+  std::string text(4 * ((bytes.size() + 2) / 3) + 1, '\0');  // OpenSSL appends a NUL
   const int length =
       EVP_EncodeBlock(reinterpret_cast<unsigned char*>(text.data()),
                       reinterpret_cast<const unsigned char*>(bytes.data()), static_cast<int>(bytes.size()));

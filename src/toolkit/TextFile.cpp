@@ -19,7 +19,7 @@ namespace {
                          std::generic_category().message(error) + ".");
 }
 
-/// The permissions that the file has, or those that a new one is to have.
+/// The permissions of the file, or those for a new one.
 std::filesystem::perms PermissionsOf(const FolderItem& file) {
   using std::filesystem::perms;
   constexpr perms forAll = perms::owner_read | perms::owner_write | perms::group_read | perms::others_read;
@@ -32,7 +32,7 @@ std::string ReadFile(const FolderItem& file) {
   std::ifstream stream(file.Path(), std::ios::binary);
   std::string bytes;
   std::array<char, 65'536> piece{};
-  // An iterator over the stream would throw what the reader throws.
+  // An istreambuf_iterator would throw the exceptions of the stream buffer.
   while (stream.read(piece.data(), piece.size()) || stream.gcount() > 0) {
     bytes.append(piece.data(), static_cast<std::size_t>(stream.gcount()));
   }
@@ -41,7 +41,7 @@ std::string ReadFile(const FolderItem& file) {
 }
 
 void ReplaceFile(const FolderItem& file, std::string_view bytes) {
-  // Where the path is a link, what it points to is replaced, not the link.
+  // A link is kept: its target is replaced.
   std::error_code ignored;
   const std::string path = std::filesystem::weakly_canonical(file.Path(), ignored).string();
   std::string fresh = path + ".XXXXXX";

@@ -6,7 +6,7 @@ namespace toolkit {
 
 constexpr std::int64_t ticksPerSecond = 60;
 
-/// The time since some moment in the past, in sixtieths of a second. It never goes backwards.
+/// The time since a fixed moment in the past, in sixtieths of a second. Monotonic.
 [[nodiscard]] std::int64_t Ticks();
 
 }  // namespace toolkit

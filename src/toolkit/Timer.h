@@ -7,13 +7,13 @@
 
 namespace toolkit {
 
-/// What a timer counts with. Belongs to the platform; it ends with this object.
+/// The platform's part of a timer. Destroying it stops the timer.
 class PlatformTimer {
  public:
   virtual ~PlatformTimer() = default;
 };
 
-/// Raises an event after a time, once or again and again. The time stands still while a dialog does.
+/// Raises an event after a time, once or repeatedly. The time during which a dialog is open does not count.
 class Timer {
  public:
   enum class RunMode { Off = 0, Single = 1, Multiple = 2 };
@@ -23,15 +23,15 @@ class Timer {
   Timer& operator=(const Timer&) = delete;
   ~Timer() = default;
 
-  /// The time is over. In Single mode the timer is off by then.
+  /// The time is over. In Single mode the timer is already off.
   Event<> Action;
-  /// Counts from the next start or reset on.
+  /// Takes effect with the next start or reset.
   std::chrono::milliseconds Period{1000};
 
   [[nodiscard]] RunMode Mode() const { return mode_; }
-  /// Starts the timer anew, or ends it.
+  /// Restarts the timer, or stops it.
   void Mode(RunMode mode);
-  /// Starts the time anew, if the timer is on.
+  /// Restarts the timer, if it is on.
   void Reset() { Mode(mode_); }
 
  private:

@@ -6,7 +6,7 @@
 
 namespace toolkit {
 
-/// A failure in plain words for the user: which host, and what went wrong.
+/// Describes a failure for the user: the host, and what went wrong.
 [[nodiscard]] std::string DescribeFailure(const TransferFailure& failure);
 
 }  // namespace toolkit

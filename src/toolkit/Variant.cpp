@@ -19,7 +19,7 @@ std::string ShortestForm(auto number, auto... format) {
   return {digits.data(), end};
 }
 
-// An exponent may be shorter where nobody writes one: 1e+05. JSON writers begin with it at these sizes.
+// The shortest form may be 1e+05. Like JSON writers, use exponents only outside this range.
 std::chars_format UsualFormat(double number) {
   const double size = std::abs(number);
   return size == 0 || (size >= 1e-6 && size < 1e21) ? std::chars_format::fixed : std::chars_format::scientific;
@@ -36,7 +36,7 @@ std::string ISO8601(Date date) {
 
 }  // namespace
 
-// Nothing if the value is a Date.
+// nullptr if the value is a Date.
 const json::value* Variant::JSON() const {
   static const json::value nil;
   const auto* value = std::get_if<std::shared_ptr<const json::value>>(&value_);
@@ -71,7 +71,7 @@ void Variant::AppendJSON(std::string& text) const {
   }
   json::serializer serializer;
   serializer.reset(JSON());
-  std::array<char, 1024> part{};  // cleared each time, and most values are short
+  std::array<char, 1024> part{};  // initialised on each call, and most values are short
   while (!serializer.done()) text += serializer.read(part.data(), part.size());
 }
 

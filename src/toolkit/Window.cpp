@@ -7,16 +7,16 @@
 namespace toolkit {
 namespace {
 
-/// Where a control that is `extent` long at `start` lies, along one axis, once its window has grown by `growth`.
+/// The position along one axis of a control of `extent` at `start` when the window has grown by `growth`.
 struct Span {
-  int start;
-  int extent;
+  int Start;
+  int Extent;
 };
 
 Span Follow(Span designed, int growth, bool lockedToStart, bool lockedToEnd) {
   if (!lockedToEnd) return designed;
-  if (!lockedToStart) return {.start = designed.start + growth, .extent = designed.extent};
-  return {.start = designed.start, .extent = std::max(designed.extent + growth, 0)};
+  if (!lockedToStart) return {.Start = designed.Start + growth, .Extent = designed.Extent};
+  return {.Start = designed.Start, .Extent = std::max(designed.Extent + growth, 0)};
 }
 
 }  // namespace
@@ -29,7 +29,7 @@ Rect Window::PlaceOf(const Control& control) const {
   const Locks locks = control.LockedTo();
   const Span across = Follow({frame.Left, frame.Width}, size_.Width - designed_.Width, locks.Left, locks.Right);
   const Span down = Follow({frame.Top, frame.Height}, size_.Height - designed_.Height, locks.Top, locks.Bottom);
-  return {.Left = across.start, .Top = down.start, .Width = across.extent, .Height = down.extent};
+  return {.Left = across.Start, .Top = down.Start, .Width = across.Extent, .Height = down.Extent};
 }
 
 void Window::Subject(std::string subject) {
@@ -40,7 +40,7 @@ void Window::Subject(std::string subject) {
 const PushButton* Window::ButtonOf(ButtonRole role) const {
   for (const Control* control : controls_) {
     const auto* button = dynamic_cast<const PushButton*>(control);
-    if (button != nullptr && button->Role() == role && button->Enabled() && button->IsOnScreen()) return button;
+    if (button != nullptr && button->Role() == role && button->CanBeUsed()) return button;
   }
   return nullptr;
 }

@@ -15,27 +15,27 @@
 
 namespace toolkit {
 
-/// Shows a window on the screen. Belongs to the desktop.
+/// Shows a window on the screen. Owned by the desktop.
 class WindowView {
  public:
   virtual ~WindowView() = default;
-  /// The window's background, title or subject is no longer what it was.
+  /// The window's background, title or subject has changed.
   virtual void Refresh() = 0;
-  /// The window has begun to be busy, or ended.
+  /// Busy() has changed.
   virtual void RefreshBusy() = 0;
 };
 
-/// What the user can do to a window by its frame: everything, or only move it. A fixed one keeps its size.
+/// What the user can do with the window's frame: everything, or only move it. A fixed window keeps its size.
 enum class WindowFrame { Standard, Fixed };
 
-/// Whether the user's own press opens a window. That one takes the keyboard; one that nobody asked for leaves it in a
-/// field that is in use, and asks for attention.
+/// Whether the user's own action opens the window. If so, it takes the keyboard focus; otherwise it leaves the focus in
+/// a text field that is in use, and requests attention.
 enum class WindowOrigin { Asked, Unasked };
 
-/// A window: a title, a size and controls. It is made with std::make_shared, shown with Show(), and owned by the
-/// platform while it is open. A window whose handler is running lives at least until that handler ends.
+/// A window: a title, a size and controls. Create it with std::make_shared and show it with Show(); the platform owns
+/// it while it is open. A window whose handler is running is kept alive until that handler returns.
 ///
-/// Once the window is closed, its handlers no longer run: late replies have no consumer.
+/// The handlers of a closed window are not called: late replies are dropped.
 class Window : public std::enable_shared_from_this<Window> {
  public:
   Window(const Window&) = delete;
@@ -46,62 +46,62 @@ class Window : public std::enable_shared_from_this<Window> {
   Event<> Open;
   /// The user pressed Escape, and there is no cancel button.
   Event<> Escape;
-  /// The background is to be drawn, behind the controls. May be raised often, and must change nothing.
+  /// The background behind the controls is to be drawn. May be raised often; handlers must not change anything.
   Event<Graphics&> Paint;
 
   [[nodiscard]] const std::string& Title() const { return title_; }
-  /// The size of the content; it follows what the user makes of the window.
+  /// The size of the content, which the user may have changed.
   [[nodiscard]] Size ContentSize() const { return size_; }
   [[nodiscard]] Size MinimumSize() const { return minimum_; }
   [[nodiscard]] Size MaximumSize() const { return maximum_; }
   [[nodiscard]] WindowFrame Frame() const { return frame_; }
   [[nodiscard]] WindowOrigin Origin() const { return origin_; }
-  /// What the window is about, in a few words, where its title does not tell it from others; or empty. Shown beside the
-  /// controls and by the desktop, told to screen readers, and what its dialogs are called if they have nothing better.
+  /// The subject of the window in a few words, where its title is not specific enough; or empty. Shown beside the menus
+  /// and by the desktop, announced by screen readers, and the default title of its dialogs.
   [[nodiscard]] const std::string& Subject() const { return subject_; }
   void Subject(std::string subject);
-  /// Whether the window waits for something. The pointer tells it; everything can be used meanwhile.
+  /// Whether the window waits for something. The pointer shows it; everything stays usable.
   [[nodiscard]] bool Busy() const { return waits_ > 0; }
-  /// The controls in the order in which they were created; later ones lie over earlier ones.
+  /// The controls in order of creation; later ones are drawn over earlier ones.
   [[nodiscard]] const std::vector<Control*>& Controls() const { return controls_; }
-  /// The window's menus, nullptr if it has none. Several windows may share one bar.
+  /// The window's menus, nullptr if it has none. Windows may share one bar.
   [[nodiscard]] const std::shared_ptr<const MenuBar>& Menus() const { return menus_; }
-  /// Where `control` stands in the window at its present size: moved and stretched as its locks say.
+  /// The position of `control` at the window's present size: moved and stretched according to its locks.
   [[nodiscard]] Rect PlaceOf(const Control& control) const;
 
-  /// The button of that role that the user can press now, nullptr if there is none.
+  /// The button with that role that the user can press now, nullptr if there is none.
   [[nodiscard]] const PushButton* ButtonOf(ButtonRole role) const;
 
   /// Opens the window, or brings it to the front.
   void Show();
-  /// For the desktop: the window has been painted. Raises Open, if it was not raised before.
+  /// Called by the desktop when the window has been painted. Raises Open the first time.
   void TellPainted();
-  /// Takes the window off the screen, ends its handlers and calls Event_Close. Safe at any time, also in a handler of
-  /// the window. A closed window may be shown again.
+  /// Hides the window, disables its handlers and calls Event_Close. Safe at any time, also in a handler of the window.
+  /// A closed window may be shown again.
   void Close();
-  /// Closes the window as the user does by its frame, by the keyboard or by the end of the desktop session: presses its
-  /// cancel button, if it has one that can be pressed. Does nothing while a dialog stands.
+  /// Closes the window like the user, by its frame, by the keyboard or by the end of the desktop session: presses its
+  /// cancel button if that is enabled. Ignored while a dialog is open.
   void CloseAsUser();
   [[nodiscard]] bool IsClosed() const { return closed_; }
-  /// The user, through the desktop, gave the content another size; kept within the minimum and maximum.
+  /// The user has resized the content; clamped to the minimum and maximum.
   void Resize(Size size);
-  /// The view that follows this window from now on; nullptr for none.
+  /// Sets the view to notify; nullptr for none.
   void ShowIn(WindowView* view) { view_ = view; }
-  /// `view` goes. Does nothing if another one follows the window by then.
+  /// `view` is being destroyed. Does nothing if another view has been set since.
   void LeaveView(const WindowView& view) {
     if (view_ == &view) view_ = nullptr;
   }
 
  protected:
-  /// `size` is the size the controls were designed for, and the one the window starts with.
+  /// `size` is the size that the controls were designed for, and the initial size.
   Window(std::string title, Size size, Size minimum, Size maximum, WindowFrame frame = WindowFrame::Standard);
 
-  /// The window has been closed; no handler of it runs any more. The end of the program closes every window.
+  /// The window has been closed; its handlers are no longer called. The end of the program closes every window.
   virtual void Event_Close() {}
-  /// Lets the background be painted anew.
+  /// Requests a repaint of the background.
   void Invalidate() const;
 
-  /// Adds a control, which must be a member of the window, and returns it as its own type.
+  /// Adds a control, which must be a member of the window, and returns it.
   template <typename Kind>
   Kind& Add(Kind& control, std::string name, Rect frame, Locks locks, int tabOrder) {
     control.Place(std::move(name), frame, locks, tabOrder);
@@ -109,7 +109,7 @@ class Window : public std::enable_shared_from_this<Window> {
     return control;
   }
 
-  /// As Add, on a panel of `tabs`.
+  /// Like Add, on a panel of `tabs`.
   template <typename Kind>
   Kind& AddTo(TabPanel& tabs, int panel, Kind& control, std::string name, Rect frame, Locks locks, int tabOrder) {
     tabs.Adopt(control, panel);
@@ -119,26 +119,24 @@ class Window : public std::enable_shared_from_this<Window> {
   void Menus(std::shared_ptr<const MenuBar> menus) { menus_ = std::move(menus); }
   void Origin(WindowOrigin origin) { origin_ = origin; }
 
-  /// There is one thing more, or one less, that the window waits for.
+  /// Count what the window waits for; see Busy().
   void BeginWait();
   void EndWait();
 
-  /// Lets the member function `handler` of this window react to `event`.
-  template <typename Self, typename... Arguments>
-  void On(Event<Arguments...>& event, void (Self::*handler)(Arguments...)) {
-    event = [this, handler](Arguments... arguments) {
+  /// Sets `handler` as the handler of `event`. It is not called once the window is closed; the result is
+  /// value-initialised then.
+  template <typename Answer, typename... Arguments>
+  void On(Question<Answer, Arguments...>& event, typename Question<Answer, Arguments...>::Handler handler) {
+    event = [this, handler = std::move(handler)](Arguments... arguments) {
       const HandlerTurn turn(weak_from_this().lock());
-      if (!closed_) (static_cast<Self*>(this)->*handler)(arguments...);
+      return closed_ ? Answer() : handler(arguments...);
     };
   }
 
-  /// As the other On, for a question; once the window is closed, the answer is as if nobody had been asked.
+  /// The same for a member function of this window.
   template <typename Self, typename Answer, typename... Arguments>
-  void On(Question<Answer, Arguments...>& question, Answer (Self::*handler)(Arguments...)) {
-    question = [this, handler](Arguments... arguments) {
-      const HandlerTurn turn(weak_from_this().lock());
-      return closed_ ? Answer{} : (static_cast<Self*>(this)->*handler)(arguments...);
-    };
+  void On(Question<Answer, Arguments...>& event, Answer (Self::*handler)(Arguments...)) {
+    On(event, [this, handler](Arguments... arguments) { return (static_cast<Self*>(this)->*handler)(arguments...); });
   }
 
   /// Raises Open on every control; the last step of building the window.

@@ -18,10 +18,10 @@ class Calls : public testing::Test {
     return service.Answer("/api/v1/" + call, json::serialize(members));
   }
   json::object Body(const std::string& call, json::object members = {}) {
-    return json::parse(Answer(call, std::move(members)).body).as_object();
+    return json::parse(Answer(call, std::move(members)).Body).as_object();
   }
-  DemoFleet fleet{{.containers = 15, .logLines = 1200, .hostname = "here"}};
-  Service service{{.user = "ann", .password = "s3cret"}, fleet};
+  DemoFleet fleet{{.Containers = 15, .LogLines = 1200, .Hostname = "here"}};
+  Service service{{.User = "ann", .Password = "s3cret"}, fleet};
 };
 
 TEST_F(Calls, EachAnswersWithItsMembersAndIgnoresUnknownOnes) {
@@ -46,11 +46,11 @@ TEST_F(Calls, RefusalsSayWhyAndChangeNothing) {
   };
   for (const auto& [call, members, error] : rows) {
     const Reply reply = Answer(call, members);
-    EXPECT_EQ(json::parse(reply.body), (json::value{{"_error", error}}));
-    EXPECT_EQ(reply.status, call == "system/stop" ? 404 : 400) << error;
+    EXPECT_EQ(json::parse(reply.Body), (json::value{{"_error", error}}));
+    EXPECT_EQ(reply.Status, call == "system/stop" ? 404 : 400) << error;
   }
   for (const char* body : {"", "[{}]", "{", "{\"containerName\":\"web\xff\"}"}) {
-    EXPECT_EQ(service.Answer("/api/v1/containers/stop", body).body, R"({"_error":"The request is no JSON object."})");
+    EXPECT_EQ(service.Answer("/api/v1/containers/stop", body).Body, R"({"_error":"The request is no JSON object."})");
   }
   EXPECT_EQ(Body("containers/stop", {{"containerName", "web"}}).at("status"), "web has been stopped.");
 }

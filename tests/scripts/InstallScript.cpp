@@ -28,7 +28,7 @@ int main(int argc, char** argv) {
       platform.Quit(EXIT_SUCCESS);
     });
   }
-  const std::map<std::string, std::string (*)(const Kaju::Installation&)> scripts{
+  const std::map<std::string, std::string (*)(const Kaju::ScriptInput&)> scripts{
       {"mac", Kaju::MacScript}, {"linux", Kaju::LinuxScript}, {"windows", Kaju::WindowsScript}};
   std::cout << scripts.at(kind)({.Executable = FolderItem(arguments[2]),
                                  .Version = "1.2.3_64-bit",

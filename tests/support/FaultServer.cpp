@@ -23,8 +23,8 @@ QByteArray Encoded(int (*encode)(const Thing*, unsigned char**), const Thing* th
 
 struct Identity {
   panel::Certificate made = panel::MakeSelfSignedCertificate();
-  QSslCertificate certificate{Encoded<X509>(i2d_X509, made.x509.get()), QSsl::Der};
-  QSslKey key{Encoded<EVP_PKEY>(i2d_PrivateKey, made.key.get()), QSsl::Ec, QSsl::Der};
+  QSslCertificate certificate{Encoded<X509>(i2d_X509, made.X509Certificate.get()), QSsl::Der};
+  QSslKey key{Encoded<EVP_PKEY>(i2d_PrivateKey, made.Key.get()), QSsl::Ec, QSsl::Der};
 };
 
 const Identity& OfAllServers() {

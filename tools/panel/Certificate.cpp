@@ -25,14 +25,14 @@ void SetName(X509* x509) {
   Require(X509_set_issuer_name(x509, name) == 1);
 }
 
-// Those who trust the certificate on this machine may use either name of it.
+// Clients on this machine that trust the certificate may use either name.
 void SetAddresses(X509* x509) {
   const std::unique_ptr<X509_EXTENSION, decltype(&X509_EXTENSION_free)> addresses(
       X509V3_EXT_conf_nid(nullptr, nullptr, NID_subject_alt_name, "DNS:localhost,IP:127.0.0.1"), X509_EXTENSION_free);
   Require(addresses != nullptr && X509_add_ext(x509, addresses.get(), -1) == 1);
 }
 
-// Browsers remember certificates by issuer and number, so each start needs a number of its own.
+// Browsers identify certificates by issuer and number, so each start needs another number.
 void SetSerialNumber(X509* x509) {
   Require(ASN1_INTEGER_set_uint64(X509_get_serialNumber(x509), std::random_device()()) == 1);
 }
@@ -41,16 +41,16 @@ void SetSerialNumber(X509* x509) {
 
 Certificate MakeSelfSignedCertificate() {
   Certificate made{{EVP_EC_gen("P-256"), EVP_PKEY_free}, {X509_new(), X509_free}};
-  Require(made.key != nullptr && made.x509 != nullptr);
-  X509* x509 = made.x509.get();
+  Require(made.Key != nullptr && made.X509Certificate != nullptr);
+  X509* x509 = made.X509Certificate.get();
   Require(X509_set_version(x509, X509_VERSION_3) == 1);
   SetSerialNumber(x509);
   Require(X509_gmtime_adj(X509_getm_notBefore(x509), 0) != nullptr);
   Require(X509_gmtime_adj(X509_getm_notAfter(x509), yearInSeconds) != nullptr);
   SetName(x509);
   SetAddresses(x509);
-  Require(X509_set_pubkey(x509, made.key.get()) == 1);
-  Require(X509_sign(x509, made.key.get(), EVP_sha256()) != 0);
+  Require(X509_set_pubkey(x509, made.Key.get()) == 1);
+  Require(X509_sign(x509, made.Key.get(), EVP_sha256()) != 0);
   return made;
 }
 

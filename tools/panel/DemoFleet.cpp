@@ -13,10 +13,10 @@ namespace {
 using namespace std::chrono;
 
 struct Model {
-  std::string_view name;
-  int exitCode;  // Less than 0: it runs.
-  seconds inStateSince;
-  seconds backupAge;  // 0: never backed up.
+  std::string_view Name;
+  int ExitCode;  // Negative: it is running.
+  seconds InStateSince;
+  seconds BackupAge;  // 0: never backed up.
 };
 constexpr int runs = -1;
 
@@ -40,24 +40,24 @@ constexpr std::array<Model, 12> models{{
 }  // namespace
 
 DemoFleet::DemoFleet(const Settings& settings)
-    : logLines_(settings.logLines),
-      hostname_(settings.hostname),
+    : logLines_(settings.LogLines),
+      hostname_(settings.Hostname),
       startedAt_(system_clock::now()),
       chance_(std::random_device()()) {
-  containers_.reserve(settings.containers);
-  for (std::uint64_t i = 0; i < settings.containers; ++i) containers_.push_back(MakeContainer(i, startedAt_));
+  containers_.reserve(settings.Containers);
+  for (std::uint64_t i = 0; i < settings.Containers; ++i) containers_.push_back(MakeContainer(i, startedAt_));
 }
 
 DemoFleet::Container DemoFleet::MakeContainer(std::uint64_t number, Time now) {
   const Model& model = models[number % models.size()];
   Container made;
-  made.name = model.name;
-  // Beyond the models come their namesakes, "web-2" and so on.
-  if (number >= models.size()) made.name.append("-").append(std::to_string(number / models.size() + 1));
-  made.state = model.exitCode == runs ? State::Running : State::Exited;
-  made.exitCode = model.exitCode;
-  made.since = now - model.inStateSince;
-  if (model.backupAge > 0s) made.backup = now - model.backupAge;
+  made.Name = model.Name;
+  // Further containers repeat the models, as "web-2" and so on.
+  if (number >= models.size()) made.Name.append("-").append(std::to_string(number / models.size() + 1));
+  made.State = model.ExitCode == runs ? State::Running : State::Exited;
+  made.ExitCode = model.ExitCode;
+  made.Since = now - model.InStateSince;
+  if (model.BackupAge > 0s) made.Backup = now - model.BackupAge;
   return made;
 }
 
@@ -66,26 +66,26 @@ Information DemoFleet::Describe() {
   std::uniform_real_distribution<double> load(4.0, 38.0);
   std::uniform_real_distribution<double> memoryAvailable(9.0, 11.0);
   return {
-      .systemName = "Demonstration",
-      .systemDescription = "An invented server for trying out",
-      .systemDataCenterLocation = "Nowhere in particular",
-      .operatingSystemType = "Debian GNU/Linux 12 (bookworm)",
-      .operatingSystemKernelVersion = "6.1.0-18-amd64",
-      .systemDockerVersion = "24.0.7",
-      .dunmereVersion = "Demonstration",
-      .cpuArchitecture = "x86_64",
-      .cpuCount = "8",
-      .cpuLoad = OneDecimal(load(chance_)),
-      .memoryTotal = "15.6 GB",
-      .memoryAvailable = OneDecimal(memoryAvailable(chance_)) + " GB",
-      .storageDiskSize = "200.0 GB",
-      .storageUsed = "82.0 GB",
-      .storageUsedPercentage = "41",
-      .storageAvailable = "118.0 GB",
-      .networkHostname = hostname_,
-      // Both from the ranges that are set aside for examples.
-      .networkIPv4 = "192.0.2.10",
-      .networkIPv6 = "2001:db8::10",
+      .SystemName = "Demonstration",
+      .SystemDescription = "An invented server for trying out",
+      .SystemDataCenterLocation = "Nowhere in particular",
+      .OperatingSystemType = "Debian GNU/Linux 12 (bookworm)",
+      .OperatingSystemKernelVersion = "6.1.0-18-amd64",
+      .SystemDockerVersion = "24.0.7",
+      .DunmereVersion = "Demonstration",
+      .CPUArchitecture = "x86_64",
+      .CPUCount = "8",
+      .CPULoad = OneDecimal(load(chance_)),
+      .MemoryTotal = "15.6 GB",
+      .MemoryAvailable = OneDecimal(memoryAvailable(chance_)) + " GB",
+      .StorageDiskSize = "200.0 GB",
+      .StorageUsed = "82.0 GB",
+      .StorageUsedPercentage = "41",
+      .StorageAvailable = "118.0 GB",
+      .NetworkHostname = hostname_,
+      // Both from the ranges reserved for documentation.
+      .NetworkIPv4 = "192.0.2.10",
+      .NetworkIPv6 = "2001:db8::10",
   };
 }
 
@@ -93,7 +93,7 @@ std::string DemoFleet::Reboot() {
   const std::lock_guard lock(mutex_);
   const Time now = system_clock::now();
   for (Container& container : containers_) {
-    if (container.state == State::Running) container.since = now;
+    if (container.State == State::Running) container.Since = now;
   }
   return "The server has been rebooted.";
 }
@@ -109,13 +109,13 @@ std::vector<ContainerRow> DemoFleet::List() {
   std::vector<ContainerRow> rows;
   rows.reserve(containers_.size());
   for (const Container& container : containers_) {
-    const std::string length = ToWords(floor<seconds>(now - container.since));
-    const bool isRunning = container.state == State::Running;
+    const std::string length = ToWords(floor<seconds>(now - container.Since));
+    const bool isRunning = container.State == State::Running;
     rows.push_back({
-        .name = container.name,
-        .state = isRunning ? "running" : "exited",
-        .status = isRunning ? "Up " + length : "Exited (" + std::to_string(container.exitCode) + ") " + length + " ago",
-        .backup = container.backup ? ToUtcMinute(*container.backup) : "never",
+        .Name = container.Name,
+        .State = isRunning ? "running" : "exited",
+        .Status = isRunning ? "Up " + length : "Exited (" + std::to_string(container.ExitCode) + ") " + length + " ago",
+        .Backup = container.Backup ? ToUtcMinute(*container.Backup) : "never",
     });
   }
   return rows;
@@ -130,29 +130,29 @@ std::string DemoFleet::Act(Action action, const std::string& name) {
     case Action::Stop:
       return Stop(container);
     case Action::Restart:
-      container.state = State::Running;
-      container.since = system_clock::now();
+      container.State = State::Running;
+      container.Since = system_clock::now();
       return name + " has been restarted.";
     case Action::Backup:
-      container.backup = system_clock::now();
+      container.Backup = system_clock::now();
       return name + " has been backed up.";
   }
   throw std::logic_error("no such action");
 }
 
 std::string DemoFleet::Start(Container& container) {
-  if (container.state == State::Running) return container.name + " is running already.";
-  container.state = State::Running;
-  container.since = system_clock::now();
-  return container.name + " has been started.";
+  if (container.State == State::Running) return container.Name + " is running already.";
+  container.State = State::Running;
+  container.Since = system_clock::now();
+  return container.Name + " has been started.";
 }
 
 std::string DemoFleet::Stop(Container& container) {
-  if (container.state == State::Exited) return container.name + " is stopped already.";
-  container.state = State::Exited;
-  container.exitCode = 0;
-  container.since = system_clock::now();
-  return container.name + " has been stopped.";
+  if (container.State == State::Exited) return container.Name + " is stopped already.";
+  container.State = State::Exited;
+  container.ExitCode = 0;
+  container.Since = system_clock::now();
+  return container.Name + " has been stopped.";
 }
 
 void DemoFleet::ReadLog(const std::string& name, std::uint64_t count, const LineSink& sink) {
@@ -171,7 +171,7 @@ void DemoFleet::ReadLog(const std::string& name, std::uint64_t count, const Line
 
 DemoFleet::Container& DemoFleet::Find(const std::string& name) {
   const auto found = std::find_if(containers_.begin(), containers_.end(),
-                                  [&](const Container& container) { return container.name == name; });
+                                  [&](const Container& container) { return container.Name == name; });
   if (found == containers_.end()) throw Refusal("There is no container named \"" + name + "\".");
   return *found;
 }

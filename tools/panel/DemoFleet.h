@@ -9,20 +9,20 @@
 
 namespace panel {
 
-/// An invented server, whose containers start and stop on the clock of the machine.
+/// A simulated server, whose containers change their state by the clock of the machine.
 class DemoFleet final : public Fleet {
  public:
   struct Settings {
-    std::uint64_t containers = 0;
-    std::uint64_t logLines = 0;  ///< Of each container.
-    std::string hostname;        ///< What Describe() reports.
+    std::uint64_t Containers = 0;
+    std::uint64_t LogLines = 0;  ///< Of each container.
+    std::string Hostname;        ///< What Describe() reports.
   };
   explicit DemoFleet(const Settings& settings);
 
   Information Describe() override;
-  /// Restarts the containers that run.
+  /// Restarts the running containers.
   std::string Reboot() override;
-  /// Takes about a second, in which other calls are answered.
+  /// Blocks for about a second, in which other calls are answered.
   std::string Reload() override;
   std::vector<ContainerRow> List() override;
   std::string Act(Action action, const std::string& name) override;
@@ -31,11 +31,11 @@ class DemoFleet final : public Fleet {
  private:
   enum class State { Running, Exited };
   struct Container {
-    std::string name;
-    State state = State::Running;
-    int exitCode = 0;  ///< Of an exited one.
-    Time since;        ///< When it got into its state.
-    std::optional<Time> backup;
+    std::string Name;
+    DemoFleet::State State = DemoFleet::State::Running;
+    int ExitCode = 0;  ///< Of an exited one.
+    Time Since;        ///< When it got into its state.
+    std::optional<Time> Backup;
   };
   static Container MakeContainer(std::uint64_t number, Time now);
   static std::string Start(Container& container);
@@ -45,7 +45,7 @@ class DemoFleet final : public Fleet {
   std::uint64_t logLines_;
   std::string hostname_;
   Time startedAt_;
-  std::mutex mutex_;  ///< Guards all below.
+  std::mutex mutex_;  ///< Protects the members below.
   std::vector<Container> containers_;
   std::minstd_rand chance_;
 };

@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::chrono::milliseconds betweenLines(730);
 
-// Each # becomes a number. Quotes, backslashes and letters beyond ASCII are there so that clients meet them.
+// Each # is replaced by a number. Quotes, backslashes and non-ASCII letters test clients.
 constexpr std::array<std::string_view, 8> messages{
     "INFO  GET /products/# answered with 200 in # ms",
     "INFO  POST /orders answered with 201 in # ms, # items",

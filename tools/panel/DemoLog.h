@@ -8,11 +8,11 @@
 
 namespace panel {
 
-/// An invented log, of which no line is kept: each is made from its number when it is asked for, always the same. A
-/// line is a timestamp, a space and a message; as JSON with its row number it has about 107 bytes on average.
+/// A simulated log. Lines are not stored, but computed from their number, always with the same result. A line is a
+/// timestamp, a space and a message; as JSON with its row number it has about 107 bytes on average.
 class DemoLog {
  public:
-  /// A log of `length` lines whose last was written at `end`. Different names give different lines.
+  /// A log of `length` lines, the last of which is dated `end`. Different names give different lines.
   DemoLog(std::string_view name, std::uint64_t length, Time end);
 
   [[nodiscard]] std::uint64_t Length() const { return length_; }

@@ -7,6 +7,7 @@
 
 #include "panel/Fleet.h"
 #include "panel/Json.h"
+#include "toolkit/HTTPStatus.h"
 
 namespace panel {
 namespace {
@@ -17,7 +18,7 @@ using namespace std::chrono_literals;
 httplib::Client Connect(const std::string& socketPath, std::chrono::seconds patience) {
   httplib::Client client(socketPath);
   client.set_address_family(AF_UNIX);
-  // Otherwise the path would be named as the host, which engines do not accept.
+  // Otherwise the path would be sent as the Host header, which engines reject.
   client.set_default_headers({{"Host", "localhost"}});
   client.set_connection_timeout(5s);
   client.set_read_timeout(patience);
@@ -38,7 +39,7 @@ EngineClient::Answer Check(httplib::Result result) {
     throw Refusal("The container engine cannot be reached.");
   }
   if (!result) throw Refusal("The container engine did not answer to the end.");
-  if (result->status >= 400) {
+  if (result->status >= toolkit::HTTPStatus::badRequest) {
     throw Refusal("The container engine refused: " + MessageIn(result->body, result->status));
   }
   return {result->status, std::move(result->body)};
@@ -57,7 +58,7 @@ EngineClient::Answer EngineClient::Post(const std::string& path, const std::stri
 
 json::value EngineClient::GetJson(const std::string& path, std::chrono::seconds patience) const {
   boost::system::error_code error;
-  json::value parsed = json::parse(Get(path, patience).body, error);
+  json::value parsed = json::parse(Get(path, patience).Body, error);
   if (error) throw Refusal("The container engine's answer cannot be understood.");
   return parsed;
 }

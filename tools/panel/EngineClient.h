@@ -7,21 +7,21 @@
 
 namespace panel {
 
-/// Asks a container engine over its Unix socket. Each request has a connection of its own, so several threads may ask
-/// at once.
+/// Sends requests to a container engine over its Unix socket. Each uses its own connection, so several threads may use
+/// the client.
 class EngineClient {
  public:
   explicit EngineClient(std::string socketPath) : socketPath_(std::move(socketPath)) {}
 
   struct Answer {
-    int status = 0;  ///< Less than 400.
-    std::string body;
+    int Status = 0;  ///< Less than 400.
+    std::string Body;
   };
-  /// Both throw Refusal if the engine cannot be reached, is silent for longer than `patience`, breaks off, or answers
-  /// with a status of 400 or more; then with its own words.
+  /// Throw Refusal if the engine cannot be reached, is silent for longer than `patience`, or closes the connection;
+  /// and, with the engine's own message, for a status of 400 or more.
   [[nodiscard]] Answer Get(const std::string& path, std::chrono::seconds patience) const;
   [[nodiscard]] Answer Post(const std::string& path, const std::string& body, std::chrono::seconds patience) const;
-  /// The body of a Get() as JSON. Throws Refusal if it is none, too.
+  /// The body of a Get() as JSON. Also throws Refusal if it is not JSON.
   [[nodiscard]] boost::json::value GetJson(const std::string& path, std::chrono::seconds patience) const;
 
  private:

@@ -9,6 +9,7 @@
 #include "panel/Figures.h"
 #include "panel/Json.h"
 #include "panel/Times.h"
+#include "toolkit/HTTPStatus.h"
 
 namespace panel {
 namespace {
@@ -20,15 +21,15 @@ constexpr std::string_view backupRepository = "corvane-backup";
 constexpr std::size_t stampLength = 15;  // YYYYMMDD-HHMMSS
 
 constexpr auto patienceForQuestions = 10s;
-constexpr auto patienceForActions = 30s;  // Ten seconds to stop, then the engine ends the container.
+constexpr auto patienceForActions = 30s;  // Ten seconds to stop, then the engine kills the container.
 constexpr auto patienceForLogs = 60s;
 constexpr auto patienceForBackups = 600s;
 
 struct EngineAction {
-  Action action;
-  std::string_view path;
-  std::string_view done;
-  std::string_view needless;
+  panel::Action Action;
+  std::string_view Path;
+  std::string_view Done;
+  std::string_view Needless;
 };
 // clang-format off
 constexpr std::array<EngineAction, 3> actions{{
@@ -43,7 +44,7 @@ json::array ToArray(json::value value) {
   return std::move(value.get_array());
 }
 
-// The texts in an array; none if there is no such array.
+// The strings in an array; empty if there is no such array.
 std::vector<std::string> TextsOf(const json::object& members, std::string_view key) {
   std::vector<std::string> texts;
   const json::value* value = members.if_contains(key);
@@ -54,7 +55,7 @@ std::vector<std::string> TextsOf(const json::object& members, std::string_view k
   return texts;
 }
 
-// Names start with a slash; further slashes mark the names that other containers have for this one.
+// Names begin with a slash; names with further slashes are aliases from other containers.
 std::string NameOf(const json::object& container) {
   for (const std::string& name : TextsOf(container, "Names")) {
     if (name.rfind('/') == 0) return name.substr(1);
@@ -83,7 +84,7 @@ std::map<std::string, std::string> FindBackups(const json::array& images) {
   for (const json::value& image : images) {
     if (!image.is_object()) continue;
     for (const std::string& tag : TextsOf(image.get_object(), "RepoTags")) {
-      const std::size_t found = tag.find(mark);  // A registry's name may stand before it.
+      const std::size_t found = tag.find(mark);  // It may be preceded by a registry's name.
       if (found == std::string::npos || tag.size() < found + mark.size() + 1 + stampLength) continue;
       const std::string stamp = tag.substr(tag.size() - stampLength);
       const std::size_t start = found + mark.size();
@@ -105,27 +106,27 @@ Information EngineFleet::Describe() {
   const Machine machine = LookAtMachine();
   const std::string root = TextOf(engine, "DockerRootDir");
   const Storage storage = LookAtStorage(root.empty() ? "/" : root);
-  const std::uint64_t percentage = storage.size == 0 ? 0 : storage.used * 100 / storage.size;
+  const std::uint64_t percentage = storage.Size == 0 ? 0 : storage.Used * 100 / storage.Size;
   return {
-      .systemName = machine.name,
-      .systemDescription = "A machine with a container engine, for trying out",
-      .systemDataCenterLocation = "Unknown",
-      .operatingSystemType = machine.operatingSystem,
-      .operatingSystemKernelVersion = machine.kernelVersion,
-      .systemDockerVersion = TextOf(engine, "ServerVersion"),
-      .dunmereVersion = "For trying out",
-      .cpuArchitecture = machine.architecture,
-      .cpuCount = std::to_string(machine.processors),
-      .cpuLoad = OneDecimal(load_.Percent()),
-      .memoryTotal = ToGigabytes(machine.memoryTotal),
-      .memoryAvailable = ToGigabytes(machine.memoryAvailable),
-      .storageDiskSize = ToGigabytes(storage.size),
-      .storageUsed = ToGigabytes(storage.used),
-      .storageUsedPercentage = std::to_string(percentage),
-      .storageAvailable = ToGigabytes(storage.available),
-      .networkHostname = hostname_,
-      .networkIPv4 = machine.ipv4,
-      .networkIPv6 = machine.ipv6,
+      .SystemName = machine.Name,
+      .SystemDescription = "A machine with a container engine, for trying out",
+      .SystemDataCenterLocation = "Unknown",
+      .OperatingSystemType = machine.OperatingSystem,
+      .OperatingSystemKernelVersion = machine.KernelVersion,
+      .SystemDockerVersion = TextOf(engine, "ServerVersion"),
+      .DunmereVersion = "For trying out",
+      .CPUArchitecture = machine.Architecture,
+      .CPUCount = std::to_string(machine.Processors),
+      .CPULoad = OneDecimal(load_.Percent()),
+      .MemoryTotal = ToGigabytes(machine.MemoryTotal),
+      .MemoryAvailable = ToGigabytes(machine.MemoryAvailable),
+      .StorageDiskSize = ToGigabytes(storage.Size),
+      .StorageUsed = ToGigabytes(storage.Used),
+      .StorageUsedPercentage = std::to_string(percentage),
+      .StorageAvailable = ToGigabytes(storage.Available),
+      .NetworkHostname = hostname_,
+      .NetworkIPv4 = machine.IPv4,
+      .NetworkIPv6 = machine.IPv6,
   };
 }
 
@@ -140,34 +141,33 @@ std::vector<ContainerRow> EngineFleet::List() {
   for (const json::value& container : ToArray(engine_.GetJson("/containers/json?all=true", patienceForQuestions))) {
     if (!container.is_object()) continue;
     const json::object& members = container.get_object();
-    ContainerRow row{.name = NameOf(members),
-                     .state = TextOf(members, "State"),
-                     .status = TextOf(members, "Status"),
-                     .backup = "never"};
-    if (const auto backup = backups.find(row.name); backup != backups.end()) row.backup = StampToWords(backup->second);
+    ContainerRow row{.Name = NameOf(members),
+                     .State = TextOf(members, "State"),
+                     .Status = TextOf(members, "Status"),
+                     .Backup = "never"};
+    if (const auto backup = backups.find(row.Name); backup != backups.end()) row.Backup = StampToWords(backup->second);
     rows.push_back(std::move(row));
   }
-  // Engines may list them in another order each time.
-  std::sort(rows.begin(), rows.end(), [](const auto& left, const auto& right) { return left.name < right.name; });
+  // Engines may return them in another order each time.
+  std::sort(rows.begin(), rows.end(), [](const auto& left, const auto& right) { return left.Name < right.Name; });
   return rows;
 }
 
 std::string EngineFleet::Act(Action action, const std::string& name) {
   const std::string id = FindId(name);
   if (action == Action::Backup) return BackUp(id, name);
-  constexpr int notModified = 304;
   const auto* row =
-      std::find_if(actions.begin(), actions.end(), [&](const auto& each) { return each.action == action; });
-  // No body: an engine that ends the connection without having read it would take its answer away, too.
-  const int status = engine_.Post("/containers/" + id + std::string(row->path), "", patienceForActions).status;
-  return name + std::string(status == notModified ? row->needless : row->done);
+      std::find_if(actions.begin(), actions.end(), [&](const auto& each) { return each.Action == action; });
+  // No body: if an engine closes the connection without having read it, its answer is lost as well.
+  const int status = engine_.Post("/containers/" + id + std::string(row->Path), "", patienceForActions).Status;
+  return name + std::string(status == toolkit::HTTPStatus::notModified ? row->Needless : row->Done);
 }
 
 std::string EngineFleet::BackUp(const std::string& id, const std::string& name) {
   const std::string repository(backupRepository);
   const std::string tag = name + "-" + MakeStamp(std::chrono::system_clock::now());
   const std::string path = "/commit?container=" + id + "&repo=" + repository + "&tag=" + tag;
-  // Changes to the image's settings are asked for: none.
+  // Requests no changes to the image's settings.
   static_cast<void>(engine_.Post(path, "{}", patienceForBackups));
   return name + " has been backed up as the image " + repository + ":" + tag + ".";
 }
@@ -180,11 +180,11 @@ void EngineFleet::ReadLog(const std::string& name, std::uint64_t count, const Li
   const bool isRaw = hasTerminal != nullptr && hasTerminal->is_bool() && hasTerminal->get_bool();
   const std::string tail = count == 0 ? "all" : std::to_string(count);
   const std::string log =
-      engine_.Get(container + "/logs?stdout=true&stderr=true&timestamps=true&tail=" + tail, patienceForLogs).body;
+      engine_.Get(container + "/logs?stdout=true&stderr=true&timestamps=true&tail=" + tail, patienceForLogs).Body;
   SplitEngineLog(log, isRaw ? LogForm::Raw : LogForm::Multiplexed, sink);
 }
 
-// Names come from clients; what stands in paths is the engine's own.
+// Names are client input; paths contain the engine's own ids instead.
 std::string EngineFleet::FindId(const std::string& name) const {
   for (const json::value& container : ToArray(engine_.GetJson("/containers/json?all=true", patienceForQuestions))) {
     if (container.is_object() && NameOf(container.get_object()) == name) return TextOf(container.get_object(), "Id");

@@ -8,17 +8,17 @@
 
 namespace panel {
 
-/// This machine with the containers of an engine that speaks the Docker Engine API on a Unix socket. A backup is an
-/// image "corvane-backup:NAME-YYYYMMDD-HHMMSS" of the container.
+/// This machine, with the containers of an engine that supports the Docker Engine API on a Unix socket. A backup of a
+/// container is an image "corvane-backup:NAME-YYYYMMDD-HHMMSS".
 class EngineFleet final : public Fleet {
  public:
-  /// `hostname` is what Describe() reports.
+  /// `hostname` is the one that Describe() reports.
   EngineFleet(std::string socketPath, std::string hostname);
 
   Information Describe() override;
-  /// Only acknowledged: the machine is left alone.
+  /// Only acknowledges: does nothing to the machine.
   std::string Reboot() override;
-  /// Only acknowledged.
+  /// Only acknowledges.
   std::string Reload() override;
   std::vector<ContainerRow> List() override;
   /// Waits for the engine, which gives a container ten seconds to stop.

@@ -27,7 +27,7 @@ class LineBuffer {
 
  private:
   void Flush(const LineSink& sink) {
-    // Terminals end lines with a return, too.
+    // Terminals end lines with CR LF.
     if (!line_.empty() && line_.back() == '\r') line_.pop_back();
     sink(toolkit::RepairUTF8(line_));
     line_.clear();
@@ -45,7 +45,7 @@ std::size_t FrameLength(std::string_view header) {
 }  // namespace
 
 void SplitEngineLog(std::string_view log, LogForm form, const LineSink& sink) {
-  // A line may come in several frames, with frames of the other output between them.
+  // A line may be split between several frames, with frames of the other output in between.
   std::map<char, LineBuffer> buffers;
   if (form == LogForm::Raw) {
     buffers[0].Add(log, sink);

@@ -9,50 +9,50 @@
 
 namespace panel {
 
-/// A call that cannot be done. The message is a sentence for the user.
+/// A call that cannot be carried out. The message is a sentence for the user.
 class Refusal : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
-/// What a server says about itself: texts as the user reads them, with their units.
+/// The system information of a server: texts for the user, with their units.
 struct Information {
-  std::string systemName;
-  std::string systemDescription;
-  std::string systemDataCenterLocation;
-  std::string operatingSystemType;
-  std::string operatingSystemKernelVersion;
-  std::string systemDockerVersion;
-  std::string dunmereVersion;
-  std::string cpuArchitecture;
-  std::string cpuCount;
-  std::string cpuLoad;  ///< Percent, without the sign.
-  std::string memoryTotal;
-  std::string memoryAvailable;
-  std::string storageDiskSize;
-  std::string storageUsed;
-  std::string storageUsedPercentage;  ///< Without the sign.
-  std::string storageAvailable;
-  std::string networkHostname;  ///< Where clients send all their further requests.
-  std::string networkIPv4;
-  std::string networkIPv6;
+  std::string SystemName;
+  std::string SystemDescription;
+  std::string SystemDataCenterLocation;
+  std::string OperatingSystemType;
+  std::string OperatingSystemKernelVersion;
+  std::string SystemDockerVersion;
+  std::string DunmereVersion;
+  std::string CPUArchitecture;
+  std::string CPUCount;
+  std::string CPULoad;  ///< Percent, without the sign.
+  std::string MemoryTotal;
+  std::string MemoryAvailable;
+  std::string StorageDiskSize;
+  std::string StorageUsed;
+  std::string StorageUsedPercentage;  ///< Without the sign.
+  std::string StorageAvailable;
+  std::string NetworkHostname;  ///< Where clients send all further requests.
+  std::string NetworkIPv4;
+  std::string NetworkIPv6;
 };
 
-/// One line of the list of containers, as the user reads it.
+/// One row of the list of containers, as texts for the user.
 struct ContainerRow {
-  std::string name;
-  std::string state;
-  std::string status;
-  std::string backup;
+  std::string Name;
+  std::string State;
+  std::string Status;
+  std::string Backup;
 };
 
 enum class Action { Start, Stop, Restart, Backup };
 
-/// Receives the lines of a log, oldest first, in UTF-8 and without their ends. A line is valid during the call only.
+/// Receives the lines of a log, oldest first, in UTF-8 and without line breaks. A line is only valid during the call.
 using LineSink = std::function<void(std::string_view)>;
 
-/// A server with its containers. Called from several threads at once. Everything may throw Refusal; then nothing has
-/// changed. The texts returned by actions are sentences for the user.
+/// A server with its containers. Called from several threads at once. All functions may throw Refusal; nothing has
+/// changed then. Actions return a sentence for the user.
 class Fleet {
  public:
   Fleet() = default;

@@ -10,15 +10,15 @@
 
 namespace panel {
 
-/// Serves a Service over HTTPS and prints one line for each request on the standard output.
+/// Serves a Service over HTTPS and prints one line per request on standard output.
 class HttpsServer {
  public:
-  /// Both must outlive the server. Throws std::runtime_error if the certificate cannot be used.
+  /// Both must outlive the server. Throws std::runtime_error if the certificate is unusable.
   HttpsServer(const Options& options, Service& service);
 
-  /// Starts to listen and prints where. Throws std::runtime_error if that address and port cannot be had.
+  /// Starts to listen and prints the address. Throws std::runtime_error if the address or port is not available.
   void Listen();
-  /// Serves requests, each connection in a thread of its own. Returns only if listening breaks down.
+  /// Serves requests, each connection in its own thread. Returns only if listening fails.
   void Serve();
 
  private:

@@ -14,7 +14,7 @@
 namespace panel {
 namespace {
 
-// The rest of the line that starts with `key` in a file of the system, or empty.
+// The rest of the line that starts with `key` in a file; empty if there is none.
 std::string LineOf(const std::string& file, const std::string& key) {
   std::ifstream lines(file);
   for (std::string line; std::getline(lines, line);) {
@@ -34,7 +34,7 @@ std::uint64_t Memory(const std::string& key) {
   return kibibytes.empty() ? 0 : std::stoull(kibibytes) * 1024;
 }
 
-// The address in figures if other machines can know it, else empty.
+// The numeric address if other machines can reach it, else empty.
 std::string PublicAddress(const ifaddrs& entry, int family) {
   if (entry.ifa_addr == nullptr || entry.ifa_addr->sa_family != family) return {};
   if ((entry.ifa_flags & IFF_LOOPBACK) != 0 || (entry.ifa_flags & IFF_UP) == 0) return {};
@@ -42,7 +42,7 @@ std::string PublicAddress(const ifaddrs& entry, int family) {
   std::array<char, NI_MAXHOST> text{};
   if (getnameinfo(entry.ifa_addr, size, text.data(), text.size(), nullptr, 0, NI_NUMERICHOST) != 0) return {};
   std::string address = text.data();
-  // One with a "%" counts on its own link only.
+  // A link-local address ("%") is only valid on its own link.
   return address.find('%') == std::string::npos ? address : std::string();
 }
 
@@ -62,24 +62,24 @@ Machine LookAtMachine() {
   utsname names{};
   uname(&names);
   return {
-      .name = std::data(names.nodename),
-      .operatingSystem = OperatingSystem(),
-      .kernelVersion = std::data(names.release),
-      .architecture = std::data(names.machine),
-      .processors = std::thread::hardware_concurrency(),
-      .memoryTotal = Memory("MemTotal:"),
-      .memoryAvailable = Memory("MemAvailable:"),
-      .ipv4 = FirstPublicAddress(AF_INET),
-      .ipv6 = FirstPublicAddress(AF_INET6),
+      .Name = std::data(names.nodename),
+      .OperatingSystem = OperatingSystem(),
+      .KernelVersion = std::data(names.release),
+      .Architecture = std::data(names.machine),
+      .Processors = std::thread::hardware_concurrency(),
+      .MemoryTotal = Memory("MemTotal:"),
+      .MemoryAvailable = Memory("MemAvailable:"),
+      .IPv4 = FirstPublicAddress(AF_INET),
+      .IPv6 = FirstPublicAddress(AF_INET6),
   };
 }
 
 Storage LookAtStorage(const std::string& path) {
   struct statvfs facts {};
   if (statvfs(path.c_str(), &facts) != 0) return {};
-  return {.size = facts.f_blocks * facts.f_frsize,
-          .used = (facts.f_blocks - facts.f_bfree) * facts.f_frsize,
-          .available = facts.f_bavail * facts.f_frsize};
+  return {.Size = facts.f_blocks * facts.f_frsize,
+          .Used = (facts.f_blocks - facts.f_bfree) * facts.f_frsize,
+          .Available = facts.f_bavail * facts.f_frsize};
 }
 
 LoadMeter::LoadMeter() : last_(Now()) {}
@@ -87,9 +87,9 @@ LoadMeter::LoadMeter() : last_(Now()) {}
 double LoadMeter::Percent() {
   const std::lock_guard lock(mutex_);
   const Ticks now = Now();
-  // Two calls within one tick of the system's clock cannot tell anything new.
-  if (now.all > last_.all) {
-    percent_ = 100.0 * static_cast<double>(now.busy - last_.busy) / static_cast<double>(now.all - last_.all);
+  // Two calls within one clock tick measure the same.
+  if (now.All > last_.All) {
+    percent_ = 100.0 * static_cast<double>(now.Busy - last_.Busy) / static_cast<double>(now.All - last_.All);
     last_ = now;
   }
   return percent_;
@@ -98,15 +98,15 @@ double LoadMeter::Percent() {
 LoadMeter::Ticks LoadMeter::Now() {
   constexpr int idle = 3;
   constexpr int waitingForStorage = 4;
-  constexpr int columns = 8;  // The guests' columns that follow are counted in the first two already.
+  constexpr int columns = 8;  // The guests' columns that follow are included in the first two.
   std::ifstream file("/proc/stat");
   std::string word;
   file >> word;
   Ticks ticks;
   std::uint64_t number = 0;
   for (int column = 0; column < columns && file >> number; ++column) {
-    ticks.all += number;
-    if (column != idle && column != waitingForStorage) ticks.busy += number;
+    ticks.All += number;
+    if (column != idle && column != waitingForStorage) ticks.Busy += number;
   }
   return ticks;
 }

@@ -6,30 +6,30 @@
 
 namespace panel {
 
-/// Facts about the machine that this program runs on. What cannot be found out is an empty text or 0.
+/// Facts about the machine that this program runs on. Unknown ones are empty or 0.
 struct Machine {
-  std::string name;
-  std::string operatingSystem;
-  std::string kernelVersion;
-  std::string architecture;
-  unsigned processors = 0;
-  std::uint64_t memoryTotal = 0;      ///< Bytes.
-  std::uint64_t memoryAvailable = 0;  ///< Bytes.
-  std::string ipv4;                   ///< The first one that other machines can know.
-  std::string ipv6;                   ///< Likewise.
+  std::string Name;
+  std::string OperatingSystem;
+  std::string KernelVersion;
+  std::string Architecture;
+  unsigned Processors = 0;
+  std::uint64_t MemoryTotal = 0;      ///< Bytes.
+  std::uint64_t MemoryAvailable = 0;  ///< Bytes.
+  std::string IPv4;                   ///< The first one that other machines can know.
+  std::string IPv6;                   ///< Likewise.
 };
 [[nodiscard]] Machine LookAtMachine();
 
 /// A file system, in bytes.
 struct Storage {
-  std::uint64_t size = 0;
-  std::uint64_t used = 0;
-  std::uint64_t available = 0;
+  std::uint64_t Size = 0;
+  std::uint64_t Used = 0;
+  std::uint64_t Available = 0;
 };
-/// The file system that `path` lies on; all 0 if there is no such path.
+/// The file system of `path`; all 0 if the path does not exist.
 [[nodiscard]] Storage LookAtStorage(const std::string& path);
 
-/// Measures how busy the processors are. May be used by several threads.
+/// Measures the load of the processors. Thread-safe.
 class LoadMeter {
  public:
   LoadMeter();
@@ -38,8 +38,8 @@ class LoadMeter {
 
  private:
   struct Ticks {
-    std::uint64_t busy = 0;
-    std::uint64_t all = 0;
+    std::uint64_t Busy = 0;
+    std::uint64_t All = 0;
   };
   static Ticks Now();
 

@@ -1,12 +1,13 @@
 #include "panel/Options.h"
 
 #include <array>
-#include <charconv>
 #include <iomanip>
 #include <sstream>
 #include <string_view>
 #include <sys/un.h>
 #include <variant>
+
+#include "toolkit/Text.h"
 
 namespace panel {
 namespace {
@@ -17,61 +18,60 @@ using Milliseconds = std::chrono::milliseconds Options::*;
 using Flag = bool Options::*;
 
 struct Row {
-  std::string_view name;
-  std::string_view placeholder;  // Of the value; empty for a flag.
-  std::string_view help;
-  std::variant<Text, Number, Milliseconds, Flag> field;
-  std::uint64_t most = 0;  // The highest number.
+  std::string_view Name;
+  std::string_view Placeholder;  // Of the value; empty for a flag.
+  std::string_view Help;
+  std::variant<Text, Number, Milliseconds, Flag> Field;
+  std::uint64_t Most = 0;  // The highest number.
 };
 
 // clang-format off
 constexpr std::array rows{
-  Row{"--address",            "ADDRESS", "listen on this address",                            &Options::address},
-  Row{"--port",               "PORT",    "listen on this port; 0 takes a free one",           &Options::port, 65'535},
-  Row{"--hostname",           "NAME",    "the host name to report; empty means the address",  &Options::hostname},
-  Row{"--user",               "NAME",    "the user name to ask for",                          &Options::user},
-  Row{"--password",           "TEXT",    "the password to ask for",                           &Options::password},
-  Row{"--containers",         "COUNT",   "how many containers to invent",                     &Options::containers, 1'000'000},
-  Row{"--log-lines",          "COUNT",   "how many lines to invent for each container's log", &Options::logLines, 100'000'000},
-  Row{"--delay",              "MS",      "wait so many milliseconds before each reply",       &Options::delay, 600'000},
+  Row{"--address",            "ADDRESS", "listen on this address",                            &Options::Address},
+  Row{"--port",               "PORT",    "listen on this port; 0 takes a free one",           &Options::Port, 65'535},
+  Row{"--hostname",           "NAME",    "the host name to report; empty means the address",  &Options::Hostname},
+  Row{"--user",               "NAME",    "the user name to ask for",                          &Options::User},
+  Row{"--password",           "TEXT",    "the password to ask for",                           &Options::Password},
+  Row{"--containers",         "COUNT",   "how many containers to invent",                     &Options::Containers, 1'000'000},
+  Row{"--log-lines",          "COUNT",   "how many lines to invent for each container's log", &Options::LogLines, 100'000'000},
+  Row{"--delay",              "MS",      "wait so many milliseconds before each reply",       &Options::Delay, 600'000},
   Row{"--engine",             "unix:PATH", "show this machine and the containers of its Docker-compatible engine,\n"
-                                           "                        which listens on this socket, instead of invented ones",  &Options::engine},
-  Row{"--until-stdin-closes", "",        "end as soon as the standard input ends",            &Options::untilStdinCloses},
-  Row{"--help",               "",        "show this text",                                    &Options::help},
+                                           "                        which listens on this socket, instead of invented ones",  &Options::Engine},
+  Row{"--until-stdin-closes", "",        "end as soon as the standard input ends",            &Options::UntilStdinCloses},
+  Row{"--help",               "",        "show this text",                                    &Options::Help},
 };
 // clang-format on
 
 const Row& FindRow(std::string_view name) {
   for (const Row& row : rows) {
-    if (row.name == name) return row;
+    if (row.Name == name) return row;
   }
   throw UsageError("there is no option '" + std::string(name) + "'; --help lists them");
 }
 
 std::uint64_t ParseNumber(const Row& row, std::string_view text) {
-  std::uint64_t number = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (error != std::errc() || end != text.data() + text.size() || number > row.most) {
-    throw UsageError(std::string(row.name) + " takes a number from 0 to " + std::to_string(row.most) + ", not '" +
+  const auto number = toolkit::ParseNumber<std::uint64_t>(text);
+  if (!number || *number > row.Most) {
+    throw UsageError(std::string(row.Name) + " takes a number from 0 to " + std::to_string(row.Most) + ", not '" +
                      std::string(text) + "'");
   }
-  return number;
+  return *number;
 }
 
 void Set(Options& options, const Row& row, std::string_view value) {
-  if (const auto* text = std::get_if<Text>(&row.field)) options.*(*text) = value;
-  if (const auto* number = std::get_if<Number>(&row.field)) options.*(*number) = ParseNumber(row, value);
-  if (const auto* time = std::get_if<Milliseconds>(&row.field)) {
+  if (const auto* text = std::get_if<Text>(&row.Field)) options.*(*text) = value;
+  if (const auto* number = std::get_if<Number>(&row.Field)) options.*(*number) = ParseNumber(row, value);
+  if (const auto* time = std::get_if<Milliseconds>(&row.Field)) {
     options.*(*time) = std::chrono::milliseconds(ParseNumber(row, value));
   }
-  if (const auto* flag = std::get_if<Flag>(&row.field)) options.*(*flag) = true;
+  if (const auto* flag = std::get_if<Flag>(&row.Field)) options.*(*flag) = true;
 }
 
 std::string DefaultOf(const Row& row) {
   const Options defaults;
-  if (const auto* text = std::get_if<Text>(&row.field)) return defaults.*(*text);
-  if (const auto* number = std::get_if<Number>(&row.field)) return std::to_string(defaults.*(*number));
-  if (const auto* time = std::get_if<Milliseconds>(&row.field)) return std::to_string((defaults.*(*time)).count());
+  if (const auto* text = std::get_if<Text>(&row.Field)) return defaults.*(*text);
+  if (const auto* number = std::get_if<Number>(&row.Field)) return std::to_string(defaults.*(*number));
+  if (const auto* time = std::get_if<Milliseconds>(&row.Field)) return std::to_string((defaults.*(*time)).count());
   return {};
 }
 
@@ -98,16 +98,16 @@ Options ParseOptions(std::span<const char* const> arguments) {
     const std::string_view argument = arguments[i];
     const std::size_t equals = argument.find('=');
     const Row& row = FindRow(argument.substr(0, equals));
-    const bool isFlag = row.placeholder.empty();
+    const bool isFlag = row.Placeholder.empty();
     if (equals != std::string_view::npos) {
-      if (isFlag) throw UsageError(std::string(row.name) + " takes no value");
+      if (isFlag) throw UsageError(std::string(row.Name) + " takes no value");
       Set(options, row, argument.substr(equals + 1));
     } else if (isFlag) {
       Set(options, row, {});
     } else if (i + 1 < arguments.size()) {
       Set(options, row, arguments[++i]);
     } else {
-      throw UsageError(std::string(row.name) + " needs a value");
+      throw UsageError(std::string(row.Name) + " needs a value");
     }
   }
   return options;
@@ -120,8 +120,8 @@ std::string HelpText() {
           "process list, and its containers are invented unless --engine names real ones.\n\n"
           "Usage: corvane-panel [OPTION]...\n\n";
   for (const Row& row : rows) {
-    const std::string left = std::string(row.name) + " " + std::string(row.placeholder);
-    text << "  " << std::left << std::setw(22) << left << row.help;
+    const std::string left = std::string(row.Name) + " " + std::string(row.Placeholder);
+    text << "  " << std::left << std::setw(22) << left << row.Help;
     if (const std::string value = DefaultOf(row); !value.empty()) text << " [" << value << "]";
     text << "\n";
   }

@@ -8,22 +8,22 @@
 
 namespace panel {
 
-/// What the command line asks for. The values here are the defaults that the help text shows.
+/// The options of the command line, with their default values, which the help text shows.
 struct Options {
-  std::string address = "127.0.0.1";
-  std::uint64_t port = 1701;  ///< 0: any free one.
-  std::string hostname;       ///< Empty: the address.
-  std::string user = "admin";
-  std::string password = "corvane-demo";
-  std::uint64_t containers = 12;
-  std::uint64_t logLines = 500;  ///< Lines in the log of each container.
-  std::chrono::milliseconds delay{0};
-  std::string engine;  ///< "unix:" and the path of a container engine's socket; empty: invented containers.
-  bool untilStdinCloses = false;
-  bool help = false;
+  std::string Address = "127.0.0.1";
+  std::uint64_t Port = 1701;  ///< 0: any free one.
+  std::string Hostname;       ///< Empty: the address.
+  std::string User = "admin";
+  std::string Password = "corvane-demo";
+  std::uint64_t Containers = 12;
+  std::uint64_t LogLines = 500;  ///< Lines in the log of each container.
+  std::chrono::milliseconds Delay{0};
+  std::string Engine;  ///< "unix:" and the path of a container engine's socket; empty: invented containers.
+  bool UntilStdinCloses = false;
+  bool Help = false;
 };
 
-/// A command line that makes no sense. The message is one line, without the program's name.
+/// An invalid command line. The message is one line, without the program's name.
 class UsageError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;

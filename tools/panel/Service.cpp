@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <optional>
 #include <utility>
 
@@ -12,18 +11,21 @@
 
 #include "panel/Json.h"
 #include "panel/TableWriter.h"
+#include "toolkit/HTTPStatus.h"
+#include "toolkit/Text.h"
 
 namespace panel {
 namespace {
 
 namespace json = boost::json;
+namespace HTTPStatus = toolkit::HTTPStatus;
 
-/// The members of a request that mean something; a member that is no string counts as empty.
+/// The relevant members of a request; one that is not a string counts as empty.
 struct Request {
-  std::string username;
-  std::string password;
-  std::string containerName;
-  std::string logCount;
+  std::string Username;
+  std::string Password;
+  std::string ContainerName;
+  std::string LogCount;
 };
 
 std::optional<Request> Parse(const std::string& body) {
@@ -33,67 +35,66 @@ std::optional<Request> Parse(const std::string& body) {
   const json::value parsed = json::parse(body, error, &memory);
   if (error || !parsed.is_object()) return std::nullopt;
   const json::object& members = parsed.get_object();
-  return Request{.username = TextOf(members, "username"),
-                 .password = TextOf(members, "password"),
-                 .containerName = TextOf(members, "containerName"),
-                 .logCount = TextOf(members, "logCount")};
+  return Request{.Username = TextOf(members, "username"),
+                 .Password = TextOf(members, "password"),
+                 .ContainerName = TextOf(members, "containerName"),
+                 .LogCount = TextOf(members, "logCount")};
 }
 
 std::string StatusReply(const std::string& status) { return json::serialize(json::object{{"status", status}}); }
 
 std::string InformationReply(const Information& server) {
   return json::serialize(json::object{
-      {"systemName", server.systemName},
-      {"systemDescription", server.systemDescription},
-      {"systemDataCenterLocation", server.systemDataCenterLocation},
-      {"operatingSystemType", server.operatingSystemType},
-      {"operatingSystemKernelVersion", server.operatingSystemKernelVersion},
-      {"systemDockerVersion", server.systemDockerVersion},
-      {"dunmereVersion", server.dunmereVersion},
-      {"cpuArchitecture", server.cpuArchitecture},
-      {"cpuCount", server.cpuCount},
-      {"cpuLoad", server.cpuLoad},
-      {"memoryTotal", server.memoryTotal},
-      {"memoryAvailable", server.memoryAvailable},
-      {"storageDiskSize", server.storageDiskSize},
-      {"storageUsed", server.storageUsed},
-      {"storageUsedPercentage", server.storageUsedPercentage},
-      {"storageAvailable", server.storageAvailable},
-      {"networkHostname", server.networkHostname},
-      {"networkIPv4", server.networkIPv4},
-      {"networkIPv6", server.networkIPv6},
+      {"systemName", server.SystemName},
+      {"systemDescription", server.SystemDescription},
+      {"systemDataCenterLocation", server.SystemDataCenterLocation},
+      {"operatingSystemType", server.OperatingSystemType},
+      {"operatingSystemKernelVersion", server.OperatingSystemKernelVersion},
+      {"systemDockerVersion", server.SystemDockerVersion},
+      {"dunmereVersion", server.DunmereVersion},
+      {"cpuArchitecture", server.CPUArchitecture},
+      {"cpuCount", server.CPUCount},
+      {"cpuLoad", server.CPULoad},
+      {"memoryTotal", server.MemoryTotal},
+      {"memoryAvailable", server.MemoryAvailable},
+      {"storageDiskSize", server.StorageDiskSize},
+      {"storageUsed", server.StorageUsed},
+      {"storageUsedPercentage", server.StorageUsedPercentage},
+      {"storageAvailable", server.StorageAvailable},
+      {"networkHostname", server.NetworkHostname},
+      {"networkIPv4", server.NetworkIPv4},
+      {"networkIPv6", server.NetworkIPv6},
   });
 }
 
 std::string ListReply(const std::vector<ContainerRow>& containers) {
   TableWriter table("containers");
-  for (const ContainerRow& row : containers) table.AddRow({row.name, row.state, row.status, row.backup});
+  for (const ContainerRow& row : containers) table.AddRow({row.Name, row.State, row.Status, row.Backup});
   return table.Finish();
 }
 
 std::uint64_t ParseLogCount(const std::string& text) {
-  std::int64_t count = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), count);
-  if (error != std::errc() || end != text.data() + text.size()) throw Refusal("The number of log lines is no number.");
-  if (count < 0) throw Refusal("The number of log lines must not be negative.");
-  return static_cast<std::uint64_t>(count);
+  const auto count = toolkit::ParseNumber<std::int64_t>(text);
+  if (!count) throw Refusal("The number of log lines is no number.");
+  if (*count < 0) throw Refusal("The number of log lines must not be negative.");
+  return static_cast<std::uint64_t>(*count);
 }
 
 std::string LogReply(Fleet& fleet, const Request& request) {
   TableWriter table("log");
-  fleet.ReadLog(request.containerName, ParseLogCount(request.logCount),
+  fleet.ReadLog(request.ContainerName, ParseLogCount(request.LogCount),
                 [&](std::string_view line) { table.AddRow({line}); });
   return table.Finish();
 }
 
 template <Action action>
 std::string ActionReply(Fleet& fleet, const Request& request) {
-  return StatusReply(fleet.Act(action, request.containerName));
+  return StatusReply(fleet.Act(action, request.ContainerName));
 }
 
 struct Call {
-  std::string_view path;
-  std::string (*answer)(Fleet&, const Request&);
+  std::string_view Path;
+  std::string (*Answer)(Fleet&, const Request&);
 };
 
 // clang-format off
@@ -115,27 +116,27 @@ constexpr std::array<Call, 9> calls{{
 Service::Service(Credentials credentials, Fleet& fleet) : credentials_(std::move(credentials)), fleet_(fleet) {}
 
 Reply Service::Answer(const std::string& path, const std::string& body) {
-  const auto* call = std::find_if(calls.begin(), calls.end(), [&](const Call& row) { return row.path == path; });
-  if (call == calls.end()) return MakeRefusal(404, "There is no such call.");
+  const auto* call = std::find_if(calls.begin(), calls.end(), [&](const Call& row) { return row.Path == path; });
+  if (call == calls.end()) return MakeRefusal(HTTPStatus::notFound, "There is no such call.");
   const std::optional<Request> request = Parse(body);
-  if (!request) return MakeRefusal(400, "The request is no JSON object.");
+  if (!request) return MakeRefusal(HTTPStatus::badRequest, "The request is no JSON object.");
 
   Reply reply;
-  if (request->username != credentials_.user || request->password != credentials_.password) {
-    reply = MakeRefusal(400, "The username or the password is wrong.");
+  if (request->Username != credentials_.User || request->Password != credentials_.Password) {
+    reply = MakeRefusal(HTTPStatus::badRequest, "The username or the password is wrong.");
   } else {
     try {
-      reply.body = call->answer(fleet_, *request);
+      reply.Body = call->Answer(fleet_, *request);
     } catch (const Refusal& refusal) {
-      reply = MakeRefusal(400, refusal.what());
+      reply = MakeRefusal(HTTPStatus::badRequest, refusal.what());
     }
   }
-  reply.container = request->containerName;
+  reply.Container = request->ContainerName;
   return reply;
 }
 
 Reply MakeRefusal(int status, const std::string& message) {
-  return {.status = status, .body = json::serialize(json::object{{"_error", message}}), .container = {}};
+  return {.Status = status, .Body = json::serialize(json::object{{"_error", message}}), .Container = {}};
 }
 
 }  // namespace panel

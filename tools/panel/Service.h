@@ -3,29 +3,30 @@
 #include <string>
 
 #include "panel/Fleet.h"
+#include "toolkit/HTTPStatus.h"
 
 namespace panel {
 
 struct Credentials {
-  std::string user;
-  std::string password;
+  std::string User;
+  std::string Password;
 };
 
-/// The answer to one request, and what may be told about it in a log.
+/// The answer to one request, and what may be logged about it.
 struct Reply {
-  int status = 200;
-  std::string body;       ///< A JSON object.
-  std::string container;  ///< The container that the request named, as it was sent; empty if it named none.
+  int Status = toolkit::HTTPStatus::ok;
+  std::string Body;       ///< A JSON object.
+  std::string Container;  ///< The container that the request named, as sent; empty if it named none.
 };
 
-/// The calls of the panel service: from a request's path and body to the reply. May be used by several threads.
+/// The calls of the panel service: from a request's path and body to the reply. Thread-safe.
 class Service {
  public:
   /// `fleet` must outlive the service.
   Service(Credentials credentials, Fleet& fleet);
 
-  /// Status 400 with "_error" if the call is refused: the body is no JSON object, its "username" and "password" are
-  /// not the credentials, or the fleet refuses. Status 404 with "_error" if `path` is no call.
+  /// Status 400 with "_error" if the call is refused: the body is not a JSON object, its "username" and "password" are
+  /// not the credentials, or the fleet refuses. Status 404 with "_error" if `path` is not a call.
   [[nodiscard]] Reply Answer(const std::string& path, const std::string& body);
 
  private:

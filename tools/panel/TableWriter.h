@@ -9,14 +9,14 @@
 
 namespace panel {
 
-/// Writes a reply with a table: {"KEY":{"0":["cell","cell"],"1":["cell"]}}. Written straight as text, because a log
-/// may have a million rows. Cells must be UTF-8.
+/// Writes a reply with a table: {"KEY":{"0":["cell","cell"],"1":["cell"]}}. Directly as text, because a log may have a
+/// million rows. Cells must be UTF-8.
 class TableWriter {
  public:
   explicit TableWriter(std::string_view key);
 
   void AddRow(std::initializer_list<std::string_view> cells);
-  /// Hands the finished reply over; the writer must not be used afterwards.
+  /// Returns the finished reply; the writer must not be used afterwards.
   [[nodiscard]] std::string Finish();
 
  private:

@@ -24,8 +24,8 @@ namespace {
 
 constexpr int usageStatus = 2;
 
-// Returns a descriptor that becomes readable at SIGTERM or SIGINT. Must be called before any thread starts, so that
-// all of them leave these signals to it.
+// Returns a descriptor that becomes readable at SIGTERM or SIGINT. Call it before any thread starts, so that all of
+// them block these signals.
 int WatchSignals() {
   sigset_t signals;
   sigemptyset(&signals);
@@ -40,10 +40,10 @@ bool StdinHasEnded() {
   return read(STDIN_FILENO, ignored.data(), ignored.size()) <= 0;
 }
 
-// Ends the program at a signal, or at the end of the standard input if that is watched. Connections may be kept and
-// replies under way; nothing has to be saved, so it does not wait for them.
+// Ends the program at a signal, or at the end of standard input if that is watched. Open connections are not waited
+// for: nothing has to be saved.
 [[noreturn]] void EndWhenAsked(int signals, bool untilStdinCloses) {
-  // A negative descriptor is not watched.
+  // poll() ignores a negative descriptor.
   std::array<pollfd, 2> watched{{{signals, POLLIN, 0}, {untilStdinCloses ? STDIN_FILENO : -1, POLLIN, 0}}};
   for (;;) {
     if (poll(watched.data(), watched.size(), -1) < 0) continue;
@@ -53,31 +53,31 @@ bool StdinHasEnded() {
   std::_Exit(EXIT_SUCCESS);
 }
 
-// Where clients find this service again, as far as it can know.
+// The host name that is reported to clients.
 std::string ReportedHostname(const panel::Options& options) {
-  if (!options.hostname.empty()) return options.hostname;
-  const bool isEveryAddress = options.address == "0.0.0.0" || options.address == "::";
-  return isEveryAddress ? panel::LookAtMachine().name : panel::HostInUrl(options.address);
+  if (!options.Hostname.empty()) return options.Hostname;
+  const bool isEveryAddress = options.Address == "0.0.0.0" || options.Address == "::";
+  return isEveryAddress ? panel::LookAtMachine().Name : panel::HostInUrl(options.Address);
 }
 
 std::unique_ptr<panel::Fleet> MakeFleet(const panel::Options& options) {
   const std::string hostname = ReportedHostname(options);
-  if (!options.engine.empty()) {
-    return std::make_unique<panel::EngineFleet>(panel::EngineSocketPath(options.engine), hostname);
+  if (!options.Engine.empty()) {
+    return std::make_unique<panel::EngineFleet>(panel::EngineSocketPath(options.Engine), hostname);
   }
   return std::make_unique<panel::DemoFleet>(
-      panel::DemoFleet::Settings{.containers = options.containers, .logLines = options.logLines, .hostname = hostname});
+      panel::DemoFleet::Settings{.Containers = options.Containers, .LogLines = options.LogLines, .Hostname = hostname});
 }
 
 [[noreturn]] void Run(const panel::Options& options) {
   const int signals = WatchSignals();
   const std::unique_ptr<panel::Fleet> fleet = MakeFleet(options);
-  panel::Service service({.user = options.user, .password = options.password}, *fleet);
+  panel::Service service({.User = options.User, .Password = options.Password}, *fleet);
   panel::HttpsServer server(options, service);
   server.Listen();
-  std::thread(EndWhenAsked, signals, options.untilStdinCloses).detach();
+  std::thread(EndWhenAsked, signals, options.UntilStdinCloses).detach();
   server.Serve();
-  // Not by an exception: the threads of open connections still use what stands above.
+  // Not by an exception: threads of open connections still use these objects.
   std::cerr << "corvane-panel: listening broke down" << std::endl;
   std::_Exit(EXIT_FAILURE);
 }
@@ -88,7 +88,7 @@ int main(int count, char** arguments) {
   try {
     const std::span all(arguments, static_cast<std::size_t>(count));
     const panel::Options options = panel::ParseOptions(all.subspan(1));
-    if (options.help) {
+    if (options.Help) {
       std::cout << panel::HelpText();
       return EXIT_SUCCESS;
     }

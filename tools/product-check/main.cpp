@@ -1,4 +1,4 @@
-// Run by the build: ends with 1 if the program could never take an update for genuine.
+// Run by the build: fails if the program could never accept an update as genuine.
 
 #include <cstdlib>
 #include <iostream>

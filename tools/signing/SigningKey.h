@@ -6,18 +6,18 @@
 
 #include <openssl/evp.h>
 
-/// A publisher's key pair (RSA), for the tour, tests and benchmarks; tools/sign-update is what publishers use. What
-/// OpenSSL cannot do throws a std::runtime_error.
+/// A publisher's RSA key pair, for the tour, tests and benchmarks; publishers use tools/sign-update. Failures of
+/// OpenSSL throw a std::runtime_error.
 class SigningKey {
  public:
-  /// Makes a key, which takes long.
+  /// Generates a key, which takes long.
   explicit SigningKey(int bits = 2048);
 
-  /// The public half, as the program is configured with it.
+  /// The public key in the form of CORVANE_UPDATE_PUBLIC_KEY.
   [[nodiscard]] std::string PublicKey() const;
   /// The raw signature of `data` (RSASSA-PKCS1-v1_5 with SHA-256).
   [[nodiscard]] std::string Sign(std::string_view data) const;
-  /// A whole packet.
+  /// A signed update document.
   [[nodiscard]] std::string Packet(std::string_view payload) const;
   /// For OpenSSL.
   [[nodiscard]] EVP_PKEY& Pair() const { return *pair_; }

@@ -16,6 +16,7 @@
 #include "serverlist/wMain.h"
 #include "shell/App.h"
 #include "shell/Product.h"
+#include "toolkit/Process.h"
 #include "toolkit/qt/DecoderProgram.h"
 #include "toolkit/qt/QtPlatform.h"
 #include "tour/OwnFolders.h"
@@ -107,6 +108,7 @@ bool PlayAgain(QStringList arguments, const QStringList& more) {
 
 int main(int argc, char** argv) {
   if (const auto status = toolkit::qt::DecodeIfAsked(argc, argv)) return *status;
+  toolkit::SetUpProcess();
   QStringList arguments;
   for (int i = 0; i < argc; ++i) arguments.append(QString::fromLocal8Bit(argv[i]));
   if (arguments.contains("--help")) {

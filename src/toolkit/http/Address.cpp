@@ -15,7 +15,7 @@ Address::Address(const Curl& curl, const std::string& url) : curl_(&curl), url_(
   if (host_.starts_with('[')) host_ = host_.substr(1, host_.size() - 2);
   const std::string scheme = Part(CURLUPART_SCHEME);
   isValid_ = (scheme == "http" || scheme == "https") && !host_.empty();
-  if (isValid_) port_ = std::stoi(Part(CURLUPART_PORT));
+  if (isValid_) port_ = ParseNumber<int>(Part(CURLUPART_PORT)).value_or(0);
 }
 
 std::string Address::Part(CURLUPart part) const {

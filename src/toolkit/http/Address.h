@@ -7,16 +7,16 @@
 
 namespace toolkit::http {
 
-/// The URL (RFC 3986) of a request, without what is not for the server to see: a user name, a password, a fragment.
+/// The URL (RFC 3986) of a request, without the parts that the server must not see: user name, password, fragment.
 class Address {
  public:
   Address(const Curl& curl, const std::string& url);
 
-  /// Whether it is one of http or https that names a host.
+  /// Whether it is an http or https URL with a host.
   [[nodiscard]] bool IsValid() const { return isValid_; }
   /// Without the brackets of an IPv6 address; empty if the URL has none.
   [[nodiscard]] const std::string& Host() const { return host_; }
-  /// That of the scheme where the URL names none.
+  /// The scheme's default if the URL has none.
   [[nodiscard]] int Port() const { return port_; }
   [[nodiscard]] std::string Text() const { return Part(CURLUPART_URL); }
   [[nodiscard]] CURLU* Handle() const { return url_.get(); }

@@ -8,7 +8,7 @@
 namespace toolkit::http {
 namespace {
 
-// Each system keeps a file and a folder up to date by the same tool.
+// Distributions keep the file and the folder up to date with the same tool.
 struct Place {
   std::string_view File;
   std::string_view Folder;
@@ -17,7 +17,7 @@ constexpr std::array<Place, 6> usualPlaces{{
     {"etc/ssl/certs/ca-certificates.crt", "etc/ssl/certs"},  // Debian, Ubuntu, Arch, Alpine
     {"etc/pki/ca-trust/extracted/pem/tls-ca-bundle.pem", "etc/pki/ca-trust/extracted/pem/directory-hash"},  // Fedora
     {"etc/pki/tls/certs/ca-bundle.crt", ""},                                   // Fedora, before
-    {"var/lib/ca-certificates/ca-bundle.pem", "var/lib/ca-certificates/pem"},  // openSUSE
+    {"var/lib/ca-certificates/ca-bundle.pem", "var/lib/ca-certificates/pem"},  // Fedora, formerly
     {"etc/ssl/ca-bundle.pem", ""},                                             // openSUSE, before
     {"etc/ssl/cert.pem", ""},  // Alpine without its package of authorities
 }};

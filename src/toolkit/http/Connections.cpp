@@ -7,7 +7,7 @@
 namespace toolkit::http {
 namespace {
 
-// As many reads are made in a row while a socket has more, before the loop sees to others.
+// The most reads in a row from one socket, before the loop handles others.
 constexpr int mostReads = 32;
 
 }  // namespace
@@ -82,7 +82,7 @@ void Connections::EndFinished() {
   int left = 0;
   while (const CURLMsg* message = curl_.multi_info_read(multi_, &left)) {
     CURL* easy = message->easy_handle;
-    const CURLcode code = message->data.result;  // NOLINT(cppcoreguidelines-pro-type-union-access): libcurl has it so
+    const CURLcode code = message->data.result;  // NOLINT(cppcoreguidelines-pro-type-union-access): libcurl's interface
     Exchange* exchange = nullptr;
     curl_.easy_getinfo(easy, CURLINFO_PRIVATE, &exchange);
     if (exchange->MayConnectLater(code)) {
@@ -94,7 +94,7 @@ void Connections::EndFinished() {
   }
 }
 
-// Nothing of the request has been sent.
+// Nothing of the request has been sent yet.
 void Connections::ConnectLater(Exchange& exchange) {
   Remove(exchange);
   exchange.StartNextAttemptBy(Platform::Current().StartTimer(std::chrono::milliseconds(0), [this, &exchange] {

@@ -9,24 +9,24 @@
 
 namespace toolkit::http {
 
-/// libcurl's multi-socket interface on an event loop: runs exchanges, and keeps their connections for later ones.
+/// libcurl's multi-socket interface on an event loop: runs exchanges, and keeps connections for later ones.
 class Connections {
  public:
-  /// `moved` is called on the loop after something may have happened to exchanges.
+  /// `moved` is called on the loop after exchanges may have made progress.
   Connections(const Curl& curl, EventLoop& loop, std::function<void()> moved);
   Connections(const Connections&) = delete;
   Connections& operator=(const Connections&) = delete;
   ~Connections();
 
-  /// Starts an exchange, which must live until it has ended or is removed. It may end at once, and so may others.
+  /// Starts an exchange, which must live until it has ended or is removed. This and others may end during the call.
   void Add(Exchange& exchange);
-  /// Ends an exchange before its time, and its connection with it.
+  /// Aborts an exchange and closes its connection.
   void Remove(Exchange& exchange);
-  /// Whether the server has not acknowledged for half a minute what was sent. To be asked every Sockets::pulse.
+  /// Whether sent data has not been acknowledged for half a minute. Call it every Sockets::pulse.
   bool HasFallenSilent(const Exchange& exchange) { return sockets_.HasFallenSilent(exchange.Handle()); }
-  /// Whether the server's system has all of the request.
+  /// Whether the server's system has acknowledged the whole request.
   [[nodiscard]] bool HasDelivered(const Exchange& exchange) const;
-  /// Waits until something happens to an exchange, `time` at most, without the loop.
+  /// Waits, without the loop, until an exchange makes progress, at most for `time`.
   void Work(std::chrono::milliseconds time);
 
  private:

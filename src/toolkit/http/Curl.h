@@ -6,8 +6,8 @@ namespace toolkit::http {
 
 /// The functions of libcurl that are used, by their names without "curl_".
 ///
-/// The library is loaded with the first request: it brings some twenty others, whose loading would be a tenth of the
-/// program's start.
+/// The library is loaded with the first request: it depends on some twenty others, whose loading would take a tenth of
+/// the program's start.
 struct Curl {
   decltype(&curl_global_init) global_init = nullptr;
   decltype(&curl_easy_init) easy_init = nullptr;
@@ -32,7 +32,7 @@ struct Curl {
   decltype(&curl_url_cleanup) url_cleanup = nullptr;
   decltype(&curl_free) free = nullptr;
 
-  /// Loads the library, the first time. Throws a RuntimeException that tells why, if it cannot.
+  /// Loads the library on the first call. Throws a RuntimeException with the reason if that fails.
   static const Curl& Load();
 };
 

@@ -31,12 +31,12 @@ void EasyHandle::SetConnection(const HTTPRequest& request, const Address& addres
   Set(CURLOPT_CURLU, address.Handle());
   Set(CURLOPT_PATH_AS_IS, 1L);
   Set(CURLOPT_PROXY, proxy.c_str());
-  Set(CURLOPT_NOPROXY, "");  // not what the environment says: who chose the proxy has asked it
+  Set(CURLOPT_NOPROXY, "");  // the environment was considered when the proxy was chosen
   Set(CURLOPT_SUPPRESS_CONNECT_HEADERS, 1L);
   Set(CURLOPT_HTTP_VERSION, static_cast<long>(CURL_HTTP_VERSION_1_1));
   Set(CURLOPT_CONNECTTIMEOUT_MS, static_cast<long>(request.ConnectTimeout.count()));
   Set(CURLOPT_NOSIGNAL, 1L);    // it asks the system for none, so that there is none to hold back
-  Set(CURLOPT_QUICK_EXIT, 1L);  // a name look-up that is given up is not waited for
+  Set(CURLOPT_QUICK_EXIT, 1L);  // an abandoned name look-up is not waited for
   Set(CURLOPT_BUFFERSIZE, sizeOfReads);
 }
 
@@ -72,10 +72,9 @@ void EasyHandle::SetHeaders(const HTTPHeaders& headers) {
   for (const auto& [name, value] : headers) add(std::string(name).append(": ").append(value));
   add("User-Agent: " + Platform::Current().Program().Name);
   add("Accept-Encoding: identity");
-  // A name alone takes away what libcurl would send of its own.
+  // A name without a value removes libcurl's own header.
   add("Expect:");
-  const auto isAccept = [](const auto& header) { return EqualIgnoringCase(header.first, "Accept"); };
-  if (std::ranges::none_of(headers, isAccept)) add("Accept:");
+  if (std::ranges::none_of(headers, IsNamed("Accept"))) add("Accept:");
   Set(CURLOPT_HTTPHEADER, headers_);
 }
 

@@ -11,8 +11,8 @@
 
 namespace toolkit::http {
 
-/// libcurl's handle of one request, set up so that the request goes out as it is: once, over HTTP/1.1, without
-/// redirects, cookies, cache, unpacking or credentials that nobody gave.
+/// libcurl's handle of one request, configured to send it exactly as given: once, over HTTP/1.1, without redirects,
+/// cookies, cache, decompression or implicit credentials.
 class EasyHandle {
  public:
   /// `proxy` is a URL, or empty.
@@ -24,7 +24,7 @@ class EasyHandle {
 
   [[nodiscard]] CURL* Get() const { return easy_; }
 
-  /// libcurl takes long, functions, and pointers to what it knows.
+  /// libcurl takes long values, functions and pointers.
   template <typename Value>
   void Set(CURLoption option, Value value) {
     static_assert(std::is_same_v<Value, long> || std::is_pointer_v<Value>);

@@ -3,19 +3,18 @@
 #include <algorithm>
 #include <utility>
 
+#include "toolkit/HTTPStatus.h"
 #include "toolkit/Platform.h"
 #include "toolkit/Text.h"
 
 namespace toolkit::http {
 namespace {
 
-// More than this does not wait for a listener who is slow.
+// The most that is buffered for a slow listener.
 constexpr std::size_t mostKept = std::size_t{1} << 20U;
-// So much of a reply is read to its end though nobody listens: the server can finish, and the connection stays.
+// The most of a reply that is read without a listener, so that the server can finish and the connection can be kept.
 constexpr std::uint64_t mostDropped = std::uint64_t{1} << 20U;
 constexpr long firstFinalStatus = 200;
-constexpr long noContent = 204;
-constexpr long notModified = 304;
 
 Exchange& Of(void* self) { return *static_cast<Exchange*>(self); }
 
@@ -86,8 +85,8 @@ bool Exchange::MayConnectLater(CURLcode code) {
 
 void Exchange::NoteProgress() { lastProgress_ = Platform::Current().CountedTime(); }
 
-// libcurl would try again over another connection when one breaks that was kept. But the request may have reached the
-// server over the first one.
+// When a kept connection breaks, libcurl would repeat the request on another one. But it may have reached the server
+// already.
 int Exchange::OpenSocket(const curl_sockaddr& address) {
   wasTriedAgain_ = hasHadConnection_;
   return wasTriedAgain_ ? CURL_SOCKET_BAD : sockets_->Open(address);
@@ -105,7 +104,7 @@ std::size_t Exchange::GiveBody(char* place, std::size_t size) {
   const std::size_t count = std::min<std::size_t>(size, requestSize_ - given_);
   std::copy_n(requestBody_.data() + given_, count, place);
   given_ += count;
-  if (given_ == requestSize_) std::string().swap(requestBody_);  // a large one is not kept while the reply is awaited
+  if (given_ == requestSize_) std::string().swap(requestBody_);  // a large body is not kept while waiting for the reply
   return count;
 }
 
@@ -142,10 +141,10 @@ std::size_t Exchange::TakeBody(std::string_view bytes) {
 
 std::optional<std::uint64_t> Exchange::AnnouncedLength() const {
   const long status = easy_.Information<long>(CURLINFO_RESPONSE_CODE);
-  const auto isChunked = [](const auto& header) { return EqualIgnoringCase(header.first, "Transfer-Encoding"); };
   const auto length = easy_.Information<curl_off_t>(CURLINFO_CONTENT_LENGTH_DOWNLOAD_T);
-  if (isHead_ || status == noContent || status == notModified || length < 0) return std::nullopt;
-  if (std::ranges::any_of(headers_, isChunked)) return std::nullopt;
+  if (isHead_ || status == HTTPStatus::noContent || status == HTTPStatus::notModified || length < 0)
+    return std::nullopt;
+  if (std::ranges::any_of(headers_, IsNamed("Transfer-Encoding"))) return std::nullopt;
   return static_cast<std::uint64_t>(length);
 }
 
@@ -171,7 +170,7 @@ void Exchange::Fail(TransferFault fault, std::string detail) {
 
 bool Exchange::HasNews() const {
   if (listener_ == nullptr || isDelivering_) return false;
-  return given_ > givenAndTold_ || headersAreComplete_ > headersAreTold_ || !inbox_.empty() || hasEnded_;
+  return given_ > givenAndReported_ || headersAreComplete_ > headersAreReported_ || !inbox_.empty() || hasEnded_;
 }
 
 bool Exchange::BecomesDue() {
@@ -184,43 +183,43 @@ bool Exchange::BecomesDue() {
 void Exchange::Deliver() {
   due_ = Due::Nothing;
   isDelivering_ = true;
-  while (listener_ != nullptr && TellNext()) {
+  while (listener_ != nullptr && ReportNext()) {
   }
   isDelivering_ = false;
 }
 
-/// Returns whether there may be more.
-bool Exchange::TellNext() {
-  if (given_ > givenAndTold_) {
-    givenAndTold_ = given_;
-    Platform::Current().Dispatch([this] { listener_->BodySent(givenAndTold_, requestSize_); });
-  } else if (headersAreComplete_ && !headersAreTold_) {
-    headersAreTold_ = true;
+/// Returns whether there may be more to report.
+bool Exchange::ReportNext() {
+  if (given_ > givenAndReported_) {
+    givenAndReported_ = given_;
+    Platform::Current().Dispatch([this] { listener_->BodySent(givenAndReported_, requestSize_); });
+  } else if (headersAreComplete_ && !headersAreReported_) {
+    headersAreReported_ = true;
     const auto status = static_cast<int>(easy_.Information<long>(CURLINFO_RESPONSE_CODE));
     Platform::Current().Dispatch(
         [&] { listener_->HeadersReceived(status, std::exchange(headers_, {}), AnnouncedLength()); });
   } else if (!inbox_.empty()) {
-    TellBody();
+    ReportBody();
   } else {
-    if (hasEnded_) TellEnd();
+    if (hasEnded_) ReportEnd();
     return false;
   }
   return true;
 }
 
-void Exchange::TellBody() {
+void Exchange::ReportBody() {
   outbox_.swap(inbox_);
   Platform::Current().Dispatch([this] { listener_->BodyReceived(outbox_); });
   outbox_.clear();
   if (std::exchange(isPaused_, false)) curl_.easy_pause(easy_.Get(), CURLPAUSE_CONT);
 }
 
-void Exchange::TellEnd() {
+void Exchange::ReportEnd() {
   HTTPTransferEvents& listener = *std::exchange(listener_, nullptr);
   Platform::Current().Dispatch([&] { failure_ ? listener.Failed(*failure_) : listener.Finished(); });
 }
 
-void Exchange::LetGo() {
+void Exchange::RemoveListener() {
   listener_ = nullptr;
   std::string().swap(inbox_);
   if (std::exchange(isPaused_, false) && !hasEnded_) curl_.easy_pause(easy_.Get(), CURLPAUSE_CONT);

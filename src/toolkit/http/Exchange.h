@@ -14,7 +14,7 @@
 
 namespace toolkit::http {
 
-/// One request and its reply. What arrives is kept, within bounds, until it is delivered, so that no handler runs
+/// One request and its reply. What arrives is buffered, up to a limit, until it is delivered, so that no handler runs
 /// inside libcurl.
 class Exchange final {
  public:
@@ -24,39 +24,39 @@ class Exchange final {
   Exchange& operator=(const Exchange&) = delete;
 
   [[nodiscard]] CURL* Handle() const { return easy_.Get(); }
-  /// Whether there is a server to ask.
+  /// Whether the URL names a server.
   [[nodiscard]] bool IsPossible() const { return address_.IsValid(); }
-  /// Its sockets come from `sockets`, which must outlive the connections.
+  /// Opens its sockets in `sockets`, which must outlive the connections.
   void OpenSocketsIn(Sockets& sockets);
-  /// How long nothing at all may happen from now on; not above 0 if there is no limit.
+  /// The time until the request has been inactive for too long; not above 0 if there is no limit.
   [[nodiscard]] std::chrono::milliseconds TimeLeft() const;
-  /// `patience` runs until the exchange has ended.
+  /// Keeps `patience` until the exchange has ended.
   void LimitSilence(std::unique_ptr<PlatformTimer> patience) { patience_ = std::move(patience); }
-  /// Whether libcurl, which does not know of dialogs, ended the attempt to connect before its time. It has the rest of
-  /// the time for the next one.
+  /// Whether libcurl, which does not know of dialogs, has ended the attempt to connect too early. Sets the remaining
+  /// time for the next attempt.
   bool MayConnectLater(CURLcode code);
-  /// `start` runs until the exchange has ended.
+  /// Keeps `start` until the exchange has ended.
   void StartNextAttemptBy(std::unique_ptr<PlatformTimer> start) { nextAttempt_ = std::move(start); }
 
-  /// What libcurl says of its end. Nothing is taken or given any more.
+  /// libcurl has ended the transfer with `code`. Its callbacks are not called any more.
   void End(CURLcode code);
   void Fail(TransferFault fault, std::string detail = {});
   [[nodiscard]] bool HasEnded() const { return hasEnded_; }
-  /// Whether a reply has begun or will never come.
+  /// Whether a reply has begun or will never arrive.
   [[nodiscard]] bool HasReplied() const { return headersAreComplete_ || hasEnded_; }
-  /// Whether its listener keeps it from going on.
+  /// Whether it is paused because its listener has not received the buffered data yet.
   [[nodiscard]] bool IsHeldUp() const { return isPaused_; }
 
-  /// Whether Deliver() is to be called: true once for the first news since its last call, and once for the end.
+  /// Whether Deliver() must be called: true once for the first news since its last call, and once for the end.
   bool BecomesDue();
-  /// Tells the listener all that there is to tell. Hold the exchange: a handler may let go of it, and wait while more
-  /// arrives.
+  /// Reports all news to the listener. Keep a reference to the exchange: a handler may release it, and may wait while
+  /// more arrives.
   void Deliver();
-  /// Whether Deliver() would tell something.
+  /// Whether Deliver() would report something.
   [[nodiscard]] bool HasNews() const;
-  /// Nobody listens any more. The request still goes out, and its reply is read and dropped.
-  void LetGo();
-  /// Whether all of the request has been handed to the system.
+  /// Removes the listener. The request is still sent, and its reply is read and dropped.
+  void RemoveListener();
+  /// Whether the whole request has been written to the socket.
   [[nodiscard]] bool HasWritten() const;
 
  private:
@@ -64,7 +64,7 @@ class Exchange final {
 
   void SetCallbacks();
   void NoteProgress();
-  // libcurl's callbacks; each returns what libcurl wants.
+  // libcurl's callbacks; each returns the value that libcurl defines.
   int OpenSocket(const curl_sockaddr& address);
   int TakeConnection(int localPort);
   std::size_t GiveBody(char* place, std::size_t size);
@@ -72,9 +72,9 @@ class Exchange final {
   std::size_t TakeBody(std::string_view bytes);
   [[nodiscard]] std::optional<std::uint64_t> AnnouncedLength() const;
 
-  bool TellNext();
-  void TellBody();
-  void TellEnd();
+  bool ReportNext();
+  void ReportBody();
+  void ReportEnd();
 
   const Curl& curl_;
   Address address_;
@@ -82,7 +82,7 @@ class Exchange final {
   HTTPTransferEvents* listener_;
   std::unique_ptr<PlatformTimer> patience_;
   std::unique_ptr<PlatformTimer> nextAttempt_;
-  // Of Platform::CountedTime().
+  // In terms of Platform::CountedTime().
   std::chrono::milliseconds longestSilence_;
   std::chrono::milliseconds lastProgress_;
   std::chrono::milliseconds connectUntil_;
@@ -90,7 +90,7 @@ class Exchange final {
   std::string requestBody_;
   std::uint64_t requestSize_;
   std::uint64_t given_ = 0;
-  std::uint64_t givenAndTold_ = 0;
+  std::uint64_t givenAndReported_ = 0;
   Sockets* sockets_ = nullptr;
   bool hasHadConnection_ = false;
   bool wasTriedAgain_ = false;
@@ -98,7 +98,7 @@ class Exchange final {
   bool isHead_;
   HTTPHeaders headers_;
   bool headersAreComplete_ = false;
-  bool headersAreTold_ = false;
+  bool headersAreReported_ = false;
   std::string inbox_;
   std::string outbox_;  // what is being delivered
   std::uint64_t dropped_ = 0;

@@ -25,7 +25,7 @@ constexpr std::array<Row, 14> faultsByCode{{
     {CURLE_PEER_FAILED_VERIFICATION, TransferFault::TLSFailed},
     {CURLE_SSL_CACERT_BADFILE, TransferFault::TLSFailed},
     {CURLE_SSL_CIPHER, TransferFault::TLSFailed},
-    {CURLE_UNSUPPORTED_PROTOCOL, TransferFault::NotHTTP},  // an answer without the head of HTTP/1
+    {CURLE_UNSUPPORTED_PROTOCOL, TransferFault::NotHTTP},  // an answer without an HTTP/1 status line
     {CURLE_WEIRD_SERVER_REPLY, TransferFault::NotHTTP},
     {CURLE_GOT_NOTHING, TransferFault::ClosedEarly},
     {CURLE_PARTIAL_FILE, TransferFault::ClosedEarly},
@@ -64,7 +64,7 @@ TransferFault FaultOf(const CurlFailure& failure) {
   return row == faultsByCode.end() ? TransferFault::Other : row->Fault;
 }
 
-/// OpenSSL's texts begin with error numbers and the names of its libraries: the reason follows the last "::".
+/// OpenSSL's messages begin with error numbers and library names: the reason follows the last "::".
 std::string WithoutNumbers(const std::string& text) {
   const std::size_t end = text.rfind("::");
   return end == std::string::npos ? text : text.substr(end + 2);

@@ -7,14 +7,14 @@
 
 namespace toolkit::http {
 
-/// What libcurl says of a transfer that failed.
+/// libcurl's report of a failed transfer.
 struct CurlFailure {
   CURLcode Code = CURLE_OK;
-  /// The system's error (errno); 0 if it was none.
+  /// The errno value; 0 if there was none.
   int SystemError = 0;
   std::string Text;
   bool UsesProxy = false;
-  /// What a proxy answered when it was asked for a tunnel; 0 if none was.
+  /// The status with which a proxy answered the request for a tunnel; 0 if there was none.
   long TunnelStatus = 0;
 };
 
@@ -23,7 +23,7 @@ struct FaultAndDetail {
   std::string Detail;
 };
 
-/// Why it failed, and what there is to say of that to people.
+/// The cause of a failure, and a description for the user.
 [[nodiscard]] FaultAndDetail Explain(const CurlFailure& failure);
 
 }  // namespace toolkit::http

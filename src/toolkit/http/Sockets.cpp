@@ -20,7 +20,6 @@ constexpr int secondsBeforeProbes = 15;
 constexpr int secondsBetweenProbes = 5;
 constexpr int mostProbes = 3;
 constexpr auto longestSilence = 30s;
-constexpr auto longestIdle = 60s;
 
 void SetOption(int descriptor, int level, int option, int value) {
   setsockopt(descriptor, level, option, &value, sizeof value);
@@ -47,14 +46,14 @@ int LocalPort(int descriptor) {
                     : reinterpret_cast<const sockaddr_in&>(address).sin_port);
 }
 
-/// Time since the machine was started, the time that it slept included.
+/// The time since the machine was started, including sleep.
 std::chrono::nanoseconds BootTime() {
   timespec now{};
   clock_gettime(CLOCK_BOOTTIME, &now);
   return std::chrono::seconds(now.tv_sec) + std::chrono::nanoseconds(now.tv_nsec);
 }
 
-// A server that says goodbye by TLS leaves something to read, which libcurl takes for a sign of life. It must find the
+// The TLS close message of a server is readable data, which libcurl takes for a sign of life. After this it finds the
 // end of the stream.
 void ShowEnd(int descriptor) {
   std::array<char, 4096> goodbye{};
@@ -103,12 +102,12 @@ void Sockets::WaitFor(const CURL* user, int descriptor, Readiness readiness) {
   Socket& socket = known == sockets_.end() ? Add(descriptor, false) : known->second;
   GiveTo(user, socket);
   socket.WaitsFor = readiness;
-  // The next request on the connection waits for the same again; until then only the server's goodbye can come.
+  // The next request on the connection waits for the same; until then only the server's close message can arrive.
   const bool isEnough = readiness == Readiness::None && socket.Watched == Readiness::Reading;
   if (!isEnough && socket.Watched != readiness) Watch(socket, readiness);
 }
 
-// Where two idle ones have the same port, both count as used, which does no harm.
+// If two idle connections have the same port, both are marked as used, which is harmless.
 void Sockets::Take(const CURL* user, int localPort) {
   for (auto& [descriptor, socket] : sockets_) {
     if (socket.IsOwn && socket.User == nullptr && LocalPort(descriptor) == localPort) GiveTo(user, socket);
@@ -161,8 +160,8 @@ void Sockets::RetireDeadOnes() {
   }
 }
 
-// The system's own limit for data without an answer would also end the wait for a server that lives but takes no more
-// data for a while. Such a one answers the probes.
+// TCP_USER_TIMEOUT would also end the wait for a live server that accepts no data for a while. Such a server answers
+// the probes.
 bool Sockets::HasFallenSilent(const CURL* user) {
   if (usersOfSilentOnes_.contains(user)) return true;
   const auto now = std::chrono::steady_clock::now();

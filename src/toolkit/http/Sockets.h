@@ -11,35 +11,35 @@
 
 namespace toolkit::http {
 
-/// The sockets of all connections: how they are opened, what is waited for on them, and whether there still is somebody
-/// at their other end.
+/// The sockets of all connections: how they are opened, what is waited for, and whether the peer is still alive.
 class Sockets {
  public:
   /// `ready` is called on the loop.
   Sockets(EventLoop& loop, std::function<void(int descriptor, Readiness)> ready);
 
-  /// A new socket that no child process inherits, and on which the system asks a silent peer for a sign of life. -1 if
-  /// there can be none.
+  /// Opens a socket that child processes do not inherit, with TCP keep-alive probes. Returns -1 on failure.
   int Open(const curl_sockaddr& address);
   void Close(int descriptor);
 
-  /// `user` has the connection that goes out from a port of this machine.
+  /// `user` now uses the connection from that local port.
   void Take(const CURL* user, int localPort);
-  /// `user` waits for the descriptor, which may be one that was not opened here.
+  /// `user` waits for the descriptor, which may have been opened elsewhere.
   void WaitFor(const CURL* user, int descriptor, Readiness readiness);
-  /// The sockets of `user` are idle from now on.
+  /// Marks the sockets of `user` as idle.
   void Release(const CURL* user);
-  /// Whether a read is waited for and would find something.
+  /// Whether reading is waited for and would not block.
   [[nodiscard]] bool HasInput(int descriptor) const;
 
-  /// Makes sure that no idle connection is taken for a living one that has been closed by the server, is a minute old,
-  /// or does not answer the system's probes.
+  /// Shuts down idle connections that the server has closed, that are a minute old, or whose peer does not answer
+  /// probes, so that they are not used again.
   void RetireDeadOnes();
-  /// Whether nobody acknowledges data of `user` for half a minute, or the system has broken the connection because its
-  /// probes were not answered. To be asked every `pulse`.
+  /// Whether data of `user` has not been acknowledged for half a minute, or the system has broken the connection
+  /// because its probes were not answered. Call it every `pulse`.
   bool HasFallenSilent(const CURL* user);
   static constexpr std::chrono::seconds pulse{5};
-  /// Whether the other end has all that was written.
+  /// How long a connection is kept for the next request.
+  static constexpr std::chrono::seconds longestIdle{60};
+  /// Whether the peer has acknowledged everything that was written.
   [[nodiscard]] bool HasDelivered(const CURL* user) const;
 
  private:
@@ -61,7 +61,7 @@ class Sockets {
   EventLoop& loop_;
   std::function<void(int descriptor, Readiness)> ready_;
   std::map<int, Socket> sockets_;
-  std::set<const CURL*> usersOfSilentOnes_;  // which the system has broken
+  std::set<const CURL*> usersOfSilentOnes_;  // whose connection the system has broken
 };
 
 }  // namespace toolkit::http

@@ -18,7 +18,7 @@ bool IsThisMachine(const std::string& host) {
   return inet_pton(AF_INET6, host.c_str(), &v6) == 1 && IN6_IS_ADDR_LOOPBACK(&v6);
 }
 
-/// What libcurl calls a proxy, from what the system calls it; empty for a direct way and for what is not supported.
+/// Converts a proxy from the system's notation to libcurl's; empty for a direct connection and for unsupported kinds.
 std::string ForCurl(std::string_view proxy) {
   const std::size_t mark = proxy.find("://");
   if (mark == std::string_view::npos) return {};

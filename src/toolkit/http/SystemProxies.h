@@ -8,11 +8,11 @@
 
 namespace toolkit::http {
 
-/// The proxies that the user's system asks for: by the settings of the desktop, of the machine or of the environment.
+/// The proxies that the system prescribes, by the settings of the desktop, the machine or the environment.
 class SystemProxies {
  public:
-  /// The proxy on the way to `address`, as a URL with the user name and password that the system gives. Empty if there
-  /// is none, and always for this machine itself. Blocks for as long as the system takes to find out.
+  /// The proxy for `address`, as a URL with the user name and password from the settings. Empty for a direct
+  /// connection, and always for this machine itself. Blocks until the system has answered.
   [[nodiscard]] std::string For(const Address& address);
 
  private:

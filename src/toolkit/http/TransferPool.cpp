@@ -12,13 +12,12 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto longestIdle = 60s;
 constexpr auto longestFarewell = 2s;
 constexpr auto step = 20ms;
-// Between two looks whether a handler still holds an exchange up that is silent for too long.
+// How often to check whether a handler still blocks an exchange whose time is over.
 constexpr auto shortestLook = 100ms;
 
-/// A transfer that cannot be.
+/// A transfer that could not be started.
 class Impossible final : public HTTPTransfer {
  public:
   Impossible(const std::string& why, HTTPTransferEvents& events)
@@ -33,21 +32,21 @@ class Impossible final : public HTTPTransfer {
 
 }  // namespace
 
-/// What the program holds of an exchange.
+/// The program's handle of an exchange.
 class TransferPool::Held final : public HTTPTransfer {
  public:
   Held(TransferPool& pool, std::shared_ptr<Exchange> exchange) : pool_(pool), exchange_(std::move(exchange)) {}
   Held(const Held&) = delete;
   Held& operator=(const Held&) = delete;
-  ~Held() override { exchange_->LetGo(); }
+  ~Held() override { exchange_->RemoveListener(); }
 
   void Abort() override {
-    exchange_->LetGo();
+    exchange_->RemoveListener();
     if (!exchange_->HasEnded()) pool_.Stop(*exchange_, TransferFault::Other);
   }
 
  private:
-  TransferPool& pool_;  // while the exchange has not ended
+  TransferPool& pool_;  // only valid while the exchange has not ended
   std::shared_ptr<Exchange> exchange_;
 };
 
@@ -58,9 +57,9 @@ TransferPool::TransferPool(EventLoop& loop)
       idle_(loop.MakeAlarm([this] { DropConnections(); })) {}
 
 TransferPool::~TransferPool() {
-  LetRequestsOut();
+  SendPendingRequests();
   for (const auto& exchange : exchanges_) {
-    exchange->LetGo();
+    exchange->RemoveListener();
     if (exchange->HasEnded()) continue;
     connections_->Remove(*exchange);
     exchange->Fail(TransferFault::Other);
@@ -99,7 +98,7 @@ void TransferPool::LimitSilence(Exchange& exchange, std::chrono::milliseconds ti
   exchange.LimitSilence(Platform::Current().StartTimer(time, [this, &exchange] { EndIfSilent(exchange); }));
 }
 
-// What has arrived while a handler kept the loop is looked at first.
+// First reads what has arrived while a handler blocked the loop.
 void TransferPool::EndIfSilent(Exchange& exchange) {
   connections_->Work(0ms);
   const auto left = exchange.TimeLeft();
@@ -119,8 +118,8 @@ void TransferPool::Stop(Exchange& exchange, TransferFault fault) {
   delivery_->Set(0ms);
 }
 
-// While a dialog stands, each exchange takes its place among the other events that wait: once for what has arrived, and
-// once more for its end.
+// While a dialog is open, each exchange is queued with the other events: once for what has arrived, and once for its
+// end.
 void TransferPool::Deliver() {
   const auto exchanges = exchanges_;
   for (const auto& exchange : exchanges) {
@@ -143,13 +142,13 @@ void TransferPool::ForgetEnded() {
   const auto ended = std::erase_if(exchanges_, [](const auto& one) { return one->HasEnded() && !one->HasNews(); });
   if (ended == 0 || !exchanges_.empty()) return;
   pulse_->Stop();
-  idle_->Set(longestIdle);
+  idle_->Set(Sockets::longestIdle);
 }
 
-// A handler that waits, in a loop of its own, may have been called from within the connections.
+// A handler with a nested event loop may have been called from within the connections.
 void TransferPool::DropConnections() {
   if (deliveries_ > 0) {
-    idle_->Set(longestIdle);
+    idle_->Set(Sockets::longestIdle);
   } else {
     connections_.reset();
   }
@@ -164,7 +163,7 @@ void TransferPool::CheckServers() {
   pulse_->Set(Sockets::pulse);
 }
 
-void TransferPool::LetRequestsOut() {
+void TransferPool::SendPendingRequests() {
   const auto end = std::chrono::steady_clock::now() + longestFarewell;
   const auto isOut = [this](const auto& exchange) { return connections_->HasDelivered(*exchange); };
   while (!std::ranges::all_of(exchanges_, isOut) && std::chrono::steady_clock::now() < end) connections_->Work(step);

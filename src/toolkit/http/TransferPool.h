@@ -15,22 +15,22 @@ namespace toolkit::http {
 class Connections;
 class Exchange;
 
-/// All HTTP transfers of the program (RFC 9112), on libcurl. They keep their connections for a minute and share them,
-/// but none whose certificate was not checked with a request that must check.
+/// All HTTP transfers of the program (RFC 9112), on libcurl. They share connections, which are kept for a minute, but a
+/// connection whose certificate was not checked is not used for a request that must check it.
 ///
-/// A request reaches the server at most once. A server that is gone is told within 45 s; one that lives is waited for.
+/// A request reaches the server at most once. A dead server is detected within 45 s; a slow one is waited for.
 class TransferPool {
  public:
   explicit TransferPool(EventLoop& loop);
   TransferPool(const TransferPool&) = delete;
   TransferPool& operator=(const TransferPool&) = delete;
-  /// Lets every request go out that is still to be sent, for two seconds at most. No call comes any more.
+  /// Waits for unsent requests, for two seconds at most. No callback is called any more.
   ~TransferPool();
 
-  /// Sends a request, by way of the system's proxy. `events` must outlive the result. The calls come on the loop, by
+  /// Sends a request, through the system's proxy. `events` must outlive the result. They are called on the loop, by
   /// Platform::WhenFree.
   std::unique_ptr<HTTPTransfer> Start(HTTPRequest request, HTTPTransferEvents& events);
-  /// Trusts servers with certificates of this authority from now on. `certificate` is in PEM.
+  /// Also trusts server certificates of this authority. `certificate` is in PEM.
   void Trust(std::string_view certificate) { authorities_.Add(certificate); }
 
  private:
@@ -45,7 +45,7 @@ class TransferPool {
   void ForgetEnded();
   void DropConnections();
   void CheckServers();
-  void LetRequestsOut();
+  void SendPendingRequests();
 
   EventLoop& loop_;
   SystemProxies proxies_;

@@ -15,7 +15,7 @@
 namespace toolkit::qt {
 namespace {
 
-/// Something that is busy for as long as it is visible. A bar tells how far it is; a wheel knows no end.
+/// Busy while it is visible. A bar also has a value; a wheel has none.
 class AccessibleProgress final : public QAccessibleWidget, public QAccessibleValueInterface {
  public:
   explicit AccessibleProgress(QWidget& view) : QAccessibleWidget(&view, QAccessible::ProgressBar) {}
@@ -42,8 +42,8 @@ class AccessibleProgress final : public QAccessibleWidget, public QAccessibleVal
   [[nodiscard]] const QProgressBar* Bar() const { return qobject_cast<const QProgressBar*>(object()); }
 };
 
-/// What surrounds the table of a list. Its actions open the selected row and do what the list's menu offers, for which
-/// Qt gives a table none.
+/// The container of a list's table. Its actions activate the selected row and run the list's commands, since Qt
+/// provides no actions for a table.
 class AccessibleList final : public QAccessibleWidget {
  public:
   AccessibleList(QWidget& view, ListTable& table) : QAccessibleWidget(&view, QAccessible::Grouping), table_(table) {}
@@ -53,7 +53,7 @@ class AccessibleList final : public QAccessibleWidget {
     for (const QAction* command : widget()->actions()) names.append(command->text());
     return names;
   }
-  // The program that asks waits for the end of this, and a command may ask the user.
+  // Deferred: the caller is blocked until this returns, and a command may open a dialog.
   void doAction(const QString& name) override {
     QMetaObject::invokeMethod(
         widget(), [view = widget(), &table = table_, name] { Do(name, *view, table); }, Qt::QueuedConnection);

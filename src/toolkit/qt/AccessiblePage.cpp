@@ -53,7 +53,7 @@ void AccessiblePage::scrollToSubstring(int startIndex, int /*endIndex*/) {
   bar.setValue(bar.value() + page_.cursorRect(CursorOver(startIndex, startIndex)).top());
 }
 
-// Which letters are in which font matters less than that they are there.
+// The text matters, its fonts do not.
 QString AccessiblePage::attributes(int /*offset*/, int* startOffset, int* endOffset) const {
   *startOffset = 0;
   *endOffset = characterCount();

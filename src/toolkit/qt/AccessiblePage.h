@@ -5,7 +5,7 @@
 
 namespace toolkit::qt {
 
-/// A page as a document that can be read, where Qt takes it for a label. Offsets count characters from 0.
+/// Makes a page accessible as a document, where Qt describes it as a label. Offsets count characters from 0.
 class AccessiblePage final : public QAccessibleWidget, public QAccessibleTextInterface {
  public:
   explicit AccessiblePage(QTextBrowser& page) : QAccessibleWidget(&page, QAccessible::Document), page_(page) {}

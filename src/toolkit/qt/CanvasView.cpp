@@ -10,8 +10,8 @@ namespace toolkit::qt {
 CanvasView::CanvasView(Canvas& canvas, QWidget& parent) : ViewOf(canvas, parent) { CanvasView::Refresh(); }
 
 void CanvasView::Refresh() {
-  ShowCommonProperties(*this, Shown());
-  const auto& picture = Shown().Backdrop();
+  ShowCommonProperties(*this, Model());
+  const auto& picture = Model().Backdrop();
   backdrop_ = picture ? PixmapOf(*picture) : QPixmap();
   update();
 }

@@ -8,13 +8,13 @@
 #include <QToolTip>
 
 #include "toolkit/qt/LongText.h"
+#include "toolkit/qt/QtText.h"
+#include "toolkit/qt/ToolTip.h"
 
 namespace toolkit::qt {
 namespace {
 
-constexpr qsizetype longestToolTip = 2000;
-
-/// The same as that of the headings above.
+/// The same margin as that of the headings.
 int MarginOf(const QStyleOptionViewItem& option) {
   return option.widget->style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, option.widget);
 }
@@ -23,7 +23,7 @@ QRect TextArea(const QStyleOptionViewItem& option) {
   return option.rect.adjusted(MarginOf(option), 0, -MarginOf(option), 0);
 }
 
-/// The part of `text` that can matter in `width` pixels: every character is taken to need half a pixel at least.
+/// The part of `text` that can be visible in `width` pixels, if every character is at least half a pixel wide.
 QString Fitting(const QString& text, int width) { return text.left(qsizetype{2} * std::max(width, 1)); }
 
 }  // namespace
@@ -44,7 +44,7 @@ void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
   PaintMarks(*painter, area, shown);
 }
 
-// A frame in the text's own colour is seen on any ground.
+// A frame in the text's colour is visible on any background.
 void CellDelegate::PaintMarks(QPainter& painter, const QRect& area, const QString& text) const {
   if (marked_.isEmpty()) return;
   const QFontMetrics font = painter.fontMetrics();
@@ -74,9 +74,7 @@ bool CellDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const Q
   const QString text = index.data().toString();
   const int available = TextArea(option).width();
   if (LineWidth(option.fontMetrics, Fitting(text, available)) > available) {
-    // Escaped and put into a paragraph, the text is markup for certain, and shows as it is.
-    QToolTip::showText(event->globalPos(), "<p>" + text.left(longestToolTip).toHtmlEscaped() + "</p>",
-                       view->viewport());
+    ShowToolTip(event->globalPos(), FromQt(text), *view->viewport());
   } else {
     QToolTip::hideText();
   }

@@ -6,16 +6,15 @@
 
 namespace toolkit::qt {
 
-/// Draws the cells of a list: plain text on one line, with an ellipsis where it does not fit. What does not fit is not
-/// even looked at, so that very long texts cost what the others do. A cell that is cut shows all of it in a tool tip.
+/// Draws the cells of a list: plain text on one line, elided where it does not fit. Only the part that can fit is
+/// measured, so very long texts cost no more than others. A tool tip shows the whole text of an elided cell.
 class CellDelegate final : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
 
-  /// A text that is marked wherever it is seen, in either case; the empty one is nowhere.
+  /// Marks all occurrences of a text, ignoring case; the empty text marks nothing.
   void Mark(QString text) { marked_ = std::move(text); }
-  /// Where the first mark in the text of a cell begins and ends, in pixels from the cell's left edge; empty if it has
-  /// none.
+  /// The position of the first mark in the text of a cell, in pixels from the cell's left edge; empty if there is none.
   [[nodiscard]] QRect MarkIn(const QString& text, const QStyleOptionViewItem& option) const;
 
   void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;

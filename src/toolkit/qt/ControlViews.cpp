@@ -19,7 +19,7 @@
 namespace toolkit::qt {
 namespace {
 
-/// The view of `control` if it is of the kind that `View` shows, else nullptr.
+/// The view of `control` if it is of type `Kind`, else nullptr.
 template <typename View, typename Kind>
 QWidget* TryView(Control& control, QWidget& parent) {
   auto* kind = dynamic_cast<Kind*>(&control);
@@ -42,14 +42,10 @@ QWidget* MakeView(Control& control, QWidget& parent) {
 
 void ShowCommonProperties(QWidget& view, const Control& control) {
   view.setObjectName(ToQt(control.Name()));
-  // A screen reader hears of each name that is set.
+  // A screen reader announces each name that is set.
   const QString name = ToQt(control.AccessibleName());
   if (view.accessibleName() != name) view.setAccessibleName(name);
-  if (auto* window = dynamic_cast<QtWindow*>(view.window())) {
-    window->Enable(view, control.Enabled());
-  } else {
-    view.setEnabled(control.Enabled());
-  }
+  dynamic_cast<QtWindow&>(*view.window()).Enable(view, control.Enabled());
   view.setVisible(control.IsOnScreen());
 }
 

@@ -23,14 +23,14 @@
 namespace toolkit::qt {
 namespace {
 
-// More than anybody reads in a box; laying out more would take long.
+// More text is not readable in a box and slow to lay out.
 constexpr qsizetype longestText = 50'000;
 constexpr int narrowestText = 260;
 constexpr int widestText = 480;
 constexpr int scrollBarWidth = 24;
-// What stands beside a text at most: the sign and the margins.
+// The most that is placed beside a text: the icon and the margins.
 constexpr int besideText = 96;
-// The same for the title in the frame, which should be read whole.
+// The same for the title in the frame.
 constexpr int besideTitle = 120;
 
 QString Shorten(const QString& text) {
@@ -39,7 +39,7 @@ QString Shorten(const QString& text) {
          QStringLiteral("\n… (%1 more characters are not shown)").arg(text.size() - longestText);
 }
 
-/// How wide the longest of the first lines is, within the limits of a box.
+/// The width of the longest of the first lines, within the limits of a box.
 int WidthOfText(const QFontMetrics& font, const QString& text) {
   int width = narrowestText;
   for (const QString& line : text.left(2000).split('\n')) {
@@ -48,8 +48,8 @@ int WidthOfText(const QFontMetrics& font, const QString& text) {
   return std::min(width, widestText);
 }
 
-/// How tall the text of `area` is at a width of `width`, but not taller than `tallest`. The area's own layout has no
-/// width before it is shown.
+/// The height of the text of `area` at the given width, at most `tallest`. The area's own layout has no width before it
+/// is shown.
 int HeightOfText(const QPlainTextEdit& area, int width, int tallest) {
   const QTextDocument& document = *area.document();
   qreal height = 2 * document.documentMargin() + 2;
@@ -113,7 +113,8 @@ QPlainTextEdit* MakeTextArea(const QString& name, const QString& text, const QFo
 
 DialogBox::DialogBox(const MessageDialog& dialog, QWidget* owner, const QString& about) : QDialog(owner) {
   setObjectName("dialogBox");
-  setWindowTitle(about.isEmpty() ? QStringLiteral(" ") : about);  // an empty title would show the program's name
+  setWindowTitle(about.isEmpty() ? QStringLiteral(" ")
+                                 : about);  // with an empty title Qt would show the program's name
   setAccessibleName(QApplication::applicationName());
   const std::string gap = dialog.Explanation.empty() ? "" : "\n";
   const QString aboutLine = about.isEmpty() ? about : about + '\n';
@@ -136,7 +137,7 @@ bool DialogBox::eventFilter(QObject* watched, QEvent* event) {
                      event->type() == QEvent::ShortcutOverride;
   if (!isKey || TakesKeys()) return QDialog::eventFilter(watched, event);
   moment_.start();
-  event->accept();  // or a shortcut would be looked for
+  event->accept();  // otherwise Qt looks for a shortcut
   return true;
 }
 

@@ -9,13 +9,12 @@ class QPushButton;
 
 namespace toolkit::qt {
 
-/// A message dialog on the screen. Its texts are plain, wrap, and scroll if they are long, so that the box never
-/// outgrows the screen. Assistive programs read them out when it appears, and what it is about, which its frame says
-/// too. Keys that were meant for something else when it came do nothing: it takes none before it has been on the screen
-/// for a moment, and a key within that moment lets it begin anew.
+/// A message dialog on the screen. Its texts are plain, wrapped, and scroll if they are long, so that it always fits
+/// the screen. Assistive technologies announce them, and its subject, when it appears. To ignore keys that were meant
+/// for another widget, it accepts none until it has been on the screen for a moment without one.
 class DialogBox final : public QDialog {
  public:
-  /// `owner` is the window that asks, and `about` what the dialog is about; both may be missing.
+  /// `owner` is the window that asks, `about` the subject; both may be missing.
   DialogBox(const MessageDialog& dialog, QWidget* owner, const QString& about);
 
   /// The button that ended the dialog; Cancel until one has.
@@ -33,7 +32,7 @@ class DialogBox final : public QDialog {
   QWidget* MakeButtons(const MessageDialog& dialog);
 
   QPushButton* defaultButton_ = nullptr;
-  // Since the box was shown, or since the last key that it did not take.
+  // Started when the box was shown, and again by each key that it ignored.
   QElapsedTimer moment_;
   DialogButton pressed_ = DialogButton::Cancel;
 };

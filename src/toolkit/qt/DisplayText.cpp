@@ -16,7 +16,7 @@ bool IsControl(QChar character) {
 
 bool IsContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
 
-/// The Unicode "control pictures" block shows 00..1F and 7F; the rest has no picture of its own.
+/// The Unicode block "Control Pictures" has symbols for 00..1F and 7F; other controls get that for a line break.
 QChar PictureOf(QChar control) {
   const char16_t code = control.unicode();
   if (code < 0x20) return QChar(static_cast<char16_t>(0x2400 + code));
@@ -41,10 +41,14 @@ QString DisplayText(std::string_view text) {
   return shown;
 }
 
+QString DisplayText(std::string_view text, std::size_t most) {
+  const std::string_view start = FirstCharacters(text, most);
+  return start.size() == text.size() ? DisplayText(text) : DisplayText(start) + QChar(0x2026);
+}
+
 QString DisplayName(std::string_view text) {
   constexpr std::size_t longestName = 100;
-  const std::string_view start = FirstCharacters(text, longestName);
-  return start.size() == text.size() ? DisplayText(text) : DisplayText(start) + QChar(0x2026);
+  return DisplayText(text, longestName);
 }
 
 std::string_view FirstCharacters(std::string_view text, std::size_t count) {

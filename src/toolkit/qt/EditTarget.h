@@ -4,13 +4,13 @@
 
 namespace toolkit::qt {
 
-/// What a widget that can have the keyboard does of the Edit menu.
+/// A widget that supports items of the Edit menu while it has the keyboard focus.
 class EditTarget {
  public:
   virtual ~EditTarget() = default;
-  /// Whether `action` makes sense for the widget as it is now.
+  /// Whether `action` is possible in the present state.
   [[nodiscard]] virtual bool CanEdit(StandardAction action) const = 0;
-  /// Does what CanEdit has just allowed.
+  /// Performs an action that CanEdit allows.
   virtual void Edit(StandardAction action) = 0;
 };
 

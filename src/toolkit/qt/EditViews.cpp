@@ -46,8 +46,7 @@ void EditLine::Edit(StandardAction action) {
   }
 }
 
-// A menu that is reached by the keyboard takes it in another way than one that is clicked; only in that one the base
-// class would keep the selection.
+// QLineEdit keeps its selection only for a menu that is opened by a click, not for one that is opened by the keyboard.
 void EditLine::focusOutEvent(QFocusEvent* event) {
   const bool isForMenu = event->reason() == Qt::MenuBarFocusReason;
   QFocusEvent popup(QEvent::FocusOut, Qt::PopupFocusReason);

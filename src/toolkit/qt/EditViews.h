@@ -7,7 +7,7 @@
 
 namespace toolkit::qt {
 
-/// A line of text that can be edited. It keeps its selection while the user is in a menu.
+/// An editable line of text. It keeps its selection while the user is in a menu.
 class EditLine : public QLineEdit, public EditTarget {
  public:
   using QLineEdit::QLineEdit;
@@ -18,7 +18,7 @@ class EditLine : public QLineEdit, public EditTarget {
   void focusOutEvent(QFocusEvent* event) override;
 };
 
-/// A page that can be read, and copied from.
+/// A read-only page whose text can be copied.
 class EditPage : public QTextBrowser, public EditTarget {
  public:
   using QTextBrowser::QTextBrowser;

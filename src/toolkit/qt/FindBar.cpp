@@ -74,7 +74,7 @@ void FindBar::RowsChanged() {
   if (isVisible()) Search();
 }
 
-// Return on a button is that button's.
+// Return on a focused button presses it.
 void FindBar::keyPressEvent(QKeyEvent* event) {
   const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   const bool isBack = event->modifiers().testFlag(Qt::ShiftModifier);
@@ -97,13 +97,13 @@ void FindBar::Search() {
   ShowCount();
 }
 
-// The row that is selected stays so if it still matches; otherwise the next one that does is selected.
+// Keeps the selected row if it still matches; otherwise selects the next one that does.
 void FindBar::SearchFromHere() {
   Search();
   if (!std::binary_search(matches_.begin(), matches_.end(), list_.ListIndex())) Go(Direction::Next);
 }
 
-// At either end it goes on from the other one.
+// Continues at the other end.
 void FindBar::Go(Direction direction) {
   if (pause_.isActive()) Search();
   if (matches_.empty()) return;

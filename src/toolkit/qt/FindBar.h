@@ -13,18 +13,18 @@
 
 namespace toolkit::qt {
 
-/// A slim bar at the foot of a list that looks for a text in its rows and selects the one found. It searches shortly
-/// after the last key, so that typing stays quick in a long list.
+/// A bar below a list that searches its rows for a text and selects a row that contains it. It searches shortly after
+/// the last key, so that typing stays fast in a long list.
 class FindBar final : public QWidget {
  public:
   enum class Direction { Next, Previous };
 
   FindBar(Listbox& list, ListTable& table);
 
-  /// Shows the bar, ready for typing.
+  /// Shows the bar and focuses its text field.
   void Open();
   void Close();
-  /// Goes to another row with the text; while there is none, opens the bar.
+  /// Selects another row with the text; opens the bar if there is no text yet.
   void Again(Direction direction);
   /// The rows of the list have changed.
   void RowsChanged();

@@ -53,21 +53,21 @@ HTMLViewerView::HTMLViewerView(HTMLViewer& viewer, QWidget& parent) : ViewOf(vie
 
 // A page is shown once, when the handler that loads it is done.
 void HTMLViewerView::Refresh() {
-  ShowCommonProperties(*this, Shown());
-  if (shownGeneration_ != Shown().Generation()) showPage_.start(0);
+  ShowCommonProperties(*this, Model());
+  if (shownGeneration_ != Model().Generation()) showPage_.start(0);
 }
 
 void HTMLViewerView::ShowPage() {
-  shownGeneration_ = Shown().Generation();
+  shownGeneration_ = Model().Generation();
   const int frame = 2 * frameWidth() + 2 * static_cast<int>(document()->documentMargin());
   const int mostWidth = std::max(width() - frame - verticalScrollBar()->sizeHint().width(), 1);
   const auto tellError = [this](int code, const std::string& description) {
     Platform::Current().WhenFree([this, view = QPointer(this), code, description] {
-      if (view) Shown().Error(code, description);
+      if (view) Model().Error(code, description);
     });
   };
   pictures_.clear();
-  page_ = FilterPage(ToQt(Shown().Page()), mostWidth);
+  page_ = FilterPage(ToQt(Model().Page()), mostWidth);
   if (page_.IsCut) page_.HTML += "<p><i>" + ToQt(DesktopTexts::kPageIsCutNotice()).toHtmlEscaped() + "</i></p>";
   ShowDocument();
   const auto arrived = [this](std::size_t number, const QPixmap& picture) {
@@ -126,7 +126,7 @@ void HTMLViewerView::FollowLink(const QString& address, bool isElsewhere) {
   const PageLink* found = LinkOf(address);
   if (found == nullptr) return;
   const PageLink link = *found;  // a handler may load another page
-  Platform::Current().Dispatch([&] { Shown().Follow(link.URL, isElsewhere ? LinkTarget::NewWindow : link.Target); });
+  Platform::Current().Dispatch([&] { Model().Follow(link.URL, isElsewhere ? LinkTarget::NewWindow : link.Target); });
 }
 
 void HTMLViewerView::mouseReleaseEvent(QMouseEvent* event) {

@@ -5,21 +5,20 @@
 #include <QHelpEvent>
 #include <QPainter>
 #include <QTextLayout>
-#include <QToolTip>
 
 #include "toolkit/qt/DisplayText.h"
 #include "toolkit/qt/QtText.h"
+#include "toolkit/qt/ToolTip.h"
 
 namespace toolkit::qt {
 namespace {
 
-// More than a label can show; laying out more would take long.
+// More text does not fit into a label and is slow to lay out.
 constexpr std::size_t mostBytes = 20'000;
 constexpr double smallFont = 0.85;
-/// How far the plate behind a text reaches beyond it, and how much of a picture it lets through.
+/// The size of the margin around a text on a picture, and the opacity of its background.
 constexpr int plateMargin = 4;
 constexpr int plateAlpha = 200;
-constexpr std::size_t longestToolTip = 2000;
 constexpr QChar ellipsis(0x2026);
 
 Qt::Alignment ToQt(Alignment alignment) {
@@ -43,7 +42,7 @@ QFont Smaller(QFont font) {
   return font;
 }
 
-/// Breaks a text without line breaks. After `mostLines` the rest stands behind the last one.
+/// Wraps a text without line breaks. The last of `mostLines` contains the rest.
 QStringList Wrap(const QString& text, const QFont& font, int width, qsizetype mostLines) {
   QTextLayout layout(text, font);
   QTextOption option;
@@ -61,7 +60,7 @@ QStringList Wrap(const QString& text, const QFont& font, int width, qsizetype mo
   return lines;
 }
 
-/// A soft ground in the window's own colour: not to be seen on that colour, and enough to read on any other.
+/// A translucent background in the window's own colour: invisible on that colour, and readable on any other.
 void PaintPlate(QPainter& painter, const QRect& place, QColor color) {
   color.setAlpha(plateAlpha);
   painter.setRenderHint(QPainter::Antialiasing);
@@ -78,28 +77,28 @@ LabelView::LabelView(Label& label, QWidget& parent) : ViewOf(label, parent) {
 }
 
 void LabelView::Refresh() {
-  ShowCommonProperties(*this, Shown());
-  setText(qt::ToQt(Shown().Text()));
+  ShowCommonProperties(*this, Model());
+  setText(qt::ToQt(Model().Text()));
   update();
 }
 
 QFont LabelView::TextFont() const {
   QFont textFont = font();
-  if (Shown().Font() != LabelFont::System) textFont.setBold(true);
-  return Shown().Font() == LabelFont::BoldSmallSystem ? Smaller(textFont) : textFont;
+  if (Model().Font() != LabelFont::System) textFont.setBold(true);
+  return Model().Font() == LabelFont::BoldSmallSystem ? Smaller(textFont) : textFont;
 }
 
 QRect LabelView::TextPlace() const {
-  const int margin = Shown().Ground() == LabelGround::Picture ? plateMargin : 0;
+  const int margin = Model().Ground() == LabelGround::Picture ? plateMargin : 0;
   return rect().adjusted(margin, 0, -margin, 0);
 }
 
 QStringList LabelView::ShownLines() const {
   const QSize size = TextPlace().size();
   const QFontMetrics metrics(TextFont());
-  const std::string_view text = FirstCharacters(Shown().Text(), mostBytes);
+  const std::string_view text = FirstCharacters(Model().Text(), mostBytes);
   QStringList lines;
-  if (Shown().Lines() == LabelLines::One) {
+  if (Model().Lines() == LabelLines::One) {
     lines.append(DisplayText(text));
   } else {
     const qsizetype mostLines = std::max((size.height() + metrics.leading()) / metrics.lineSpacing(), 1);
@@ -111,21 +110,21 @@ QStringList LabelView::ShownLines() const {
       lines += Wrap(DisplayText(FromQt(paragraph)), TextFont(), size.width(), mostLines - lines.size());
     }
   }
-  if (text.size() < Shown().Text().size()) lines.back() += ellipsis;
+  if (text.size() < Model().Text().size()) lines.back() += ellipsis;
   for (QString& line : lines) line = metrics.elidedText(line, Qt::ElideRight, size.width());
   return lines;
 }
 
 void LabelView::paintEvent(QPaintEvent* /*event*/) {
-  if (Shown().Text().empty()) return;
+  if (Model().Text().empty()) return;
   const QRect place = TextPlace();
   const QString lines = ShownLines().join('\n');
   QPainter painter(this);
   painter.setFont(TextFont());
   const bool isOneLine =
-      Shown().Lines() == LabelLines::One || (!lines.contains('\n') && painter.fontMetrics().height() > place.height());
-  const auto flags = static_cast<int>(ToQt(Shown().TextAlign()) | (isOneLine ? Qt::AlignVCenter : Qt::AlignTop));
-  if (Shown().Ground() == LabelGround::Picture) {
+      Model().Lines() == LabelLines::One || (!lines.contains('\n') && painter.fontMetrics().height() > place.height());
+  const auto flags = static_cast<int>(ToQt(Model().TextAlign()) | (isOneLine ? Qt::AlignVCenter : Qt::AlignTop));
+  if (Model().Ground() == LabelGround::Picture) {
     PaintPlate(painter, painter.boundingRect(place, flags, lines).adjusted(-plateMargin, -1, plateMargin, 1) & rect(),
                palette().color(QPalette::Window));
   }
@@ -133,14 +132,12 @@ void LabelView::paintEvent(QPaintEvent* /*event*/) {
   painter.drawText(place, flags, lines);
 }
 
-// A text that is cut can be read in a tool tip.
+// The tool tip shows the whole text of an elided label.
 bool LabelView::event(QEvent* event) {
   if (event->type() != QEvent::ToolTip) return QLabel::event(event);
   const QStringList lines = ShownLines();
-  if (Shown().Text().empty() || !lines.back().endsWith(ellipsis)) return QLabel::event(event);
-  const QString text =
-      qt::ToQt(FirstCharacters(Shown().Text(), longestToolTip)).remove('\r').toHtmlEscaped().replace('\n', "<br>");
-  QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), "<p>" + text + "</p>", this);
+  if (Model().Text().empty() || !lines.back().endsWith(ellipsis)) return QLabel::event(event);
+  ShowToolTip(static_cast<QHelpEvent*>(event)->globalPos(), Model().Text(), *this);
   return true;
 }
 

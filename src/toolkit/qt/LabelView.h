@@ -7,8 +7,7 @@
 
 namespace toolkit::qt {
 
-/// A label on the screen. Of QLabel only the text and what assistive programs see of it are used: cutting, wrapping and
-/// the ground behind the text are done here.
+/// A label on the screen. It elides and wraps its text itself; QLabel only provides the text to assistive technologies.
 class LabelView final : public ViewOf<QLabel, Label> {
  public:
   LabelView(Label& label, QWidget& parent);
@@ -20,7 +19,7 @@ class LabelView final : public ViewOf<QLabel, Label> {
 
  private:
   [[nodiscard]] QFont TextFont() const;
-  /// Where the text goes, and the lines of it that there is room for; the last one ends in an ellipsis if it is cut.
+  /// The area of the text, and the lines that fit into it; the last one is elided if more follow.
   [[nodiscard]] QRect TextPlace() const;
   [[nodiscard]] QStringList ShownLines() const;
 };

@@ -38,7 +38,7 @@ void PopUpListCommands(QWidget& view, const Listbox& list, const QPoint& positio
   auto* menu = new QMenu(&view);
   menu->setObjectName("listMenu");
   menu->setAttribute(Qt::WA_DeleteOnClose);
-  // Without a menu bar above it, the entry only shows the key.
+  // The shortcut is only displayed: ListTable handles the key.
   QAction* copy =
       menu->addAction(QStringLiteral("Copy"), QKeySequence::Copy, &view, [&list] { CopySelectedRow(list); });
   copy->setObjectName("listCopy");

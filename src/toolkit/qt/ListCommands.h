@@ -8,11 +8,10 @@
 
 namespace toolkit::qt {
 
-/// Gives the view of `list` its commands, each with its key: Copy All, Save As… and those that look for a text by
-/// `find`.
+/// Adds the commands of `list`, with their shortcuts, to its view: Copy All, Save As… and those of the `find` bar.
 void AddListCommands(QWidget& view, const Listbox& list, FindBar& find);
 
-/// Offers Copy and the commands of `view` in a menu at a position on the screen, and does not wait.
+/// Opens a menu with Copy and the commands of `view` at a position on the screen, without waiting for it.
 void PopUpListCommands(QWidget& view, const Listbox& list, const QPoint& position);
 
 }  // namespace toolkit::qt

@@ -19,7 +19,7 @@ namespace {
 
 constexpr std::size_t writtenAtOnce = std::size_t{1} << 20U;
 
-/// The row as one line, with its end.
+/// The row as one line, including its line break.
 std::string LineOf(const Listbox& list, int row) {
   std::string line = list.RowText(row);
   std::replace_if(
@@ -50,7 +50,7 @@ void SaveRows(const Listbox& list, const std::string& path) {
     isFine = file.write(lines.data(), static_cast<qint64>(lines.size())) == static_cast<qint64>(lines.size());
     lines.clear();
   }
-  // commit() alone does not notice that the disk was full when it wrote out what was buffered.
+  // commit() alone does not report that the disk was full when it flushed the buffer.
   if (isFine && file.flush() && file.commit()) return;
   throw RuntimeException("The list could not be saved to " + path + ": " + FromQt(file.errorString()) + ".");
 }

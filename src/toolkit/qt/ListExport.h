@@ -8,17 +8,18 @@ class QWidget;
 
 namespace toolkit::qt {
 
-/// Puts the selected row of `list` on the clipboard, cells separated by tabs. Nothing happens where none is selected.
+/// Copies the selected row, if there is one, to the clipboard, cells separated by tabs.
 void CopySelectedRow(const Listbox& list);
 
-/// Puts all rows on the clipboard, a line each.
+/// Copies all rows to the clipboard, a line each.
 void CopyAllRows(const Listbox& list);
 
-/// Writes all rows to a file as UTF-8 text: a line a row, cells separated by tabs, line breaks inside a cell as blanks.
-/// The file is written whole or not at all. Throws a RuntimeException with a message for the user if it cannot be.
+/// Writes all rows to a file as UTF-8 text, atomically: a line per row, cells separated by tabs, line breaks in cells
+/// replaced by blanks. Throws a RuntimeException with a message for the user if that fails.
 void SaveRows(const Listbox& list, const std::string& path);
 
-/// Asks for a file, beside the window of `parent` and without waiting, and then saves the rows of `list` to it.
+/// Opens a file dialog on the window of `parent` without waiting for it, and later saves the rows of `list` to the
+/// chosen file.
 void AskWhereToSave(const Listbox& list, QWidget& parent);
 
 }  // namespace toolkit::qt

@@ -19,9 +19,9 @@ namespace toolkit::qt {
 namespace {
 
 constexpr int rowPadding = 4;
-// In a longer list nobody looks for a row by its first letters, and reading all rows at each key would take long.
+// In a longer list, searching by the first letters is of no use, and reading all rows at each key is slow.
 constexpr int mostRowsToType = 10'000;
-// How many rows, beside those on the screen, are measured when a column is to fit its texts.
+// The number of off-screen rows that are also measured when a column is fitted to its texts.
 constexpr int rowsToMeasure = 1000;
 
 QFont FixedFont() {
@@ -48,9 +48,9 @@ ListTable::ListTable(Listbox& list) : list_(list), model_(list) {
   if (list_.Texts() == ListTexts::Terminal) setFont(FixedFont());
 }
 
-// The headers read the model, which goes before the children do.
+// The headers use the model, which is destroyed before the child widgets are.
 ListTable::~ListTable() {
-  following_ = true;  // it is not the user who takes the selection away
+  following_ = true;  // the user does not clear the selection
   setModel(nullptr);
 }
 
@@ -81,7 +81,7 @@ bool ListTable::Follow() {
   if (wasEmpty && haveRowsChanged) {
     updateGeometries();
     verticalScrollBar()->setValue(scrolled_.y());
-    updateGeometries();  // what is on the screen now may be wider
+    updateGeometries();  // the rows on the screen now may be wider
     horizontalScrollBar()->setValue(scrolled_.x());
   }
   FollowSelection();
@@ -119,14 +119,14 @@ void ListTable::ShowMark(int row) {
   }
 }
 
-/// Whether the last column is as wide as its texts, and scrolls.
+/// Whether the last column is as wide as its texts, so that the list scrolls horizontally.
 bool ListTable::LastColumnIsWide() const {
   if (list_.Scrolling() != ScrollBars::Both) return false;
   const auto widths = LayOutColumns(list_.ColumnWidths(), usersWidths_, 0);
   return !widths.empty() && widths.back() == 0;
 }
 
-/// Looks how wide the texts on the screen are. Of a table that is not there, Qt would measure every row.
+/// Measures the texts on the screen. In a hidden table, Qt would measure every row.
 void ListTable::Measure() {
   if (isVisible() && LastColumnIsWide())
     widestText_ = std::max(widestText_, sizeHintForColumn(model_.columnCount() - 1));
@@ -142,13 +142,13 @@ void ListTable::LayOut() {
   auto widths = LayOutColumns(list_.ColumnWidths(), usersWidths_, qRound(available / scale));
   for (int& width : widths) width = qRound(width * scale);
   widths.back() = std::max(widths.back(), widestText_);
-  // The last column goes on to the list's edge, so that its heading has no end before it.
+  // The last column extends to the list's edge, so that its heading does.
   widths.back() += std::max(available - std::accumulate(widths.begin(), widths.end(), 0), 0);
   for (int column = 0; column <= last; ++column) setColumnWidth(column, widths[static_cast<std::size_t>(column)]);
   layingOut_ = false;
 }
 
-// The header may still be at work on what the user does to it.
+// Deferred: the header may still be processing the user's drag.
 void ListTable::KeepUsersWidth(int column, int width) {
   if (layingOut_ || following_) return;
   usersWidths_.at(static_cast<std::size_t>(column)) = qRound(width / QtWindow::ScaleOf(*this));
@@ -161,7 +161,7 @@ bool ListTable::CanEdit(StandardAction action) const {
 
 void ListTable::Edit(StandardAction /*action*/) { CopySelectedRow(list_); }
 
-// The key that copies is the list's own, whether or not a menu has the same one.
+// The copy shortcut is handled by the list, even if a menu has the same one.
 bool ListTable::event(QEvent* event) {
   const bool isCopy =
       event->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy);
@@ -193,7 +193,7 @@ void ListTable::scrollContentsBy(int dx, int dy) {
   if (widestText_ > columnWidth(model_.columnCount() - 1)) LayOut();
 }
 
-// Going through the rows leaves long lines scrolled as they are.
+// Selecting another row keeps the horizontal scroll position.
 void ListTable::scrollTo(const QModelIndex& index, ScrollHint hint) {
   const int left = horizontalScrollBar()->value();
   QTableView::scrollTo(index, hint);
@@ -202,7 +202,7 @@ void ListTable::scrollTo(const QModelIndex& index, ScrollHint hint) {
 
 void ListTable::keyboardSearch(const QString& typed) {
   if (model_.rowCount() > mostRowsToType) return;
-  // A row begins with its first column.
+  // keyboardSearch() compares the current column, which must be the first.
   if (currentIndex().column() > 0) {
     selectionModel()->setCurrentIndex(currentIndex().siblingAtColumn(0), QItemSelectionModel::NoUpdate);
   }
@@ -212,7 +212,7 @@ void ListTable::keyboardSearch(const QString& typed) {
 void ListTable::keyPressEvent(QKeyEvent* event) {
   const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   if (isEnter && list_.ListIndex() >= 0) {
-    // A key that is held down counts once.
+    // Auto-repeat is ignored.
     if (!event->isAutoRepeat()) Platform::Current().Dispatch([this] { list_.Activate(); });
   } else if (event->matches(QKeySequence::Copy)) {
     CopySelectedRow(list_);
@@ -252,14 +252,14 @@ void ListTable::selectionChanged(const QItemSelection& selected, const QItemSele
   QTableView::selectionChanged(selected, deselected);
   if (following_) return;
   const QModelIndexList rows = selectionModel()->selectedRows();
-  // An assistive program selects a row without going there.
+  // An assistive technology selects a row without making it current.
   if (!rows.isEmpty() && rows.front().row() != currentIndex().row()) {
     selectionModel()->setCurrentIndex(rows.front(), QItemSelectionModel::NoUpdate);
   }
   Platform::Current().Dispatch([&] { list_.Select(rows.isEmpty() ? -1 : rows.front().row()); });
 }
 
-// Qt makes the first row current without selecting it, and the Down key would then pass it over.
+// Qt makes the first row current without selecting it, so that the Down key would skip it.
 void ListTable::focusInEvent(QFocusEvent* event) {
   QTableView::focusInEvent(event);
   if (list_.ListIndex() < 0) selectionModel()->clear();

@@ -12,17 +12,17 @@
 
 namespace toolkit::qt {
 
-/// The rows of a list as a table, and what the user does to them with mouse and keys. All rows are of one height, and
-/// only those on the screen are read or measured.
+/// The rows of a list as a table, with mouse and keyboard handling. All rows have one height, and only those on the
+/// screen are read or measured.
 class ListTable final : public QTableView, public EditTarget {
  public:
   explicit ListTable(Listbox& list);
   ~ListTable() override;
 
-  /// Shows the list as it is now. Returns whether rows came or went.
+  /// Updates the table from the list. Returns whether rows were added or removed.
   bool Follow();
   [[nodiscard]] const Listbox& List() const { return list_; }
-  /// Marks a text wherever it is seen.
+  /// Marks all occurrences of a text.
   void Mark(const QString& text);
   /// Scrolls to the first mark in a row.
   void ShowMark(int row);
@@ -56,13 +56,13 @@ class ListTable final : public QTableView, public EditTarget {
   Listbox& list_;
   ListboxModel model_;
   CellDelegate cells_;
-  // Widths that the user gave to columns, where he did.
+  // The column widths that the user has set.
   std::vector<std::optional<int>> usersWidths_;
-  // How wide the last column's texts turned out to be, where it is as wide as its texts.
+  // The widest text seen in the last column, if that column is as wide as its texts.
   int widestText_ = 0;
-  // Where the rows stood when there were any: a list that is refreshed is empty for a while.
+  // The scroll position while there were rows: a list that is refreshed is empty for a while.
   QPoint scrolled_;
-  // What changes now is not the user's doing, from the making of the table on.
+  // Whether the program, not the user, causes the present changes; also during construction.
   bool following_ = true;
   bool layingOut_ = false;
 };

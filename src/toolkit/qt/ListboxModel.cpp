@@ -7,13 +7,8 @@
 namespace toolkit::qt {
 namespace {
 
-// More of a line than anybody reads on a screen; laying out more would take long.
+// More of a line is not readable on a screen and slow to lay out.
 constexpr std::size_t mostCharacters = 10'000;
-
-QString ShownText(std::string_view cell) {
-  const std::string_view start = FirstCharacters(cell, mostCharacters);
-  return start.size() == cell.size() ? DisplayText(cell) : DisplayText(start) + QChar(0x2026);
-}
 
 }  // namespace
 
@@ -41,7 +36,8 @@ int ListboxModel::columnCount(const QModelIndex& parent) const { return parent.i
 QVariant ListboxModel::data(const QModelIndex& index, int role) const {
   if (role != Qt::DisplayRole && role != Qt::AccessibleTextRole) return {};
   const std::string_view cell = list_.Cell(index.row(), index.column());
-  return list_.Texts() == ListTexts::Terminal ? ShownText(WithoutColorCodes(cell)) : ShownText(cell);
+  return list_.Texts() == ListTexts::Terminal ? DisplayText(WithoutColorCodes(cell), mostCharacters)
+                                              : DisplayText(cell, mostCharacters);
 }
 
 QVariant ListboxModel::headerData(int section, Qt::Orientation orientation, int role) const {

@@ -6,13 +6,13 @@
 
 namespace toolkit::qt {
 
-/// The rows of a list as an item model, with the beginnings of very long texts. It holds no text of its own; it only
-/// remembers how many rows it has announced, since the list changes first and the views are told later.
+/// The rows of a list as an item model, with very long texts truncated. It stores no text, only the number of rows that
+/// it has announced, since views are notified after the list has changed.
 class ListboxModel final : public QAbstractTableModel {
  public:
   explicit ListboxModel(const Listbox& list) : list_(list) {}
 
-  /// Announces what has changed in the list since the last call. Returns whether rows came or went.
+  /// Announces the changes of the list since the last call. Returns whether rows were added or removed.
   bool Follow();
 
   [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;

@@ -4,7 +4,6 @@
 
 #include <QContextMenuEvent>
 #include <QKeyEvent>
-#include <QTimer>
 #include <QVBoxLayout>
 
 #include "toolkit/qt/ListCommands.h"
@@ -19,10 +18,10 @@ ListboxView::ListboxView(Listbox& list, QWidget& parent) : ViewOf(list, parent),
   layout->addWidget(&findBar_);
   setFocusProxy(&table_);
   AddListCommands(*this, list, findBar_);
-  Follow();
+  ListboxView::Follow();
 }
 
-void ListboxView::contextMenuEvent(QContextMenuEvent* event) { PopUpListCommands(*this, Shown(), event->globalPos()); }
+void ListboxView::contextMenuEvent(QContextMenuEvent* event) { PopUpListCommands(*this, Model(), event->globalPos()); }
 
 void ListboxView::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Escape && findBar_.isVisible()) {
@@ -32,17 +31,13 @@ void ListboxView::keyPressEvent(QKeyEvent* event) {
   }
 }
 
-// A list that is being filled tells of every cell; the screen follows once, when the handler that fills it is done.
-void ListboxView::Refresh() {
-  if (std::exchange(followPending_, true)) return;
-  QTimer::singleShot(0, this, [this] { Follow(); });
-}
+// A list notifies its view of every added row; the screen is updated once, after the handler that fills the list.
+void ListboxView::Refresh() { FollowLater(); }
 
 void ListboxView::Follow() {
-  followPending_ = false;
-  setEnabled(Shown().Enabled());
-  setVisible(Shown().IsOnScreen());
-  ShowCommonProperties(table_, Shown());
+  setEnabled(Model().Enabled());
+  setVisible(Model().IsOnScreen());
+  ShowCommonProperties(table_, Model());
   if (table_.Follow()) findBar_.RowsChanged();
 }
 

@@ -7,8 +7,7 @@
 
 namespace toolkit::qt {
 
-/// A list on the screen: its table, and below it the find bar while the user looks for something. The table bears the
-/// list's name.
+/// A list on the screen: its table, and below it the find bar while it is open. The table has the list's name.
 class ListboxView final : public ViewOf<QWidget, Listbox> {
  public:
   ListboxView(Listbox& list, QWidget& parent);
@@ -20,9 +19,8 @@ class ListboxView final : public ViewOf<QWidget, Listbox> {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
-  void Follow();
+  void Follow() override;
 
-  bool followPending_ = false;
   ListTable table_;
   FindBar findBar_;
 };

@@ -8,7 +8,7 @@ namespace {
 constexpr qsizetype longText = 1000;
 constexpr qsizetype blockSize = 200;
 
-/// The widths of single characters, of which the usual ones are asked for once.
+/// The widths of single characters, with a cache for common ones.
 class CharacterWidths {
  public:
   explicit CharacterWidths(const QFontMetrics& font) : font_(font) { usual_.fill(-1); }
@@ -37,8 +37,8 @@ int LineWidth(const QFontMetrics& font, const QString& text) {
   return text.size() <= longText ? font.horizontalAdvance(text) : CharacterWidths(font).Of(text);
 }
 
-// The first block that is seen stands where the widths of the characters before it put it, and the others follow it
-// without a gap.
+// The widths of the preceding characters determine the position of the first visible block; the others follow without a
+// gap.
 void DrawLine(QPainter& painter, const QRect& area, const QRect& visible, const QString& text) {
   const QFontMetrics font = painter.fontMetrics();
   const int baseline = area.top() + (area.height() - font.height()) / 2 + font.ascent();

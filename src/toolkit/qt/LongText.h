@@ -7,12 +7,12 @@
 
 namespace toolkit::qt {
 
-/// The width of one line of text in pixels. Of a long one it is the sum of its characters' widths, without what stands
-/// between some pairs of them: a guess that is right within a few pixels, and costs a thousandth.
+/// The width of one line of text in pixels. For a long text it is the sum of its characters' widths without kerning:
+/// correct within a few pixels, and a thousand times faster.
 [[nodiscard]] int LineWidth(const QFontMetrics& font, const QString& text);
 
-/// Draws one line of text from the left edge of `area`, centred upright. Of a long one only what lies in `visible` is
-/// looked at.
+/// Draws one line of text from the left edge of `area`, vertically centred. Of a long text only the part in `visible`
+/// is drawn.
 void DrawLine(QPainter& painter, const QRect& area, const QRect& visible, const QString& text);
 
 }  // namespace toolkit::qt

@@ -51,7 +51,7 @@ void MenuBarView::AddItem(QMenu& menu, const MenuItem& item) {
   QAction* entry = menu.addAction(ToQt(item.Caption), this, [this, action] { Choose(action); });
   entry->setObjectName(ToQt(item.Name));
   entry->setShortcut(KeysOf(item));
-  // While the menu is closed its entries stay enabled, so that their keys work.
+  // While the menu is closed its items stay enabled, so that their shortcuts work.
   connect(&menu, &QMenu::aboutToShow, entry, [this, entry, action] { entry->setEnabled(IsEnabled(action)); });
   connect(
       &menu, &QMenu::aboutToHide, entry, [entry] { entry->setEnabled(true); }, Qt::QueuedConnection);

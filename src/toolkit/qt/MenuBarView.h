@@ -8,7 +8,7 @@
 
 namespace toolkit::qt {
 
-/// The menus of one window. Several views may show the same bar.
+/// The menus of one window. Several views may show the same MenuBar.
 class MenuBarView final : public QMenuBar {
  public:
   MenuBarView(const MenuBar& bar, QWidget& parent);
@@ -16,12 +16,12 @@ class MenuBarView final : public QMenuBar {
  private:
   void AddItem(QMenu& menu, const MenuItem& item);
   void FollowKeyboard(QWidget* widget);
-  /// What the editing entries act on, nullptr if there is nothing.
+  /// The target of the editing items, nullptr if there is none.
   [[nodiscard]] EditTarget* Target() const { return dynamic_cast<EditTarget*>(target_.data()); }
   [[nodiscard]] bool IsEnabled(StandardAction action) const;
   void Choose(StandardAction action) const;
 
-  // The widget of the window that has the keyboard, or had it before a menu.
+  // The widget of the window that has the focus, or had it before a menu was opened.
   QPointer<QWidget> target_;
 };
 

@@ -20,21 +20,21 @@ QString RowText(std::string_view text, const QFontMetrics& font) {
 
 }  // namespace
 
-/// The rows as they are asked for: of many, only those on the screen take time.
+/// Provides rows on demand, so that only visible ones take time.
 class PopupMenuView::Rows final : public QAbstractListModel {
  public:
   explicit Rows(PopupMenuView& view) : QAbstractListModel(&view), view_(view) {}
 
   void Renew() {
     beginResetModel();
-    count_ = view_.Shown().ListCount();
+    count_ = view_.Model().ListCount();
     endResetModel();
   }
   [[nodiscard]] int rowCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : count_; }
   [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
-    const bool isThere = index.isValid() && index.row() < view_.Shown().ListCount();
+    const bool isThere = index.isValid() && index.row() < view_.Model().ListCount();
     if (role != Qt::DisplayRole || !isThere) return {};
-    return RowText(view_.Shown().Text(index.row()), view_.fontMetrics());
+    return RowText(view_.Model().Text(index.row()), view_.fontMetrics());
   }
 
  private:
@@ -50,32 +50,30 @@ PopupMenuView::PopupMenuView(PopupMenu& menu, QWidget& parent)
   if (auto* list = qobject_cast<QListView*>(view())) list->setUniformItemSizes(true);
   setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
   connect(this, &QComboBox::activated, this, [this](int row) { UserSelects(row); });
-  Follow();
+  PopupMenuView::Follow();
 }
 
-// The rows follow once, when the handler that fills the menu is done.
+// The rows are updated once, after the handler that fills the menu.
 void PopupMenuView::Refresh() {
-  ShowCommonProperties(*this, Shown());
+  ShowCommonProperties(*this, Model());
   name_.setText(accessibleName());
-  if (shownGeneration_ == Shown().Generation()) {
-    setCurrentIndex(Shown().ListIndex());
-  } else if (!std::exchange(followPending_, true)) {
-    QMetaObject::invokeMethod(
-        this, [this] { Follow(); }, Qt::QueuedConnection);
+  if (shownGeneration_ == Model().Generation()) {
+    setCurrentIndex(Model().ListIndex());
+  } else {
+    FollowLater();
   }
 }
 
 void PopupMenuView::Follow() {
-  followPending_ = false;
   hidePopup();
   rows_->Renew();
-  shownGeneration_ = Shown().Generation();
+  shownGeneration_ = Model().Generation();
   Refresh();
 }
 
-// A row that was chosen among rows that are no more means nothing.
+// A selection among outdated rows is ignored.
 void PopupMenuView::UserSelects(int row) {
-  if (shownGeneration_ == Shown().Generation()) Platform::Current().Dispatch([&] { Shown().Select(row); });
+  if (shownGeneration_ == Model().Generation()) Platform::Current().Dispatch([&] { Model().Select(row); });
   Refresh();
 }
 

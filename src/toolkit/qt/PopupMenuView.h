@@ -8,8 +8,8 @@
 
 namespace toolkit::qt {
 
-/// A popup menu on the screen. Its rows are cut where they are longer than anybody reads, so that neither the menu nor
-/// the time to open it grows with them.
+/// A popup menu on the screen. Very long rows are elided, so that neither the menu nor the time to open it grows with
+/// them.
 class PopupMenuView final : public ViewOf<QComboBox, PopupMenu> {
  public:
   PopupMenuView(PopupMenu& menu, QWidget& parent);
@@ -21,14 +21,14 @@ class PopupMenuView final : public ViewOf<QComboBox, PopupMenu> {
  private:
   class Rows;
 
-  void Follow();
+  void Follow() override;
   void UserSelects(int row);
 
   Rows* rows_;
-  // Never seen: screen readers take the name from it, since the text of what is chosen stands for that of the menu.
+  // Never visible: screen readers take the menu's name from it, since the widget's own text is that of the selected
+  // row.
   QLabel name_;
   unsigned shownGeneration_ = 0;
-  bool followPending_ = false;
 };
 
 }  // namespace toolkit::qt

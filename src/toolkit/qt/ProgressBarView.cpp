@@ -9,12 +9,12 @@ ProgressBarView::ProgressBarView(ProgressBar& bar, QWidget& parent) : ViewOf(bar
   ProgressBarView::Refresh();
 }
 
-// A range without an extent is Qt's way to ask for the moving bar.
+// In Qt, an empty range selects the indeterminate bar.
 void ProgressBarView::Refresh() {
-  ShowCommonProperties(*this, Shown());
-  const int maximum = std::max(Shown().Maximum(), 0);
+  ShowCommonProperties(*this, Model());
+  const int maximum = std::max(Model().Maximum(), 0);
   setRange(0, maximum);
-  setValue(std::clamp(Shown().Value(), 0, maximum));
+  setValue(std::clamp(Model().Value(), 0, maximum));
 }
 
 }  // namespace toolkit::qt

@@ -21,7 +21,7 @@ ProgressWheelView::ProgressWheelView(ProgressWheel& wheel, QWidget& parent) : Vi
   ProgressWheelView::Refresh();
 }
 
-void ProgressWheelView::Refresh() { ShowCommonProperties(*this, Shown()); }
+void ProgressWheelView::Refresh() { ShowCommonProperties(*this, Model()); }
 
 void ProgressWheelView::showEvent(QShowEvent* /*event*/) { turning_.start(timePerSpoke); }
 
@@ -34,7 +34,7 @@ void ProgressWheelView::paintEvent(QPaintEvent* /*event*/) {
   const double radius = std::min(width(), height()) / 2.0 - 1;
   QColor color = palette().color(QPalette::WindowText);
   for (int spoke = 0; spoke < spokes; ++spoke) {
-    // The newest spoke is the darkest, and those behind it fade.
+    // The newest spoke is the darkest; older ones fade.
     const int age = (step_ - spoke + spokes) % spokes;
     color.setAlphaF(1.0F - static_cast<float>(age) / spokes);
     painter.setPen(QPen(color, 1.6, Qt::SolidLine, Qt::RoundCap));

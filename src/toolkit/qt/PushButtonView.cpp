@@ -7,17 +7,16 @@
 namespace toolkit::qt {
 
 PushButtonView::PushButtonView(PushButton& button, QWidget& parent) : ViewOf(button, parent) {
-  connect(this, &QPushButton::clicked, this, [this] { Platform::Current().Dispatch([this] { Shown().Press(); }); });
+  connect(this, &QPushButton::clicked, this, [this] { Platform::Current().Dispatch([this] { Model().Press(); }); });
   PushButtonView::Refresh();
 }
 
 void PushButtonView::Refresh() {
-  ShowCommonProperties(*this, Shown());
-  setText(ToQt(Shown().Caption()));
-  // A text without an access key takes the one away that there is.
-  if (!Shown().Key().empty()) setShortcut(QKeySequence(ToQt(Shown().Key())));
-  const auto* window = dynamic_cast<const QtWindow*>(this->window());
-  setDefault(Shown().Role() == ButtonRole::Default && window != nullptr && window->HasDefault());
+  ShowCommonProperties(*this, Model());
+  setText(ToQt(Model().Caption()));
+  // setText() removes the shortcut if the text has no access key.
+  if (!Model().Key().empty()) setShortcut(QKeySequence(ToQt(Model().Key())));
+  setDefault(Model().Role() == ButtonRole::Default && dynamic_cast<const QtWindow&>(*window()).HasDefault());
 }
 
 }  // namespace toolkit::qt

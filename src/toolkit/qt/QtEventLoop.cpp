@@ -11,7 +11,7 @@ namespace {
 
 using http::Readiness;
 
-/// Goes later, since it may be what calls.
+/// Deferred, since the object may be the caller.
 struct DeleteLater {
   void operator()(QObject* object) const {
     object->disconnect();

@@ -4,7 +4,7 @@
 
 namespace toolkit::qt {
 
-/// Qt's event loop, as HTTP transfers use it.
+/// Implements the event loop of HTTP transfers on Qt's.
 class QtEventLoop final : public http::EventLoop {
  public:
   std::unique_ptr<http::DescriptorWatch> Watch(int descriptor, std::function<void(http::Readiness)> ready) override;

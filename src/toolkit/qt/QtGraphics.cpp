@@ -15,16 +15,16 @@ constexpr std::size_t mostDrawn = 4;
 }  // namespace
 
 QPixmap DrawnPictures::Find(const std::shared_ptr<const Picture>& picture, QSize size) {
-  std::erase_if(drawn_, [](const Drawn& drawn) { return drawn.picture.expired(); });
+  std::erase_if(drawn_, [](const Drawn& drawn) { return drawn.Picture.expired(); });
   auto place = std::find_if(drawn_.begin(), drawn_.end(),
-                            [&](const Drawn& drawn) { return drawn.picture.lock() == picture && drawn.size == size; });
+                            [&](const Drawn& drawn) { return drawn.Picture.lock() == picture && drawn.Size == size; });
   if (place == drawn_.end()) {
     if (drawn_.size() == mostDrawn) drawn_.erase(drawn_.begin());
     drawn_.push_back({picture, size, PixmapOf(*picture, size)});
   } else {
     std::rotate(place, place + 1, drawn_.end());
   }
-  return drawn_.back().pixels;
+  return drawn_.back().Pixels;
 }
 
 QtGraphics::QtGraphics(QPainter& painter, QSize size, DrawnPictures& pictures)
@@ -40,7 +40,7 @@ void QtGraphics::DrawPicture(const std::shared_ptr<const Picture>& picture, Rect
   painter_.setOpacity(1);
 }
 
-// Four bars, since a line of Qt's lies half outside of its place.
+// Four filled bars, since half of a line drawn by Qt is outside its rectangle.
 void QtGraphics::DrawRect(Rect place) {
   const QRect outer(place.Left, place.Top, place.Width, place.Height);
   const QRect inner = outer.adjusted(PenWidth, PenHeight, -PenWidth, -PenHeight);

@@ -11,24 +11,23 @@ class QPainter;
 
 namespace toolkit::qt {
 
-/// Pictures as they were drawn last: decoded and scaled, so that drawing them again costs little. Those that nobody
-/// owns any more, or that have not been drawn for long, go.
+/// A cache of decoded and scaled pictures. It drops those without an owner and the least recently drawn ones.
 class DrawnPictures {
  public:
-  /// `picture` in a size in pixels; empty if it cannot be decoded.
+  /// `picture` scaled to a size in pixels; empty if it cannot be decoded.
   [[nodiscard]] QPixmap Find(const std::shared_ptr<const Picture>& picture, QSize size);
 
  private:
   struct Drawn {
-    std::weak_ptr<const Picture> picture;
-    QSize size;
-    QPixmap pixels;
+    std::weak_ptr<const toolkit::Picture> Picture;
+    QSize Size;
+    QPixmap Pixels;
   };
-  // The one that was drawn last stands at the end.
+  // The most recently drawn one is the last.
   std::vector<Drawn> drawn_;
 };
 
-/// Draws on a widget, during its paint event.
+/// Draws on a widget during its paint event.
 class QtGraphics final : public Graphics {
  public:
   QtGraphics(QPainter& painter, QSize size, DrawnPictures& pictures);

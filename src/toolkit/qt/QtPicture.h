@@ -7,7 +7,7 @@
 
 namespace toolkit::qt {
 
-/// The picture stretched to `size` pixels, or of its own size if that is empty. Empty if it has none.
+/// The picture scaled to `size` pixels, or in its own size if that is empty. Null if it cannot be decoded.
 [[nodiscard]] QImage ImageOf(const Picture& picture, QSize size = {});
 
 [[nodiscard]] inline QPixmap PixmapOf(const Picture& picture, QSize size = {}) {

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <malloc.h>
 #include <utility>
 
 #include <QApplication>
@@ -50,13 +49,13 @@ class QtTimer final : public PlatformTimer {
   }
 
  private:
-  // Rings too early for a time in which a dialog stood.
+  // If a dialog was open, the QTimer expires too early.
   void Ring() {
     const auto left = due_ - Platform::Current().CountedTime();
     if (left.count() > 0) {
       timer_.start(left);
     } else {
-      const auto handler = expired_;  // the timer may go in it
+      const auto handler = expired_;  // the timer may be destroyed in it
       handler();
     }
   }
@@ -66,7 +65,7 @@ class QtTimer final : public PlatformTimer {
   QTimer timer_;
 };
 
-/// Takes over when the desktop asks the program to quit. Qt would close the windows, and stop at one that refuses.
+/// Handles the desktop's request to quit. Qt would close the windows, and stop at one that refuses.
 class SessionWatch final : public QObject {
  public:
   explicit SessionWatch(std::function<void()> ended) : ended_(std::move(ended)) { qApp->installEventFilter(this); }
@@ -82,20 +81,10 @@ class SessionWatch final : public QObject {
   std::function<void()> ended_;
 };
 
-// The system's allocator would learn from the first large reply to keep blocks of up to 32 MB in its heap, between
-// others that live on, so that the heap grows with every further one. Blocks of this size go back to the system at
-// once.
-void ReturnLargeBlocks() {
-  constexpr int largeBlock = 4 << 20;
-  mallopt(M_MMAP_THRESHOLD, largeBlock);
-  mallopt(M_TRIM_THRESHOLD, 2 * largeBlock);
-}
-
 }  // namespace
 
 QtPlatform::QtPlatform(ProgramFacts program, int& argumentCount, char** arguments)
     : Platform(std::move(program)), application_(std::make_unique<QApplication>(argumentCount, arguments)) {
-  ReturnLargeBlocks();
   QApplication::setApplicationName(ToQt(Program().Name));
   QApplication::setDesktopFileName(ToQt(Program().Id));
   QApplication::setQuitOnLastWindowClosed(false);

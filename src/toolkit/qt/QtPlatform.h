@@ -15,10 +15,10 @@ namespace toolkit::qt {
 class Translations;
 class QtWindow;
 
-/// The platform on Qt: real windows, one event loop for everything. To be made first in main, and before any window.
+/// The platform on Qt: real windows, and one event loop for everything. Create it in main before any window.
 class QtPlatform final : public Platform {
  public:
-  /// Takes Qt's own options out of the arguments, which must live as long as the platform.
+  /// Removes Qt's own options from the arguments, which must live as long as the platform.
   QtPlatform(ProgramFacts program, int& argumentCount, char** arguments);
   ~QtPlatform() override;
 
@@ -56,7 +56,7 @@ class QtPlatform final : public Platform {
   http::TransferPool transfers_{loop_};
   std::unique_ptr<Translations> translations_;
   std::vector<std::unique_ptr<QtWindow>> views_;
-  // Views whose window was closed; they may have code on the stack, so they go when no dialog keeps any there.
+  // Views of closed windows. Their code may be on the call stack, so they are destroyed when no nested event loop runs.
   std::vector<std::unique_ptr<QtWindow>> closedViews_;
   int nestedLoops_ = 0;
   bool quitting_ = false;

@@ -22,10 +22,10 @@ constexpr off_t mostOutput = 1'000'000;
 constexpr int couldNotStart = 127;
 constexpr int endedBySignal = 128;
 constexpr int firstOwnDescriptor = 3;
-// A process that was killed ends at once, unless the system's own work holds it.
+// A killed process ends at once, unless it is blocked inside the kernel.
 constexpr int longestWaitInMilliseconds = 5000;
 
-/// A process that does not end together with the object for it, as Qt has it.
+/// A QProcess whose destructor does not kill the process.
 class LastingProcess final : public QProcess {
  public:
   LastingProcess() = default;
@@ -34,8 +34,8 @@ class LastingProcess final : public QProcess {
   ~LastingProcess() override { setProcessState(NotRunning); }
 };
 
-/// Runs between fork and exec: only calls that are safe there. The child gets a group of its own, the signals as the
-/// system delivers them, and none of the program's files and sockets.
+/// Called between fork and exec: only async-signal-safe calls. The child gets its own process group and the default
+/// signal handlers, and inherits no files and sockets.
 void PrepareChild() {
   setpgid(0, 0);
   for (int number = 1; number < NSIG; ++number) signal(number, SIG_DFL);
@@ -45,8 +45,8 @@ void PrepareChild() {
   close_range(firstOwnDescriptor, ~0U, CLOSE_RANGE_CLOEXEC);
 }
 
-/// The user's environment without what the loader of programs takes from it; nothing if there is no such thing, so that
-/// entries stay that Qt does not know as such.
+/// The user's environment without the variables of the dynamic loader; std::nullopt if there are none, since Qt would
+/// drop malformed entries.
 std::optional<QProcessEnvironment> EnvironmentOfTools() {
   auto environment = QProcessEnvironment::systemEnvironment();
   bool isOther = false;
@@ -73,7 +73,7 @@ QtProcess::QtProcess(const std::string& commandLine, std::function<void(ProcessE
   QObject::connect(process_.get(), &QProcess::finished, listener_.get(), [this](int code, QProcess::ExitStatus status) {
     Tell(status == QProcess::NormalExit ? code : endedBySignal + code);
   });
-  // What keeps a process from starting can show within start(), but is told later.
+  // A failure to start can be detected within start(), but is reported later.
   QObject::connect(
       process_.get(), &QProcess::errorOccurred, listener_.get(),
       [this](QProcess::ProcessError error) {
@@ -81,11 +81,11 @@ QtProcess::QtProcess(const std::string& commandLine, std::function<void(ProcessE
       },
       Qt::QueuedConnection);
   process_->start(QStringLiteral("/bin/sh"), {QStringLiteral("-c"), ToQt(commandLine)});
-  // The child does this too. Whoever comes first, the group is there before it can be killed.
+  // The child does the same. Whichever is first, the group exists before it can be killed.
   if (const auto child = static_cast<pid_t>(process_->processId()); child > 0) setpgid(child, child);
 }
 
-// The process may be what calls. One that still runs is to live on, and must be reaped.
+// The process may be the caller. One that is still running continues, and must be reaped.
 QtProcess::~QtProcess() {
   close(output_);
   listener_.reset();
@@ -116,7 +116,7 @@ void QtProcess::Tell(int exitCode) {
   if (std::exchange(hasEnded_, true)) return;
   Platform::Current().WhenFree([this, exitCode, listener = QPointer(listener_.get())] {
     if (!listener) return;
-    const auto ended = ended_;  // this object may go in it
+    const auto ended = ended_;  // this object may be destroyed in it
     ended({.ExitCode = exitCode, .Output = Output()});
   });
 }

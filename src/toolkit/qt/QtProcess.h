@@ -10,7 +10,7 @@
 
 namespace toolkit::qt {
 
-/// A command line in /bin/sh, in a process group of its own. Of what it writes, the first megabyte is kept.
+/// A command line in /bin/sh, in a process group of its own. The first megabyte of its output is kept.
 class QtProcess final : public ChildProcess {
  public:
   QtProcess(const std::string& commandLine, std::function<void(ProcessEnd)> ended);
@@ -25,12 +25,12 @@ class QtProcess final : public ChildProcess {
   void Tell(int exitCode);
 
   std::unique_ptr<QProcess> process_;
-  // Receives what the process tells. Without it, nothing is told any more.
+  // The context of the process's signals. Destroying it disconnects them.
   std::unique_ptr<QObject> listener_;
   std::function<void(ProcessEnd)> ended_;
   bool hasEnded_ = false;
-  // A file in memory. A pipe would end with this object, or with the program, and whatever the command left in the
-  // background would be killed as soon as it writes.
+  // A file in memory. With a pipe, whatever the command left running in the background would be killed on its next
+  // write once this object or the program is gone.
   int output_;
 };
 

@@ -7,7 +7,7 @@
 
 namespace toolkit::qt {
 
-/// What is not UTF-8 becomes U+FFFD.
+/// Invalid UTF-8 becomes U+FFFD.
 inline QString ToQt(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }

@@ -25,15 +25,15 @@
 namespace toolkit::qt {
 namespace {
 
-// The controls are designed for fonts up to this height in pixels. With larger ones, all places grow as well.
+// The controls are designed for fonts up to this height in pixels. For larger ones, everything is scaled up.
 constexpr double designedFontHeight = 17;
-// What a window manager puts around a window, roughly.
+// The approximate size of a window manager's frame.
 constexpr QSize roomForFrame(4, 32);
 
-// What stands beside the subject, or between it and the menus.
+// The margin beside the subject, and between it and the menus.
 constexpr int subjectMargin = 8;
 
-/// The field that the user is typing into in any window of the program, nullptr if there is none.
+/// The field that the user is typing into, in any window of the program; nullptr if there is none.
 QWidget* FieldInUse() {
   QWidget* focus = QApplication::focusWidget();
   return focus != nullptr && focus->testAttribute(Qt::WA_InputMethodEnabled) ? focus : nullptr;
@@ -64,7 +64,7 @@ QtWindow::QtWindow(std::shared_ptr<Window> window)
   QtWindow::RefreshBusy();
 }
 
-// The views must go before the controls that they show.
+// The views must be destroyed before their controls.
 QtWindow::~QtWindow() {
   window_->LeaveView(*this);
   delete content_;
@@ -85,8 +85,8 @@ QScreen* QtWindow::TargetScreen() const {
   return active != nullptr ? active->screen() : screen();
 }
 
-/// As large as the font wants it, but not larger than the screen. A window whose size is fixed may become smaller than
-/// designed for that.
+/// As large as the font requires, but not larger than the screen. Only a window of fixed size may be scaled down for
+/// that.
 double QtWindow::FindScale() const {
   const QSize free = TargetScreen()->availableGeometry().size() - roomForFrame - QSize(0, HeightOfTop());
   const Size designed = window_->ContentSize();
@@ -96,13 +96,13 @@ double QtWindow::FindScale() const {
   return std::min(wanted, window_->Frame() == WindowFrame::Fixed ? largest : std::max(largest, 1.0));
 }
 
-/// The size of the window around a content of that size.
+/// The size of the window for that size of its content.
 QSize QtWindow::Around(Size content) const {
   return QSize(qRound(content.Width * scale_), qRound(content.Height * scale_) + HeightOfTop())
       .boundedTo(QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
 }
 
-// The sizes of a window are those of its content.
+// Window's sizes are those of its content.
 void QtWindow::ShowFrame() {
   resize(Around(window_->ContentSize()));
   if (window_->Frame() == WindowFrame::Standard) {
@@ -114,7 +114,7 @@ void QtWindow::ShowFrame() {
   setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
   const QRect free = TargetScreen()->availableGeometry();
   const QPoint middle = free.center() - rect().center();
-  // On a screen that has just room for it, all of its frame is to be seen, or at least the title and the menus.
+  // On a screen that is barely large enough, the whole frame should be visible, or at least the title and the menus.
   const int lowest = free.bottom() - height() - roomForFrame.height();
   move(std::max(middle.x(), free.left()), std::max(std::min(middle.y(), lowest), free.top()));
 }
@@ -124,7 +124,7 @@ void QtWindow::Appear() {
   setAttribute(Qt::WA_ShowWithoutActivating, field != nullptr);
   show();
   if (field == nullptr) return ComeToFront();
-  // Some desktops activate a new window whatever it asks for.
+  // Some desktops activate a new window regardless of the attribute.
   field->window()->activateWindow();
   raise();
   QApplication::alert(this);
@@ -138,7 +138,7 @@ void QtWindow::ComeToFront() {
 void QtWindow::Refresh() {
   const QString subject = DisplayName(window_->Subject());
   setWindowTitle(qt::ToQt(window_->Title()));
-  setWindowIconText(subject);  // after the title, which would take its place
+  setWindowIconText(subject);  // after the title, which would overwrite it
   setAccessibleDescription(subject);
   LayOut();
   content_->update();
@@ -152,14 +152,14 @@ void QtWindow::SetUpSubject() {
   subject_.setVisible(!window_->Subject().empty());
 }
 
-/// What the menus and the subject take of the window's height, on one line: nothing where there is neither, or where
-/// the desktop shows the menus elsewhere.
+/// The height of the line with the menus and the subject: 0 if there are none, or if the desktop shows the menus
+/// elsewhere.
 int QtWindow::HeightOfTop() const {
   const int menus = menus_ == nullptr ? 0 : menus_->sizeHint().height();
   return std::max(menus, window_->Subject().empty() ? 0 : subject_.sizeHint().height());
 }
 
-// A pointer of a part of the window goes before that of the whole window.
+// The cursor of a child widget overrides that of the window.
 void QtWindow::RefreshBusy() {
   const bool isShown = testAttribute(Qt::WA_SetCursor);
   if (window_->Busy() == isShown) return;
@@ -192,7 +192,7 @@ void QtWindow::LayOut() {
   PlaceControls();
 }
 
-// A window that refuses to close stays as it is.
+// A window may refuse to close.
 void QtWindow::closeEvent(QCloseEvent* event) {
   Platform::Current().Dispatch([this] { window_->CloseAsUser(); });
   event->setAccepted(window_->IsClosed());
@@ -203,8 +203,8 @@ void QtWindow::changeEvent(QEvent* event) {
   if (event->type() == QEvent::ActivationChange && isActiveWindow()) Platform::Current().TellActivated(*window_);
 }
 
-// Only keys that the widget with the keyboard has no use for come here. A frame without a close button can keep the
-// desktop from closing the window by the keyboard.
+// Only called for keys that the focused widget ignores. If the frame has no close button, the desktop may not support
+// closing by the keyboard.
 void QtWindow::keyPressEvent(QKeyEvent* event) {
   const bool isAltF4 = event->key() == Qt::Key_F4 && event->modifiers() == Qt::AltModifier;
   if (isAltF4 || (event->matches(QKeySequence::Close) && window_->Frame() == WindowFrame::Standard)) {
@@ -214,8 +214,8 @@ void QtWindow::keyPressEvent(QKeyEvent* event) {
   }
 }
 
-/// Return and Escape. Where there is a default button, Return is for it alone: the one that has the keyboard may have
-/// got it from another that was disabled under it.
+/// Handles Return and Escape. If there is a default button, Return presses only that: another button may have received
+/// the focus because the previous one was disabled.
 bool QtWindow::PressForKey(const QKeyEvent& event) {
   const bool isReturn = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
   const bool isPlain = (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier && !event.isAutoRepeat();
@@ -233,7 +233,7 @@ bool QtWindow::PressForKey(const QKeyEvent& event) {
   return true;
 }
 
-/// The keys that go through tabs, wherever the keyboard is in their window.
+/// Ctrl+Tab and Ctrl+Shift+Tab change the panel wherever the focus is in the window.
 bool QtWindow::ChangeTab(const QKeyEvent& event) {
   const bool isTab = event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab;
   auto* tabs = findChild<QTabWidget*>();
@@ -289,7 +289,7 @@ void QtWindow::PaintContent() {
   }
 }
 
-// The controls are painted after their window, and all of it reaches the screen before the next event.
+// The controls are painted after their window, and everything reaches the screen before the next event.
 void QtWindow::paintEvent(QPaintEvent* /*event*/) {
   if (std::exchange(painted_, true)) return;
   QTimer::singleShot(0, QCoreApplication::instance(),
@@ -306,7 +306,7 @@ void QtWindow::PlaceControls() {
   }
 }
 
-// The first text field gets the focus, since that is what a user who opens the window wants to fill.
+// The first text field gets the initial focus.
 void QtWindow::OrderByTab() {
   std::vector<Control*> order = window_->Controls();
   std::erase_if(order, [](const Control* control) { return control->Focus() == FocusPolicy::Refuses; });
@@ -317,7 +317,7 @@ void QtWindow::OrderByTab() {
     setTabOrder(views_[order[index - 1]], views_[order[index]]);
 
   const auto field = std::find_if(order.begin(), order.end(), [](const Control* control) {
-    return dynamic_cast<const TextField*>(control) != nullptr && control->Enabled() && control->IsOnScreen();
+    return dynamic_cast<const TextField*>(control) != nullptr && control->CanBeUsed();
   });
   const auto first = field != order.end() ? field : order.begin();
   if (first != order.end()) views_[*first]->setFocus();

@@ -24,21 +24,20 @@ class QtWindow final : public QWidget, public WindowView {
   ~QtWindow() override;
 
   [[nodiscard]] bool Shows(const Window& window) const { return window_.get() == &window; }
-  /// Puts the window on the screen, in front of the others. It gets the keyboard, unless nobody asked for it and the
-  /// user is typing into a field of another window of the program.
+  /// Shows the window in front of the others. It takes the focus, unless it is Unasked and the user is typing into a
+  /// field of another window of the program.
   void Appear();
   void ComeToFront();
   void Refresh() override;
   void RefreshBusy() override;
-  /// The window that `view` is in; nullptr if that is none of the program's.
+  /// The window that contains `view`; nullptr if there is none.
   [[nodiscard]] static std::shared_ptr<Window> Of(const QWidget& view);
-  /// How many pixels a point of the program's places and widths is in the window of `view`.
+  /// The number of pixels per point in the window of `view`.
   [[nodiscard]] static double ScaleOf(const QWidget& view);
-  /// Whether Return may press the default button. In a window that nobody asked for, the user comes first by a click or
-  /// by the Tab key.
+  /// Whether Return may press the default button. In an Unasked window the user must have clicked or pressed Tab first.
   [[nodiscard]] bool HasDefault() const { return hasDefault_; }
-  /// `view` can be used from now on, or no longer. A keyboard that it loses goes a step back, and returns with it if
-  /// the user has done nothing meanwhile.
+  /// Enables or disables `view`. If that takes the focus from it, the focus moves to the previous widget, and returns
+  /// when `view` is enabled again, unless the user has acted meanwhile.
   void Enable(QWidget& view, bool isEnabled);
 
  protected:
@@ -70,9 +69,9 @@ class QtWindow final : public QWidget, public WindowView {
   QWidget* content_;
   std::map<const Control*, QWidget*> views_;
   DrawnPictures pictures_;
-  // The pointers that parts of the window have of their own, while all show that it is busy.
+  // The cursors of child widgets that the busy cursor has replaced.
   std::vector<std::pair<QPointer<QWidget>, QCursor>> ownCursors_;
-  // What lost the keyboard when it was disabled, and what has it instead.
+  // The widget that lost the focus when it was disabled, and the one that has it instead.
   QPointer<QWidget> disabled_;
   QPointer<QWidget> refuge_;
   double scale_ = 1;

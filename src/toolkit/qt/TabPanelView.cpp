@@ -11,13 +11,13 @@ TabPanelView::TabPanelView(TabPanel& tabs, QWidget& parent) : ViewOf(tabs, paren
   for (const std::string& caption : tabs.Panels()) addTab(new QWidget(this), ToQt(caption));
   TabPanelView::Refresh();
   connect(this, &QTabWidget::currentChanged, this,
-          [this](int index) { Platform::Current().Dispatch([&] { Shown().Select(index + 1); }); });
+          [this](int index) { Platform::Current().Dispatch([&] { Model().Select(index + 1); }); });
 }
 
 void TabPanelView::Refresh() {
-  ShowCommonProperties(*this, Shown());
+  ShowCommonProperties(*this, Model());
   tabBar()->setAccessibleName(accessibleName());
-  setCurrentIndex(Shown().Value() - 1);
+  setCurrentIndex(Model().Value() - 1);
 }
 
 }  // namespace toolkit::qt

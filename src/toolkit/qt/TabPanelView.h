@@ -7,8 +7,8 @@
 
 namespace toolkit::qt {
 
-/// The tabs and the frame below them. The controls of the panels are not inside it: they stand in the window, over the
-/// frame, where their own places put them.
+/// The tabs and the frame below them. The controls of the panels are not its children: they are placed over the frame,
+/// as children of the window.
 class TabPanelView final : public ViewOf<QTabWidget, TabPanel> {
  public:
   TabPanelView(TabPanel& tabs, QWidget& parent);

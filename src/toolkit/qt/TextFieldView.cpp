@@ -20,21 +20,21 @@ QString WithoutLineEndsAround(QString text) {
 
 TextFieldView::TextFieldView(TextField& field, QWidget& parent) : ViewOf(field, parent) {
   setMaxLength(std::numeric_limits<int>::max());
-  // Not every way to write into a field edits it: assistive programs set its text.
+  // textEdited() is not emitted when an assistive technology sets the text.
   connect(this, &QLineEdit::textChanged, this, [this](const QString& text) {
-    Platform::Current().Dispatch([&] { Shown().Type(FromQt(WithoutLineEndsAround(text))); });
-    TextFieldView::Refresh();  // the field may hold another text
+    Platform::Current().Dispatch([&] { Model().Type(FromQt(WithoutLineEndsAround(text))); });
+    TextFieldView::Refresh();  // the control may hold another text
   });
   connect(this, &QLineEdit::returnPressed, this,
-          [this] { Platform::Current().Dispatch([this] { Shown().PressEnter(); }); });
+          [this] { Platform::Current().Dispatch([this] { Model().PressEnter(); }); });
   TextFieldView::Refresh();
 }
 
 void TextFieldView::Refresh() {
-  ShowCommonProperties(*this, Shown());
-  setEchoMode(Shown().Masked() == Masking::Password ? Password : Normal);
-  setPlaceholderText(ToQt(Shown().CueText()));
-  const QString wanted = ToQt(Shown().Text());
+  ShowCommonProperties(*this, Model());
+  setEchoMode(Model().Masked() == Masking::Password ? Password : Normal);
+  setPlaceholderText(ToQt(Model().CueText()));
+  const QString wanted = ToQt(Model().Text());
   if (text() == wanted) return;
   const QSignalBlocker notTheUser(this);
   setText(wanted);

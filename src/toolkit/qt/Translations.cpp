@@ -13,7 +13,7 @@
 namespace toolkit::qt {
 namespace {
 
-/// The texts in the program are in this language.
+/// The language of the texts in the program.
 constexpr QLatin1String ownLanguage("en");
 
 /// The language itself, then without its region, as in "pt-BR" and "pt".
@@ -26,7 +26,7 @@ QStringList WithParents(QString language) {
   return names;
 }
 
-/// Beside the program, or where a package of the system puts what is the same on every machine.
+/// Beside the program, or in the data folder of an installed package.
 QString TranslationsFolder() {
   const QString programs = QCoreApplication::applicationDirPath();
   const QString beside = programs + QStringLiteral("/translations");

@@ -12,18 +12,18 @@ class QTranslator;
 
 namespace toolkit::qt {
 
-/// The translation files of the program: translations/LANGUAGE.qm, in Qt's own format with the keys as message ids.
-/// A file is looked for once, when the first text is asked for in its language.
+/// The program's translation files: translations/LANGUAGE.qm, in Qt's format with the keys as message ids. Each file is
+/// loaded once, when the first text is requested in its language.
 class Translations {
  public:
-  /// The folder beside the program, or else that of a package, and the user's languages as they are now.
+  /// Uses the folder beside the program, or else that of an installed package, and the user's current languages.
   Translations();
   Translations(QString folder, QStringList userLanguages);
   Translations(const Translations&) = delete;
   Translations& operator=(const Translations&) = delete;
   ~Translations();
 
-  /// As Platform::Translation().
+  /// See Platform::Translation().
   [[nodiscard]] std::optional<std::string> Find(const std::string& key, const std::string& language);
 
  private:

@@ -38,7 +38,7 @@ std::string BinaryInformation::FileName() const {
 }
 
 bool BinaryInformation::HasUsableNames() const {
-  const bool hasExecutable = IsExecutableNameRequired || !ExecutableName.empty();
+  const bool hasExecutable = isExecutableNameRequired_ || !ExecutableName.empty();
   return IsPlainName(FileName()) && (!hasExecutable || IsPlainName(ExecutableName));
 }
 
@@ -52,16 +52,16 @@ toolkit::JSONItem BinaryInformation::ConvertToJSON() const {
 
 bool BinaryInformation::Event_IsInvalid(std::string& reason) const {
   const struct {
-    const char* name;
-    bool isMissing;
+    const char* Name;
+    bool IsMissing;
   } checks[] = {
       {" Hash", toolkit::Trim(Hash).empty()},
       {" URL", toolkit::Trim(URL).empty()},
-      {" Executable Name", IsExecutableNameRequired && toolkit::Trim(ExecutableName).empty()},
+      {" Executable Name", isExecutableNameRequired_ && toolkit::Trim(ExecutableName).empty()},
   };
   for (const auto& check : checks) {
-    if (!check.isMissing) continue;
-    reason = KajuLocale::kMissingReason() + check.name;
+    if (!check.IsMissing) continue;
+    reason = KajuLocale::kMissingReason() + check.Name;
     return true;
   }
   return false;

@@ -5,12 +5,12 @@ namespace Kaju {
 enum class System { Mac, Windows, Linux };
 enum class Width { Bits32, Bits64 };
 
-/// What a build of the program runs on; decides which file of an update it can take.
+/// The platform of a build of the program, which decides which file of an update it can use.
 struct BuildTarget {
   System Platform = System::Linux;
   Width Bits = Width::Bits64;
 
-  /// That of the running program.
+  /// The platform of the running program.
   static constexpr BuildTarget Running() {
 #if defined(__APPLE__)
     constexpr System system = System::Mac;

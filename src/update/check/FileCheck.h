@@ -8,9 +8,9 @@ namespace Kaju {
 
 enum class FileVerdict { Genuine, Corrupted, Uncheckable };
 
-/// Whether `file` is the one that the document offers: all that it tells of the file, its size and its digests, must be
-/// right. Where the system leaves MD5 out, SHA-256 alone decides; without one, the file cannot be checked. Serves the
-/// event loop; of no use once it is no longer wanted.
+/// Checks whether `file` is the one that the document offers: its size and digests must be equal to those given there.
+/// Where the system disables MD5, SHA-256 alone decides; without one, the file cannot be checked. Runs due events; the
+/// result is meaningless once `wanted` returns false.
 [[nodiscard]] FileVerdict VerifyFile(const toolkit::FolderItem& file, const BinaryInformation& binary,
                                      const toolkit::StillWanted& wanted = {});
 

@@ -15,8 +15,6 @@ using toolkit::FolderItem;
 namespace Kaju {
 namespace {
 
-constexpr std::size_t bytesAtOnce = 1'000'000;
-
 void YieldToEvents() { toolkit::Platform::Current().RunDueEvents(); }
 
 }  // namespace
@@ -24,7 +22,7 @@ void YieldToEvents() { toolkit::Platform::Current().RunDueEvents(); }
 std::string HashOfFile(const FolderItem& file, const toolkit::StillWanted& wanted, toolkit::Digest::Kind kind) {
   if (file.IsFolder() || !file.IsReadable() || !toolkit::Digest::IsAvailable(kind)) return "";
   std::ifstream stream(file.Path(), std::ios::binary);
-  std::vector<char> chunk(bytesAtOnce);
+  std::vector<char> chunk(toolkit::bytesAtOnce);
   toolkit::Digest digest(kind);
   while (stream) {
     stream.read(chunk.data(), static_cast<std::streamsize>(chunk.size()));

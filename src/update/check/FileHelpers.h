@@ -9,29 +9,29 @@
 
 namespace Kaju {
 
-// The long walks serve the event loop between their steps, so that handlers run meanwhile.
+// Functions that walk through folders or long files run due events between their steps, so that handlers run meanwhile.
 
-/// The digest of the file's bytes as hexadecimal text, two digits a byte; empty if the file cannot be read, the system
-/// leaves that digest out, or it is no longer wanted. Holds one megabyte of the file at a time.
+/// The digest of the file as hexadecimal text, two digits per byte; empty if the file cannot be read, the system
+/// disables the digest, or `wanted` returns false. Reads one megabyte at a time.
 [[nodiscard]] std::string HashOfFile(const toolkit::FolderItem& file, const toolkit::StillWanted& wanted = {},
                                      toolkit::Digest::Kind kind = toolkit::Digest::Kind::MD5);
 
-/// Removes `item` and, if it is a folder, all that is in it; a link goes, not what it points to. An item that is
-/// missing or not writeable stays, with all that is in it, and so does what cannot be deleted: neither is an error.
+/// Deletes `item` and, if it is a folder, its content; of a link only the link itself. An item that is missing or not
+/// writeable is skipped, with its content, and so is whatever cannot be deleted: neither is an error.
 void DeleteRecursive(const toolkit::FolderItem& item);
 
-/// The same for a folder of our own, of which nothing is to stay: folders in it are made writeable first.
+/// The same for a folder of our own that must be deleted completely: makes its folders writeable first.
 void DeleteWholly(const toolkit::FolderItem& item);
 
-/// Whether `item` and, if it is a folder, everything in it can be written. Links are not followed.
+/// Whether `item` and, if it is a folder, its whole content can be written. Links are not followed.
 [[nodiscard]] bool IsWriteableRecursive(const toolkit::FolderItem& item);
 
-/// A new, empty folder that only this user can enter. Throws a toolkit::RuntimeException if none can be made.
+/// Creates an empty folder that only this user can enter. Throws a toolkit::RuntimeException if that fails.
 [[nodiscard]] toolkit::FolderItem GetTemporaryFolder();
 
-/// What an update replaces: the application bundle on macOS, elsewhere the executable itself.
+/// What an update replaces: on macOS the application bundle, elsewhere the executable.
 [[nodiscard]] toolkit::FolderItem TrueExecutableFile();
-/// The same for an executable at a given place. A Mac executable outside of any bundle stands for itself.
+/// The same for a given executable. On macOS, an executable outside any bundle is returned itself.
 [[nodiscard]] toolkit::FolderItem TrueExecutableFile(const toolkit::FolderItem& executable, System system);
 
 }  // namespace Kaju

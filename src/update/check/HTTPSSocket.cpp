@@ -4,12 +4,6 @@
 #include "toolkit/Text.h"
 
 namespace Kaju {
-namespace {
-
-constexpr int portOfHTTPS = 443;
-constexpr int portOfHTTP = 80;
-
-}  // namespace
 
 std::string HTTPSSocket::GetRedirectAddress(std::string url, int timeoutSeconds, int maximumIterations) {
   while (!url.empty()) {
@@ -24,22 +18,22 @@ std::string HTTPSSocket::GetRedirectAddress(std::string url, int timeoutSeconds,
 
 void HTTPSSocket::SetSecure(std::string& url) {
   Secure = ForceSecure || toolkit::StartsWithIgnoringCase(toolkit::Trim(url), "https://");
-  Port = Secure ? portOfHTTPS : portOfHTTP;
-  if (url.find('@') == std::string::npos) return;  // as at the start of the program, which needs no pattern then
+  Port = Secure ? PortOfHTTPS : PortOfHTTP;
+  if (url.find('@') == std::string::npos) return;  // avoids compiling the pattern at the start of the program
   static const toolkit::RegEx withCredentials(R"(^(?:https?://)([^:/\x20@]+):([^:/\x20@]*)@(.*))");
   const auto match = withCredentials.Search(url);
   if (!match) return;
-  Username = toolkit::DecodeURLComponent(match->SubExpression(1));
-  Password = toolkit::DecodeURLComponent(match->SubExpression(2));
+  username_ = toolkit::DecodeURLComponent(match->SubExpression(1));
+  password_ = toolkit::DecodeURLComponent(match->SubExpression(2));
   url = std::string(match->SubExpression(3));
 }
 
 bool HTTPSSocket::Event_AuthenticationRequired(const std::string& realm, const toolkit::InternetHeaders& headers,
                                                std::string& name, std::string& password) {
   if (AuthenticationRequired(realm, headers, name, password)) return true;
-  if (Username.empty()) return false;
-  name = Username;
-  password = Password;
+  if (username_.empty()) return false;
+  name = username_;
+  password = password_;
   return true;
 }
 

@@ -3,34 +3,35 @@
 #include <string>
 
 #include "toolkit/HTTPSecureSocket.h"
+#include "toolkit/HTTPStatus.h"
 
 namespace Kaju {
 
-/// The socket of all update traffic: the scheme of each URL decides between a plain and a secure connection, and a user
-/// name and password may stand in the URL. All operations are those of the base.
+/// The socket of all update traffic: the scheme of each URL selects a plain or a secure connection, and the URL may
+/// contain a user name and a password. All operations are those of the base.
 class HTTPSSocket : public toolkit::HTTPSecureSocket {
  public:
-  /// What the library grants a server: seconds without progress, and redirects from one address.
+  /// The limits for servers: seconds without progress, and the number of redirects.
   static constexpr int kTimeoutSeconds = 5;
   static constexpr int kMostRedirects = 5;
 
-  /// Whether to use a secure connection whatever the URL says.
+  /// Whether to use a secure connection for every URL.
   bool ForceSecure = false;
 
-  /// Where the redirects from `url` lead: the "Location" of one header request after another, as it stands, until a
-  /// reply has none or `maximumIterations` requests were sent (below 1: no limit). Each may take `timeoutSeconds`
-  /// without progress. Runs the event loop; an interrupted or failed request ends the search.
+  /// Follows the redirects from `url`: sends header requests to each "Location", which is used unchanged, until a reply
+  /// has none or `maximumIterations` requests were sent (below 1: no limit). Returns the last address. `timeoutSeconds`
+  /// limits the time without progress of each. Runs the event loop; a failed or interrupted request ends the search.
   std::string GetRedirectAddress(std::string url, int timeoutSeconds = kTimeoutSeconds,
                                  int maximumIterations = kMostRedirects);
-  /// Whether the last reply says that there is nothing at the address.
-  [[nodiscard]] bool IsMissing() const { return HTTPStatusCode() == 404; }
+  /// Whether the last reply says that the address does not exist.
+  [[nodiscard]] bool IsMissing() const { return HTTPStatusCode() == toolkit::HTTPStatus::notFound; }
 
  protected:
-  /// Takes scheme and credentials out of `url` and sets the connection up for them. The credentials stay for later URLs
-  /// without any.
+  /// Removes the scheme and the credentials from `url` and configures the connection for them. The credentials are also
+  /// used for later URLs without any.
   void SetSecure(std::string& url);
 
-  /// A server asks for a name and a password. A derived class that fills them in returns true; otherwise those of the
+  /// The server requires a name and a password. A derived class that fills them in returns true; otherwise those of the
   /// URL are used.
   virtual bool AuthenticationRequired(const std::string& /*realm*/, const toolkit::InternetHeaders& /*headers*/,
                                       std::string& /*name*/, std::string& /*password*/) {
@@ -42,8 +43,8 @@ class HTTPSSocket : public toolkit::HTTPSecureSocket {
                                     std::string& name, std::string& password) override;
 
  private:
-  std::string Password;
-  std::string Username;
+  std::string password_;
+  std::string username_;
 };
 
 }  // namespace Kaju

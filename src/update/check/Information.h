@@ -8,7 +8,7 @@
 
 namespace Kaju {
 
-/// A record of an update document: it can be written back as JSON, and tells whether it makes sense.
+/// A record of an update document, which can be converted back to JSON and validated.
 class Information {
  public:
   virtual ~Information() = default;
@@ -16,23 +16,23 @@ class Information {
   [[nodiscard]] virtual toolkit::JSONItem ConvertToJSON() const = 0;
   [[nodiscard]] toolkit::JSONItem ToJSON() const { return ConvertToJSON(); }
 
-  /// Tests the record anew.
+  /// Validates the record.
   [[nodiscard]] bool IsValid() const {
-    mInvalidReason.clear();
-    return !Event_IsInvalid(mInvalidReason);
+    invalidReason_.clear();
+    return !Event_IsInvalid(invalidReason_);
   }
-  /// What the last test found; empty if it found nothing or there was none.
-  [[nodiscard]] const std::string& InvalidReason() const { return mInvalidReason; }
+  /// The result of the last validation; empty if the record was valid or never validated.
+  [[nodiscard]] const std::string& InvalidReason() const { return invalidReason_; }
 
  protected:
   Information() = default;
   Information(const Information&) = default;
   Information& operator=(const Information&) = default;
 
-  /// Returns whether the record is invalid, and why.
+  /// Returns whether the record is invalid; `reason` says why.
   virtual bool Event_IsInvalid(std::string& reason) const = 0;
 
-  /// `other` as the type of the record that copies it. Throws a KajuException if it is of another one.
+  /// Casts `other` to the type of the record that copies it. Throws a KajuException if it has another type.
   template <typename Record>
   static const Record& RequireLike(const Information& other) {
     if (typeid(other) == typeid(Record)) return static_cast<const Record&>(other);
@@ -40,7 +40,7 @@ class Information {
   }
 
  private:
-  mutable std::string mInvalidReason;
+  mutable std::string invalidReason_;
 };
 
 }  // namespace Kaju

@@ -16,7 +16,7 @@ class KajuException : public toolkit::RuntimeException {
   static constexpr toolkit::LocalizedText kErrorMissingUpdateURL{"KajuException.kErrorMissingUpdateURL", "The update URL is missing."};
   // clang-format on
 
-  /// `location` is the function that failed; it becomes the last entry of the stack.
+  /// `location` is the function that failed; it becomes the last entry of Stack.
   KajuException(const std::string& message, std::string location) : RuntimeException(message) {
     Stack.push_back(std::move(location));
   }

@@ -61,8 +61,8 @@
   TEXT(kWindowTitle, "Update Available")
 // clang-format on
 
-/// Every text of the update library that the user sees. A text may hold placeholders such as "<<AppName>>", which the
-/// caller replaces; in captions, "&" marks the access key and "&&" stands for one ampersand.
+/// Every text of the update library that the user sees. A text may contain placeholders such as "<<AppName>>", which
+/// the caller replaces; in captions, "&" marks the access key and "&&" is one ampersand.
 namespace KajuLocale {
 
 #define KAJU_CONSTANT(name, english) inline constexpr toolkit::LocalizedText name{"KajuLocale." #name, english};

@@ -1,6 +1,5 @@
 #include "update/check/Properties.h"
 
-#include <charconv>
 #include <cmath>
 
 #include "toolkit/RuntimeException.h"
@@ -42,8 +41,9 @@ void Convert(const JSONItem& value, std::uint64_t& number) {
   if (string == nullptr) {
     number = value.to_number<std::uint64_t>(failure);
   } else {
-    const auto read = std::from_chars(string->begin(), string->end(), number);
-    if (read.ec != std::errc() || read.ptr != string->end()) failure = boost::json::error::not_number;
+    const auto read = toolkit::ParseNumber<std::uint64_t>(*string);
+    if (!read) failure = boost::json::error::not_number;
+    number = read.value_or(0);
   }
   if (failure) throw TypeMismatchException("a value cannot be converted to a whole number");
 }

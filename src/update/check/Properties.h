@@ -12,7 +12,7 @@
 
 namespace Kaju {
 
-/// A stored property of a record: its name, which is its key in JSON as well, and where it stands.
+/// A stored property of a record: its name, which is also its key in JSON, and its member.
 template <typename Record>
 struct Property {
   std::string_view Name;
@@ -21,9 +21,9 @@ struct Property {
       Member;
 };
 
-/// A JSON value as a text or a truth value. A number converts to its shortest usual text; to Boolean, a number is false
-/// if it is 0, null is false, and of texts only "true" and "false" convert, in either case; of those to a number, only
-/// such as consist of digits. Throws a toolkit::TypeMismatchException for any other value.
+/// Converts a JSON value to a text, a Boolean or a whole number. To text: numbers in their shortest usual form. To
+/// Boolean: a number is false if it is 0, null is false, and the texts "true" and "false" are accepted in either case.
+/// To a number: texts of digits are accepted. Throws a toolkit::TypeMismatchException for any other value.
 void Convert(const toolkit::JSONItem& value, std::string& text);
 void Convert(const toolkit::JSONItem& value, bool& truth);
 void Convert(const toolkit::JSONItem& value, std::uint64_t& number);
@@ -32,7 +32,7 @@ void Convert(const toolkit::JSONItem& value, std::optional<Value>& optional) {
   Convert(value, optional.emplace());
 }
 
-/// A property as a JSON value; null if it is not there.
+/// A property as a JSON value; null if it is not set.
 template <typename Value>
 toolkit::JSONItem ToJSON(const Value& value) {
   return toolkit::JSONItem(value);
@@ -42,16 +42,16 @@ toolkit::JSONItem ToJSON(const std::optional<Value>& value) {
   return value ? toolkit::JSONItem(*value) : toolkit::JSONItem();
 }
 
-/// Sets each of the properties that `data` has a member for. A member that is an object or array is passed over. Throws
-/// if `data` is no object or a member cannot be converted.
+/// Sets each property that `data` has a member for. Members that are objects or arrays are skipped. Throws if `data` is
+/// not an object or a member cannot be converted.
 template <typename Record>
 void JSONToProperties(const toolkit::JSONItem& data, std::span<const Property<Record>> properties, Record& record);
 
-/// The properties that are there as a JSON object, in their order.
+/// The properties that are set, as a JSON object in their order.
 template <typename Record>
 toolkit::JSONItem PropertiesToJSON(std::span<const Property<Record>> properties, const Record& record);
 
-/// `value` as an object. Throws a toolkit::TypeMismatchException if it is anything else.
+/// `value` as an object. Throws a toolkit::TypeMismatchException if it is not one.
 const boost::json::object& RequireObject(const toolkit::JSONItem& value);
 
 template <typename Record>

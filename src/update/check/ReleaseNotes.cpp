@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::uint64_t largestPage = std::uint64_t{4} << 20U;
 
-/// A page in the encoding that it says it has.
+/// Converts a page from the encoding that it declares.
 std::string ToUTF8(const std::string& page) {
   static const toolkit::RegEx declaration(R"(<meta charset *= *["']([^"']+))");
   std::optional<std::string> converted;

@@ -1,9 +1,9 @@
 #include "update/check/Timestamps.h"
 
-#include <charconv>
 #include <string>
 
 #include "toolkit/RegEx.h"
+#include "toolkit/Text.h"
 #include "update/check/KajuException.h"
 
 using std::chrono::hours;
@@ -13,11 +13,9 @@ using std::chrono::seconds;
 namespace Kaju {
 namespace {
 
-/// The number of two digits at `place`.
+/// The number in the two digits at `place`.
 int TwoDigits(std::string_view text, std::size_t place) {
-  int number = 0;
-  std::from_chars(text.data() + place, text.data() + place + 2, number);
-  return number;
+  return toolkit::ParseNumber<int>(text.substr(place, 2)).value_or(0);
 }
 
 bool HasForm(std::string_view text) {
@@ -26,7 +24,7 @@ bool HasForm(std::string_view text) {
   return form.IsIn(text);
 }
 
-/// How far the clock of the text is before that of UTC.
+/// The offset of the text's time zone from UTC.
 minutes OffsetOf(std::string_view text) {
   constexpr std::size_t length = 6;
   const std::string_view end = text.substr(text.size() - length);

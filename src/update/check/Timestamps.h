@@ -5,8 +5,8 @@
 
 namespace Kaju {
 
-/// The moment of a "date-time" (RFC 3339), such as "2027-01-31T12:00:00Z" or "2027-01-31T14:00:00.5+02:00". Fractions
-/// of a second do not count. Throws a KajuException if the text is none.
+/// Parses a "date-time" (RFC 3339), such as "2027-01-31T12:00:00Z" or "2027-01-31T14:00:00.5+02:00". Fractions of a
+/// second are dropped. Throws a KajuException for any other text.
 [[nodiscard]] std::chrono::sys_seconds MomentOf(std::string_view timestamp);
 
 }  // namespace Kaju

@@ -24,14 +24,14 @@ constexpr std::uint64_t largestDocument = std::uint64_t{64} << 20U;
 constexpr double beforeAllVersions = -1.0;
 constexpr std::size_t offersBetweenBreaks = 64;
 
-/// For the breaks in long work, which ends early when the program quits.
+/// Runs due events in breaks of long work. Returns false once the program quits.
 bool ServeEvents() { return toolkit::Platform::Current().RunDueEvents(); }
 
 std::string BadData(const std::string& reason) {
   return KajuLocale::kErrorBadUpdateData() + (reason.empty() ? "" : " - " + reason);
 }
 
-/// The elements of the document. An object has none that could be an offer, but an empty one has none at all.
+/// The elements of the document. An empty object has none; any other object is an error.
 std::span<const toolkit::JSONItem> Elements(const toolkit::JSONItem& document) {
   if (const auto* array = document.if_array()) return {array->data(), array->size()};
   if (document.get_object().empty()) return {};
@@ -42,15 +42,15 @@ std::span<const toolkit::JSONItem> Elements(const toolkit::JSONItem& document) {
 
 UpdateChecker::UpdateChecker(const toolkit::FolderItem& preferencesFolder, std::string_view preferencesFilename,
                              std::shared_ptr<UpdatePresenter> presenter)
-    : PrefFile(preferencesFolder.Child(preferencesFilename)),
+    : prefFile_(preferencesFolder.Child(preferencesFilename)),
       presenter_(std::move(presenter)),
-      preferences_(LoadPreferences(PrefFile)),
+      preferences_(LoadPreferences(prefFile_)),
       savedPreferences_(preferences_) {}
 
 UpdateChecker::~UpdateChecker() {
-  if (preferences_ == savedPreferences_ && PrefFile.Exists()) return;
+  if (preferences_ == savedPreferences_ && prefFile_.Exists()) return;
   try {
-    SavePreferences(PrefFile, preferences_);
+    SavePreferences(prefFile_, preferences_);
   } catch (const std::exception& exception) {
     toolkit::DebugLog(exception.what());
   }
@@ -58,10 +58,10 @@ UpdateChecker::~UpdateChecker() {
 
 void UpdateChecker::Execute() {
   if (const auto obstacle = Obstacle()) {
-    mResult = *obstacle;
+    result_ = *obstacle;
     return;
   }
-  mDryRun = false;
+  dryRun_ = false;
   if (toolkit::Trim(UpdateURL).empty()) {
     throw KajuException(KajuException::kErrorMissingUpdateURL(), "Kaju.UpdateChecker.Execute");
   }
@@ -72,10 +72,10 @@ void UpdateChecker::Execute() {
 
 void UpdateChecker::TestUpdate(const std::string& jsonString) {
   if (UpdateWindowIsOpen()) {
-    mResult = ResultType::UpdateWindowOpen;
+    result_ = ResultType::UpdateWindowOpen;
     return;
   }
-  mDryRun = true;
+  dryRun_ = true;
   while (ProcessUpdateData(jsonString) == Next::FetchAgain) continue;
 }
 
@@ -97,7 +97,7 @@ UpdateChecker::Next UpdateChecker::FetchAndProcess(const std::string& url) {
   socket.LargestBody = largestDocument;
   const std::string body = socket.Get(url, HTTPSSocket::kTimeoutSeconds);
   if (socket.IsMissing()) {
-    mResult = ResultType::NoUpdateAvailable;
+    result_ = ResultType::NoUpdateAvailable;
     return Next::Return;
   }
   if (socket.WasTooLarge()) return HandleError(BadData("the document is too large"));
@@ -126,8 +126,8 @@ UpdateChecker::Next UpdateChecker::ProcessUpdateData(std::string_view raw) {
 }
 
 void UpdateChecker::Decide(std::string_view raw) {
-  mResult = ResultType::NoUpdateAvailable;
-  const double currentVersion = mDryRun ? beforeAllVersions : VersionToDouble(AppVersionString());
+  result_ = ResultType::NoUpdateAvailable;
+  const double currentVersion = dryRun_ ? beforeAllVersions : VersionToDouble(AppVersionString());
   Offers offers;
   bool requiredFound = false;
   auto document = toolkit::ParseJSONItem(raw, ServeEvents);
@@ -140,18 +140,18 @@ void UpdateChecker::Decide(std::string_view raw) {
     const bool isRequired = update->IsRequiredFor(currentVersion);
     requiredFound = requiredFound || isRequired;
     if (!isRequired && HonorIgnored && IsIgnored(update->Version)) {
-      mResult = ResultType::IgnoredUpdateAvailable;
+      result_ = ResultType::IgnoredUpdateAvailable;
     } else {
       offers.push_back(std::move(update));
     }
   }
-  document = nullptr;  // which takes a while where it is large
+  document = nullptr;  // takes a while if it is large
   if (offers.empty() || !ServeEvents()) return;
-  mResult = requiredFound ? ResultType::RequiredUpdateAvailable : ResultType::UpdateAvailable;
+  result_ = requiredFound ? ResultType::RequiredUpdateAvailable : ResultType::UpdateAvailable;
   if (presenter_ && IsAllowed(kAllowUpdateWindow)) presenter_->ChooseUpdate(shared_from_this(), std::move(offers));
 }
 
-/// Whether there is a file of it for this build, of a stage that is allowed, it is newer, and still to be offered.
+/// Whether the update has a file for this build, is of an allowed stage, newer than the program, and not expired.
 bool UpdateChecker::Concerns(const UpdateInformation& update, double currentVersion) const {
   const bool anyWidth = Target.Bits == Width::Bits32 && Allow32bitTo64bitUpdates;
   const auto binary = anyWidth ? update.PlatformBinaryAny(Target.Platform) : update.PlatformBinarySameBitness(Target);
@@ -174,7 +174,7 @@ UpdateChecker::Next UpdateChecker::HandleError(const std::string& message) {
     dialog.Explanation = message;
     if (dialog.ShowModal() == toolkit::DialogButton::Action) return Next::FetchAgain;
   }
-  mResult = ResultType::Error;
+  result_ = ResultType::Error;
   return Next::Return;
 }
 

@@ -43,7 +43,7 @@ std::string PlatformWord(std::string_view binaryName) {
   throw KajuException("Unknown platform", "Kaju.UpdateInformation.IsInvalid");
 }
 
-/// Where a name stands in BinaryNames.
+/// The index of a name in BinaryNames.
 std::size_t IndexOf(std::string_view name) {
   const auto* const known = std::ranges::find(UpdateInformation::BinaryNames, name);
   if (known == UpdateInformation::BinaryNames.end()) {
@@ -75,7 +75,7 @@ std::shared_ptr<const toolkit::Picture> FetchPicture(const std::string& url, con
     std::string body = socket.Get(resolved, HTTPSSocket::kTimeoutSeconds);
     return body.empty() ? nullptr : toolkit::Picture::FromData(std::move(body), wanted);
   } catch (const toolkit::RuntimeException&) {
-    return nullptr;  // an update without a picture is shown all the same
+    return nullptr;  // the update is shown without a picture
   }
 }
 
@@ -84,17 +84,17 @@ std::shared_ptr<const toolkit::Picture> FetchPicture(const std::string& url, con
 UpdateInformation::UpdateInformation(const toolkit::JSONItem& data) {
   JSONToProperties<UpdateInformation>(data, properties, *this);
   const boost::json::object& members = RequireObject(data);
-  for (std::size_t index = 0; index < mBinaries.size(); ++index) {
+  for (std::size_t index = 0; index < binaries_.size(); ++index) {
     const toolkit::JSONItem* binary = members.if_contains(BinaryNames[index]);
     if (binary == nullptr) continue;
-    mBinaries[index] = std::make_shared<BinaryInformation>(BinaryNeedsExecutableName(BinaryNames[index]), *binary);
+    binaries_[index] = std::make_shared<BinaryInformation>(BinaryNeedsExecutableName(BinaryNames[index]), *binary);
   }
 }
 
-// The picture never changes, so the copy shares it.
-UpdateInformation::UpdateInformation(const UpdateInformation& other) : Information(other), mImage(other.mImage) {
+// Pictures are immutable, so the copy shares it.
+UpdateInformation::UpdateInformation(const UpdateInformation& other) : Information(other), image_(other.image_) {
   for (const Row& row : properties) std::visit([&](auto member) { this->*member = other.*member; }, row.Member);
-  std::ranges::transform(other.mBinaries, mBinaries.begin(), [](const BinaryPointer& binary) {
+  std::ranges::transform(other.binaries_, binaries_.begin(), [](const BinaryPointer& binary) {
     return binary ? std::make_shared<BinaryInformation>(*binary) : nullptr;
   });
 }
@@ -112,16 +112,16 @@ bool UpdateInformation::IsExpiredAt(std::chrono::sys_seconds moment) const {
 }
 
 std::shared_ptr<const toolkit::Picture> UpdateInformation::Image(const toolkit::StillWanted& wanted) const {
-  if (!mImage && !toolkit::Trim(ImageURL).empty()) mImage = FetchPicture(ImageURL, wanted);
-  return mImage;
+  if (!image_ && !toolkit::Trim(ImageURL).empty()) image_ = FetchPicture(ImageURL, wanted);
+  return image_;
 }
 
 UpdateInformation::BinaryPointer UpdateInformation::PlatformBinary32bit(System system) const {
-  return mBinaries.at(IndexOf({system, Width::Bits32}));
+  return binaries_.at(IndexOf({system, Width::Bits32}));
 }
 
 UpdateInformation::BinaryPointer UpdateInformation::PlatformBinary64bit(System system) const {
-  return mBinaries.at(IndexOf({system, Width::Bits64}));
+  return binaries_.at(IndexOf({system, Width::Bits64}));
 }
 
 UpdateInformation::BinaryPointer UpdateInformation::PlatformBinaryAny(System system) const {
@@ -130,16 +130,16 @@ UpdateInformation::BinaryPointer UpdateInformation::PlatformBinaryAny(System sys
 }
 
 UpdateInformation::BinaryPointer UpdateInformation::PlatformBinarySameBitness(BuildTarget target) const {
-  return mBinaries.at(IndexOf(target));
+  return binaries_.at(IndexOf(target));
 }
 
 UpdateInformation::BinaryPointer UpdateInformation::FetchBinary(std::string_view name) {
-  BinaryPointer& binary = mBinaries.at(IndexOf(name));
+  BinaryPointer& binary = binaries_.at(IndexOf(name));
   if (!binary) binary = std::make_shared<BinaryInformation>(BinaryNeedsExecutableName(name));
   return binary;
 }
 
-void UpdateInformation::RemoveBinary(std::string_view name) { mBinaries.at(IndexOf(name)) = nullptr; }
+void UpdateInformation::RemoveBinary(std::string_view name) { binaries_.at(IndexOf(name)) = nullptr; }
 
 toolkit::Variant UpdateInformation::GetByName(std::string_view name) const {
   if (name == "StageCode") return toolkit::JSONItem(StageCode());
@@ -160,8 +160,8 @@ void UpdateInformation::SetByName(std::string_view name, const toolkit::JSONItem
 
 toolkit::JSONItem UpdateInformation::ConvertToJSON() const {
   toolkit::JSONItem json = PropertiesToJSON<UpdateInformation>(properties, *this);
-  for (std::size_t index = 0; index < mBinaries.size(); ++index) {
-    if (mBinaries[index]) json.get_object()[BinaryNames[index]] = mBinaries[index]->ToJSON();
+  for (std::size_t index = 0; index < binaries_.size(); ++index) {
+    if (binaries_[index]) json.get_object()[BinaryNames[index]] = binaries_[index]->ToJSON();
   }
   return json;
 }
@@ -177,8 +177,8 @@ bool UpdateInformation::Event_IsInvalid(std::string& reason) const {
     reason = KajuLocale::kMissingAppNameReason();
     return true;
   }
-  for (std::size_t index = 0; index < mBinaries.size(); ++index) {
-    const BinaryPointer& binary = mBinaries[index];
+  for (std::size_t index = 0; index < binaries_.size(); ++index) {
+    const BinaryPointer& binary = binaries_[index];
     if (!binary || binary->IsValid()) continue;
     reason = PlatformWord(BinaryNames[index]) + " " + KajuLocale::kBinaryInfoInvalidReason() + ": " +
              binary->InvalidReason();

@@ -15,14 +15,14 @@
 
 namespace Kaju {
 
-/// One offered version: an element of the update document. The public fields are the members of its JSON object, whose
-/// other members are the files for the platforms; what is unknown is passed over.
+/// One offered version: an element of the update document. The public fields are members of its JSON object, which also
+/// has the files for the platforms; unknown members are ignored.
 class UpdateInformation final : public Information {
  public:
   using BinaryPointer = std::shared_ptr<BinaryInformation>;
 
   std::string AppName;
-  /// The moment after which this is not offered any more; see MomentOf().
+  /// The time from which the update is not offered any more; see MomentOf().
   std::optional<std::string> Expires;
   std::string ImageURL;
   std::string MinimumRequiredVersion;
@@ -36,10 +36,10 @@ class UpdateInformation final : public Information {
                                                                "WindowsBinary64bit", "LinuxBinary64bit"};
 
   UpdateInformation() = default;
-  /// From an element of the document. Throws a toolkit::RuntimeException if it is no object, or a member is of a kind
-  /// that it cannot be. Whether the values make sense is not looked at.
+  /// Reads an element of the document. Throws a toolkit::RuntimeException if it is not an object, or a member has a
+  /// wrong type. Values are not validated.
   explicit UpdateInformation(const toolkit::JSONItem& data);
-  /// A deep copy of a record of this type; throws a KajuException for another one.
+  /// A deep copy of a record of this type; throws a KajuException for another type.
   explicit UpdateInformation(const Information& other) : UpdateInformation(RequireLike<UpdateInformation>(other)) {}
   UpdateInformation(const UpdateInformation& other);
   UpdateInformation& operator=(const UpdateInformation&) = delete;
@@ -49,39 +49,39 @@ class UpdateInformation final : public Information {
   [[nodiscard]] int StageCode() const;
   /// Throws a KajuException if Version is malformed.
   [[nodiscard]] double VersionAsDouble() const;
-  /// Whether a program of that version, as a number, must not skip this update. Throws a KajuException if
+  /// Whether a program with that version, as a number, must not skip this update. Throws a KajuException if
   /// MinimumRequiredVersion is malformed.
   [[nodiscard]] bool IsRequiredFor(double version) const;
 
   /// Throws a KajuException if Expires is malformed.
   [[nodiscard]] bool IsExpiredAt(std::chrono::sys_seconds moment) const;
 
-  /// The picture at ImageURL, fetched when it is first asked for; nullptr if there is none or it cannot be had, and
-  /// then fetched again the next time. Runs the event loop for up to 5 seconds without progress a request and while the
-  /// picture is decoded, and gives up once it is no longer wanted.
+  /// The picture at ImageURL, fetched on the first call; nullptr if there is none or fetching fails, in which case the
+  /// next call tries again. Runs the event loop, up to 5 seconds without progress per request and while the picture is
+  /// decoded, and gives up once `wanted` returns false.
   [[nodiscard]] std::shared_ptr<const toolkit::Picture> Image(const toolkit::StillWanted& wanted = {}) const;
 
   /// The file for a platform; nullptr if there is none. On macOS one file serves both widths.
   [[nodiscard]] BinaryPointer PlatformBinary32bit(System system = BuildTarget::Running().Platform) const;
   [[nodiscard]] BinaryPointer PlatformBinary64bit(System system = BuildTarget::Running().Platform) const;
-  /// That of the 32-bit platform only if there is none for 64 bits.
+  /// The file for 64 bits, or else that for 32 bits.
   [[nodiscard]] BinaryPointer PlatformBinaryAny(System system = BuildTarget::Running().Platform) const;
   [[nodiscard]] BinaryPointer PlatformBinarySameBitness(BuildTarget target = BuildTarget::Running()) const;
 
-  /// The files in the order of BinaryNames; nullptr for those that are not there.
-  [[nodiscard]] const std::array<BinaryPointer, 5>& Binaries() const { return mBinaries; }
-  /// The file of one of BinaryNames; a missing one is made, and is empty. Throws a toolkit::KeyNotFoundException for
+  /// The files in the order of BinaryNames; nullptr for missing ones.
+  [[nodiscard]] const std::array<BinaryPointer, 5>& Binaries() const { return binaries_; }
+  /// The file with one of BinaryNames; a missing one is created empty. Throws a toolkit::KeyNotFoundException for
   /// another name.
   BinaryPointer FetchBinary(std::string_view name);
-  /// As FetchBinary(), but the file is not there afterwards.
+  /// Removes the file with one of BinaryNames. Throws like FetchBinary().
   void RemoveBinary(std::string_view name);
 
-  /// A stored property by its name, or one of "StageCode" and "VersionAsDouble". Throws a toolkit::KeyNotFoundException
-  /// for another name.
+  /// A stored property by its name, or "StageCode" or "VersionAsDouble". Throws a toolkit::KeyNotFoundException for
+  /// another name.
   [[nodiscard]] toolkit::Variant GetByName(std::string_view name) const;
-  /// Sets a stored property by its name. A Boolean is true for the text "yes" as well. Throws a
-  /// toolkit::KeyNotFoundException for another name, and a toolkit::TypeMismatchException for a value that does not
-  /// convert; nothing is changed then.
+  /// Sets a stored property by its name. For a Boolean the text "yes" is also true. Throws a
+  /// toolkit::KeyNotFoundException for another name, and a toolkit::TypeMismatchException for a value that cannot be
+  /// converted; nothing is changed then.
   void SetByName(std::string_view name, const toolkit::JSONItem& value);
 
   [[nodiscard]] toolkit::JSONItem ConvertToJSON() const override;
@@ -90,8 +90,8 @@ class UpdateInformation final : public Information {
   bool Event_IsInvalid(std::string& reason) const override;
 
  private:
-  std::array<BinaryPointer, BinaryNames.size()> mBinaries;
-  mutable std::shared_ptr<const toolkit::Picture> mImage;
+  std::array<BinaryPointer, BinaryNames.size()> binaries_;
+  mutable std::shared_ptr<const toolkit::Picture> image_;
 };
 
 }  // namespace Kaju

@@ -11,14 +11,14 @@ class UpdateChecker;
 
 using Offers = std::vector<std::shared_ptr<UpdateInformation>>;
 
-/// What shows offers to the user. The checker finds them and knows nothing of windows.
+/// Shows offers to the user. The checker depends on this interface instead of windows.
 class UpdatePresenter {
  public:
   virtual ~UpdatePresenter() = default;
 
   /// Whether offers are being shown.
   [[nodiscard]] virtual bool IsOpen() const = 0;
-  /// Shows offers, in the order of their document, and returns. `checker` may go while they are shown.
+  /// Shows offers, in the order of their document, and returns. `checker` may be destroyed while they are shown.
   virtual void ChooseUpdate(const std::shared_ptr<UpdateChecker>& checker, Offers offers) = 0;
 };
 

@@ -13,18 +13,18 @@
 namespace Kaju {
 namespace {
 
-constexpr int finalStage = static_cast<int>(toolkit::Stage::Final);
-/// Those of the stages before it, in their order and in either case.
+constexpr int finalStage = CodeOf(toolkit::Stage::Final);
+/// The letters of the stages before it, in their order and in either case.
 constexpr std::string_view stageLetters = "dabDAB";
 
-/// The number that the digits stand for; 0 if there are none.
+/// The number that the digits represent; 0 if there are none.
 double Val(std::string_view digits) {
   double value = 0;
   const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), value);
   return read.ec == std::errc::result_out_of_range ? std::numeric_limits<double>::infinity() : value;
 }
 
-/// The first three of the numbers between the points, those that are missing empty.
+/// The first three of the numbers between the points; missing ones are empty.
 std::array<std::string_view, 3> SplitNumbers(std::string_view dotted) {
   std::array<std::string_view, 3> numbers;
   for (std::string_view& number : numbers) {
@@ -48,7 +48,7 @@ double VersionToDouble(std::string_view version) {
 
   const std::string_view stage = match->SubExpression(2);
   const double fraction = Val(match->SubExpression(3)) / 10000.0;
-  // The order of the additions decides about the last bits.
+  // The order of the additions determines the last bits.
   if (toolkit::EqualIgnoringCase(stage, "d")) return fraction + value;
   if (toolkit::EqualIgnoringCase(stage, "a")) return (0.1 + value) + fraction;
   if (toolkit::EqualIgnoringCase(stage, "b")) return (0.2 + value) + fraction;

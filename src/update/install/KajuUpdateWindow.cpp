@@ -15,10 +15,10 @@ using toolkit::ButtonRole;
 using toolkit::LabelFont;
 using toolkit::LabelGround;
 using toolkit::LabelLines;
+using toolkit::topLeft;
 
 namespace {
 
-constexpr toolkit::Locks leftTop{.Left = true, .Top = true, .Right = false, .Bottom = false};
 constexpr std::chrono::milliseconds longestStall{5000};
 
 }  // namespace
@@ -49,18 +49,18 @@ void KajuUpdateWindow::BuildControls() {
   Origin(toolkit::WindowOrigin::Unasked);
   // clang-format off
   //  control                                    left  top  width height   locks   order
-  Add(hvNotes,           "hvNotes",           { 149,  84, 631, 445}, leftTop,  0).AccessibleName(KajuLocale::kReleaseNotesName());
-  Add(btnOK,             "btnOK",             { 630, 555, 150,  20}, leftTop,  1).Caption(KajuLocale::kInstallButton()).Role(ButtonRole::Default);
-  Add(btnCancel,         "btnCancel",         { 468, 555, 150,  20}, leftTop,  2).Caption(KajuLocale::kRemindMeLaterButton()).Role(ButtonRole::Cancel);
-  Add(btnSkipVersion,    "btnSkipVersion",    { 149, 555, 150,  20}, leftTop,  3).Caption(KajuLocale::kSkipVersionButton());
-  Add(lblMain,           "lblMain",           { 149,  14, 631,  20}, leftTop,  4).Text("Untitled").Font(LabelFont::BoldSystem).Ground(LabelGround::Picture);
-  Add(lblSecondary,      "lblSecondary",      { 149,  39, 631,  25}, leftTop,  5).Text("Untitled").Lines(LabelLines::Several).Ground(LabelGround::Picture);
-  Add(Label1,            "Label1",            { 149,  64, 631,  20}, leftTop,  6).Text(KajuLocale::kReleaseNotesLabel()).Font(LabelFont::BoldSmallSystem).Ground(LabelGround::Picture);
-  Add(lblInstallMessage, "lblInstallMessage", { 149, 555, 294,  30}, leftTop,  7).Text(KajuLocale::kDownloadingMessage()).Lines(LabelLines::Several).Ground(LabelGround::Picture).Visible(false);
-  Add(pbProgress,        "pbProgress",        {  20, 555, 117,  20}, leftTop,  8).AccessibleName(KajuLocale::kProgressName()).Visible(false);
-  Add(hvNewWindow,       "hvNewWindow",       {-345, 119, 300, 200}, leftTop,  9).Visible(false);
-  Add(lblVersions,       "lblVersions",       {  20,  64, 117,  20}, leftTop, 10).Text(KajuLocale::kVersionsLabel()).Font(LabelFont::BoldSmallSystem).Ground(LabelGround::Picture);
-  Add(pumUpdates,        "pumUpdates",        {  36,  87, 101,  20}, leftTop, 11).AccessibleName(KajuLocale::kVersionsName());
+  Add(hvNotes,           "hvNotes",           { 149,  84, 631, 445}, topLeft,  0).AccessibleName(KajuLocale::kReleaseNotesName());
+  Add(btnOK,             "btnOK",             { 630, 555, 150,  20}, topLeft,  1).Caption(KajuLocale::kInstallButton()).Role(ButtonRole::Default);
+  Add(btnCancel,         "btnCancel",         { 468, 555, 150,  20}, topLeft,  2).Caption(KajuLocale::kRemindMeLaterButton()).Role(ButtonRole::Cancel);
+  Add(btnSkipVersion,    "btnSkipVersion",    { 149, 555, 150,  20}, topLeft,  3).Caption(KajuLocale::kSkipVersionButton());
+  Add(lblMain,           "lblMain",           { 149,  14, 631,  20}, topLeft,  4).Text("Untitled").Font(LabelFont::BoldSystem).Ground(LabelGround::Picture);
+  Add(lblSecondary,      "lblSecondary",      { 149,  39, 631,  25}, topLeft,  5).Text("Untitled").Lines(LabelLines::Several).Ground(LabelGround::Picture);
+  Add(Label1,            "Label1",            { 149,  64, 631,  20}, topLeft,  6).Text(KajuLocale::kReleaseNotesLabel()).Font(LabelFont::BoldSmallSystem).Ground(LabelGround::Picture);
+  Add(lblInstallMessage, "lblInstallMessage", { 149, 555, 294,  30}, topLeft,  7).Text(KajuLocale::kDownloadingMessage()).Lines(LabelLines::Several).Ground(LabelGround::Picture).Visible(false);
+  Add(pbProgress,        "pbProgress",        {  20, 555, 117,  20}, topLeft,  8).AccessibleName(KajuLocale::kProgressName()).Visible(false);
+  Add(hvNewWindow,       "hvNewWindow",       {-345, 119, 300, 200}, topLeft,  9).Visible(false);
+  Add(lblVersions,       "lblVersions",       {  20,  64, 117,  20}, topLeft, 10).Text(KajuLocale::kVersionsLabel()).Font(LabelFont::BoldSmallSystem).Ground(LabelGround::Picture);
+  Add(pumUpdates,        "pumUpdates",        {  36,  87, 101,  20}, topLeft, 11).AccessibleName(KajuLocale::kVersionsName());
   // clang-format on
   shZipper.Mode = Kaju::ZipShell::RunMode::Asynchronous;
   tmrTimeout.Period = longestStall;
@@ -85,10 +85,10 @@ void KajuUpdateWindow::WireEvents() {
   On(tmrTimeout.Action, &KajuUpdateWindow::tmrTimeout_Action);
 }
 
-std::string KajuUpdateWindow::AppName() const { return mAppName.empty() ? KajuLocale::kThisApplication() : mAppName; }
+std::string KajuUpdateWindow::AppName() const { return appName_.empty() ? KajuLocale::kThisApplication() : appName_; }
 
 void KajuUpdateWindow::BackgroundImage(std::shared_ptr<const toolkit::Picture> picture) {
-  mBackgroundImage = std::move(picture);
+  backgroundImage_ = std::move(picture);
   Invalidate();
 }
 
@@ -98,7 +98,7 @@ void KajuUpdateWindow::Event_Open() {
 }
 
 void KajuUpdateWindow::Event_Paint(toolkit::Graphics& g) {
-  if (mBackgroundImage) g.DrawPicture(mBackgroundImage, {0, 0, g.Width(), g.Height()});
+  if (backgroundImage_) g.DrawPicture(backgroundImage_, {0, 0, g.Width(), g.Height()});
   g.PenWidth = 1;
   g.PenHeight = 1;
   g.ForeColor = 0;
@@ -127,7 +127,7 @@ void KajuUpdateWindow::Cancel() {
   }
 }
 
-// The stage comes first: a handler that still runs finds it.
+// Sets the stage first, for handlers that are still running.
 void KajuUpdateWindow::EndWork() {
   CurrentStage = Stage::Cancelled;
   SelectedUpdate = nullptr;
@@ -138,7 +138,7 @@ void KajuUpdateWindow::EndWork() {
   tmrTimeout.Mode(toolkit::Timer::RunMode::Off);
 }
 
-// Without the user's last press, the end of the program or of the desktop session is no reason to install anything.
+// Only the user's last press confirms the installation; the end of the program or of the desktop session does not.
 void KajuUpdateWindow::Event_Close() {
   if (!App::Current().UpdateInitiater) EndWork();
   if (CurrentStage == Stage::Cancelled) std::ranges::for_each(DeleteOnCancel, Kaju::DeleteWholly);

@@ -20,30 +20,30 @@
 #include "update/install/UpdateInitiater.h"
 #include "update/install/ZipShell.h"
 
-/// The window of an update, from the offer to the moment when only the end of the program is missing. It shows the
-/// release notes, lets the user choose a version, downloads its file, checks its hash and unpacks it. Nothing of the
-/// running program is touched before the user's last press.
+/// The window of an update, from the offer to the point where only the program must end. It shows the release notes,
+/// lets the user choose a version, downloads its file, checks its digests and unpacks it. The running program is not
+/// changed before the user's last press.
 ///
-/// Fetches and hashing run other handlers, by which the user may stop, close or quit: each step checks the stage
+/// Fetching and hashing run other handlers, in which the user may stop, close or quit: each step checks the stage
 /// afterwards.
 class KajuUpdateWindow final : public toolkit::Window {
  public:
   enum class Stage {
-    /// The user looks at the notes and has three choices.
+    /// The user reads the notes and has three choices.
     ChoosingUpdate = 0,
-    /// Download and unpacking are running.
+    /// The file is being downloaded or unpacked.
     Installing = 1,
     /// The update is unpacked; the program must quit to install it.
     AskingToQuit = 2,
-    /// An error is on show.
+    /// An error is shown.
     Failed = 3,
-    /// The window is going, and so is all that was fetched.
+    /// The window is being closed, and everything that was downloaded deleted.
     Cancelled = 4,
   };
 
   KajuUpdateWindow();
 
-  /// The one window of this kind, open. It is made when it is first asked for, or after the last one was closed.
+  /// The one open window of this class. Created on the first call, and again after it was closed.
   [[nodiscard]] static std::shared_ptr<KajuUpdateWindow> Shared();
   [[nodiscard]] static bool IsOpen() { return FindOpen() != nullptr; }
 
@@ -65,36 +65,36 @@ class KajuUpdateWindow final : public toolkit::Window {
 
   std::shared_ptr<Kaju::UpdateChecker> Checker;
   Stage CurrentStage = Stage::ChoosingUpdate;
-  /// Removed with all that is in them: the first when the window closes without an update to install, the second
-  /// whenever it closes.
+  /// Deleted with their content: the first when the window is closed without an update to install, the second whenever
+  /// it is closed.
   std::vector<toolkit::FolderItem> DeleteOnCancel;
   std::vector<toolkit::FolderItem> DeleteOnClose;
-  /// Where the archive goes.
+  /// The downloaded archive.
   std::optional<toolkit::FolderItem> DownloadFile;
   /// The update that is ready to be installed.
   std::shared_ptr<Kaju::UpdateInitiater> Initiater;
   /// Whether the next load that the notes viewer asks about is that of the notes.
   bool Loading = false;
-  /// What the notes are loaded relative to: an empty file, once the window is open.
+  /// The base of relative addresses in the notes: an empty file, once the window is open.
   toolkit::FolderItem RelativeToFolderItem{""};
   std::shared_ptr<Kaju::BinaryInformation> SelectedBinary;
   std::shared_ptr<Kaju::UpdateInformation> SelectedUpdate;
 
-  /// What the program is called in the window's texts.
+  /// The name of the program in the window's texts.
   [[nodiscard]] std::string AppName() const;
-  void AppName(std::string name) { mAppName = std::move(name); }
-  /// Fills the window behind the controls; nullptr for the palette's own colour.
-  [[nodiscard]] const std::shared_ptr<const toolkit::Picture>& BackgroundImage() const { return mBackgroundImage; }
+  void AppName(std::string name) { appName_ = std::move(name); }
+  /// Drawn over the whole window, behind the controls; nullptr for the palette's own colour.
+  [[nodiscard]] const std::shared_ptr<const toolkit::Picture>& BackgroundImage() const { return backgroundImage_; }
   void BackgroundImage(std::shared_ptr<const toolkit::Picture> picture);
 
-  /// Offers `updates`, the newest first, and shows that one. Fetches its picture and notes, and runs the event loop
+  /// Offers `updates`, newest first, and selects the newest. Fetches its picture and notes, and runs the event loop
   /// meanwhile.
   void ChooseUpdate(const std::shared_ptr<Kaju::UpdateChecker>& checker, Kaju::Offers updates);
-  /// Ends whatever goes on and closes the window; after a required update the program quits, if the checker wants that.
+  /// Ends all work and closes the window; after a required update the program quits, if the checker is set so.
   void Cancel();
-  /// Shows an error, after which the user can only close the window. The blank text stands for a general message.
+  /// Shows an error, after which the user can only close the window. A blank text stands for a general message.
   void ShowError(const std::string& msg);
-  /// These do nothing: the window cannot be modal.
+  /// Do nothing: the window cannot be modal.
   static void ShowModal() {}
   static void ShowModalWithin(const Window& /*parent*/) {}
 
@@ -134,16 +134,15 @@ class KajuUpdateWindow final : public toolkit::Window {
   void ShowInstalling();
   void Download();
   void EndAsCorrupted();
-  /// Whether nothing keeps the update from being installed. If something does, it is on show; if the stage is another
-  /// one by then, it does not matter any more.
+  /// Whether the update can be installed. If not, the reason is shown, unless the stage has changed meanwhile.
   [[nodiscard]] bool IsPossible(Stage stage);
   void AskToQuit();
   void InstallAndQuit();
   void EndWork();
   [[nodiscard]] bool IsAt(Stage stage) const { return CurrentStage == stage && !IsClosed(); }
 
-  std::string mAppName;
-  std::shared_ptr<const toolkit::Picture> mBackgroundImage;
-  // Counts the updates that were shown, so that fetching for one ends when another is chosen.
+  std::string appName_;
+  std::shared_ptr<const toolkit::Picture> backgroundImage_;
+  // The number of updates shown so far, so that fetching for one stops when another is selected.
   unsigned displayed_ = 0;
 };

@@ -16,7 +16,7 @@ void RemoveDownload(const FolderItem& replacement) {
   }
 }
 
-// A script that has failed leaves a link to its replacement in its folder.
+// A failed script leaves a link to its replacement in its folder.
 void RemoveFailedUpdates() {
   for (const FolderItem& folder : toolkit::TemporaryFolders()) {
     std::error_code error;

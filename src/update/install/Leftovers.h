@@ -4,11 +4,11 @@
 
 namespace Kaju {
 
-/// Removes the temporary folder of a download with all that is in it. `replacement` is what was unpacked there; nothing
-/// happens if it lies anywhere else.
+/// Deletes the temporary folder of a download. `replacement` is what was unpacked there; nothing is deleted if it is
+/// anywhere else.
 void RemoveDownload(const toolkit::FolderItem& replacement);
 
-/// Removes what install scripts of this user left that could not do their work.
+/// Deletes what failed install scripts of this user left behind.
 void RemoveFailedUpdates();
 
 }  // namespace Kaju

@@ -18,14 +18,14 @@ namespace {
 
 using Values = std::vector<std::pair<std::string_view, std::string>>;
 
-/// The template with that name, its lines ended by a line feed.
+/// The template with that name, with line feeds as line breaks.
 std::string Template(std::string_view name) {
   const auto bytes = resources::Find(name);
   return toolkit::ReplaceAll({reinterpret_cast<const char*>(bytes.data()), bytes.size()}, "\r\n", "\n");
 }
 
-/// `text` with every placeholder replaced by its value, in one pass: a value that holds a placeholder's text, as the
-/// name of a folder may, stays one quoted word.
+/// Replaces all placeholders by their values in one pass: a value that contains a placeholder, as the name of a folder
+/// may, is not changed.
 std::string Fill(std::string_view text, const Values& values) {
   std::string filled;
   while (!text.empty()) {
@@ -45,7 +45,7 @@ std::string Fill(std::string_view text, const Values& values) {
   return filled;
 }
 
-Values BashValues(const Installation& update, std::string_view newName, const FolderItem& newParent) {
+Values BashValues(const ScriptInput& update, std::string_view newName, const FolderItem& newParent) {
   return {{"@@APP_NAME@@", UpdateInitiater::ShellQuote(update.Executable.Name())},
           {"@@APP_PARENT@@", UpdateInitiater::ShellPathQuote(update.Executable.Parent())},
           {"@@APP_VERSION@@", UpdateInitiater::ShellQuote(update.Version)},
@@ -55,12 +55,12 @@ Values BashValues(const Installation& update, std::string_view newName, const Fo
           {"@@PID_FILE_PATH@@", UpdateInitiater::ShellPathQuote(update.PidFile)}};
 }
 
-/// In a batch file a "%" stands for itself only if it is doubled.
+/// In a batch file a literal "%" must be doubled.
 std::string BatchText(std::string_view text) { return toolkit::ReplaceAll(text, "%", "%%"); }
 
 std::string BatchPath(const FolderItem& item) { return BatchText(UpdateInitiater::ShellPathQuote(item)); }
 
-Values BatchValues(const Installation& update) {
+Values BatchValues(const ScriptInput& update) {
   return {{"@@APP_NAME@@", BatchText(update.Executable.Name())},
           {"@@APP_PARENT@@", BatchPath(update.Executable.Parent())},
           {"@@APP_VERSION@@", BatchText(update.Version)},
@@ -71,35 +71,34 @@ Values BatchValues(const Installation& update) {
           {"@@PID_FILE_PATH@@", BatchPath(update.PidFile)}};
 }
 
-std::vector<std::string> Companions(const Installation& update) {
+std::vector<std::string> Companions(const ScriptInput& update) {
   return UpdateInitiater::GetManifest(update.Replacement, update.ReplacementExecutable);
 }
 
 }  // namespace
 
-std::string MacScript(const Installation& installation) {
-  return Fill(Template("kaju_updater_mac"),
-              BashValues(installation, installation.Replacement.Name(), installation.Replacement.Parent()));
+std::string MacScript(const ScriptInput& input) {
+  return Fill(Template("kaju_updater_mac"), BashValues(input, input.Replacement.Name(), input.Replacement.Parent()));
 }
 
-std::string LinuxScript(const Installation& installation) {
-  const std::vector<std::string> companions = Companions(installation);
-  Values values = BashValues(installation, installation.ReplacementExecutable, installation.Replacement);
+std::string LinuxScript(const ScriptInput& input) {
+  const std::vector<std::string> companions = Companions(input);
+  Values values = BashValues(input, input.ReplacementExecutable, input.Replacement);
   values.emplace_back("@@NEW_APP_OTHER_UB@@", std::to_string(std::ssize(companions) - 1));
   values.emplace_back("@@NEW_APP_OTHER_ARRAY@@", UpdateInitiater::ArrayToShellScript(companions, "NEW_APP_OTHER_NAME"));
   return Fill(Template("kaju_updater_linux"), values);
 }
 
-std::string WindowsScript(const Installation& installation) {
+std::string WindowsScript(const ScriptInput& input) {
   const std::string text = Template("kaju_updater_windows");
   const auto found = toolkit::RegEx("(?sU)REM BEGIN PSEUDO-ARRAY(.+)REM END PSEUDO-ARRAY").Search(text);
   if (!found) throw toolkit::RuntimeException("The install script has no place for the companions.");
   const std::string_view whole = found->SubExpression(0);
   const auto start = static_cast<std::size_t>(whole.data() - text.data());
 
-  Values values = BatchValues(installation);
+  Values values = BatchValues(input);
   std::string script = Fill(std::string_view(text).substr(0, start), values);
-  for (const std::string& name : Companions(installation)) {
+  for (const std::string& name : Companions(input)) {
     Values named = values;
     named.emplace_back("@@OTHER_NAME@@", BatchText(name));
     named.emplace_back("@@OTHER_NAME_WO_SPACES@@", BatchText(toolkit::ReplaceAll(name, " ", "_")));

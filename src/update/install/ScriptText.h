@@ -6,22 +6,22 @@
 
 namespace Kaju {
 
-/// What an install script has to know.
-struct Installation {
+/// The input of an install script.
+struct ScriptInput {
   /// What is replaced: on macOS the application bundle, elsewhere the executable.
   toolkit::FolderItem Executable;
   std::string Version;
-  /// As in UpdateInitiater.
+  /// See UpdateInitiater.
   toolkit::FolderItem Replacement;
   std::string ReplacementExecutable;
   toolkit::FolderItem TempFolder;
   toolkit::FolderItem PidFile;
 };
 
-// The script of each platform, made of its template.
+// Each fills the template of one platform.
 
-[[nodiscard]] std::string MacScript(const Installation& installation);
-[[nodiscard]] std::string LinuxScript(const Installation& installation);
-[[nodiscard]] std::string WindowsScript(const Installation& installation);
+[[nodiscard]] std::string MacScript(const ScriptInput& input);
+[[nodiscard]] std::string LinuxScript(const ScriptInput& input);
+[[nodiscard]] std::string WindowsScript(const ScriptInput& input);
 
 }  // namespace Kaju

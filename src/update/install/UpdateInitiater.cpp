@@ -28,7 +28,7 @@ namespace {
 
 constexpr std::chrono::milliseconds betweenLooks{20};
 
-/// Deletes a file, if one was made, however the work with it ends. Where it stays, the script does nothing.
+/// Deletes a file, if one was created, on every path out of the scope. While the file exists, the script does nothing.
 struct FileOnLoan {
   std::optional<FolderItem> File;
 
@@ -45,7 +45,7 @@ struct FileOnLoan {
 /// Runs the event loop for one second, which the script needs to start before its parent ends.
 void LetScriptStart() {
   const std::int64_t end = toolkit::Ticks() + toolkit::ticksPerSecond;
-  // Without events of its own, the loop would sleep past the end.
+  // Without any events, the loop would sleep longer.
   toolkit::Timer waker;
   waker.Period = betweenLooks;
   waker.Mode(toolkit::Timer::RunMode::Multiple);
@@ -66,7 +66,7 @@ void RunDetached(const FolderItem& script, const std::string& nohup) {
   if (shell.ErrorCode() != 0) throw toolkit::RuntimeException("The install script cannot be started.");
 }
 
-/// The system's number of the error, 0 if there was none.
+/// Returns the errno value, 0 for success.
 int Write(std::string_view text, const FolderItem& file) {
   toolkit::BinaryStream stream(file);
   stream.Write(text);
@@ -78,7 +78,7 @@ std::string Explain(int error) {
   return toolkit::IsDiskFull(error) ? KajuLocale::kDiskFullMessage() : KajuLocale::kScriptNotWrittenMessage();
 }
 
-/// Removes `folder`, once nobody needs it any more.
+/// Deletes the folder at the end of the scope.
 struct FolderOnLoan {
   FolderItem Folder;
 
@@ -88,7 +88,7 @@ struct FolderOnLoan {
   ~FolderOnLoan() { DeleteWholly(Folder); }
 };
 
-/// Whether all in `folder` has room at `place`. On the same disk it needs none.
+/// Whether the content of `folder` fits on the disk of `place`. If that is the same disk, always.
 bool HasRoom(const FolderItem& folder, const FolderItem& place) {
   if (toolkit::AreOnOneDisk(folder, place)) return true;
   std::uintmax_t size = 0;
@@ -128,7 +128,8 @@ std::string UpdateInitiater::WhatPreventsIt() {
   return problem;
 }
 
-// The program is taken from the folder by its name, so it must be there itself or be a link to another file in it.
+// The program is started by its name, so there must be a regular file with that name, or a link to one, inside the
+// folder.
 bool UpdateInitiater::HasExecutable() const {
   if (BuildTarget::Running().Platform == System::Mac) return true;
   const FolderItem named = ReplacementAppFolder->Child(ReplacementExecutableName);
@@ -167,10 +168,10 @@ void UpdateInitiater::RunScript() {
   }
   bool isStarted = false;
   std::optional<FolderItem> tempFolder;
-  FileOnLoan pidFile;  // also while the message stands: the script must not start before the program ends
+  FileOnLoan pidFile;  // also covers the message box: the script must not start before the program ends
   try {
     tempFolder = place_ ? toolkit::MakeTemporaryFolder(*place_) : GetTemporaryFolder();
-    pidFile.File = toolkit::MakeTemporaryFile(*tempFolder);  // where nobody else can keep the script waiting
+    pidFile.File = toolkit::MakeTemporaryFile(*tempFolder);  // where no other user can keep the script waiting
     isStarted = RunScriptOfPlatform(*tempFolder, *pidFile.File);
   } catch (const toolkit::RuntimeException& exception) {
     toolkit::MsgBox("Could not complete update - " + exception.Message());
@@ -227,8 +228,8 @@ std::optional<FolderItem> UpdateInitiater::SaveScript(std::string_view script, c
   return std::nullopt;
 }
 
-Installation UpdateInitiater::About(const FolderItem& exe, const FolderItem& tempFolder,
-                                    const FolderItem& pidFile) const {
+ScriptInput UpdateInitiater::About(const FolderItem& exe, const FolderItem& tempFolder,
+                                   const FolderItem& pidFile) const {
   return {.Executable = exe,
           .Version = GetAppVersionForScript(),
           .Replacement = ReplacementAppFolder.value(),

@@ -7,7 +7,7 @@
 
 namespace Kaju {
 
-/// Shows offers in the update window, which is made when there are some.
+/// Shows offers in the update window, which is created on demand.
 class UpdateWindowPresenter final : public UpdatePresenter {
  public:
   [[nodiscard]] bool IsOpen() const override { return KajuUpdateWindow::IsOpen(); }

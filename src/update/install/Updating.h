@@ -7,14 +7,14 @@
 
 namespace Kaju {
 
-/// Gives the application a prepared update. It is installed when the application ends and nobody else holds it.
+/// Hands a prepared update to the application. It is installed when the application ends and no other owner is left.
 void StartUpdate(std::shared_ptr<UpdateInitiater> initiater);
 
-/// If the arguments of the program say that it was started because an update failed (--kaju-fail): removes what that
-/// left, and tells the user.
+/// If the program's arguments report a failed update (--kaju-fail), deletes its remains and informs the user.
 void TellFailedUpdate(std::span<char* const> arguments);
 
-/// Takes the prepared update back, whoever else holds it. Does nothing if there is none.
+/// Takes the prepared update from the application and cancels it, even if there are other owners. Does nothing if there
+/// is none.
 void CancelUpdate();
 
 }  // namespace Kaju

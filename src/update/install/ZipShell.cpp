@@ -12,7 +12,7 @@ using toolkit::FolderItem;
 namespace Kaju {
 namespace {
 
-// How unzip and zipinfo end.
+// Exit codes of unzip and zipinfo.
 constexpr int warning = 1;
 constexpr int diskFull = 50;
 
@@ -20,7 +20,7 @@ std::string CompressCommand(System system, const FolderItem& source, const Folde
   if (system == System::Mac) {
     return "/usr/bin/ditto -c -k --sequesterRsrc --keepParent " + source.ShellPath() + " " + target.ShellPath();
   }
-  // zip would add to an archive that is there.
+  // zip would add to an existing archive.
   return "unset ZIPOPT; /bin/rm -f " + target.ShellPath() + " && cd " + source.Parent().ShellPath() +
          " && /usr/bin/zip -q -r -y " + target.ShellPath() + " " + toolkit::QuoteForShell("./" + source.Name());
 }
@@ -39,19 +39,19 @@ std::string DecompressCommand(System system, const FolderItem& zipFile, const Fo
 void ZipShell::Compress(const FolderItem& source, const std::optional<FolderItem>& destination) {
   const std::string name = source.Name() + ".zip";
   if (!destination) {
-    ResultFolderItem = source.Parent().Child(name);
+    result_ = source.Parent().Child(name);
   } else {
-    ResultFolderItem = destination->IsFolder() ? destination->Child(name) : *destination;
+    result_ = destination->IsFolder() ? destination->Child(name) : *destination;
   }
-  Execute(CompressCommand(Platform, source, *ResultFolderItem));
-  if (Mode != RunMode::Synchronous) mCurrentOperation = Operation::Compress;
+  Execute(CompressCommand(Platform, source, *result_));
+  if (Mode != RunMode::Synchronous) currentOperation_ = Operation::Compress;
 }
 
 void ZipShell::Decompress(const FolderItem& zipFile, const std::optional<FolderItem>& destination) {
-  ResultFolderItem = destination ? *destination : zipFile.Parent();
-  ZipFile = zipFile;
-  if (Mode != RunMode::Synchronous) mCurrentOperation = Operation::Decompress;
-  Execute(DecompressCommand(Platform, zipFile, *ResultFolderItem));
+  result_ = destination ? *destination : zipFile.Parent();
+  zipFile_ = zipFile;
+  if (Mode != RunMode::Synchronous) currentOperation_ = Operation::Decompress;
+  Execute(DecompressCommand(Platform, zipFile, *result_));
 }
 
 std::string ZipShell::ContentsOf(const FolderItem& zipFile) {
@@ -63,7 +63,7 @@ std::string ZipShell::ContentsOf(const FolderItem& zipFile) {
   return name;
 }
 
-// unzip calls it so for files, but not for folders.
+// unzip returns that code for files, but not for folders.
 bool ZipShell::FoundDiskFull() const {
   return ErrorCode() == diskFull || (ErrorCode() != 0 && Result().find("No space left on device") != std::string::npos);
 }
@@ -72,11 +72,11 @@ void ZipShell::WindowsUnzip(const FolderItem& /*zipFile*/, const FolderItem& /*d
   throw KajuException(KajuException::kErrorImproperFunction(), "Kaju.ZipShell.WindowsUnzip");
 }
 
-// The handlers may start the next operation or destroy this object, so it is idle before they run.
+// The handlers may start the next operation or destroy this object, so the state is reset first.
 void ZipShell::DoCompleted() {
-  const auto result = std::exchange(ResultFolderItem, std::nullopt);
-  const auto zipFile = std::exchange(ZipFile, std::nullopt);
-  const Operation operation = std::exchange(mCurrentOperation, Operation::None);
+  const auto result = std::exchange(result_, std::nullopt);
+  const auto zipFile = std::exchange(zipFile_, std::nullopt);
+  const Operation operation = std::exchange(currentOperation_, Operation::None);
   if (ErrorCode() != 0) {
     Error();
   } else if (operation == Operation::Compress) {

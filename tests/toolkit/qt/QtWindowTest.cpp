@@ -111,7 +111,9 @@ TEST_F(Form, ReturnAndEscapePressTheirButtonsWhereverTheKeyboardIs) {
 
 TEST_F(Form, AMenuOffersItsRowsAsTheyAreAndTellsWhatTheUserChooses) {
   auto& view = Find<QComboBox>("menu");
-  for (int row = 0; row < 50; ++row) model->Menu.AddRow(row == 1 ? "<b>1 & 2</b>\n3" : std::string(200'000, 'w'));
+  for (int row = 0; row < 50; ++row) {
+    model->Menu.AddRows({{.Text = row == 1 ? "<b>1 & 2</b>\n3" : std::string(200'000, 'w'), .Tag = {}}});
+  }
   model->Menu.ListIndex(0);
   ASSERT_TRUE(Until([&] { return view.count() == 50 && view.currentIndex() == 0; }));
   EXPECT_EQ(view.itemText(1).toStdString(), "<b>1 & 2</b>␊3");

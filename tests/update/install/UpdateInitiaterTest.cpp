@@ -48,7 +48,7 @@ struct UpdateInitiaterTest : testing::Test {
     return static_cast<int>(std::ranges::count_if(
         folders[0].Children(), [](const FolderItem& item) { return item.Name().starts_with("hand-run-"); }));
   }
-  [[nodiscard]] Kaju::Installation Installation(const char* executable, const char* name) const {
+  [[nodiscard]] Kaju::ScriptInput Installation(const char* executable, const char* name) const {
     return {.Executable = FolderItem(executable),
             .Version = "1.2.3_64-bit",
             .Replacement = replacement,

@@ -1,17 +1,17 @@
 #!/bin/bash -p
-# Puts a new version of a program in the place of the old one, once that has ended, and starts it.
+# Replaces a program by a new version once it has ended, and starts the new one.
 #
-# Killed at any moment, it leaves a program that starts. A file keeps its path until the new one takes it in one
-# rename(2); the old one has a second name by then, a hard link or else a copy. A folder cannot be renamed over another
-# one, so both change places at once by renameat2(2), for which Perl is asked. Only where that does not work, two
-# renames are made, and between them the path is empty; the next update puts back what was left so.
+# If it is killed at any moment, a program that starts is left. A file is replaced by one rename(2), after the old one
+# was given a second name, by a hard link or else a copy. A folder cannot be renamed over another one, so both are
+# exchanged atomically by renameat2(2), which Perl calls. Only where that fails are two renames used, between which the
+# path does not exist; the next update restores what was left in that state.
 {
 set +o posix
 exec </dev/null >/dev/null 2>&1
 trap '' HUP INT
 shopt -s dotglob nullglob
 
-# The user's environment is for the program alone. A subscript in a name would be evaluated, so that is left out.
+# Only the program gets the user's environment. Names with a subscript are omitted, since Bash would evaluate it.
 mapfile -d '' -t </proc/self/environ
 set -- "${MAPFILE[@]}"
 for entry; do
@@ -29,28 +29,28 @@ PID_FILE=@@PID_FILE_PATH@@
 NEW_APP_OTHER_UB=@@NEW_APP_OTHER_UB@@
 NEW_APP_OTHER_NAME=()
 @@NEW_APP_OTHER_ARRAY@@
-# As the old program had it; what started this script is without some of it.
+# The environment of the old program; that of this script lacks some variables.
 mapfile -d '' -t user_environment <"$TEMP_FOLDER_PATH/environment" || user_environment=("$@")
 rm -f -- "$TEMP_FOLDER_PATH/environment"
 APP_PATH=$APP_PARENT/$APP_NAME
 NEW_APP_PATH=$APP_PARENT/$NEW_APP_NAME
 
-# Companions come before the executable: the old one starts with new companions as well.
+# Companions are replaced before the executable: the old one also starts with new companions.
 items=("${NEW_APP_OTHER_NAME[@]:0:NEW_APP_OTHER_UB + 1}" "$NEW_APP_NAME")
-# Where the old item stands that an item took the place of; empty where there was none.
+# The path of the old item that each item has replaced; empty if there was none.
 aside=()
-# Where new items wait, and old ones until all is done: in the same folder, so on the same file system.
+# Holds new items before, and old ones after they are replaced: in the same folder, so on the same file system.
 stage=
 log_is_stuck=0
 
-# Nobody may be there to take the line, or to take it in time.
+# The system log may be missing or slow.
 log_cmd() {
   [[ -S /dev/log ]] && ((!log_is_stuck)) || return
   timeout 2 logger -t 'Kaju Update Script' -- "$*"
   (($? != 124)) || log_is_stuck=1
 }
 
-# Runs a command that the update depends on; its complaint goes to the log.
+# Runs a command that the update depends on; its error message is logged.
 attempt() {
   local complaint
   complaint=$("$@" 2>&1) && return
@@ -62,14 +62,14 @@ exists() { [[ -e $1 || -L $1 ]]; }
 is_folder() { [[ -d $1 && ! -L $1 ]]; }
 
 # shellcheck disable=SC2317  # called by attempt
-# Gives a file or tree a second name, or makes a copy where the file system has no hard links or is another one.
+# Creates hard links to a file or tree, or copies it if the file system has no hard links or is another one.
 clone() { # from, to
   cp -al -T -- "$1" "$2" 2>/dev/null && return
   rm -rf -- "$2"
   cp -a -T -- "$1" "$2"
 }
 
-# Lets two paths change places; fails where Perl, the kernel or the file system cannot.
+# Exchanges two paths; fails if Perl, the kernel or the file system does not support it.
 exchange() {
   # shellcheck disable=SC2016  # Perl's own variables
   perl -MConfig -e '
@@ -78,8 +78,8 @@ exchange() {
     exit(syscall($number, -100, $ARGV[0], -100, $ARGV[1], 2) != 0);' -- "$1" "$2"
 }
 
-# Starts a program as the user would: with the user's environment, without what this script has open or ignores. For
-# env, a path with "=" in it would be a variable.
+# Starts a program as the user would: with the user's environment, and without this script's open files and ignored
+# signals. Not by env, which takes a path with "=" for a variable.
 start() { # program, arguments
   local fd environment=(env --default-signal -i -- "${user_environment[@]}")
   log_cmd "Starting $*"
@@ -127,7 +127,7 @@ put_back() { # index of the item
   fi
 }
 
-# The end of an update that cannot be: everything as it was, and the old program runs again.
+# Ends a failed update: restores everything and starts the old program.
 give_up() { # reason
   local i lost=0
   log_cmd "$1"
@@ -136,7 +136,7 @@ give_up() { # reason
     [[ ! -v aside[i] ]] || put_back "$i" || lost=1
   done
   ((lost)) || rm -rf -- "$stage"
-  # By this the old program knows what it is to take away.
+  # Tells the old program what to delete.
   ln -sfn -- "$NEW_APP_PARENT" "$TEMP_FOLDER_PATH/failed"
   start "$APP_PATH" --kaju-fail
   exit 1
@@ -154,8 +154,8 @@ wait_for_app() {
   done
 }
 
-# One update of a folder at a time. The lock goes with the last process that holds it, so nothing stays of a killed
-# one but its stage, which is cleared away. Where folders cannot be locked, stages are left alone.
+# Only one update of a folder at a time. The lock ends with the last process that holds it, so a killed one leaves only
+# its stage, which is deleted here. Where folders cannot be locked, stages are not touched.
 lock_folder() {
   local lock status old
   exec {lock}<"$APP_PARENT/"
@@ -169,7 +169,7 @@ lock_folder() {
   rm -rf -- "$APP_PARENT"/.kaju_updater.*
 }
 
-# All that can run out of space or rights comes before the first item is replaced.
+# Whatever can fail for lack of space or permissions is done before the first item is replaced.
 stage_items() {
   local item
   stage=$APP_PARENT/.kaju_updater.$$.$RANDOM
@@ -181,7 +181,7 @@ stage_items() {
   [[ -f $item ]] && { [[ -x $item ]] || attempt chmod a+x -- "$item"; } && attempt sync -f -- "$stage"
 }
 
-# Under another name the new executable did not take the old one's path. On some file systems the two are the same.
+# A new executable with another name has not replaced the old one. On some file systems the two names are the same file.
 remove_old_executable() {
   local item
   for item in "${items[@]}"; do

@@ -20,7 +20,7 @@ readonly false=0
 APP_PATH=$APP_PARENT/$APP_NAME
 NEW_APP_PATH=$NEW_APP_PARENT/$NEW_APP_NAME
 
-# The old program stays under this name until the new one stands
+# The old program keeps this name until the new one is in place
 RENAMED_APP_NAME=`echo "$APP_NAME" | /usr/bin/sed -E s/\.[aA][pP]{2}//`-`date +%Y%m%d%H%M%S`.app
 RENAMED_APP_PATH=$APP_PARENT/$RENAMED_APP_NAME
 
@@ -53,7 +53,7 @@ else
   PROCEED=0
 fi
 
-# Move the new one in or the old one back
+# Move the new one in, or the old one back
 if [ $PROCEED == $true ]
 then
   log_cmd "Moving new application $NEW_APP_PATH to folder $APP_PARENT"

@@ -1,11 +1,11 @@
 @echo off
-REM Puts a new version of a program in the place of the old one, once that has ended, and starts it.
-REM All copying comes first; then each item takes two renames, and the old one is kept until all is done.
-REM Values stand in quotation marks wherever they are used, and without delayed expansion: so they stay as they are.
+REM Replaces a program by a new version once it has ended, and starts the new one.
+REM Everything is copied first; then each item needs two renames, and the old one is kept until all are done.
+REM Values are always quoted, and used without delayed expansion, so that they are not interpreted.
 setlocal EnableExtensions DisableDelayedExpansion
 chcp 65001 >nul
 
-REM Paths come as words of a POSIX shell, names as they are. A percent sign is doubled in both.
+REM Paths are quoted as for a POSIX shell, names are not. A percent sign is doubled in both.
 set "APP_NAME=@@APP_NAME@@"
 set "APP_PARENT=@@APP_PARENT@@"
 set "APP_VERSION=@@APP_VERSION@@"
@@ -15,7 +15,7 @@ set "TEMP_FOLDER=@@TEMP_FOLDER@@"
 set "DECOMPRESSED_FOLDER=@@DECOMPRESSED_FOLDER@@"
 set "PID_FILE=@@PID_FILE_PATH@@"
 
-REM Take the outer quotes away, and turn the quotes that stand in a path back.
+REM Remove the outer quotes, and unescape the quotes inside a path.
 set "APP_PARENT=%APP_PARENT:~1,-1%"
 set "NEW_APP_PARENT=%NEW_APP_PARENT:~1,-1%"
 set "TEMP_FOLDER=%TEMP_FOLDER:~1,-1%"
@@ -68,7 +68,7 @@ start "" "%NEW_APP_PATH%" --kaju-success "%APP_VERSION%"
 set "LINE=Removing temp folder"
 call :log
 rmdir /s /q "%DECOMPRESSED_FOLDER%"
-REM The folder holds this very file, so nothing after this line is read.
+REM The folder contains this file, so nothing after this line is read.
 rmdir /s /q "%TEMP_FOLDER%" & exit 0
 
 :restore
@@ -82,7 +82,7 @@ if not defined LOST rmdir /s /q "%STAGE%"
 start "" "%APP_PATH%" --kaju-fail
 exit /b 1
 
-REM Calls a label for each item: NAME is what to move in, KEEP its name while it waits. The executable comes last.
+REM Calls a label for each item: NAME is the item, KEEP its name before it is moved in. The executable is the last.
 :each
 set INDEX=0
 REM BEGIN PSEUDO-ARRAY
@@ -97,7 +97,7 @@ set "KEEP=%INDEX%-executable"
 call :%1
 exit /b
 
-REM The folder may be on another drive than the download, and there "move" takes no folders.
+REM The folder may be on another drive than the download, and "move" cannot move folders between drives.
 :copy_item
 if defined FAILED exit /b
 set "FROM=%NEW_APP_PARENT%\%NAME%"
@@ -122,7 +122,7 @@ if not exist "%AT%" move "%STAGE%\new\%KEEP%" "%AT%" >nul 2>>"%LOG%"
 if exist "%STAGE%\new\%KEEP%" set FAILED=1
 exit /b
 
-REM An item whose new version still waits was not put in.
+REM An item whose new version was not moved in keeps the old one.
 :put_back
 if %INDEX% gtr %TOUCHED% exit /b
 set "AT=%APP_PARENT%\%NAME%"
@@ -131,7 +131,7 @@ if exist "%STAGE%\old\%KEEP%" move "%STAGE%\old\%KEEP%" "%AT%" >nul 2>>"%LOG%"
 if exist "%STAGE%\old\%KEEP%" set LOST=1
 exit /b
 
-REM An executable of another name leaves the old one where it was, unless a companion has taken its place.
+REM A new executable with another name has not replaced the old one, unless a companion has.
 :find_old
 if /i "%NAME%"=="%APP_NAME%" set REPLACED=1
 exit /b

@@ -1,22 +1,22 @@
-# Unpacks a zip archive into a folder. Arguments: the archive, the folder, which may be missing, and the unzip that the
-# program brings for systems without one. The status is 0 only if all of it was unpacked and nothing in it is more than
-# files, folders, and links that stay in the folder. For Bash.
+# Unpacks a zip archive into a folder. Arguments: the archive, the folder, which may not exist, and the program's own
+# unzip for systems without one. The exit status is 0 only if everything was unpacked and consists of files, folders, and
+# links that stay in the folder. For Bash.
 set -euo pipefail
 set +o posix
 export LC_ALL=C.UTF-8
 unset UNZIP UNZIPOPT ZIPINFO ZIPINFOOPT
-# What no update needs: five minutes of computing, 1 GB of memory. Each tool has its own.
+# No update needs more, per tool: five minutes of computing, 1 GB of memory.
 ulimit -t 300 -v 1000000
 folder=$2
 unzip=/usr/bin/unzip
 [[ -x $unzip ]] || unzip=$3
-# By number, since unzip would take a name with brackets for a pattern.
+# As a descriptor, since unzip would take a name with brackets for a pattern.
 exec 3<"$1"
 archive=/proc/self/fd/3
 
-# The archive's list has a line for each entry, with unprintable characters escaped, between two lines and one about the
-# archive itself: type and permissions, version, system, size, kind (in capitals if it is encrypted), method, date, time
-# and name. Prints the size of the largest file.
+# Checks the archive's listing: after two lines and before one about the archive itself, a line for each entry with
+# unprintable characters escaped: type and permissions, version, system, size, kind (in capitals if it is encrypted),
+# method, date, time and name. Prints the size of the largest file.
 check_list() {
   /usr/bin/awk '
     function refuse(why) { print why ": " name > "/dev/stderr"; refused = 1; exit 1 }
@@ -48,7 +48,7 @@ check_list() {
     }'
 }
 
-# Whether a link leads to a place in the folder, by the texts of all links. A name that is missing counts as a folder.
+# Whether a link leads to a path in the folder, given the targets of all links. A missing name counts as a folder.
 stays_inside() { # the link
   local left=$1 at='' part link steps=0
   while [[ -n $left ]]; do
@@ -70,11 +70,11 @@ stays_inside() { # the link
 }
 
 largest=$("$unzip" -Z -s "$archive" | check_list)
-# An entry that is larger than the list says ends the work.
+# An entry that is larger than listed makes unzip fail.
 ulimit -f $((largest / 1024 + 1))
 "$unzip" -q -o -^ "$archive" -d "$folder" </dev/null >&2
 
-# A folder that its owner may not change could be neither moved to the program nor removed.
+# A folder without write permission could be neither moved to the program nor deleted.
 root=$(/usr/bin/realpath "$folder")
 /usr/bin/find "$root" -type d ! -perm -700 -exec /bin/chmod u+rwx {} \;
 

@@ -1,10 +1,11 @@
-// The part of the update window that carries an update from the press of the install button to the end of the program.
+// The part of KajuUpdateWindow from the press of the install button to the end of the program.
 
 #include <algorithm>
 #include <limits>
 
 #include "toolkit/Application.h"
 #include "toolkit/BinaryStream.h"
+#include "toolkit/HTTPStatus.h"
 #include "toolkit/Platform.h"
 #include "toolkit/RuntimeException.h"
 #include "toolkit/Text.h"
@@ -14,13 +15,13 @@
 #include "update/install/KajuUpdateWindow.h"
 #include "update/install/Updating.h"
 
+namespace HTTPStatus = toolkit::HTTPStatus;
 using toolkit::FolderItem;
 using toolkit::Timer;
 
 namespace {
 
-constexpr int ok = 200;
-// The bar's largest value, roughly.
+// The approximate largest value of the bar.
 constexpr std::int64_t progressSteps = 1000;
 
 }  // namespace
@@ -78,10 +79,11 @@ void KajuUpdateWindow::Download() {
   tmrTimeout.Mode(Timer::RunMode::Single);
 }
 
-// Only the file itself is meant, not what a server says in its place.
+// Other statuses have a body of their own, whose length means nothing.
 void KajuUpdateWindow::hsSocket_HeadersReceived(int httpStatus, std::int64_t totalBytes) {
   const auto& size = SelectedBinary->Size;
-  if (httpStatus == ok && size && totalBytes >= 0 && static_cast<std::uint64_t>(totalBytes) != *size) EndAsCorrupted();
+  if (httpStatus == HTTPStatus::ok && size && totalBytes >= 0 && static_cast<std::uint64_t>(totalBytes) != *size)
+    EndAsCorrupted();
 }
 
 void KajuUpdateWindow::EndAsCorrupted() {
@@ -93,7 +95,7 @@ void KajuUpdateWindow::EndAsCorrupted() {
 void KajuUpdateWindow::hsSocket_ReceiveProgress(std::int64_t bytesReceived, std::int64_t totalBytes) {
   if (CurrentStage == Stage::Cancelled) return;
   const auto& size = SelectedBinary->Size;
-  if (hsSocket.HTTPStatusCode() == ok && size && static_cast<std::uint64_t>(bytesReceived) > *size) {
+  if (hsSocket.HTTPStatusCode() == HTTPStatus::ok && size && static_cast<std::uint64_t>(bytesReceived) > *size) {
     return EndAsCorrupted();
   }
   const std::int64_t divisor = std::max<std::int64_t>(totalBytes / progressSteps, 1);
@@ -106,8 +108,8 @@ void KajuUpdateWindow::hsSocket_DownloadComplete(int httpStatus, const FolderIte
   if (CurrentStage == Stage::Cancelled) return;
   pbProgress.Maximum(-1).Value(0);
   tmrTimeout.Mode(Timer::RunMode::Off);
-  if (httpStatus != ok) return ShowError("");
-  const FolderItem archive(file.Path());  // the socket may forget its file while the hash is computed
+  if (httpStatus != HTTPStatus::ok) return ShowError("");
+  const FolderItem archive(file.Path());  // the socket may drop its file while the digest is computed
   const auto verdict = Kaju::VerifyFile(archive, *SelectedBinary, [this] { return IsAt(Stage::Installing); });
   if (!IsAt(Stage::Installing)) return;
   if (verdict == Kaju::FileVerdict::Uncheckable) return ShowError(KajuLocale::kNoMD5Message());
@@ -166,8 +168,8 @@ void KajuUpdateWindow::shZipper_Error() {
   if (CurrentStage != Stage::Cancelled) ShowError(shZipper.FoundDiskFull() ? KajuLocale::kDiskFullMessage() : "");
 }
 
-// What has gone since the update was ready is told while the program still runs. The other windows come to the front,
-// each in its turn, so that the user sees what is about to be closed.
+// Checks once more while errors can still be shown. Then brings the other windows to the front, each in turn, so that
+// the user sees what will be closed.
 void KajuUpdateWindow::InstallAndQuit() {
   btnOK.Enabled(false);
   if (!IsPossible(Stage::AskingToQuit)) return;

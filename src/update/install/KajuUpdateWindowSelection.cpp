@@ -1,4 +1,4 @@
-// The part of the update window that shows the offers and asks the user about them.
+// The part of KajuUpdateWindow that shows the offers and asks the user about them.
 
 #include <algorithm>
 #include <functional>
@@ -21,7 +21,7 @@ namespace {
 constexpr double percentOfFading = 50;
 constexpr std::size_t versionsBetweenBreaks = 1000;
 
-/// Serves the event loop while it reads the versions of many offers.
+/// Runs due events while it parses the versions of many offers.
 Kaju::Offers NewestFirst(Kaju::Offers offers) {
   using Ranked = std::pair<double, Kaju::Offers::value_type>;
   std::vector<Ranked> ranked;
@@ -64,8 +64,7 @@ void KajuUpdateWindow::pumUpdates_Change() {
   }
 }
 
-// The texts are there at once; picture and notes may have to be fetched, and come if the update is still the chosen
-// one.
+// The texts are shown at once; picture and notes may have to be fetched, and are shown if the update is still selected.
 void KajuUpdateWindow::DisplayVersionInfo(const Kaju::UpdateInformation& info) {
   const auto wanted = [this, turn = ++displayed_] { return IsAt(Stage::ChoosingUpdate) && turn == displayed_; };
   DisplayTexts(info);
@@ -97,7 +96,7 @@ bool KajuUpdateWindow::hvNotes_CancelLoad(const std::string& /*url*/) { return !
 
 toolkit::HTMLViewer* KajuUpdateWindow::hvNotes_NewWindow() { return &hvNewWindow; }
 
-// What goes to the desktop could start any program there.
+// Any other scheme could make the desktop start a program.
 bool KajuUpdateWindow::hvNewWindow_CancelLoad(const std::string& url) {
   if (toolkit::IsForBrowser(url)) toolkit::ShowURL(url);
   return true;

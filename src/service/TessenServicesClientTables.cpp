@@ -1,4 +1,4 @@
-// Service tables: the two operations of TessenServicesClient that read them.
+// The operations of TessenServicesClient that read service tables.
 
 #include <algorithm>
 #include <array>
@@ -13,8 +13,8 @@ namespace json = boost::json;
 
 namespace {
 
-/// The row of that number. Members mostly stand in the order of their numbers, so the place of that number is tried
-/// before the row is looked up.
+/// The row with that number. Members usually are in the order of their numbers, so that position is tried before the
+/// look-up.
 const json::array& RowOf(const json::object& table, std::size_t number) {
   std::array<char, 24> digits{};
   const auto* end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;

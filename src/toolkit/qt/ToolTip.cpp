@@ -1,0 +1,21 @@
+#include "toolkit/qt/ToolTip.h"
+
+#include <QToolTip>
+
+#include "toolkit/qt/DisplayText.h"
+#include "toolkit/qt/QtText.h"
+
+namespace toolkit::qt {
+namespace {
+
+constexpr std::size_t longestToolTip = 2000;
+
+}  // namespace
+
+// Qt guesses whether a text is markup. Escaped and in a paragraph, it always is.
+void ShowToolTip(const QPoint& position, std::string_view text, QWidget& view) {
+  const QString shown = ToQt(FirstCharacters(text, longestToolTip)).remove('\r').toHtmlEscaped();
+  QToolTip::showText(position, "<p>" + QString(shown).replace('\n', "<br>") + "</p>", &view);
+}
+
+}  // namespace toolkit::qt
