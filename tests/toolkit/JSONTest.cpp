@@ -4,7 +4,7 @@
 #include "toolkit/RuntimeException.h"
 
 // Whatever a piece ends in the middle of, a number, an escape or a character, the values are those of the whole text.
-TEST(JSON, IsReadInPiecesAsIfItWereWhole) {
+TEST(JSON, IsReadInPiecesAsIfWhole) {
   constexpr std::size_t piece = 1'000'000;
   const std::string element =
       R"({"k\u00e9y":["ü😀\ud83d\ude80\n",-1.2345678901234567e-5,0.1,18446744073709551615,true,null]})";

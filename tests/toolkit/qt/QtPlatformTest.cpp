@@ -54,7 +54,7 @@ struct Program : Desktop {
   std::shared_ptr<OtherWindow> other = std::make_shared<OtherWindow>();
 };
 
-TEST_F(Program, ABoxShowsAnyTextAsItIsWithinTheScreenAndAnyWayOfClosingClosesIt) {
+TEST_F(Program, ABoxShowsAnyTextWithinTheScreen) {
   const std::pair<std::string, std::function<void(QDialog&)>> rows[] = {
       {"", [](QDialog& box) { QTest::keyClick(box.windowHandle(), Qt::Key_Escape); }},
       {"<b>no</b> &amp; <img>\nnext\tline", [](QDialog& box) { QTest::keyClick(box.windowHandle(), Qt::Key_Space); }},
@@ -74,7 +74,7 @@ TEST_F(Program, ABoxShowsAnyTextAsItIsWithinTheScreenAndAnyWayOfClosingClosesIt)
 }
 
 // A window whose handler waits must be seen first, and live on while it waits.
-TEST_F(Program, AWindowIsOpenOnceItHasBeenPaintedAndStaysAliveWhileItsHandlerWaits) {
+TEST_F(Program, AWindowIsOpenOncePaintedAndLivesOn) {
   const auto late = std::make_shared<ButtonWindow>();
   const PaintWatch watch(window);
   bool isPainted = false;
@@ -87,16 +87,13 @@ TEST_F(Program, AWindowIsOpenOnceItHasBeenPaintedAndStaysAliveWhileItsHandlerWai
   };
   late->Show();
   EXPECT_EQ(opened, 0);
-  QTimer::singleShot(50, [&] {
-    late->Close();
-    mayGoOn = true;
-  });
+  QTimer::singleShot(50, [&] { late->Close(), mayGoOn = true; });
   EXPECT_TRUE(Until([&] { return mayGoOn; }));
   EXPECT_EQ(opened, 1);
   EXPECT_TRUE(isPainted);
 }
 
-TEST_F(Program, WhileABoxStandsNothingElseStartsAndAllOfItComesAfterwardsInItsOrder) {
+TEST_F(Program, WhatHappensUnderABoxComesAfterwardsInOrder) {
   const FaultServer server({{{test_servers::Reply(200, "{}")}}});
   std::vector<std::string> log;
   TessenServicesClient reload;
@@ -113,7 +110,6 @@ TEST_F(Program, WhileABoxStandsNothingElseStartsAndAllOfItComesAfterwardsInItsOr
       stop.Send("GET", server.URL());
       EXPECT_TRUE(Until([&] { return server.Answered() == 2; }));
       QTest::qWait(50);
-      timer.Period = std::chrono::milliseconds(0);
       timer.Mode(toolkit::Timer::RunMode::Single);
       QTest::qWait(20);
       process = platform.StartProcess("true", [&](const toolkit::ProcessEnd&) { log.emplace_back("process"); });
@@ -124,6 +120,7 @@ TEST_F(Program, WhileABoxStandsNothingElseStartsAndAllOfItComesAfterwardsInItsOr
     EXPECT_EQ(log.size(), reader.Texts.size() - 1) << "something has started";
     box.accept();
   });
+  timer.Period = std::chrono::milliseconds(0);
   EXPECT_TRUE(Until([&] { return log.size() == 5; }));
   EXPECT_THAT(log, ElementsAre("reload", "stop", "timer", "process", "open"));
   EXPECT_THAT(reader.Texts, ElementsAre("reload", "stop"));
@@ -131,17 +128,20 @@ TEST_F(Program, WhileABoxStandsNothingElseStartsAndAllOfItComesAfterwardsInItsOr
 }
 
 // As an assistive technology acts, which does not ask whether the window is blocked.
-TEST_F(Program, WhatTheUserDoesBesideABoxIsRefusedAndWhatHeDoesInItIsNot) {
+TEST_F(Program, UnderABoxTimersStandStillAndActsAreRefused) {
   int presses = 0;
   model->Button.Action = [&] { ++presses; };
+  bool hasExpired = false;
+  toolkit::Timer timer;
+  timer.Period = std::chrono::milliseconds(500);
+  timer.Action = [&] { hasExpired = true; };
+  timer.Mode(toolkit::Timer::RunMode::Single);
   auto& tabs = Find<QTabWidget>("tabs");
-  const auto act = [&] {
-    Find<QPushButton>("button").click();
-    tabs.setCurrentIndex(1);
-  };
+  const auto act = [&] { Find<QPushButton>("button").click(), tabs.setCurrentIndex(1); };
   const BoxReader reader([&](QDialog& box) {
     act();
     window.close();
+    QTest::qWait(600);
     box.findChild<QPushButton*>()->click();
   });
   MsgBox("stands");
@@ -149,22 +149,11 @@ TEST_F(Program, WhatTheUserDoesBesideABoxIsRefusedAndWhatHeDoesInItIsNot) {
   EXPECT_EQ(model->Tabs.Value(), 1);
   EXPECT_EQ(tabs.currentIndex(), 0);
   EXPECT_FALSE(model->IsClosed());
-  QTest::qWait(20);
+  QTest::qWait(100);
+  EXPECT_FALSE(hasExpired);
   act();
   EXPECT_EQ(presses, 1);
   EXPECT_EQ(model->Tabs.Value(), 2);
-}
-
-TEST_F(Program, ATimerStandsStillWhileABoxDoes) {
-  toolkit::Timer timer;
-  timer.Period = std::chrono::milliseconds(500);
-  bool hasExpired = false;
-  timer.Action = [&] { hasExpired = true; };
-  timer.Mode(toolkit::Timer::RunMode::Single);
-  const BoxReader reader([](QDialog& box) { QTest::qWait(600), box.accept(); });
-  MsgBox("stands");
-  QTest::qWait(100);
-  EXPECT_FALSE(hasExpired);
   EXPECT_TRUE(Until([&] { return hasExpired; }));
 }
 
@@ -205,7 +194,7 @@ TEST_F(Program, TheLoopEndsWithTheLastWindowAndNotBefore) {
   EXPECT_TRUE(wentOn);
 }
 
-TEST_F(Program, TheEndOfTheProgramEndsEveryWaitAndTheBoxThatStands) {
+TEST_F(Program, TheEndOfTheProgramEndsWaitsAndBoxes) {
   for (const bool isSession : {false, true}) {
     other->Show();
     BoxReader reader([&](QDialog&) { isSession ? QCoreApplication::quit() : platform.Quit(3); });
