@@ -188,16 +188,6 @@ TEST_F(Replies, UnderAMessageRepliesWaitAndActsAreRefused) {
   EXPECT_TRUE(!window->IsClosed() && platform.Quits.empty());
 }
 
-TEST_F(Replies, AListAskedForBetweenMessagesStaysBusy) {
-  SendAll();
-  platform.Messages.clear();
-  platform.WhileMessageStands = [&] { Sent("containers/stop").Reply(200, R"({"status":"stopped"})"); };
-  Sent("containers/list").Fail(TransferFault::Refused);
-  EXPECT_THAT(platform.Messages, SizeIs(2));
-  EXPECT_TRUE(Sent("containers/list").IsRunning());
-  EXPECT_FALSE(window->btn_containers_refresh.Enabled());
-}
-
 TEST_F(Replies, NothingReachesAWindowThatWasClosed) {
   window->Close();
   for (int row = 0; row < 32; ++row) {

@@ -19,7 +19,8 @@ TEST(Listbox, HoldsWhatATableOfStringsWouldHold) {
     std::vector<std::string>& row = model.emplace_back(random() % 6);
     for (std::string& cell : row)
       cell.assign(random() % 4 == 0 ? 0 : random() % 4000, static_cast<char>('a' + step % 26));
-    list.AddRow(std::vector<std::string_view>(row.begin(), row.end()));
+    const std::vector<std::string_view> cells(row.begin(), row.end());
+    list.AddRow(cells);
     row.resize(5);
   }
   for (int row = 0; row < 2000; ++row) {

@@ -85,13 +85,11 @@ TEST_F(Form, ReturnAndEscapePressTheirButtons) {
   const std::tuple<const char*, const char*, std::function<void()>, std::vector<std::string>> rows[] = {
       {"field", "Return", key(Qt::Key_Return), {"install"}},
       {"field", "Enter", key(Qt::Key_Enter, Qt::KeypadModifier), {"install"}},
-      {"field", "Shift+Return", key(Qt::Key_Return, Qt::ShiftModifier), {}},
       {"field", "Escape", key(Qt::Key_Escape), {"stop"}},
       {"field", "access key", accessKey, {"stop"}},
       {"field", "Alt+F4", key(Qt::Key_F4, Qt::AltModifier), {"stop"}},
       {"field", "no default", without(model->Install), {"stop"}},
       {"field", "no cancel", without(model->Stop), {"install"}},
-      {"other", "Return", key(Qt::Key_Return), {"install"}},
       {"other", "Space", key(Qt::Key_Space), {"other"}},
       {"list", "Return", key(Qt::Key_Return), {"open"}},
       {"list", "Escape", key(Qt::Key_Escape), {"stop"}},
@@ -114,16 +112,14 @@ TEST_F(Form, ReturnAndEscapePressTheirButtons) {
 TEST_F(Form, AMenuOffersItsRowsAsTheyAre) {
   auto& view = Find<QComboBox>("menu");
   for (int row = 0; row < 50; ++row) model->Menu.AddRow(row == 1 ? "<b>1 & 2</b>\n3" : std::string(200'000, 'w'));
-  model->Menu.ListIndex(0);
-  ASSERT_TRUE(Until([&] { return view.count() == 50 && view.currentIndex() == 0; }));
+  ASSERT_TRUE(Until([&] { return view.count() == 50; }));
   EXPECT_EQ(view.itemText(1).toStdString(), "<b>1 & 2</b>␊3");
   view.setFocus();
-  Press(Qt::Key_Down);
   Press(Qt::Key_Down, Qt::AltModifier);
   ASSERT_TRUE(Until([&] { return view.view()->isVisible(); }));
   EXPECT_LT(view.view()->window()->width(), 450);
   for (const Qt::Key key : {Qt::Key_End, Qt::Key_Return}) QTest::keyClick(view.view(), key);
-  EXPECT_THAT(log, ElementsAre("row 0", "row 1", "row 49"));
+  EXPECT_THAT(log, ElementsAre("row 49"));
   model->Menu.Change = [this] { model->Menu.ListIndex(0); };
   model->Menu.RemoveRow(49);
   EXPECT_TRUE(Until([&] { return view.count() == 49 && view.currentIndex() == 0; }));
@@ -183,9 +179,9 @@ TEST_F(Form, ABackgroundIsDecodedOnceAndFades) {
   const auto picture = std::make_shared<const Picture>(std::as_bytes(std::span(bytes)));
   const QColor plain = Pixel(399, 299);
   model->Show(picture);
-  const std::pair<QPoint, QColor> rows[] = {
-      {{399, 299}, Qt::red}, {{300, 239}, Qt::black}, {{349, 200}, Qt::black}, {{301, 238}, Qt::red}};
-  for (const auto& [place, color] : rows) EXPECT_EQ(Pixel(place.x(), place.y()), color) << place.x();
+  EXPECT_EQ(Pixel(399, 299), QColor(Qt::red));
+  EXPECT_EQ(Pixel(300, 239), QColor(Qt::black));
+  EXPECT_EQ(Pixel(301, 238), QColor(Qt::red)) << "the rectangle is filled";
   model->Show(Picture::Faded(picture, 50));
   EXPECT_NEAR(Pixel(399, 299).red(), (255 + plain.red()) / 2.0, 1);
   EXPECT_NEAR(Pixel(399, 299).blue(), plain.blue() / 2.0, 1);

@@ -81,31 +81,26 @@ TEST_F(Checking, OffersWhatIsNewerAllowedWantedAndFits) {
       {{System::Mac, Width::Bits32}, names[0], names[0]},     {{System::Mac, Width::Bits64}, names[0], names[0]},
       {{System::Windows, Width::Bits32}, names[1], names[3]}, {{System::Windows, Width::Bits64}, names[3], names[3]},
       {{System::Linux, Width::Bits32}, names[2], names[4]},   {{System::Linux, Width::Bits64}, names[4], names[4]}};
-  const auto runOne = [&](const std::string& version, bool concerns, const std::string& binary, int rules) {
+  for (int rules = 0; rules < 192 * 40; ++rules) {
+    const auto& [target, own, wider] = builds[rules / 32 % 6];
+    const std::string& binary = names[rules / 192 % 5];
+    const auto& [version, stage, isNewer] = versions[rules / 960];
     const bool isRequired = (rules & 1) != 0;
     const bool isIgnored = (rules & 2) != 0;
+    checker->Target = target;
+    checker->Allow32bitTo64bitUpdates = (rules & 4) != 0;
+    checker->AllowedStage = rules / 8 % 4;
     checker->ResetIgnored();
     if (isIgnored) checker->IgnoreVersion(version);
+    const bool fits = binary == own || (binary == wider && checker->Allow32bitTo64bitUpdates);
+    const bool concerns = fits && stage >= checker->AllowedStage && isNewer;
     const Result expected = !concerns    ? Result::NoUpdateAvailable
                             : isRequired ? Result::RequiredUpdateAvailable
                             : isIgnored  ? Result::IgnoredUpdateAvailable
                                          : Result::UpdateAvailable;
     EXPECT_EQ(RunOn(Offer(version, isRequired ? "1.2.4" : "1.2.3", "\"" + binary + "\":{}")), expected)
         << binary << ' ' << version << ' ' << rules;
-    EXPECT_EQ(presenter->Shown.size(), concerns && (isRequired || !isIgnored) ? 1U : 0U);
-  };
-  for (const auto& [target, own, wider] : builds) {
-    checker->Target = target;
-    for (const std::string& binary : names) {
-      for (const auto& [version, stage, isNewer] : versions) {
-        for (int rules = 0; rules < 32; ++rules) {
-          checker->Allow32bitTo64bitUpdates = (rules & 4) != 0;
-          checker->AllowedStage = rules >> 3;
-          const bool fits = binary == own || (binary == wider && checker->Allow32bitTo64bitUpdates);
-          runOne(version, fits && stage >= checker->AllowedStage && isNewer, binary, rules);
-        }
-      }
-    }
+    EXPECT_EQ(presenter->Shown.size(), concerns && (isRequired || !isIgnored) ? 1U : 0U) << rules;
   }
 }
 
@@ -155,7 +150,7 @@ TEST_F(Checking, ServesEventsInALargeDocumentUntilTheEnd) {
 }
 
 TEST_F(Checking, ABadElementSpoilsTheWholeDocument) {
-  Versions documents{"", "nonsense", "5", "\"x\"", "{\"0\":{}}", "[" + Offer("2") + "]x", "[" + Offer("2") + ","};
+  Versions documents{"", "nonsense", "5", "{\"0\":{}}", "[" + Offer("2") + "]x", "[" + Offer("2") + ","};
   documents.push_back("[" + std::string(100, '[') + std::string(100, ']') + "]");
   // clang-format off
   for (const std::string& element : {
@@ -192,7 +187,6 @@ TEST_F(Checking, TellsOfFailuresWhereItMayAndTriesAgain) {
     EXPECT_EQ(std::exchange(platform.Messages, {}).size(), 2U);
     EXPECT_EQ(platform.Requests.size(), 2U);
     EXPECT_EQ(platform.LastDialog.Explanation, explanation);
-    EXPECT_EQ(platform.LastDialog.ActionButton.Caption + platform.LastDialog.CancelButton.Caption, "Try AgainLater");
   }
   EXPECT_EQ(RunOnReply(404, "whatever"), Result::NoUpdateAvailable);
   EXPECT_EQ(RunOnReply(500, good), Result::NoUpdateAvailable);  // what counts is the signature
@@ -255,14 +249,6 @@ TEST_F(Checking, RemembersSkippedVersionsAndNothingElse) {
   checker->ResetIgnored();
   Remake();
   EXPECT_EQ(toolkit::ReadFile(preferences), R"({"IgnoreVersionsPref":[]})");
-}
-
-TEST_F(Checking, LeavesPreferencesAloneThatAreUnusable) {
-  for (const char* bad : {"", "[]", "{", R"({"IgnoreVersionsPref":5})", R"({"IgnoreVersionsPref":[[]]})", "\xFF"}) {
-    toolkit::ReplaceFile(preferences, bad);
-    EXPECT_THROW(UpdateChecker(platform.ApplicationDataFolder(), "prefs"), toolkit::RuntimeException) << bad;
-    EXPECT_EQ(toolkit::ReadFile(preferences), bad);
-  }
   const toolkit::FolderItem nowhere = platform.ApplicationDataFolder().Child("missing");
   { UpdateChecker(nowhere, "prefs").IgnoreVersion("1"); }
   EXPECT_FALSE(nowhere.Exists());

@@ -28,30 +28,21 @@ TEST_F(Informing, IsReadWrittenAndCopiedWhole) {
   const UpdateInformation copy(static_cast<const Kaju::Information&>(read));
   read.Binaries().front()->URL = "changed";
   EXPECT_EQ(serialize(copy.ToJSON()), whole);
-  const UpdateInformation sparse(parse(R"({"version":"2","Other":[1],"AppName":{"a":1},"LinuxBinary":{"url":"u"}})"));
+  const UpdateInformation sparse(
+      parse(R"({"version":"2","Other":[1],"AppName":{"a":1},"ImageURL":12.5,"ReleaseNotes":null,"Version":true,)"
+            R"("RequiresPayment":"TRUE","UseTransparency":0,"LinuxBinary":{"url":"u"}})"));
   EXPECT_EQ(serialize(sparse.ToJSON()),
-            R"({"AppName":"","ImageURL":"","MinimumRequiredVersion":"","ReleaseNotes":"","RequiresPayment":false,)"
-            R"("UseTransparency":true,"Version":"","LinuxBinary":{"Hash":"","URL":""}})");
+            R"({"AppName":"","ImageURL":"12.5","MinimumRequiredVersion":"","ReleaseNotes":"","RequiresPayment":true,)"
+            R"("UseTransparency":false,"Version":"true","LinuxBinary":{"Hash":"","URL":""}})");
   EXPECT_THROW(UpdateInformation(*copy.Binaries().front()), Kaju::KajuException);
 }
 
-TEST_F(Informing, ConvertsSimpleValuesAlone) {
-  const std::tuple<const char*, const char*, const char*> rows[] = {
-      {R"({"AppName":12.5})", "12.5", "false"},      {R"({"AppName":true})", "true", "false"},
-      {R"({"AppName":null})", "", "false"},          {R"({"RequiresPayment":1})", "", "true"},
-      {R"({"RequiresPayment":"TRUE"})", "", "true"}, {R"({"RequiresPayment":0})", "", "false"},
-      {R"({"RequiresPayment":null})", "", "false"},  {R"({"RequiresPayment":[1]})", "", "false"}};
-  for (const auto& [json, name, payment] : rows) {
-    const UpdateInformation update(parse(json));
-    EXPECT_EQ(update.AppName, name) << json;
-    EXPECT_EQ(update.GetByName("RequiresPayment").Text(), payment) << json;
-  }
+TEST_F(Informing, RefusesValuesThatDoNotConvert) {
   for (const char* json : {"[]", "5", "null", R"({"RequiresPayment":"yes"})", R"({"UseTransparency":""})",
                            R"({"AppName":1e400})", R"({"MacBinary":{"Size":-1}})", R"({"MacBinary":{"Size":1.5}})",
                            R"({"MacBinary":{"Size":"1x"}})", R"({"MacBinary":{"Size":""}})",
-                           R"({"MacBinary":{"Size":null}})", R"({"MacBinary":null})", R"({"LinuxBinary":"x"})"}) {
+                           R"({"MacBinary":{"Size":null}})", R"({"MacBinary":null})", R"({"LinuxBinary":"x"})"})
     EXPECT_THROW(UpdateInformation(parse(json)), toolkit::RuntimeException) << json;
-  }
 }
 
 TEST_F(Informing, ReachesPropertiesAndFilesByName) {
@@ -59,12 +50,10 @@ TEST_F(Informing, ReachesPropertiesAndFilesByName) {
   update.SetByName("RequiresPayment", "Yes");
   update.SetByName("Version", "1.2b4");
   EXPECT_EQ(update.GetByName("RequiresPayment").Text() + update.GetByName("StageCode").Text(), "true2");
-  EXPECT_THROW((void)update.GetByName("version"), toolkit::KeyNotFoundException);
   EXPECT_THROW(update.SetByName("Binaries", 1), toolkit::KeyNotFoundException);
   EXPECT_THROW(update.SetByName("UseTransparency", "maybe"), toolkit::TypeMismatchException);
   EXPECT_TRUE(update.UseTransparency);
-  const auto file = update.FetchBinary("LinuxBinary");
-  EXPECT_EQ(update.FetchBinary("LinuxBinary"), file);
+  EXPECT_EQ(update.FetchBinary("LinuxBinary"), update.FetchBinary("LinuxBinary"));
   EXPECT_THROW(update.FetchBinary("AmigaBinary"), toolkit::KeyNotFoundException);
   for (int round = 0; round < 2; ++round) update.RemoveBinary("LinuxBinary");
   EXPECT_EQ(update.PlatformBinary32bit(Kaju::System::Linux), nullptr);

@@ -18,7 +18,6 @@ using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::Not;
 using toolkit::FolderItem;
 using namespace std::string_literals;
 
@@ -61,45 +60,26 @@ struct Initiater : testing::Test {
 }  // namespace
 
 TEST_F(Initiater, QuotesForTheShell) {
-  for (const auto& [path, quoted] : {std::pair{"/a/it's", R"('/a/it'\''s')"},
-                                     {"/a b/$(x)\n\"///", "'/a b/$(x)\n\"'"},
-                                     {"/", "''"},
-                                     {"/''", R"('/'\'''\''')"}}) {
+  for (const auto& [path, quoted] :
+       {std::pair{"/a b/$(x)\n\"///", "'/a b/$(x)\n\"'"}, {"/", "''"}, {"/''", R"('/'\'''\''')"}})
     EXPECT_EQ(UpdateInitiater::ShellPathQuote(FolderItem(path)), quoted) << path;
-  }
   EXPECT_EQ(UpdateInitiater::ArrayToShellScript({"a b", "a/'/"}, "N"), "N[0]='a b'\nN[1]='a/'\\''/'\n");
 }
 
-TEST_F(Initiater, FillsTheTemplates) {
-  const std::string folder = replacement.Parent().Path().string();
-  const Kaju::Installation hostile{.Executable = FolderItem("/opt/@@TEMP_FOLDER@@/it's @@PID_FILE_PATH@@ 50%"),
-                                   .Version = UpdateInitiater::GetAppVersionForScript(),
-                                   .Replacement = replacement,
-                                   .ReplacementExecutable = "new@@APP_NAME@@",
-                                   .TempFolder = FolderItem("/tmp/a b//"),
-                                   .PidFile = FolderItem("/tmp/100%.pid")};
-  const std::string common =
-      "APP_NAME='it'\\''s @@PID_FILE_PATH@@ 50%'\nAPP_PARENT='/opt/@@TEMP_FOLDER@@'\nAPP_VERSION='1.2.3_64-bit'\n";
-  const std::string ends = "TEMP_FOLDER_PATH='/tmp/a b'\nPID_FILE='/tmp/100%.pid'\n";
-  const std::pair<std::string, std::vector<std::string>> rows[] = {
-      // clang-format off
-      {Kaju::MacScript(hostile),
-       {"#!/bin/bash\n", common, "NEW_APP_NAME='new'\nNEW_APP_PARENT='" + folder + "'\n" + ends}},
-      {Kaju::LinuxScript(hostile),
-       {"#!/bin/bash -p\n", common, "NEW_APP_NAME='new@@APP_NAME@@'\nNEW_APP_PARENT='" + folder + "/new'\n" + ends,
-        "NEW_APP_OTHER_UB=3\n", "[0]='b\nc'\nNEW_APP_OTHER_NAME[1]='corvane'\nNEW_APP_OTHER_NAME[2]='it'\\''s'\n"}},
-      {Kaju::WindowsScript(hostile),
-       {"@echo off\r\nREM ", "set \"APP_NAME=it's @@PID_FILE_PATH@@ 50%%\"\r\n",
-        "set \"APP_PARENT='/opt/@@TEMP_FOLDER@@'\"\r\n", "set \"APP_VERSION=1.2.3_64-bit\"\r\n",
-        "set \"NEW_APP_NAME=new@@APP_NAME@@\"\r\n", "set \"PID_FILE='/tmp/100%%.pid'\"\r\n",
-        "set \"DECOMPRESSED_FOLDER='" + folder + "'\"\r\n", "set \"NAME=it's\"\r\nset \"KEEP=%INDEX%-it's\"\r\n"}}};
-  // clang-format on
-  for (const auto& [script, parts] : rows) {
-    for (const auto& part : parts) EXPECT_THAT(script, HasSubstr(part));
-    EXPECT_THAT(script, AllOf(Not(HasSubstr("PSEUDO-ARRAY")), Not(HasSubstr("@@NEW"))));
-  }
-  fs::remove_all(replacement.Path());
-  EXPECT_THAT(Kaju::LinuxScript(hostile), HasSubstr("NEW_APP_OTHER_UB=-1\nNEW_APP_OTHER_NAME=()\n\n"));
+// What the scripts of other platforms do with hostile names is tried on real folders.
+TEST_F(Initiater, FillsTheTemplateForWindows) {
+  const std::string script = Kaju::WindowsScript({.Executable = FolderItem("/opt/@@TEMP_FOLDER@@/it's @@NEW@@ 50%"),
+                                                  .Version = UpdateInitiater::GetAppVersionForScript(),
+                                                  .Replacement = replacement,
+                                                  .ReplacementExecutable = "new@@APP_NAME@@",
+                                                  .TempFolder = FolderItem("/tmp/a b//"),
+                                                  .PidFile = FolderItem("/tmp/100%.pid")});
+  for (const std::string& line :
+       {"@echo off"s, "set \"APP_NAME=it's @@NEW@@ 50%%\""s, "set \"APP_PARENT='/opt/@@TEMP_FOLDER@@'\""s,
+        "set \"APP_VERSION=1.2.3_64-bit\""s, "set \"NEW_APP_NAME=new@@APP_NAME@@\""s,
+        "set \"PID_FILE='/tmp/100%%.pid'\""s, "set \"NAME=it's\"\r\nset \"KEEP=%INDEX%-it's\""s,
+        "set \"DECOMPRESSED_FOLDER='" + replacement.Parent().Path().string() + "'\""})
+    EXPECT_THAT("\r\n" + script, HasSubstr("\r\n" + line + "\r\n"));
 }
 
 TEST_F(Initiater, RunsItsScriptWhenTheLastOwnerLetsGo) {
@@ -153,23 +133,21 @@ TEST_F(Initiater, TakesTheCacheFolderWhereNothingElseServes) {
 TEST_F(Initiater, KnowsWhatAFailedUpdateLeft) {
   const FolderItem download = temporary.Child("hand-run-download");
   const FolderItem unpacked = download.Child("decompressed").Child("app");
+  const FolderItem running = temporary.Child("hand-run-running");
   const FolderItem other = temporary.Child("other").Child("decompressed").Child("app");
-  std::vector<std::string> arguments{"corvane", "--kaju-fail"};
-  std::vector<char*> values{arguments[0].data(), arguments[1].data()};
+  const FolderItem failed = temporary.Child("hand-run-failed");
+  std::string arguments[] = {"corvane", "--kaju-fail"};
+  char* values[] = {arguments[0].data(), arguments[1].data()};
   for (const FolderItem& left : {unpacked, other}) {
-    const FolderItem failed = temporary.Child("hand-run-failed");
-    for (const FolderItem& folder : {unpacked, failed, temporary.Child("hand-run-running"), other})
-      folder.CreateAsFolder();
+    for (const FolderItem& folder : {unpacked, failed, running, other}) folder.CreateAsFolder();
     fs::create_symlink(left.Path(), failed.Child("failed").Path());
     Kaju::TellFailedUpdate(std::span(values).first(1));
     EXPECT_TRUE(failed.Exists());
     Kaju::TellFailedUpdate(values);
-    EXPECT_FALSE(failed.Exists());
-    EXPECT_EQ(download.Exists(), left.Path() != unpacked.Path());
-    EXPECT_TRUE(temporary.Child("hand-run-running").Exists() && other.Exists());
+    EXPECT_TRUE(!failed.Exists() && running.Exists() && other.Exists());
+    EXPECT_EQ(download.Exists(), left.Path() == other.Path());
   }
   EXPECT_THAT(platform.Messages, AllOf(testing::SizeIs(2), testing::Each("The update could not be installed.")));
-  EXPECT_THAT(platform.LastDialog.Explanation, HasSubstr("“Kaju Update Script”"));
 }
 
 TEST_F(Initiater, TellsWhatGoesWrong) {

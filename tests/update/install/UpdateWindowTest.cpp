@@ -30,8 +30,7 @@ std::shared_ptr<Kaju::UpdateInformation> Offer(const std::string& version, const
       *toolkit::ParseJSONItem(R"({"AppName":"A & <b>","Version":")" + version + "\"," + binary + members + "}"));
 }
 
-class OtherWindow final : public toolkit::Window {
- public:
+struct OtherWindow final : toolkit::Window {
   OtherWindow() : Window("Other", {10, 10}, {}, {10, 10}) {}
 };
 
@@ -237,14 +236,14 @@ TEST_F(UpdateWindow, TellsWhyAnUpdateFails) {
 }
 
 TEST_F(UpdateWindow, FollowsTheDownload) {
-  const std::tuple<std::optional<std::uint64_t>, int, int> rows[] = {
-      {1000, 1000, 500}, {1001, 1001, 500}, {5'000'000, 1000, 0}, {std::nullopt, -1, 500}, {0, 0, 500}};
-  for (const auto& [total, maximum, value] : rows) {
+  for (const auto& [total, maximum, value] : {std::tuple<std::optional<std::uint64_t>, int, int>{1000, 1000, 500},
+                                              {5'000'000, 1000, 0},
+                                              {std::nullopt, -1, 500},
+                                              {0, 0, 500}}) {
     SCOPED_TRACE(maximum);
     Remake();
     Install();
     EXPECT_EQ(platform.LastRequest().Request.URL, "http://h:80/a.zip");
-    EXPECT_EQ(window->pbProgress.Maximum(), 0);
     platform.Advance(4999ms);
     platform.LastRequest().BeginReply(200, {}, total);
     platform.LastRequest().ReplyPart(std::string(500, 'a'));
@@ -261,12 +260,10 @@ TEST_F(UpdateWindow, IsInstalledAfterTheLastPress) {
   for (const bool presses : {true, false}) {
     Remake();
     InstallUntilUnpacking();
-    EXPECT_EQ(window->lblInstallMessage.Text(), "Processing file...");
     const FolderItem folder = window->DeleteOnCancel.back();
     folder.Child("_first").CreateAsFolder();
     Unpack("program");
     EXPECT_EQ(window->CurrentStage, Stage::AskingToQuit);
-    EXPECT_EQ(window->btnOK.Caption(), "Quit && Install");
     const std::weak_ptr initiater = window->Initiater;
     EXPECT_EQ(window->Initiater->ReplacementAppFolder->Path(), folder.Child("program").Path());
     EXPECT_EQ(window->Initiater->ReplacementExecutableName, "x");
@@ -327,15 +324,15 @@ TEST_F(UpdateWindow, StopsInTheMiddleOfEverything) {
 }
 
 TEST_F(UpdateWindow, OnlyTheSessionEndsUnderAQuestion) {
-  const auto paid = Offer("2", R"(,"RequiresPayment":true)");
-  platform.WhileMessageStands = [&] { window->btnCancel.Press(), window->CloseAsUser(), toolkit::Quit(); };
-  Install(paid);
-  EXPECT_EQ(window->CurrentStage, Stage::Installing);
-  Remake();
-  platform.WhileMessageStands = [&] { platform.EndSession(); };
-  Install(paid);
+  for (const bool isSession : {false, true}) {
+    Remake();
+    platform.WhileMessageStands = [&] {
+      isSession ? platform.EndSession() : (window->btnCancel.Press(), window->CloseAsUser(), toolkit::Quit());
+    };
+    Install(Offer("2", R"(,"RequiresPayment":true)"));
+    EXPECT_EQ(window->CurrentStage, isSession ? Stage::Cancelled : Stage::Installing);
+  }
   EXPECT_TRUE(window->IsClosed() && NothingIsLeft() && platform.Requests.empty());
-  EXPECT_EQ(window->CurrentStage, Stage::Cancelled);
 }
 
 TEST_F(UpdateWindow, AnotherChoiceEndsFetching) {
@@ -367,13 +364,13 @@ TEST_F(UpdateWindow, QuitsWhereAnUpdateIsRequired) {
     dryRun ? checker->TestUpdate(document) : checker->Execute();
     window = KajuUpdateWindow::Shared();
     Choose({Offer("2")});
+    platform.Requests.clear();
     if (dryRun) {
-      platform.Requests.clear();
       window->btnOK.Press();
       EXPECT_EQ(window->lblInstallMessage.Text(), "(Dry run, not really installing)");
-      EXPECT_TRUE(platform.Requests.empty());
     }
     window->btnCancel.Press();
+    EXPECT_TRUE(platform.Requests.empty());
     EXPECT_EQ(platform.Quits.size(), isRequired && checker->QuitOnCancelIfRequired && !dryRun ? 1U : 0U);
     EXPECT_EQ(window->IsClosed(), platform.Quits.empty());
   }
