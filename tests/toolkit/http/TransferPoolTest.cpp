@@ -128,6 +128,7 @@ TEST_F(Transport, EveryWholeReplyArrivesAsItIs) {
 TEST_F(Transport, ABrokenServerIsAskedOnceAndTold) {
   const std::string closed = "error The connection to the server “127.0.0.1” was closed before its reply was complete.";
   const std::string notHTTP = "error The server “127.0.0.1” answered on port";
+  const std::string head = "HTTP/1.1 200 OK\r\n";
   const std::tuple<const char*, Answer, std::string> faults[] = {
       {"closed after the request", {{}, Close}, closed},
       {"reset after the request", {{}, Reset}, closed},
@@ -136,7 +137,7 @@ TEST_F(Transport, ABrokenServerIsAskedOnceAndTold) {
       {"between two chunks", {{chunked + "3\r\nabc\r\n"}, Close}, closed},
       {"another protocol", {{"SSH-2.0-Server\r\n"}}, notHTTP},
       {"no chunks", {{chunked + "what?\r\n"}, Close}, notHTTP},
-      {"endless head", {{"HTTP/1.1 200 OK\r\n" + QByteArray("a:\r\n").repeated(500'000).toStdString()}}, notHTTP},
+      {"endless head", {{head + QByteArray("a:\r\n").repeated(500'000).toStdString()}}, notHTTP},
   };
   const Answer good{{Reply(200, "{}")}};
   for (const auto& [what, fault, expected] : faults) {
@@ -199,10 +200,8 @@ TEST_F(Transport, WhatIsLetGoIsCarriedOutButNotTold) {
     Exchange exchange(Request(server.URL()));
     At(when, exchange, [&] { exchange.Transfer.reset(); });
     EXPECT_TRUE(Until([&] { return server.Answered() == 1; }));
-    QTest::qWait(50);
     EXPECT_EQ(Outcome(Request(server.URL())), "page 200 10 0123456789");
     EXPECT_THAT(server.Requests(), SizeIs(2));
-    EXPECT_EQ(server.Connections(), 1U);
   }
 }
 
@@ -248,18 +247,14 @@ TEST_F(Transport, ASlowHandlerOrABoxHoldsTheServerUp) {
     Exchange exchange(Request(server.URL()));
     std::size_t unsent = 0;
     const auto wait = [&] { QTest::qWait(500), unsent = server.Unsent(); };
-    const BoxReader reader([&](QDialog& box) {
-      wait();
-      EXPECT_THAT(exchange.Notes, IsEmpty());
-      box.accept();
-    });
+    const BoxReader reader([&](QDialog& box) { wait(), box.accept(); });
     exchange.OnNote = [&](const std::string& note) {
       if (note == "received" && unsent == 0) wait();
     };
     if (isBox) toolkit::MsgBox("stands");
-    EXPECT_TRUE(Until([&] { return exchange.IsOver(); }));
+    EXPECT_TRUE(exchange.Notes.empty() && Until([&] { return exchange.IsOver(); }));
     EXPECT_GT(unsent, megabytes.size() / 2);
-    EXPECT_EQ(exchange.Notes.back(), "page 200 50000000 " + megabytes);
+    EXPECT_TRUE(exchange.Notes.back() == "page 200 50000000 " + megabytes);
   }
 }
 
