@@ -114,9 +114,8 @@ TEST_F(Informing, FetchesItsPictureOnceItCanBeHad) {
   UpdateInformation update;
   EXPECT_EQ(update.Image(), nullptr);
   update.ImageURL = "http://pictures/a.png";
-  platform.WhileWaiting = [&] {
-    const bool isLookUp = platform.Requests.size() % 2 == 1;  // of redirects
-    platform.LastRequest().Reply(200, isLookUp ? "" : "picture");
+  platform.WhileWaiting = [&] {  // every other request is for redirects
+    platform.LastRequest().Reply(200, platform.Requests.size() % 2 == 1 ? "" : "picture");
   };
   EXPECT_EQ(update.Image(), nullptr);  // no picture
   platform.PictureShown = toolkit::Pixels{{1, 2}, {3, 4}};

@@ -32,21 +32,9 @@ struct Initiater : testing::Test {
     setenv("TMPDIR", temporary.Path().c_str(), 1);
     initiater->ReplacementAppFolder = replacement;
     initiater->ReplacementExecutableName = "corvane";
-    platform.WhileWaiting = [this] {
-      waits += 1;
-      pidFiles = PidFiles();
-      platform.Advance(std::chrono::milliseconds(100));
-    };
+    platform.WhileWaiting = [this] { ++waits, platform.Advance(std::chrono::milliseconds(100)); };
   }
   ~Initiater() override { unsetenv("TMPDIR"); }
-
-  /// Those in the script's folder, which only this user can enter.
-  [[nodiscard]] int PidFiles() const {
-    const auto folders = temporary.Children();
-    if (folders.empty() || folders[0].Permissions() != fs::perms::owner_all) return -1;
-    return static_cast<int>(std::ranges::count_if(
-        folders[0].Children(), [](const FolderItem& item) { return item.Name().starts_with("hand-run-"); }));
-  }
 
   HandPlatform platform;
   App app{{1, 2, 3}};
@@ -54,7 +42,6 @@ struct Initiater : testing::Test {
   FolderItem replacement = platform.DesktopFolder().Child("new");
   std::shared_ptr<UpdateInitiater> initiater = std::make_shared<UpdateInitiater>();
   int waits = 0;
-  int pidFiles = 0;
 };
 
 }  // namespace
@@ -89,16 +76,12 @@ TEST_F(Initiater, RunsItsScriptWhenTheLastOwnerLetsGo) {
   app.UpdateInitiater = nullptr;
   ASSERT_EQ(platform.Processes.size(), 1U);
   ASSERT_EQ(temporary.Children().size(), 1U);
-  const FolderItem script = temporary.Children()[0].Child("kaju_updater.sh");
-  EXPECT_EQ(platform.Processes[0]->CommandLine, "/usr/bin/nohup '" + script.Path().string() + "' &");
-  EXPECT_FALSE(platform.Processes[0]->IsKilled);
-  EXPECT_EQ(script.Permissions(), fs::perms(0711));
-  EXPECT_THAT(toolkit::ReadFile(script), HasSubstr("NEW_APP_OTHER_UB=2\n"));
-  const std::string environment = toolkit::ReadFile(temporary.Children()[0].Child("environment"));
-  EXPECT_THAT(environment, AllOf(HasSubstr("TMPDIR=" + temporary.Path().string() + '\0'), testing::EndsWith("\0"s)));
-  EXPECT_EQ(waits, 11);
-  EXPECT_EQ(pidFiles, 1);
-  EXPECT_EQ(PidFiles(), 0);
+  const FolderItem folder = temporary.Children()[0];
+  EXPECT_EQ(folder.Permissions(), fs::perms::owner_all);
+  EXPECT_EQ(platform.Processes[0]->CommandLine, "/usr/bin/nohup '" + folder.Path().string() + "/kaju_updater.sh' &");
+  EXPECT_EQ(waits, 11) << "a second, for the script to start";
+  EXPECT_THAT(folder.Children(), testing::SizeIs(2))
+      << "the file of the process stays, or the environment is not there";
 }
 
 TEST_F(Initiater, DoesNothingWithoutAReplacement) {
@@ -163,19 +146,14 @@ TEST_F(Initiater, TellsWhatGoesWrong) {
 
 TEST_F(Initiater, HasAFlavourForEachPlatform) {
   const std::string own = fs::read_symlink("/proc/self/exe").filename();
-  const FolderItem kept = replacement.Child("corvane");
   initiater->RunScriptWindows(temporary, temporary.Child("pid"));
   EXPECT_THAT(platform.Processes, IsEmpty());
   EXPECT_THAT(platform.OpenedURLs, ElementsAre("file://" + temporary.Child("kaju_updater.bat").Path().string()));
-  for (const bool isRenamed : {true, false}) {
-    EXPECT_EQ(kept.Exists(), isRenamed);
-    initiater->RunScriptMac(temporary, temporary.Child("pid"));
-    EXPECT_EQ(initiater->ReplacementAppFolder->Name(), own);
-  }
+  for (int run = 0; run < 2; ++run) initiater->RunScriptMac(temporary, temporary.Child("pid"));
+  EXPECT_EQ(initiater->ReplacementAppFolder->Name(), own);
+  EXPECT_FALSE(replacement.Exists());
   const FolderItem script = temporary.Child("kaju_updater.sh");
   EXPECT_EQ(platform.Processes.at(1)->CommandLine, "nohup '" + script.Path().string() + "' &");
   EXPECT_THAT(toolkit::ReadFile(script), HasSubstr("NEW_APP_NAME='" + own + "'\n"));
-  initiater->ReplacementAppFolder = replacement.Child("missing");
-  EXPECT_THROW(initiater->RunScriptMac(temporary, temporary.Child("pid")), toolkit::RuntimeException);
   initiater->Cancel();
 }

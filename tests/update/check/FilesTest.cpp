@@ -1,11 +1,15 @@
+#include <dlfcn.h>
 #include <filesystem>
 
+#include <boost/json/parse.hpp>
 #include <gmock/gmock.h>
+#include <openssl/evp.h>
 
 #include "tests/support/HandPlatform.h"
 #include "tests/support/OtherUser.h"
 #include "toolkit/RuntimeException.h"
 #include "toolkit/TextFile.h"
+#include "update/check/FileCheck.h"
 #include "update/check/FileHelpers.h"
 
 namespace fs = std::filesystem;
@@ -13,9 +17,14 @@ using toolkit::FolderItem;
 
 namespace {
 
+bool isMD5SwitchedOff = false;  // NOLINT(cppcoreguidelines-avoid-non-const-global-variables): for the function below
+
+const std::string md5 = "888d0ee361af3603736f32131e7b20a2";
+const std::string sha256 = "0eb3e36bfb24dcd9bb1d1bece1531216b59539a8fde17ee80224af0653c92aa3";
+
 /// A tree with odd names, links inside and outside, and one back to its top.
-struct FileHelpers : testing::Test {
-  FileHelpers() {
+struct Files : testing::Test {
+  Files() {
     for (const char* name : {"a\"b'c", "line\nbreak", "-rf", ".hidden"}) {
       tree.Child(name).Child("deeper").CreateAsFolder();
       toolkit::ReplaceFile(tree.Child(name).Child("deeper").Child(name), name);
@@ -42,7 +51,14 @@ struct FileHelpers : testing::Test {
 
 }  // namespace
 
-TEST_F(FileHelpers, HashWhatCanBeRead) {
+/// The library's own, but for the algorithm that a system has switched off.
+extern "C" EVP_MD* EVP_MD_fetch(OSSL_LIB_CTX* ctx, const char* algorithm, const char* properties) {
+  if (isMD5SwitchedOff && std::string_view(algorithm) == "MD5") return nullptr;
+  static const auto fetch = reinterpret_cast<decltype(&EVP_MD_fetch)>(dlsym(RTLD_NEXT, "EVP_MD_fetch"));
+  return fetch(ctx, algorithm, properties);
+}
+
+TEST_F(Files, HashWhatCanBeRead) {
   const FolderItem file = tree.Child("file");
   for (const auto& [size, hash] : {std::pair<std::size_t, const char*>{0, "d41d8cd98f00b204e9800998ecf8427e"},
                                    {3, "47bce5c74f589f4867dbd57e9ca9f808"},
@@ -55,7 +71,7 @@ TEST_F(FileHelpers, HashWhatCanBeRead) {
   EXPECT_TRUE(HoldsForOtherUser([&] { return file.Exists() && Kaju::HashOfFile(file).empty(); }));
 }
 
-TEST_F(FileHelpers, DeleteAllOrNothingAndNothingBehindLinks) {
+TEST_F(Files, DeleteAllOrNothingAndNothingBehindLinks) {
   const FolderItem locked = tree.Child("-rf");
   Allow(platform.DesktopFolder().Parent(), 0777, 0666);
   Allow(locked, 0555, 0666);
@@ -70,7 +86,7 @@ TEST_F(FileHelpers, DeleteAllOrNothingAndNothingBehindLinks) {
   EXPECT_EQ(toolkit::ReadFile(outside.Child("kept")), "kept");
 }
 
-TEST_F(FileHelpers, KnowWhetherEverythingCanBeWritten) {
+TEST_F(Files, KnowWhetherEverythingCanBeWritten) {
   const FolderItem file = tree.Child("-rf").Child("deeper").Child("-rf");
   Allow(platform.DesktopFolder().Parent(), 0777, 0666);
   fs::permissions(outside.Child("kept").Path(), fs::perms(0444));  // behind a link, so it does not count
@@ -86,7 +102,7 @@ TEST_F(FileHelpers, KnowWhetherEverythingCanBeWritten) {
   EXPECT_FALSE(Kaju::IsWriteableRecursive(tree.Child("missing")));
 }
 
-TEST_F(FileHelpers, MakeTemporaryFoldersForThisUserAlone) {
+TEST_F(Files, MakeTemporaryFoldersForThisUserAlone) {
   const FolderItem one = Kaju::GetTemporaryFolder();
   const FolderItem other = Kaju::GetTemporaryFolder();
   EXPECT_NE(one.Path(), other.Path());
@@ -95,21 +111,17 @@ TEST_F(FileHelpers, MakeTemporaryFoldersForThisUserAlone) {
   other.Delete();
 }
 
-TEST_F(FileHelpers, FindWhatAnUpdateReplaces) {
-  using Kaju::System;
-  const std::tuple<System, const char*, const char*> rows[] = {
-      {System::Mac, "/Applications/My App.app/Contents/MacOS/app", "/Applications/My App.app"},
-      {System::Mac, "/a/cONTENTS/b/Contents/x/app", "/a/cONTENTS/b"},
-      {System::Mac, "/opt/app", "/opt/app"},
-      {System::Linux, "/opt/Contents/app", "/opt/Contents/app"},
+TEST_F(Files, FindWhatAnUpdateReplaces) {
+  const auto replaced = [](const char* executable, Kaju::System system) {
+    return Kaju::TrueExecutableFile(FolderItem(executable), system).Path().string();
   };
-  for (const auto& [system, executable, replaced] : rows) {
-    EXPECT_EQ(Kaju::TrueExecutableFile(FolderItem(executable), system).Path(), replaced);
-  }
+  EXPECT_EQ(replaced("/a/cONTENTS/My App.app/Contents/MacOS/app", Kaju::System::Mac), "/a/cONTENTS/My App.app");
+  EXPECT_EQ(replaced("/opt/app", Kaju::System::Mac), "/opt/app");
+  EXPECT_EQ(replaced("/opt/Contents/app", Kaju::System::Linux), "/opt/Contents/app");
   EXPECT_EQ(Kaju::TrueExecutableFile().Path(), fs::canonical("/proc/self/exe"));
 }
 
-TEST_F(FileHelpers, ReplaceAFileWholeOrNotAtAll) {
+TEST_F(Files, ReplaceAFileWholeOrNotAtAll) {
   const FolderItem file = tree.Child("text");
   toolkit::ReplaceFile(file, "old");
   fs::permissions(file.Path(), fs::perms(0600));
@@ -120,4 +132,36 @@ TEST_F(FileHelpers, ReplaceAFileWholeOrNotAtAll) {
   EXPECT_THROW(toolkit::ReplaceFile(tree.Child("link"), "x"), toolkit::RuntimeException);
   EXPECT_EQ(tree.Children().size(), entries);
   EXPECT_EQ(toolkit::ReadFile(outside.Child("kept")), "kept");
+}
+
+TEST_F(Files, TakeOnlyWhatIsWhollyAsTold) {
+  const toolkit::FolderItem file = platform.DesktopFolder().Child("file");
+  toolkit::ReplaceFile(file, "archive");
+  const std::string strong = R"(,"SHA256":")" + sha256 + "\"";
+  const std::string other = "1" + sha256.substr(1);
+  using enum Kaju::FileVerdict;
+  const std::tuple<std::string, std::string, Kaju::FileVerdict, Kaju::FileVerdict> rows[] = {
+      // clang-format off
+      // the MD5, and what else is told             with MD5   and without it
+      {md5, "",                                     Genuine,   Uncheckable},
+      {other, "",                                   Corrupted, Uncheckable},
+      {md5, strong,                                 Genuine,   Genuine},
+      {"0" + md5.substr(1), strong,                 Corrupted, Genuine},
+      {"", strong,                                  Corrupted, Genuine},
+      {md5, R"(,"SHA256":")" + other + "\"",        Corrupted, Corrupted},
+      {md5, R"(,"SHA256":"")",                      Corrupted, Corrupted},
+      {md5, R"(,"SHA256":null)",                    Corrupted, Corrupted},
+      {md5, R"(,"SHA256":[])",                      Genuine,   Uncheckable},
+      {md5, strong + R"(,"Size":"7")",              Genuine,   Genuine},
+      {md5, strong + R"(,"Size":6)",                Corrupted, Corrupted},
+      // clang-format on
+  };
+  for (const auto& [hash, members, withMD5, withoutMD5] : rows) {
+    const Kaju::BinaryInformation binary(true, boost::json::parse(R"({"Hash":")" + hash + "\"" + members + "}"));
+    EXPECT_EQ(VerifyFile(file, binary), withMD5) << hash << members;
+    isMD5SwitchedOff = true;
+    EXPECT_EQ(VerifyFile(file, binary), withoutMD5) << hash << members;
+    EXPECT_NE(VerifyFile(platform.DesktopFolder().Child("missing"), binary), Genuine) << hash << members;
+    isMD5SwitchedOff = false;
+  }
 }
