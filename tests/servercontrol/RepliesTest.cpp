@@ -142,7 +142,7 @@ TEST_F(Replies, OfTwoServersEachIsAskedOnceAndSoIsTold) {
   EXPECT_EQ(platform.Requests.size(), 5U) << "another number of lines is another request, for once";
 }
 
-TEST_F(Replies, UnderAMessageRepliesWaitAndActsAreRefused) {
+TEST_F(Replies, RepliesWaitAndActsAreRefusedUnderBoxes) {
   SendAll();
   Fill({"web", "db"}, 0);
   platform.Messages.clear();

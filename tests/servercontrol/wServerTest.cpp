@@ -33,7 +33,7 @@ TEST_F(ServerWindow, AsksForBothTabsAtTheReportedName) {
   EXPECT_EQ(platform.Requests[1]->Request.URL, "HTTPS://reported:1701/api/v1/containers/list");
 }
 
-TEST_F(ServerWindow, EachCallSendsItsKeysAndItsLastReply) {
+TEST_F(ServerWindow, EachCallSendsKeysAndItsLastReply) {
   const json::object left =
       json::parse(R"({"status":"s","kept":[{},2.5,null,true],"username":"x","password":null,"log":[]})").as_object();
   for (const auto& [path, button] : calls) {
@@ -133,7 +133,7 @@ TEST_F(ServerWindow, ContainersAreShownWholeOrNotAtAll) {
   }
 }
 
-TEST_F(ServerWindow, OnlyANumberOfLinesIsSentInItsPlainForm) {
+TEST_F(ServerWindow, OnlyANumberOfLinesIsSent) {
   Fill({"web"}, 0);
   const std::pair<const char*, Texts> rows[] = {
       {"20", {"20", " 20 ", "\t20", "+20", "0020"}},
@@ -158,7 +158,7 @@ TEST_F(ServerWindow, OnlyANumberOfLinesIsSentInItsPlainForm) {
   EXPECT_THAT(platform.Messages, ElementsAre(StartsWith("You must provide a number of logs to retrieve.")));
 }
 
-TEST_F(ServerWindow, LogsComeInOrderIntoWindowsOfTheirOwn) {
+TEST_F(ServerWindow, LogsComeInOrderInTheirOwnWindow) {
   Fill({"web"}, 0);
   AskForLogs().Reply(200, R"({"log":{"10":["k","hidden"],"2":["c"],"0":["a\nb"],"9":[9],"1":[],"3":["d"],"4":["e"],
                               "8":["i"],"5":["f"],"7":["h"],"6":["g"]},"note":"n"})");

@@ -51,7 +51,7 @@ TEST_F(Client, ItsStoreLivesFromRequestToRequest) {
   EXPECT_EQ(Press(), parse("{}"));
 }
 
-TEST_F(Client, TellsEachOutcomeOnceAndKeepsWhatIsAccepted) {
+TEST_F(Client, TellsEachOutcomeAndKeepsTheAccepted) {
   const std::string unread = "error: The server's reply cannot be read: the ";
   const std::string noJSON = unread + "text is not JSON (";  // and what the parser says
   const std::tuple<const char*, int, std::string, std::string> rows[] = {

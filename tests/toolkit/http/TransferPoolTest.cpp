@@ -79,7 +79,7 @@ struct Transport : Desktop {
   }
 };
 
-TEST_F(Transport, SendsExactlyThisAndSharesTheConnection) {
+TEST_F(Transport, SendsExactlyThisOnOneConnection) {
   const FaultServer server({{{Reply(200, R"({"a":1})", "Set-Cookie: session=1; Path=/\r\n")}}});
   for (const std::string name : {"first", "second"}) {
     TessenServicesClient client;
@@ -216,7 +216,7 @@ TEST_F(Transport, WhatIsAbortedEndsAtOnceAndIsNotTold) {
   }
 }
 
-TEST_F(Transport, AnEndlessReplyForNobodyIsNotReadForLong) {
+TEST_F(Transport, AnEndlessReplyForNobodyIsNotRead) {
   const std::string megabytes(50'000'000, 'x');
   const FaultServer server({{{Reply(200, megabytes)}}}, Wire::Plain);
   Exchange(Request(server.URL())).Transfer.reset();
@@ -258,7 +258,7 @@ TEST_F(Transport, ASlowHandlerOrABoxHoldsTheServerUp) {
   }
 }
 
-TEST_F(Transport, OnlyConnectingHasALimitWhichABoxStops) {
+TEST_F(Transport, OnlyConnectingHasALimitBoxesStop) {
   const FaultServer mute({}, Wire::TLS, Greeting::Silence);
   const FaultServer slow({Answer()});
   std::list<Exchange> exchanges;

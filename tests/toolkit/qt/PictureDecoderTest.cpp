@@ -46,7 +46,7 @@ struct Decoding : Desktop {
 
 const std::string smallGIF = "GIF89a\4\0\2\0\x80\0\0\xFF\0\0\xFF\0\0,\0\0\0\0\4\0\2\0\0\2\3\x84\x8F\5\0;"s;
 
-TEST_F(Decoding, TakesFourFormatsAndMakesLargeOnesSmaller) {
+TEST_F(Decoding, TakesFourFormatsAndShrinksLargeOnes) {
   QImage red(60, 20, QImage::Format_RGB32);
   red.fill(Qt::red);
   const std::string png = Encoded(red, "png");

@@ -73,7 +73,7 @@ TEST_F(Program, AWindowIsOpenOncePaintedAndLivesOn) {
   EXPECT_EQ(log, "painted, opened");
 }
 
-TEST_F(Program, WhatHappensUnderABoxComesAfterwardsInOrder) {
+TEST_F(Program, WhatHappensUnderABoxComesAfterwards) {
   const FaultServer server({{{test_servers::Reply(200, "{}")}}});
   std::vector<std::string> log;
   TessenServicesClient reload;
@@ -108,7 +108,7 @@ TEST_F(Program, WhatHappensUnderABoxComesAfterwardsInOrder) {
 }
 
 // As an assistive technology acts, which does not ask whether the window is blocked.
-TEST_F(Program, UnderABoxTimersStandStillAndActsAreRefused) {
+TEST_F(Program, TimersStandAndActsAreRefusedUnderABox) {
   int presses = 0;
   model->Button.Action = [&] { ++presses; };
   bool hasExpired = false;
@@ -137,7 +137,7 @@ TEST_F(Program, UnderABoxTimersStandStillAndActsAreRefused) {
   EXPECT_TRUE(Until([&] { return hasExpired; }));
 }
 
-TEST_F(Program, AnExceptionEndsInABoxAndTheProgramGoesOn) {
+TEST_F(Program, AnExceptionEndsInABoxAndNothingElse) {
   BoxReader reader;
   int presses = 0;
   model->Button.Action = [&] {
@@ -149,7 +149,7 @@ TEST_F(Program, AnExceptionEndsInABoxAndTheProgramGoesOn) {
   EXPECT_EQ(presses, 3);
 }
 
-TEST_F(Program, AWindowMayCloseUnderABoxOfItsOwnHandler) {
+TEST_F(Program, AWindowMayCloseUnderItsOwnBox) {
   other->Show();
   BoxReader reader([&](QDialog& box) {
     model->Close();
@@ -167,7 +167,7 @@ TEST_F(Program, AWindowMayCloseUnderABoxOfItsOwnHandler) {
   EXPECT_EQ(title, "Button");
 }
 
-TEST_F(Program, TheLoopEndsWithTheLastWindowAndNotBefore) {
+TEST_F(Program, TheLoopEndsWithTheLastWindow) {
   bool wentOn = false;
   const auto endLater = [&] { QTimer::singleShot(50, [&] { wentOn = true, other->Close(); }); };
   EXPECT_EQ(app.Run([&] { other->Show(), window.close(), endLater(); }), 0);

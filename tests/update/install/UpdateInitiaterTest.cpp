@@ -95,7 +95,7 @@ TEST_F(Initiater, DoesNothingWithoutAReplacement) {
   EXPECT_TRUE(platform.Processes.empty() && platform.Messages.empty());
 }
 
-TEST_F(Initiater, TakesTheCacheFolderWhereNothingElseServes) {
+TEST_F(Initiater, TakesTheCacheFolderIfNeedBe) {
   const fs::path scripts[] = {temporary.Path(), platform.CacheFolder().Path()};
   for (const int place : {0, 1}) {
     platform.WhileWaiting = [&, starts = place] {
