@@ -1,5 +1,3 @@
-#include <filesystem>
-
 #include <boost/json/parse.hpp>
 #include <gmock/gmock.h>
 

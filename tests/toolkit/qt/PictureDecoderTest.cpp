@@ -6,7 +6,6 @@
 
 #include "tests/desktop/Desktop.h"
 #include "tests/support/HostilePictures.h"
-#include "toolkit/Encoding.h"
 #include "toolkit/RuntimeException.h"
 #include "toolkit/Text.h"
 #include "toolkit/qt/PictureDecoder.h"

@@ -1,6 +1,5 @@
 #include <stdexcept>
 
-#include <QApplication>
 #include <QDialog>
 #include <QPushButton>
 #include <QScreen>

@@ -6,7 +6,6 @@
 
 #include "shell/App.h"
 #include "tests/support/HandPlatform.h"
-#include "toolkit/RuntimeException.h"
 #include "toolkit/TextFile.h"
 #include "update/check/FileHelpers.h"
 #include "update/install/ScriptText.h"

@@ -64,11 +64,12 @@ struct UpdateWindow : testing::Test {
   }
   /// Unpacks nothing but a folder of that name with the executable in it. The program that is then started to find out
   /// whether one can be ends with `status`.
-  void Unpack(const std::string& entry, int status = 0) {
+  void Unpack(
+      const std::string& entry, int status = 0, const std::function<void()>& meanwhile = [] {}) {
     const FolderItem folder = window->DeleteOnCancel.back().Child(entry);
     folder.CreateAsFolder();
     toolkit::ReplaceFile(folder.Child("x"), "#!");
-    platform.WhileWaiting = [this, status] { platform.Processes.back()->End(status); };
+    platform.WhileWaiting = [this, status, meanwhile] { meanwhile(), platform.Processes.back()->End(status); };
     platform.Processes.back()->End(0);
   }
   [[nodiscard]] bool NothingIsLeft() const {
@@ -299,6 +300,7 @@ TEST_F(UpdateWindow, StopsInTheMiddleOfEverything) {
       {"hashing",
        [&](auto& end) { Install(), platform.DuringBreak = end, platform.LastRequest().Reply(200, "archive"); }, 2},
       {"unpacking", [&](auto& end) { InstallUntilUnpacking(), end(); }, 2},
+      {"the trial of a program", [&](auto& end) { InstallUntilUnpacking(), Unpack("x", 126, end); }, 2},
       {"the end", [&](auto& end) { InstallUntilUnpacking(), Unpack("x"), end(); }, 2},
       {"an error", [&](auto& end) { Choose({Offer("2")}), window->ShowError(""), end(); }, 0},
   };
@@ -314,7 +316,7 @@ TEST_F(UpdateWindow, StopsInTheMiddleOfEverything) {
       EXPECT_EQ(platform.Requests.size(), requests);
       EXPECT_EQ(RunningRequests(), 0U);
       for (const auto& process : platform.Processes) EXPECT_TRUE(process->IsKilled || !process->Ended);
-      EXPECT_EQ(app.UpdateInitiater, nullptr);
+      EXPECT_TRUE(app.UpdateInitiater == nullptr && platform.Messages.empty());
       platform.Advance(10'000ms);
       EXPECT_EQ(window->CurrentStage, Stage::Cancelled);
     }
