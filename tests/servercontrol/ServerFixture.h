@@ -49,11 +49,11 @@ struct ServerFixture : testing::Test {
     });
     return found == platform.Requests.rend() ? throw std::runtime_error("nothing was sent to " + path) : **found;
   }
-  /// Presses a button of either panel as the user would; one that is never shown has only its event.
+  /// Presses a button of either panel as the user would. That for backups is never shown and has only its event.
   void Press(ServerButton which) const {
     const toolkit::PushButton& button = (*window).*which;
     window->tabs.Select(button.Panel());
-    button.Visible() ? button.Press() : button.Action();
+    which == &wServer::btn_containers_backup ? button.Action() : button.Press();
   }
   /// Answers the last request for the containers, and selects one.
   void Fill(const Texts& names, int selected = -1) const {
@@ -62,6 +62,11 @@ struct ServerFixture : testing::Test {
     Sent("containers/list").Reply(200, R"({"containers":)" + boost::json::serialize(table) + "}");
     window->tabs.Select(2);
     window->list_containers.Select(selected);
+  }
+  /// Every call under way at once.
+  void SendAll() const {
+    Fill({"web", "db"}, 0);
+    for (const auto& [path, button] : calls) Press(button);
   }
   /// Which of restart, start, stop, backup, logs and the count field can be used, as in "100000".
   [[nodiscard]] std::string Usable() const {

@@ -1,11 +1,23 @@
+#include "servercontrol/ControlAPI.h"
+#include "servercontrol/wContainerLogs.h"
 #include "tests/servercontrol/ServerFixture.h"
 
 using namespace testing;
 namespace json = boost::json;
 
-using ServerWindow = ServerFixture;
+namespace {
 
-TEST_F(ServerWindow, AsksForBothTabsAtTheAddressOfTheReportedName) {
+struct ServerWindow : ServerFixture {
+  static toolkit::Listbox& Lines(toolkit::Window& logs) { return dynamic_cast<wContainerLogs&>(logs).list_logs; }
+  SentRequest& AskForLogs() const {
+    Press(&wServer::btn_containers_logs);
+    return platform.LastRequest();
+  }
+};
+
+}  // namespace
+
+TEST_F(ServerWindow, AsksForBothTabsAtTheReportedName) {
   server->Network_Hostname = "HTTPS://reported";
   server->Network_IPv4 = "192.0.2.1";
   platform.Requests.clear();
@@ -16,13 +28,12 @@ TEST_F(ServerWindow, AsksForBothTabsAtTheAddressOfTheReportedName) {
   }
   EXPECT_THAT(platform.OpenedURLs, Each("HTTPS://reported:1701"));
   EXPECT_THAT(platform.Messages, ElementsAre(EndsWith("\nHTTPS://reported:1701"))) << "for want of a browser";
-  Texts asked;
-  for (const auto& sent : platform.Requests) asked.push_back(sent->Request.URL);
-  const std::string base = "HTTPS://reported:1701/api/v1/";
-  EXPECT_THAT(asked, ElementsAre(base + "system/information", base + "containers/list"));
+  ASSERT_EQ(platform.Requests.size(), 2U);
+  EXPECT_EQ(platform.Requests[0]->Request.URL, "HTTPS://reported:1701/api/v1/system/information");
+  EXPECT_EQ(platform.Requests[1]->Request.URL, "HTTPS://reported:1701/api/v1/containers/list");
 }
 
-TEST_F(ServerWindow, EveryCallSendsItsKeysAndWhatItsLastReplyLeft) {
+TEST_F(ServerWindow, EachCallSendsKeysAndItsLastReply) {
   const json::object left =
       json::parse(R"({"status":"s","kept":[{},2.5,null,true],"username":"x","password":null,"log":[]})").as_object();
   for (const auto& [path, button] : calls) {
@@ -52,22 +63,19 @@ TEST_F(ServerWindow, EveryCallSendsItsKeysAndWhatItsLastReplyLeft) {
   }
 }
 
-TEST_F(ServerWindow, WhatCanBeDoneFollowsTheSelectedContainer) {
-  const Texts names{
-      "web", "service_dunmere", "service_dunmere2", "my service_dunmere", "Service_Dunmere", " service_dunmere", ""};
-  const int count = static_cast<int>(names.size());
+TEST_F(ServerWindow, WhatCanBeDoneFollowsTheSelection) {
+  const Texts names{"web", "service_dunmere", "service_dunmere2", "my service_dunmere", "Service_Dunmere", ""};
   EXPECT_EQ(Usable(), "000000");
-  for (int from = -1; from < count; ++from) {
-    Fill(names);
-    for (int step = 0; step < 2 * count + 3; ++step) {
-      const int row = step % 2 == 0 ? from : step / 2 - 1;
+  Fill(names);
+  for (int step = 0; step < 49; ++step) {
+    for (const int row : {step / 7 - 1, step % 7 - 1}) {
       window->list_containers.Select(row);
-      EXPECT_EQ(Usable(), row == -1 ? "000000" : row == 1 ? "100000" : "111111") << step << " from " << from;
+      EXPECT_EQ(Usable(), row == -1 ? "000000" : row == 1 ? "100000" : "111111") << step << ": " << row;
     }
-    Press(&wServer::btn_containers_refresh);
-    EXPECT_EQ(Usable(), "000000") << "refreshed from " << from;
-    EXPECT_EQ(window->list_containers.ListCount(), 0);
   }
+  Press(&wServer::btn_containers_refresh);
+  EXPECT_EQ(Usable(), "000000");
+  EXPECT_EQ(window->list_containers.ListCount(), 0);
   const std::size_t before = platform.Requests.size();
   for (const auto& [path, button] : calls) {
     if (NamesContainer(path)) ((*window).*button).Action();
@@ -77,33 +85,22 @@ TEST_F(ServerWindow, WhatCanBeDoneFollowsTheSelectedContainer) {
 }
 
 TEST_F(ServerWindow, TheOverviewShowsEveryFactAsItCame) {
-  const std::string reply =
-      R"({"networkIPv4":"192.0.2.1","systemName":"<b>edge</b>","systemDescription":"","cpuCount":8,
-      "systemDataCenterLocation":"Linz\nEast","operatingSystemType":true,"operatingSystemKernelVersion":"6.1",
-      "systemDockerVersion":-3,"dunmereVersion":{"a":[1,"b"]},"cpuArchitecture":[1,null],"cpuLoad":12.5,
-      "memoryTotal":18446744073709551615,"memoryAvailable":null,"storageDiskSize":"40 GB","storageUsed":false,
-      "storageUsedPercentage":0.1,"storageAvailable":"日本","networkIPv6":"::1","unknown":1})";
-  // clang-format off
-  const Texts expected{
-      "System Name:\t<b>edge</b>", "System Description:\t", "Data Center Location:\tLinz\nEast",
-      "Operating System:\ttrue", "Kernel Version:\t6.1", "Docker Version:\t-3", "Dunmere Version:\t{\"a\":[1,\"b\"]}",
-      "CPU Architecture:\t[1,null]", "CPU Count:\t8", "CPU Load %:\t12.5", "Memory Total:\t18446744073709551615",
-      "Memory Available:\t", "Storage Disk Size:\t40 GB", "Storage Used:\tfalse", "Storage Used %:\t0.1",
-      "Storage Available:\t日本", "Network Hostname:\t", "Network IPv4 Address:\t192.0.2.1",
-      "Network IPv6 Address:\t::1"};
-  // clang-format on
-  Sent("system/information").Reply(503, reply);
+  json::object reply{{"unknown", 1}};
+  Texts expected;
+  for (const auto& [label, key] : ControlAPI::facts) {
+    const std::string fact = key == "cpuLoad" ? "" : "<b>" + std::string(key);
+    if (!fact.empty()) reply[key] = fact;
+    expected.push_back(std::string(label) + "\t" + fact);
+  }
+  Sent("system/information").Reply(503, json::serialize(reply));
   EXPECT_EQ(RowsOf(window->list_overview), expected);
   Press(&wServer::btn_overview_refresh);
   EXPECT_THAT(RowsOf(window->list_overview), IsEmpty());
 }
 
 TEST_F(ServerWindow, ARebootIsAskedAboutFirst) {
-  using Button = toolkit::DialogButton;
-  for (const auto& [answer, closes, sent] : {std::tuple(Button::Cancel, false, 0U),
-                                             {Button::Alternate, false, 0U},
-                                             {Button::Action, false, 1U},
-                                             {Button::Action, true, 0U}}) {
+  using enum toolkit::DialogButton;
+  for (const auto& [answer, closes, sent] : {std::tuple(Cancel, false, 0U), {Action, false, 1U}, {Action, true, 0U}}) {
     platform.Requests.clear();
     platform.Answer = answer;
     platform.WhileMessageStands = [&, closes = closes] {
@@ -114,9 +111,78 @@ TEST_F(ServerWindow, ARebootIsAskedAboutFirst) {
     EXPECT_THAT(platform.Requests, SizeIs(sent));
   }
   const toolkit::MessageDialog& dialog = platform.LastDialog;
-  EXPECT_EQ(dialog.Icon, toolkit::DialogIcon::Caution);
   EXPECT_THAT(platform.Messages, Each("Are you sure you want to restart?"));
-  EXPECT_EQ(dialog.Explanation, "All system services will be unavailable while the system restarts.");
-  EXPECT_TRUE(dialog.ActionButton.Visible && dialog.CancelButton.Visible && !dialog.AlternateActionButton.Visible);
-  EXPECT_EQ(dialog.ActionButton.Caption + "/" + dialog.CancelButton.Caption, "Restart/");
+  EXPECT_TRUE(dialog.CancelButton.Visible && !dialog.AlternateActionButton.Visible);
+}
+
+TEST_F(ServerWindow, ContainersAreShownWholeOrNotAtAll) {
+  const std::tuple<const char*, Texts, Texts> rows[] = {
+      {R"({"containers":{}})", {}, {}},
+      {R"({"containers":{"1":["b","c"],"0":["a",1.5,null,"beyond","far"]},"status":1})", {"a\t1.5\t", "b\tc\t"}, {}},
+      {R"({"containers":null})", {}, {"The server's reply cannot be shown: it has no “containers”."}},
+      {R"({"containers":[["a"]]})", {}, {"The server's reply cannot be shown: its “containers” is no table."}},
+      {R"({"containers":{"0":["a"],"2":["c"]}})", {}, {"The server's table cannot be shown: it has no row 1."}},
+  };
+  for (const auto& [reply, shown, messages] : rows) {
+    platform.Messages.clear();
+    Sent("containers/list").Reply(200, reply);
+    EXPECT_TRUE(window->btn_containers_refresh.Enabled() && window->list_containers.HasHeading()) << reply;
+    EXPECT_EQ(RowsOf(window->list_containers), shown);
+    EXPECT_EQ(platform.Messages, messages);
+    Press(&wServer::btn_containers_refresh);
+  }
+}
+
+TEST_F(ServerWindow, OnlyANumberOfLinesIsSent) {
+  Fill({"web"}, 0);
+  const std::pair<const char*, Texts> rows[] = {
+      {"20", {"20", " 20 ", "\t20", "+20", "0020"}},
+      {"0", {"0", "-0", "000"}},
+      {"-1", {"-1", "-01"}},
+      {"-9223372036854775808", {"-9223372036854775808"}},
+      {"", {"", " ", "abc", "+", "+-5", "- 5", "1 2", "1,000", "0x10", "1.5", "5e3", "٣", "9223372036854775808"}}};
+  for (const auto& [count, texts] : rows) {
+    for (const auto& typed : texts) {
+      platform.Messages.clear();
+      const std::size_t before = platform.Requests.size();
+      window->txt_containers_logs.Type(typed);
+      Press(&wServer::btn_containers_logs);
+      const bool isNumber = *count != '\0';
+      EXPECT_EQ(platform.Messages.size(), isNumber ? 0U : 1U) << typed;
+      ASSERT_EQ(platform.Requests.size(), before + (isNumber ? 1 : 0)) << typed;
+      if (!isNumber) continue;
+      EXPECT_EQ(Body(platform.LastRequest()).at("logCount"), count) << typed;
+      platform.LastRequest().Reply(200, R"({"log":{"0":["line"]}})");  // or the same would not be asked for again
+    }
+  }
+  EXPECT_THAT(platform.Messages, ElementsAre(StartsWith("You must provide a number of logs to retrieve.")));
+}
+
+TEST_F(ServerWindow, LogsComeInOrderInTheirOwnWindow) {
+  Fill({"web"}, 0);
+  AskForLogs().Reply(200, R"({"log":{"10":["k","hidden"],"2":["c"],"0":["a\nb"],"9":[9],"1":[],"3":["d"],"4":["e"],
+                              "8":["i"],"5":["f"],"7":["h"],"6":["g"]},"note":"n"})");
+  SentRequest& again = AskForLogs();
+  EXPECT_EQ(Body(again).at("log"), "") << "lines that are shown travel back";
+  EXPECT_EQ(Body(again).at("note"), "n");
+  again.Reply(200, R"({"log":{"0":["again"]}})");
+  EXPECT_EQ(platform.Requests.size(), 4U) << "the containers were asked for again";
+  window->Close();
+  ASSERT_THAT(platform.OpenWindows(), SizeIs(2));
+  toolkit::Window& logs = *platform.OpenWindows()[0];
+  EXPECT_THAT(RowsOf(Lines(logs)), ElementsAre("a\nb", "", "c", "d", "e", "f", "g", "h", "i", "9", "k"));
+  EXPECT_THAT(RowsOf(Lines(*platform.OpenWindows()[1])), ElementsAre("again"));
+  EXPECT_EQ(Lines(logs).ListIndex(), 10) << "the newest line is not the one to begin with";
+  EXPECT_EQ(Lines(logs).FileName() + ", " + logs.Subject(), "web, web on srv");
+  EXPECT_THAT(platform.Quits, IsEmpty());
+}
+
+TEST_F(ServerWindow, AReplyWithoutLinesOpensNoWindow) {
+  Fill({"web"}, 0);
+  for (const char* reply :
+       {"{}", R"({"log":null})", R"({"log":{}})", R"({"log":[["a"]]})", R"({"log":{"0":["a"],"2":["c"]}})"})
+    AskForLogs().Reply(200, reply);
+  const std::string none = "No logs returned for this container.";
+  EXPECT_THAT(platform.Messages, ElementsAre(none, none, none, HasSubstr("“log” is no table"), HasSubstr("no row 1")));
+  EXPECT_THAT(platform.OpenWindows(), SizeIs(1));
 }

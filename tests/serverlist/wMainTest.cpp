@@ -19,12 +19,8 @@ constexpr const char* reply =
     R"({"networkHostname":" named ","networkIPv4":"192.0.2.1","systemName":"<b>\"B\u0000x\"\\\r\n 🚀","load":8})";
 const std::string systemName = "<b>\"B\0x\"\\\r\n 🚀"s;  // as the reply tells it
 
-std::vector<std::string> FieldsOf(const CorvaneServer& server) {
-  return {server.Network_Hostname, server.Network_IPv4, server.Password, server.System_Name, server.Username};
-}
-
-struct MainWindowTest : Test {
-  MainWindowTest() { OpenWindow(); }
+struct ServerList : Test {
+  ServerList() { OpenWindow(); }
   void TearDown() override {
     Servers.clear();
     for (const auto& message : platform.Messages) EXPECT_THAT(message, Not(HasSubstr("pässw0rd")));
@@ -34,14 +30,14 @@ struct MainWindowTest : Test {
     window = std::make_shared<wMain>([this](const auto& server) { opened.push_back(server); });
     window->Show();
   }
-  void Fill(const std::string& host, const std::string& user, const std::string& password) const {
+  void Submit(const std::string& host, const std::string& user, const std::string& password) const {
     window->txtHostname.Type(host);
     window->txtUsername.Type(user);
     window->txtPassword.Type(password);
-  }
-  SentRequest& Add() {
-    Fill("srv", "amy", "pässw0rd");
     window->btnAddServer.Press();
+  }
+  SentRequest& Add() const {
+    Submit("srv", "amy", "pässw0rd");
     return platform.LastRequest();
   }
   [[nodiscard]] std::string Form() const {
@@ -59,42 +55,52 @@ struct MainWindowTest : Test {
 
 }  // namespace
 
-TEST_F(MainWindowTest, ChecksTheHostnameFirstAndSendsNothingThatIsIncomplete) {
-  const std::string noHost = "You must provide your server hostname to continue.";
-  const std::string noCredentials = "You must provide both your username and password to continue.";
-  const std::tuple<std::string, std::string, std::string> forms[] = {
-      {"", "", ""},    {"", "amy", ""},    {"", "", "pw"},   {"", "amy", "pw"},
-      {"srv", "", ""}, {"srv", "amy", ""}, {"srv", "", "pw"}};
-  for (const auto& [host, user, password] : forms) {
-    Fill(host, user, password);
-    window->btnAddServer.Press();
-    EXPECT_THAT(std::exchange(platform.Messages, {}), ElementsAre(host.empty() ? noHost : noCredentials)) << Form();
-    EXPECT_EQ(Form(), host + "|" + user + "|" + password);
+TEST(CorvaneClient, SanitizesHostnames) {
+  const std::pair<const char*, const char*> rows[] = {
+      // clang-format off
+      {"srv", "https://srv:1701"},               {"https://srv", "https://srv:1701"},
+      {"srv:1701", "https://srv:1701"},          {"https://srv:1701", "https://srv:1701"},
+      {"HTTPS://srv", "HTTPS://srv:1701"},       {"[::1]:1701", "https://[::1]:1701"},
+      {"http://srv", "https://http://srv:1701"}, {"srv:8080", "https://srv:8080:1701"},
+      {"srv:17010", "https://srv:17010:1701"},   {" https://srv ", "https:// https://srv :1701"},
+      // clang-format on
+  };
+  for (const auto& [host, base] : rows) EXPECT_EQ(CorvaneClient::Sanitize_Hostname(host), base) << host;
+}
+
+TEST_F(ServerList, SendsNothingThatIsIncomplete) {
+  for (int filled = 0; filled < 7; ++filled) {
+    platform.Messages.clear();
+    Submit((filled & 4) != 0 ? "srv" : "", (filled & 2) != 0 ? "amy" : "", (filled & 1) != 0 ? "pw" : "");
+    const char* missing = (filled & 4) != 0 ? "both your username and password" : "your server hostname";
+    EXPECT_THAT(platform.Messages, ElementsAre(std::string("You must provide ") + missing + " to continue."));
   }
+  EXPECT_EQ(Form(), "srv|amy|");
   EXPECT_THAT(platform.Requests, IsEmpty());
 }
 
-TEST_F(MainWindowTest, AsksTheTypedHostAndKeepsTheFormUntilTheReply) {
+TEST_F(ServerList, AsksTheTypedHostAndKeepsTheForm) {
   SentRequest& sent = Add();
   EXPECT_EQ(sent.Request.URL, "https://srv:1701/api/v1/system/information");
   EXPECT_EQ(parse(sent.Request.Body), parse(R"({"username":"amy","password":"pässw0rd"})"));
   EXPECT_TRUE(window->btnAddServer.Enabled() && window->Busy());
-  EXPECT_EQ(Form(), "srv|amy|pässw0rd");
+  EXPECT_EQ(window->labelVersion.Text(), "Version 1.0.12");
   ExpectNothingAdded();
-  Fill("other", "ben", "other");
-  window->btnAddServer.Press();
+  Submit("other", "ben", "other");
   EXPECT_EQ(Form(), "srv|amy|pässw0rd") << "another login would be stored than the one that was sent";
   window->txtUsername.Text(" שלום\t");
   window->txtPassword.Text("\0\"\\n"s);
   sent.Reply(200, reply);
   ASSERT_EQ(Servers.size(), 1U);
-  EXPECT_THAT(FieldsOf(*Servers[0]), ElementsAre(" named ", "192.0.2.1", "\0\"\\n"s, systemName, " שלום\t"));
+  const CorvaneServer& added = *Servers[0];
+  EXPECT_EQ(added.Network_Hostname + added.Network_IPv4 + added.System_Name, " named 192.0.2.1" + systemName);
+  EXPECT_EQ(added.Username + added.Password, " שלום\t\0\"\\n"s);
   EXPECT_EQ(Form(), "||");
   EXPECT_FALSE(window->Busy());
   EXPECT_EQ(platform.Requests.size() + platform.Messages.size(), 1U);
 }
 
-TEST_F(MainWindowTest, TwoAdditionsOfOneServerAreTwoRowsWithTwoRecords) {
+TEST_F(ServerList, AServerThatIsAddedTwiceHasTwoRows) {
   Add().Reply(200, reply);
   SentRequest& second = Add();
   auto body = parse(reply).get_object();  // what the first reply left travels along
@@ -111,55 +117,44 @@ TEST_F(MainWindowTest, TwoAdditionsOfOneServerAreTwoRowsWithTwoRecords) {
   EXPECT_THAT(opened, ElementsAre(Servers[1], Servers[0]));
 }
 
-TEST_F(MainWindowTest, WhatIsNotAcceptedAddsNothingAndLeavesTheForm) {
+TEST_F(ServerList, AddsNothingThatIsNotAccepted) {
   const std::tuple<int, std::string, std::string> rows[] = {
       {400, R"({"_error":"Wrong <i>user</i>"})", "Wrong <i>user</i>"},
       {500, "", "No data was returned from the Tessen Service."},
       {200, R"({"networkIPv4":"","systemName":""})", "no usable “networkHostname”"},
       {200, R"({"networkHostname":"","networkIPv4":null,"systemName":""})", "no usable “networkIPv4”"},
-      {200, R"({"networkHostname":"","networkIPv4":["a"],"systemName":""})", "no usable “networkIPv4”"},
-      {200, R"({"networkHostname":1,"networkIPv4":1.5,"systemName":true})", "no usable “systemName”"},
       {200, R"({"networkHostname":1,"networkIPv4":1.5,"systemName":{"0":"a"}})", "no usable “systemName”"},
+      {0, "", "“srv” refused the connection on port 1701. Is the panel service running"},
   };
   for (const auto& [status, answer, message] : rows) {
     platform.Messages.clear();
-    Add().Reply(status, answer);
+    SentRequest& sent = Add();
+    status == 0 ? sent.Fail(toolkit::TransferFault::Refused) : sent.Reply(status, answer);
     EXPECT_THAT(platform.Messages, ElementsAre(HasSubstr(message)));
-    EXPECT_EQ(Form(), "srv|amy|pässw0rd");
-    EXPECT_EQ(platform.LastDialog.About, "srv");
+    EXPECT_EQ(Form() + platform.LastDialog.About, "srv|amy|pässw0rdsrv");
     EXPECT_EQ(platform.Owners.back(), window.get());
     ExpectNothingAdded();
   }
-  Add().Fail(toolkit::TransferFault::Refused);
-  EXPECT_THAT(platform.Messages.back(),
-              HasSubstr("“srv” refused the connection on port 1701. Is the panel service running"));
-  SentRequest& silent = Add();
-  for (int time = 0; time < 2; ++time) window->Escape();
-  EXPECT_FALSE(silent.IsRunning() || window->Busy());
   for (toolkit::TextField* field : {&window->txtHostname, &window->txtUsername, &window->txtPassword}) {
     field->PressEnter();
     EXPECT_TRUE(platform.LastRequest().IsRunning()) << "the form was not given back";
-    window->Escape();
+    for (int time = 0; time < 2; ++time) window->Escape();
+    EXPECT_FALSE(platform.LastRequest().IsRunning() || window->Busy());
   }
 }
 
-TEST_F(MainWindowTest, NothingReachesAWindowThatWasClosed) {
-  for (const bool destroyed : {false, true}) {
-    for (const int status : {200, 400, 0}) {
-      SCOPED_TRACE(std::to_string(status) + (destroyed ? " after the end" : " after closing"));
-      OpenWindow();
-      SentRequest& sent = Add();
-      window->Close();
-      if (destroyed) window.reset();
-      EXPECT_TRUE(sent.IsRunning());
-      status == 0 ? sent.Fail(toolkit::TransferFault::ClosedEarly) : sent.Reply(status, reply);
-      EXPECT_THAT(platform.Messages, IsEmpty());
-      ExpectNothingAdded();
-    }
+TEST_F(ServerList, NothingReachesAWindowThatWasClosed) {
+  for (int row = 0; row < 6; ++row) {
+    SCOPED_TRACE(row);
+    OpenWindow();
+    SentRequest& sent = Add();
+    window->Close();
+    if (row % 2 == 0) window.reset();
+    EXPECT_TRUE(sent.IsRunning());
+    row < 2 ? sent.Fail(toolkit::TransferFault::ClosedEarly) : sent.Reply(row < 4 ? 200 : 400, reply);
+    EXPECT_THAT(platform.Messages, IsEmpty());
+    ExpectNothingAdded();
   }
-}
-
-TEST_F(MainWindowTest, AMessageMayStandWhileTheWindowIsClosed) {
   for (const int status : {200, 400}) {
     OpenWindow();
     SentRequest& sent = Add();
@@ -169,7 +164,7 @@ TEST_F(MainWindowTest, AMessageMayStandWhileTheWindowIsClosed) {
   }
 }
 
-TEST_F(MainWindowTest, LooksForUpdatesOnceItHasBeenPainted) {
+TEST_F(ServerList, LooksForUpdatesOnceItHasBeenPainted) {
   const auto alpha = platform.DesktopFolder().Child("corvane_alpha.txt");
   const auto beta = platform.DesktopFolder().Child("corvane_beta.txt");
   platform.WhileWaiting = [&] { platform.LastRequest().Reply(404, ""); };
@@ -185,39 +180,36 @@ TEST_F(MainWindowTest, LooksForUpdatesOnceItHasBeenPainted) {
     EXPECT_EQ(platform.LastRequest().Request.URL, product::updateURL);
     EXPECT_EQ(window->pKaju->AllowedStage, stage);
     EXPECT_EQ(window->pKaju->AllowedInteraction, 128U);
-    EXPECT_EQ(window->pKaju->Result(), Kaju::UpdateChecker::ResultType::NoUpdateAvailable);
   }
   platform.WhileWaiting = [&] {  // the window is closed while the check waits
-    window->Close();
-    window = nullptr;
+    std::exchange(window, nullptr)->Close();
     platform.LastRequest().Reply(404, "");
   };
   OpenWindow();
   window->TellPainted();
 }
 
-TEST_F(MainWindowTest, SetsPreferencesAsideThatCannotBeRead) {
+TEST_F(ServerList, SetsPreferencesAsideThatAreUnusable) {
+  EXPECT_EQ(app.KajuPrefFolder().Path(), platform.ApplicationDataFolder().Path() / "Brackfen_Lookout" / "Kaju");
   const auto file = app.KajuPrefFolder().Child("Kaju_Preferences");
   platform.WhileWaiting = [&] { platform.LastRequest().Reply(404, ""); };
-  std::size_t checks = 0;
-  const auto start = [&](std::size_t messages) {
-    OpenWindow();
-    platform.Dispatch([&] { window->TellPainted(); });
-    EXPECT_EQ(std::exchange(platform.Messages, {}).size(), messages);
-    EXPECT_EQ(platform.Requests.size(), ++checks);
-    window = nullptr;  // the checker writes its preferences
-    platform.CloseWindows();
-    EXPECT_EQ(toolkit::ReadFile(file), R"({"IgnoreVersionsPref":[]})");
-  };
-  std::string aside = "Kaju_Preferences_unreadable";
-  for (const std::string bad : {"", "nonsense", "[]", R"({"IgnoreVersionsPref":5})", "a folder"}) {
+  int number = 0;
+  for (const std::string bad : {"", "nonsense", "[]", R"({"IgnoreVersionsPref":[[]]})", "\xFF", "a folder"}) {
     SCOPED_TRACE(bad);
     file.Delete();
     bad == "a folder" ? file.Child("inside").CreateAsFolder() : toolkit::ReplaceFile(file, bad);
-    start(1);
-    const auto kept = file.Parent().Child(aside);
+    for (const std::size_t messages : {1U, 0U}) {
+      OpenWindow();
+      platform.Requests.clear();
+      platform.Dispatch([&] { window->TellPainted(); });
+      EXPECT_EQ(std::exchange(platform.Messages, {}).size(), messages);
+      EXPECT_EQ(platform.Requests.size(), 1U);
+      window = nullptr;  // the checker writes its preferences
+      platform.CloseWindows();
+      EXPECT_EQ(toolkit::ReadFile(file), R"({"IgnoreVersionsPref":[]})");
+    }
+    const std::string suffix = ++number == 1 ? "" : std::to_string(number);
+    const auto kept = file.Parent().Child("Kaju_Preferences_unreadable" + suffix);
     EXPECT_TRUE(kept.Child("inside").IsFolder() || toolkit::ReadFile(kept) == bad);
-    start(0);
-    aside = "Kaju_Preferences_unreadable" + std::to_string(checks / 2 + 1);
   }
 }

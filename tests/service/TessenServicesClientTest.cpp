@@ -5,9 +5,11 @@
 
 #include "service/TessenServicesClient.h"
 #include "tests/support/HandPlatform.h"
+#include "toolkit/TextFile.h"
 
 using namespace std::string_literals;
 using testing::ElementsAre;
+using toolkit::FolderItem;
 
 namespace {
 
@@ -15,8 +17,8 @@ boost::json::value parse(std::string_view text) { return boost::json::parse(text
 
 constexpr const char* url = "https://Srv:1701/Api/v1/System";
 
-struct ClientTest : testing::Test {
-  ClientTest() {
+struct Client : testing::Test {
+  Client() {
     client->ButtonPressed = [this] { events.emplace_back("pressed"); };
     client->Error = [this](const auto& error) { events.push_back("error: " + error.Message()); };
   }
@@ -35,12 +37,11 @@ struct ClientTest : testing::Test {
 
 }  // namespace
 
-TEST_F(ClientTest, TheStoreLivesFromRequestToRequest) {
+TEST_F(Client, ItsStoreLivesFromRequestToRequest) {
   client->Operator_Lookup("username", "amy");
   client->Operator_Lookup("password", "old");
   client->Operator_Lookup("password", "new");
-  EXPECT_EQ(Press(), parse(R"({"username":"amy","password":"new"})"));
-  EXPECT_EQ(Press(), parse(R"({"username":"amy","password":"new"})")) << "cleared by sending";
+  for (int press = 0; press < 2; ++press) EXPECT_EQ(Press(), parse(R"({"username":"amy","password":"new"})"));
   Last().Reply(200, R"({"status":"fine","rows":{"0":["a",1]},"none":null})");
   EXPECT_TRUE(client->Operator_Lookup("password").IsNil()) << "not part of the reply";
   client->Operator_Lookup("status", "assigned");
@@ -50,21 +51,18 @@ TEST_F(ClientTest, TheStoreLivesFromRequestToRequest) {
   EXPECT_EQ(Press(), parse("{}"));
 }
 
-TEST_F(ClientTest, EachOutcomeRaisesOneEventAndOnlyAnAcceptedReplyTouchesTheStore) {
+TEST_F(Client, TellsEachOutcomeAndKeepsTheAccepted) {
   const std::string unread = "error: The server's reply cannot be read: the ";
   const std::string noJSON = unread + "text is not JSON (";  // and what the parser says
-  const std::string noReason = "error: The server refused the request and gave no reason.";
   const std::tuple<const char*, int, std::string, std::string> rows[] = {
       {"accepted", 200, R"({"new":1,"other":2,"new":3})", "pressed"},
       {"as deep as can be", 200, R"({"a":)" + std::string(63, '[') + std::string(63, ']') + "}", "pressed"},
-      {"only 400 refuses: 401", 401, R"({"new":1,"_error":"no"})", "pressed"},
+      {"only 400 refuses", 401, R"({"new":1,"_error":"no"})", "pressed"},
       {"no data", 200, "", "error: No data was returned from the Tessen Service."},
       {"refused", 400, R"({"_error":"No <b>such</b>\n\u0000😀","new":1})", "error: No <b>such</b>\n\0😀"s},
-      {"refused without a reason", 400, R"({"error":"x"})", noReason},
-      {"a number beyond all bounds", 200, R"({"new":1e400})", noJSON},
+      {"no reason", 400, R"({"error":"x"})", "error: The server refused the request and gave no reason."},
       {"refused with an object", 400, R"({"_error":{"code":7}})", R"(error: {"code":7})"},
       {"not UTF-8", 200, "{\"new\":\"caf\xE9\"}", unread + "text is not UTF-8."},
-      {"not JSON", 200, "<html>new</html>", noJSON},
       {"cut off", 200, R"({"new":1)", noJSON},
       {"half a surrogate", 200, R"({"new":"\ud800"})", noJSON},
       {"too deep", 400, R"({"_error":)" + std::string(64, '[') + std::string(64, ']') + "}",
@@ -86,7 +84,7 @@ TEST_F(ClientTest, EachOutcomeRaisesOneEventAndOnlyAnAcceptedReplyTouchesTheStor
   }
 }
 
-TEST_F(ClientTest, RefusesEmptyTextsAtOnceAndPassesOnFailuresOfTheTransfer) {
+TEST_F(Client, RefusesEmptyTextsAndPassesOnFailures) {
   client->PressButton("", "");
   EXPECT_THAT(platform.Requests, ElementsAre());
   client->Operator_Lookup("kept", "as it was");
@@ -103,7 +101,7 @@ TEST_F(ClientTest, RefusesEmptyTextsAtOnceAndPassesOnFailuresOfTheTransfer) {
   EXPECT_EQ(Press(), sent);
 }
 
-TEST_F(ClientTest, ValuesSurviveTheRoundTripExactly) {
+TEST_F(Client, ValuesSurviveTheRoundTripExactly) {
   client->Operator_Lookup("date", toolkit::Date(std::chrono::seconds(951827696)));
   client->Operator_Lookup("double", 0.1);
   client->Operator_Lookup("least", std::numeric_limits<std::int64_t>::min());
@@ -115,12 +113,12 @@ TEST_F(ClientTest, ValuesSurviveTheRoundTripExactly) {
   const std::string reply = R"({"nested":{"list":[null,false,1e300,{"":)" + all + R"(}]},"nil":null})";
   Last().Reply(200, reply);
   EXPECT_EQ(Press(), parse(reply));
-  // clang-format off
-  const std::pair<std::string, const char*> numbers[] = {
-      {"91.66666666666667", "91.66666666666667"}, {"12.50", "12.5"}, {"8.0", "8"}, {"1E5", "100000"}, {"1e-400", "0"},
-      {"5e-324", "5e-324"}, {"1.7976931348623157E+308", "1.7976931348623157e+308"},
-      {"18446744073709551616", "18446744073709551616"}};
-  // clang-format on
+  const std::pair<std::string, const char*> numbers[] = {{"91.66666666666667", "91.66666666666667"},
+                                                         {"12.50", "12.5"},
+                                                         {"8.0", "8"},
+                                                         {"1E5", "100000"},
+                                                         {"1e-400", "0"},
+                                                         {"18446744073709551616", "18446744073709551616"}};
   for (const auto& [written, shown] : numbers) {
     Press();
     Last().Reply(200, R"({"number":)" + written + "}");
@@ -128,21 +126,86 @@ TEST_F(ClientTest, ValuesSurviveTheRoundTripExactly) {
   }
 }
 
-TEST_F(ClientTest, ItsHandlersMayPressAgainOrDestroyTheClient) {
-  for (const int status : {200, 400}) {
-    for (const bool destroys : {false, true}) {
-      SCOPED_TRACE(std::to_string(status) + (destroys ? " destroys" : " presses"));
-      int calls = 0;
-      const auto react = [&] { ++calls, destroys ? client.reset() : client->PressButton(url, "again"); };
-      client = std::make_unique<TessenServicesClient>();
-      client->ButtonPressed = react;
-      client->Error = [&](const auto&) { react(); };
-      Press();
-      const std::size_t requests = platform.Requests.size();
-      Last().Reply(status, R"({"_error":"x"})");
-      EXPECT_EQ(calls, 1);
-      EXPECT_EQ(platform.Requests.size(), destroys ? requests : requests + 1);
-      EXPECT_EQ(Last().IsRunning(), !destroys);
+TEST_F(Client, ItsHandlersMayPressAgainOrDestroyIt) {
+  for (int row = 0; row < 4; ++row) {
+    SCOPED_TRACE(row);
+    const bool destroys = row % 2 == 1;
+    int calls = 0;
+    const auto react = [&] { ++calls, destroys ? client.reset() : client->PressButton(url, "again"); };
+    client = std::make_unique<TessenServicesClient>();
+    client->ButtonPressed = react;
+    client->Error = [&](const auto&) { react(); };
+    Press();
+    const std::size_t requests = platform.Requests.size();
+    Last().Reply(row < 2 ? 200 : 400, R"({"_error":"x"})");
+    EXPECT_EQ(calls, 1);
+    EXPECT_EQ(platform.Requests.size(), destroys ? requests : requests + 1);
+    EXPECT_EQ(Last().IsRunning(), !destroys);
+  }
+}
+
+TEST_F(Client, AFileTakesTheReplyOrAnErrorTellsWhyNot) {
+  const FolderItem file = platform.DesktopFolder().Child("download");
+  const FolderItem missing = platform.DesktopFolder().Child("none").Child("download");
+  const std::string big(100'000, 'x');
+  const std::string full = "error: The file /dev/full could not be written: No space left on device.";
+  const std::tuple<FolderItem, std::string, std::string> rows[] = {
+      {file, big, ""},
+      {file, "", ""},
+      {file, "half", "error: The connection to the server “srv” was closed before its reply was complete."},
+      {missing, "x",
+       "error: The file " + missing.Path().string() + " could not be written: No such file or directory."},
+      {FolderItem("/dev/full"), big, full},
+      {FolderItem("/dev/full"), "little", full},
+  };
+  for (const auto& [target, body, error] : rows) {
+    SCOPED_TRACE(error);
+    events.clear();
+    client->Send("GET", "https://srv:1701/file", target);
+    Last().BeginReply(200);
+    Last().ReplyPart(body);
+    body == "half" ? Last().Fail(toolkit::TransferFault::ClosedEarly) : Last().EndReply();
+    EXPECT_EQ(events, error.empty() ? std::vector<std::string>{} : std::vector{error});
+    EXPECT_TRUE(!is_regular_file(target.Path()) || toolkit::ReadFile(target) == body);
+  }
+}
+
+TEST(ServiceTable, IsReadByNumbersWholeOrNotAtAll) {
+  const std::tuple<const char*, bool, std::string, std::vector<std::string>, std::string> tables[] = {
+      // clang-format off
+      {"{}", false, "as/were", {}, ""},
+      {R"({"0":[null]})", true, "/were", {}, ""},
+      {R"({"1":["c","d"],"0":["a","b"]})", false, "as/were", {"a\tb", "c\td"}, ""},
+      {R"({"2":["c"],"1":["a"],"0":[1,2,"beyond"]})", true, "1/2", {"a\t", "c\t"}, ""},
+      {R"({"0":[1.50,true],"1":[null,-7],"2":[{"k":1},[2]]})", false, "as/were", {"1.5\ttrue", "\t-7", "{\"k\":1}\t[2]"}, ""},
+      {"{}", true, "as/were", {}, "it has no row 0"},
+      {R"({"0":["a"],"2":["b"]})", false, "as/were", {}, "it has no row 1"},
+      {R"({"0":["a"],"01":["b"]})", false, "as/were", {}, "it has no row 1"},
+      {R"({"0":"H","1":["a"]})", true, "as/were", {}, "its row 0 is no row"},
+      {R"({"0":["a"],"1":{"0":"b"}})", false, "as/were", {}, "its row 1 is no row"},
+      // clang-format on
+  };
+  for (const auto& [text, hasHeadings, headings, expected, complaint] : tables) {
+    SCOPED_TRACE(text);
+    const boost::json::object table = parse(text).as_object();
+    toolkit::Listbox list;
+    list.ColumnCount(2).HasHeading(!hasHeadings);
+    list.Heading(0, "as");
+    list.Heading(1, "were");
+    std::string fault;
+    try {
+      TessenServicesClient::TessenListBox_FillDesktopListBox(list, table, hasHeadings);
+      const auto rows = TessenServicesClient::TessenListBox_FillArray(table, hasHeadings);
+      ASSERT_EQ(rows.size(), expected.size());
+      EXPECT_TRUE(rows.empty() || rows[0] == &table.at(hasHeadings ? "1" : "0").as_array());
+    } catch (const toolkit::RuntimeException& exception) {
+      fault = exception.Message();
     }
+    EXPECT_EQ(fault, complaint.empty() ? "" : "The server's table cannot be shown: " + complaint + ".");
+    ASSERT_EQ(static_cast<std::size_t>(list.ListCount()), expected.size());
+    for (std::size_t row = 0; row < expected.size(); ++row)
+      EXPECT_EQ(list.RowText(static_cast<int>(row)), expected[row]);
+    EXPECT_EQ(list.Heading(0) + "/" + list.Heading(1), headings);
+    EXPECT_EQ(list.HasHeading(), hasHeadings == complaint.empty());
   }
 }

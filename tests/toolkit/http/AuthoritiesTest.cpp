@@ -9,13 +9,8 @@
 namespace fs = std::filesystem;
 using toolkit::http::Authorities;
 
-TEST(Authorities, AreFoundWhereEachDistributionKeepsThem) {
-  struct Row {
-    const char* System;
-    const char* File;
-    const char* Folder;
-  };
-  const Row rows[] = {
+TEST(Authorities, AreFoundInEachDistribution) {
+  const std::tuple<const char*, std::string, std::string> rows[] = {
       {"Debian, Arch, Alpine", "etc/ssl/certs/ca-certificates.crt", "etc/ssl/certs"},
       {"Fedora", "etc/pki/tls/certs/ca-bundle.crt", ""},
       {"Fedora, newer", "etc/pki/ca-trust/extracted/pem/tls-ca-bundle.pem",
@@ -26,21 +21,20 @@ TEST(Authorities, AreFoundWhereEachDistributionKeepsThem) {
   const HandPlatform platform;
   for (const auto& [system, file, folder] : rows) {
     SCOPED_TRACE(system);
-    const toolkit::FolderItem root = toolkit::MakeTemporaryFolder();
-    EXPECT_EQ(Authorities(root).SystemFile(), "");
-    fs::create_directories((root.Path() / file).parent_path());
-    fs::create_directories(root.Path() / "etc/ssl/certs");
-    fs::create_directories(root.Path() / folder);
-    std::ofstream(root.Path() / file) << "theirs\n";
-    std::ofstream(root.Path() / folder / "theirs-by-name.0") << "theirs\n";
-    Authorities authorities(root);
-    EXPECT_EQ(authorities.SystemFile(), (root.Path() / file).string());
+    const toolkit::FolderItem folderOfAll = toolkit::MakeTemporaryFolder();
+    const fs::path root = folderOfAll.Path();
+    EXPECT_EQ(Authorities(folderOfAll).SystemFile(), "");
+    for (const fs::path& parent : {(root / file).parent_path(), root / "etc/ssl/certs", root / folder})
+      fs::create_directories(parent);
+    std::ofstream(root / file) << "theirs\n";
+    std::ofstream(root / folder / "theirs-by-name.0") << "theirs\n";
+    Authorities authorities(folderOfAll);
+    EXPECT_EQ(authorities.SystemFile(), (root / file).string());
     EXPECT_EQ(authorities.SystemFolder(), "") << "it is not by hash";
-    std::ofstream(root.Path() / folder / "0a1b2c3d.0") << "theirs\n";
-    EXPECT_EQ(Authorities(root).SystemFolder(), *folder == '\0' ? "" : (root.Path() / folder).string());
-    EXPECT_FALSE(authorities.HasAdded());
+    std::ofstream(root / folder / "0a1b2c3d.0") << "theirs\n";
+    EXPECT_EQ(Authorities(folderOfAll).SystemFolder(), folder.empty() ? "" : (root / folder).string());
     authorities.Add("ours");
     EXPECT_THAT(authorities.All(), testing::AllOf(testing::StartsWith("theirs\n"), testing::HasSubstr("\nours\n")));
-    fs::remove_all(root.Path());
+    fs::remove_all(root);
   }
 }

@@ -1,4 +1,3 @@
-#include <cmath>
 #include <filesystem>
 #include <fstream>
 
@@ -7,7 +6,6 @@
 
 #include "tests/desktop/Desktop.h"
 #include "tests/support/HostilePictures.h"
-#include "toolkit/Encoding.h"
 #include "toolkit/RuntimeException.h"
 #include "toolkit/Text.h"
 #include "toolkit/qt/PictureDecoder.h"
@@ -47,39 +45,35 @@ struct Decoding : Desktop {
 
 const std::string smallGIF = "GIF89a\4\0\2\0\x80\0\0\xFF\0\0\xFF\0\0,\0\0\0\0\4\0\2\0\0\2\3\x84\x8F\5\0;"s;
 
-TEST_F(Decoding, TakesFourFormatsByTheirContentAndMakesSmallerWhatIsLarge) {
+TEST_F(Decoding, TakesFourFormatsAndShrinksLargeOnes) {
   QImage red(60, 20, QImage::Format_RGB32);
   red.fill(Qt::red);
-  const QImage wide = red.scaled(9'000, 10);
-  const QImage large = red.scaled(3'000, 2'000);
-  const std::string address =
-      "Data:,"s + QByteArray::fromStdString(Encoded(red, "png")).toPercentEncoding().toStdString();
+  const std::string png = Encoded(red, "png");
+  const std::string address = "Data:," + QByteArray::fromStdString(png).toPercentEncoding().toStdString();
   const std::tuple<const char*, std::string, int, QSize> rows[] = {
-      {"PNG", Encoded(red, "png"), 100, {60, 20}},
+      {"PNG", png, 100, {60, 20}},
       {"JPEG", Encoded(red, "jpeg"), 100, {60, 20}},
       {"GIF", smallGIF, 100, {4, 2}},
       {"WebP", Encoded(red, "webp"), 100, {60, 20}},
       {"a quoted address", address, 100, {60, 20}},
-      {"too wide", Encoded(red, "png"), 30, {30, 10}},
-      {"too wide and flat", Encoded(wide, "png"), 100, {100, 1}},
-      {"too many pixels", Encoded(large, "png"), 10'000, {1936, 1290}},
-      {"ICO", Encoded(red, "ico"), 100, {}},
-      {"BMP", Encoded(red, "bmp"), 100, {}},
-      {"TIFF", Encoded(red, "tiff"), 100, {}},
-      {"SVG", "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>", 100, {}},
-      {"half a PNG", Encoded(wide, "png").substr(0, 60), 100, {}},
-      {"an address without data", "data:image/png;base64", 100, {}},
-      {"nothing", "", 100, {}}};
+      {"too wide", png, 30, {30, 10}},
+      {"too wide and flat", Encoded(red.scaled(9'000, 10), "png"), 100, {100, 1}},
+      {"too many pixels", Encoded(red.scaled(3'000, 2'000), "png"), 10'000, {1936, 1290}},
+      {"ICO", Encoded(red, "ico"), 100, {0, 0}},
+      {"BMP", Encoded(red, "bmp"), 100, {0, 0}},
+      {"TIFF", Encoded(red, "tiff"), 100, {0, 0}},
+      {"SVG", "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>", 100, {0, 0}},
+      {"half a PNG", png.substr(0, 60), 100, {0, 0}},
+      {"an address without data", "data:image/png;base64", 100, {0, 0}},
+      {"nothing", "", 100, {0, 0}}};
   for (const auto& [what, encoded, mostWidth, size] : rows) {
     const QImage picture = Decode(encoded, mostWidth);
-    EXPECT_EQ(picture.size(), size.isEmpty() ? QSize(0, 0) : size) << what;
-    if (!size.isEmpty() && size.width() < 1'000) {
-      EXPECT_NEAR(picture.pixelColor(1, 0).red(), 255, 2) << what;
-    }
+    EXPECT_EQ(picture.size(), size) << what;
+    EXPECT_TRUE(picture.isNull() || picture.pixelColor(1, 0).red() > 252) << what;
   }
 }
 
-TEST_F(Decoding, WhatTakesLongIsEndedAndEverythingEndsWithItsDecoder) {
+TEST_F(Decoding, WhatTakesLongEndsWithItsDecoder) {
   for (const auto& [what, encoded] : HostilePictures()) {
     EXPECT_THROW((void)Picture::FromData(encoded), toolkit::RuntimeException) << what;
     EXPECT_EQ(Children(), "") << what;
@@ -92,7 +86,7 @@ TEST_F(Decoding, WhatTakesLongIsEndedAndEverythingEndsWithItsDecoder) {
   EXPECT_THAT(picture->Pixels().Colors, AllOf(SizeIs(8), Each(0xFFFF0000)));
 }
 
-TEST_F(Decoding, OneProcessAtATimeHasNoneOfTheProgramsFilesAndLittleOfTheSystem) {
+TEST_F(Decoding, OneProcessAtATimeMayDoLittle) {
   const PictureDecoder decoder(HostilePictures().front().Encoded, 100, [](const QImage& /*picture*/) {});
   const PictureDecoder next(smallGIF, 100, [](const QImage& /*picture*/) { ADD_FAILURE() << "two at a time"; });
   ASSERT_TRUE(Until([] { return !Children().empty(); }));

@@ -13,100 +13,72 @@ using namespace std::string_literals;
 
 namespace {
 
-constexpr const char* whole =
-    R"({"AppName":"A","Expires":"e","ImageURL":"i","MinimumRequiredVersion":"1","ReleaseNotes":"n","RequiresPayment":true,)"
-    R"("UseTransparency":false,"Version":"2","MacBinary":{"Hash":"h","URL":"u"},)"
-    R"("LinuxBinary64bit":{"Hash":"h","URL":"u","SHA256":"s","Size":18446744073709551615,"ExecutableName":"e"}})";
-
-struct UpdateInformationTest : testing::Test {
+struct Informing : testing::Test {
   HandPlatform platform;
 };
 
 }  // namespace
 
-TEST_F(UpdateInformationTest, IsReadWrittenAndCopiedMemberByMember) {
+TEST_F(Informing, IsReadWrittenAndCopiedWhole) {
+  constexpr const char* whole =
+      R"({"AppName":"A","Expires":"e","ImageURL":"i","MinimumRequiredVersion":"1","ReleaseNotes":"n",)"
+      R"("RequiresPayment":true,"UseTransparency":false,"Version":"2","MacBinary":{"Hash":"h","URL":"u"},)"
+      R"("LinuxBinary64bit":{"Hash":"h","URL":"u","SHA256":"s","Size":18446744073709551615,"ExecutableName":"e"}})";
   const UpdateInformation read(parse(whole));
   const UpdateInformation copy(static_cast<const Kaju::Information&>(read));
   read.Binaries().front()->URL = "changed";
   EXPECT_EQ(serialize(copy.ToJSON()), whole);
-  const UpdateInformation sparse(parse(R"({"version":"2","Other":[1],"AppName":{"a":1},"LinuxBinary":{"url":"u"}})"));
+  const UpdateInformation sparse(
+      parse(R"({"version":"2","Other":[1],"AppName":{"a":1},"ImageURL":12.5,"ReleaseNotes":null,"Version":true,)"
+            R"("RequiresPayment":"TRUE","UseTransparency":0,"LinuxBinary":{"url":"u"}})"));
   EXPECT_EQ(serialize(sparse.ToJSON()),
-            R"({"AppName":"","ImageURL":"","MinimumRequiredVersion":"","ReleaseNotes":"","RequiresPayment":false,)"
-            R"("UseTransparency":true,"Version":"","LinuxBinary":{"Hash":"","URL":""}})");
+            R"({"AppName":"","ImageURL":"12.5","MinimumRequiredVersion":"","ReleaseNotes":"","RequiresPayment":true,)"
+            R"("UseTransparency":false,"Version":"true","LinuxBinary":{"Hash":"","URL":""}})");
   EXPECT_THROW(UpdateInformation(*copy.Binaries().front()), Kaju::KajuException);
 }
 
-TEST_F(UpdateInformationTest, ConvertsSimpleValuesAndRefusesTheRest) {
-  const std::tuple<const char*, const char*, const char*> rows[] = {
-      {R"({"AppName":5})", "5", "false"},         {R"({"AppName":12.5})", "12.5", "false"},
-      {R"({"AppName":true})", "true", "false"},   {R"({"AppName":null})", "", "false"},
-      {R"({"RequiresPayment":1})", "", "true"},   {R"({"RequiresPayment":"TRUE"})", "", "true"},
-      {R"({"RequiresPayment":0})", "", "false"},  {R"({"RequiresPayment":null})", "", "false"},
-      {R"({"RequiresPayment":[1]})", "", "false"}};
-  for (const auto& [json, name, payment] : rows) {
-    const UpdateInformation update(parse(json));
-    EXPECT_EQ(update.AppName, name) << json;
-    EXPECT_EQ(update.GetByName("RequiresPayment").Text(), payment) << json;
-  }
-  for (const char* json :
-       {"[]", "5", "null", R"({"RequiresPayment":"yes"})", R"({"UseTransparency":""})", R"({"AppName":1e400})",
-        R"({"MacBinary":{"Size":-1}})", R"({"MacBinary":{"Size":1.5}})", R"({"MacBinary":{"Size":"1x"}})",
-        R"({"MacBinary":{"Size":""}})", R"({"MacBinary":{"Size":null}})", R"({"MacBinary":{"Size":true}})",
-        R"({"MacBinary":5})", R"({"MacBinary":null})", R"({"MacBinary":[]})", R"({"LinuxBinary":"x"})"}) {
+TEST_F(Informing, RefusesValuesThatDoNotConvert) {
+  for (const char* json : {"[]", "5", "null", R"({"RequiresPayment":"yes"})", R"({"UseTransparency":""})",
+                           R"({"AppName":1e400})", R"({"MacBinary":{"Size":-1}})", R"({"MacBinary":{"Size":1.5}})",
+                           R"({"MacBinary":{"Size":"1x"}})", R"({"MacBinary":{"Size":""}})",
+                           R"({"MacBinary":{"Size":null}})", R"({"MacBinary":null})", R"({"LinuxBinary":"x"})"})
     EXPECT_THROW(UpdateInformation(parse(json)), toolkit::RuntimeException) << json;
-  }
 }
 
-TEST_F(UpdateInformationTest, ReachesPropertiesAndFilesByName) {
+TEST_F(Informing, ReachesPropertiesAndFilesByName) {
   UpdateInformation update;
   update.SetByName("RequiresPayment", "Yes");
   update.SetByName("Version", "1.2b4");
-  EXPECT_EQ(update.GetByName("RequiresPayment").Text(), "true");
-  EXPECT_EQ(update.GetByName("StageCode").Text(), "2");
-  EXPECT_THROW((void)update.GetByName("version"), toolkit::KeyNotFoundException);
+  EXPECT_EQ(update.GetByName("RequiresPayment").Text() + update.GetByName("StageCode").Text(), "true2");
   EXPECT_THROW(update.SetByName("Binaries", 1), toolkit::KeyNotFoundException);
-  EXPECT_THROW(update.SetByName("UseTransparency", "maybe"), toolkit::TypeMismatchException);
-  EXPECT_TRUE(update.UseTransparency);
-
-  const auto file = update.FetchBinary("LinuxBinary");
-  EXPECT_EQ(update.FetchBinary("LinuxBinary"), file);
+  EXPECT_EQ(update.FetchBinary("LinuxBinary"), update.FetchBinary("LinuxBinary"));
   EXPECT_THROW(update.FetchBinary("AmigaBinary"), toolkit::KeyNotFoundException);
-  file->Hash = file->URL = "x";
-  EXPECT_FALSE(file->IsValid());
-  *update.FetchBinary("MacBinary") = BinaryInformation(false, parse(R"({"Hash":"x","URL":"x"})"));
-  EXPECT_TRUE(update.FetchBinary("MacBinary")->IsValid());
-  for (int round = 0; round < 2; ++round) update.RemoveBinary("LinuxBinary");
+  update.RemoveBinary("LinuxBinary");
   EXPECT_EQ(update.PlatformBinary32bit(Kaju::System::Linux), nullptr);
 }
 
-TEST_F(UpdateInformationTest, TellsWhatMakesItInvalid) {
-  const std::string form =
-      "Version must be in one of these forms: 1, 1.2, 1.2.3, 1.2d4, 1.2a4, 1.2b4, 1.2.4b4, "
-      "1.3.4 (232), etc.";
-  const std::string isNotValid = " Binary information is not valid: Missing ";
-  const std::string complete = R"({"Hash":"h","URL":"u","ExecutableName":"e"})";
-  const std::tuple<std::string, std::string, std::string, std::string, std::string> rows[] = {
-      // clang-format off
-      {"1.3.4 (232)", "A",    "MacBinary",          R"({"Hash":"h","URL":"u"})", ""},
-      {"1",           "A",    "LinuxBinary",        complete,                    ""},
-      {"1.2.3.4",     "",     "MacBinary",          "{}",                        form},
-      {"1..2",        "A",    "MacBinary",          "{}",                        form},
-      {"1\\n",        "A",    "MacBinary",          "{}",                        form},
-      {"1",           " \\t", "MacBinary",          "{}",                        "Missing app name"},
-      {"1",           "A",    "MacBinary",          R"({"URL":"u"})",            "Mac" + isNotValid + "Hash"},
-      {"1",           "A",    "WindowsBinary64bit", R"({"Hash":"h","URL":" "})", "Windows" + isNotValid + "URL"},
-      {"1",           "A",    "LinuxBinary64bit",   R"({"Hash":"h","URL":"u"})", "Linux" + isNotValid + "Executable Name"},
-      // clang-format on
+TEST_F(Informing, TellsWhatMakesItInvalid) {
+  const std::pair<const char*, const char*> rows[] = {
+      {R"("Version":"1.2.3b4","AppName":"A","MacBinary":{"Hash":"h","URL":"u"})", ""},
+      {R"("Version":"1","AppName":"A","LinuxBinary":{"Hash":"h","URL":"u","ExecutableName":"e"})", ""},
+      {R"("Version":"1..2","MacBinary":{})", "Version must be in one of these forms: 1, 1.2, 1.2.3, 1.2d4, 1.2a4"},
+      {R"("Version":"1\n","AppName":"A")", "Version must"},
+      {R"("Version":"1","AppName":" \t","MacBinary":{})", "Missing app name"},
+      {R"("Version":"1","AppName":"A","MacBinary":{})", "Mac Binary information is not valid: Missing Hash"},
+      {R"("Version":"1","AppName":"A","WindowsBinary64bit":{"Hash":"h","URL":" "})",
+       "Windows Binary information is not valid: Missing URL"},
+      {R"("Version":"1","AppName":"A","LinuxBinary64bit":{"Hash":"h","URL":"u"})",
+       "Linux Binary information is not valid: Missing Executable Name"},
   };
-  for (const auto& [version, app, name, binary, reason] : rows) {
-    const UpdateInformation update(
-        parse(R"({"Version":")" + version + R"(","AppName":")" + app + R"(",")" + name + "\":" + binary + "}"));
-    EXPECT_EQ(update.IsValid(), reason.empty()) << reason;
-    EXPECT_EQ(update.InvalidReason(), reason);
+  for (const auto& [members, reason] : rows) {
+    const UpdateInformation update(parse("{"s + members + "}"));
+    EXPECT_EQ(update.IsValid(), *reason == '\0') << members;
+    EXPECT_THAT(update.InvalidReason(), testing::StartsWith(reason)) << members;
+    EXPECT_EQ(update.InvalidReason().empty(), update.IsValid()) << members;
   }
 }
 
-TEST_F(UpdateInformationTest, NamesFilesByPlainNamesOnly) {
+TEST_F(Informing, NamesFilesByPlainNamesOnly) {
   const std::tuple<const char*, std::string, bool> rows[] = {
       // clang-format off
       {"",                     "",           false}, {"http://h/my%20app.zip", "my app.zip", true},
@@ -119,27 +91,25 @@ TEST_F(UpdateInformationTest, NamesFilesByPlainNamesOnly) {
       // clang-format on
   };
   for (const auto& [url, name, isUsable] : rows) {
-    BinaryInformation binary(false);
-    binary.URL = url;
-    EXPECT_EQ(binary.FileName(), name);
-    EXPECT_EQ(binary.HasUsableNames(), isUsable) << url;
+    BinaryInformation file(false);
+    file.URL = url;
+    EXPECT_EQ(file.FileName(), name);
+    EXPECT_EQ(file.HasUsableNames(), isUsable) << url;
     for (const bool isRequired : {true, false}) {
       BinaryInformation program(isRequired);
-      program.URL = "http://h/app.zip";
+      program.URL = "app.zip";
       program.ExecutableName = name;
       EXPECT_EQ(program.HasUsableNames(), isUsable || (name.empty() && !isRequired)) << name;
     }
   }
 }
 
-TEST_F(UpdateInformationTest, FetchesItsPictureOnceItCanBeHad) {
+TEST_F(Informing, FetchesItsPictureOnceItCanBeHad) {
   UpdateInformation update;
   EXPECT_EQ(update.Image(), nullptr);
   update.ImageURL = "http://pictures/a.png";
-  int asked = 0;
-  platform.WhileWaiting = [&] {
-    const bool isLookUp = ++asked % 2 == 1;  // of redirects
-    platform.LastRequest().Reply(200, isLookUp ? "" : "picture");
+  platform.WhileWaiting = [&] {  // every other request is for redirects
+    platform.LastRequest().Reply(200, platform.Requests.size() % 2 == 1 ? "" : "picture");
   };
   EXPECT_EQ(update.Image(), nullptr);  // no picture
   platform.PictureShown = toolkit::Pixels{{1, 2}, {3, 4}};
@@ -147,5 +117,5 @@ TEST_F(UpdateInformationTest, FetchesItsPictureOnceItCanBeHad) {
   ASSERT_NE(picture, nullptr);
   EXPECT_EQ(picture->Pixels().Colors, platform.PictureShown->Colors);
   EXPECT_EQ(update.Image(), picture);
-  EXPECT_EQ(asked, 4);
+  EXPECT_EQ(platform.Requests.size(), 4U);
 }

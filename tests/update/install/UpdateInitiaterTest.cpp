@@ -6,7 +6,6 @@
 
 #include "shell/App.h"
 #include "tests/support/HandPlatform.h"
-#include "toolkit/RuntimeException.h"
 #include "toolkit/TextFile.h"
 #include "update/check/FileHelpers.h"
 #include "update/install/ScriptText.h"
@@ -18,44 +17,23 @@ using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::Not;
 using toolkit::FolderItem;
 using namespace std::string_literals;
 
 namespace {
 
 /// An unpacked update, and a place of its own for temporary files.
-struct UpdateInitiaterTest : testing::Test {
-  UpdateInitiaterTest() {
+struct Initiater : testing::Test {
+  Initiater() {
     for (const FolderItem& folder : {temporary, replacement.Child("translations")}) folder.CreateAsFolder();
     for (const char* name : {"corvane", "it's", ".DS_Store", "b\nc"})
       toolkit::ReplaceFile(replacement.Child(name), name);
     setenv("TMPDIR", temporary.Path().c_str(), 1);
     initiater->ReplacementAppFolder = replacement;
     initiater->ReplacementExecutableName = "corvane";
-    platform.WhileWaiting = [this] {
-      waits += 1;
-      pidFiles = PidFiles();
-      platform.Advance(std::chrono::milliseconds(100));
-    };
+    platform.WhileWaiting = [this] { ++waits, platform.Advance(std::chrono::milliseconds(100)); };
   }
-  ~UpdateInitiaterTest() override { unsetenv("TMPDIR"); }
-
-  /// Those in the script's folder, which only this user can enter.
-  [[nodiscard]] int PidFiles() const {
-    const auto folders = temporary.Children();
-    if (folders.empty() || folders[0].Permissions() != fs::perms::owner_all) return -1;
-    return static_cast<int>(std::ranges::count_if(
-        folders[0].Children(), [](const FolderItem& item) { return item.Name().starts_with("hand-run-"); }));
-  }
-  [[nodiscard]] Kaju::ScriptInput Installation(const char* executable, const char* name) const {
-    return {.Executable = FolderItem(executable),
-            .Version = "1.2.3_64-bit",
-            .Replacement = replacement,
-            .ReplacementExecutable = name,
-            .TempFolder = FolderItem("/tmp/a b//"),
-            .PidFile = FolderItem("/tmp/100%.pid")};
-  }
+  ~Initiater() override { unsetenv("TMPDIR"); }
 
   HandPlatform platform;
   App app{{1, 2, 3}};
@@ -63,106 +41,69 @@ struct UpdateInitiaterTest : testing::Test {
   FolderItem replacement = platform.DesktopFolder().Child("new");
   std::shared_ptr<UpdateInitiater> initiater = std::make_shared<UpdateInitiater>();
   int waits = 0;
-  int pidFiles = 0;
 };
 
 }  // namespace
 
-TEST_F(UpdateInitiaterTest, QuotesForTheShell) {
-  for (const auto& [path, quoted] : {std::pair{"/a/it's", R"('/a/it'\''s')"},
-                                     {"/a b/$(x)\n\"///", "'/a b/$(x)\n\"'"},
-                                     {"/", "''"},
-                                     {"/''", R"('/'\'''\''')"}}) {
+TEST_F(Initiater, QuotesForTheShell) {
+  for (const auto& [path, quoted] :
+       {std::pair{"/a b/$(x)\n\"///", "'/a b/$(x)\n\"'"}, {"/", "''"}, {"/''", R"('/'\'''\''')"}})
     EXPECT_EQ(UpdateInitiater::ShellPathQuote(FolderItem(path)), quoted) << path;
-  }
-  EXPECT_EQ(UpdateInitiater::ShellQuote("a/'/"), R"('a/'\''/')");
-  EXPECT_EQ(UpdateInitiater::ArrayToShellScript({"a b", "it's"}, "N"), "N[0]='a b'\nN[1]='it'\\''s'\n");
-  EXPECT_EQ(UpdateInitiater::ArrayToShellScript({}, "N"), "");
-  EXPECT_EQ(UpdateInitiater::GetAppVersionForScript(), "1.2.3_64-bit");
+  EXPECT_EQ(UpdateInitiater::ArrayToShellScript({"a b", "a/'/"}, "N"), "N[0]='a b'\nN[1]='a/'\\''/'\n");
 }
 
-TEST_F(UpdateInitiaterTest, ListsTheCompanions) {
-  EXPECT_THAT(UpdateInitiater::GetManifest(replacement, "corvane"), ElementsAre("b\nc", "it's", "translations"));
-  EXPECT_THAT(UpdateInitiater::GetManifest(replacement, "Corvane"),
-              ElementsAre("b\nc", "corvane", "it's", "translations"));
-  EXPECT_THAT(UpdateInitiater::GetManifest(replacement.Child("missing"), "corvane"), IsEmpty());
+// What the scripts of other platforms do with hostile names is tried on real folders.
+TEST_F(Initiater, FillsTheTemplateForWindows) {
+  const std::string script = Kaju::WindowsScript({.Executable = FolderItem("/opt/@@TEMP_FOLDER@@/it's @@NEW@@ 50%"),
+                                                  .Version = UpdateInitiater::GetAppVersionForScript(),
+                                                  .Replacement = replacement,
+                                                  .ReplacementExecutable = "new@@APP_NAME@@",
+                                                  .TempFolder = FolderItem("/tmp/a b//"),
+                                                  .PidFile = FolderItem("/tmp/100%.pid")});
+  for (const std::string& line :
+       {"@echo off"s, "set \"APP_NAME=it's @@NEW@@ 50%%\""s, "set \"APP_PARENT='/opt/@@TEMP_FOLDER@@'\""s,
+        "set \"APP_VERSION=1.2.3_64-bit\""s, "set \"NEW_APP_NAME=new@@APP_NAME@@\""s,
+        "set \"PID_FILE='/tmp/100%%.pid'\""s, "set \"NAME=it's\"\r\nset \"KEEP=%INDEX%-it's\""s,
+        "set \"DECOMPRESSED_FOLDER='" + replacement.Parent().Path().string() + "'\""})
+    EXPECT_THAT("\r\n" + script, HasSubstr("\r\n" + line + "\r\n"));
 }
 
-TEST_F(UpdateInitiaterTest, FillsTheTemplates) {
-  const std::string folder = replacement.Parent().Path().string();
-  const auto hostile = Installation("/opt/@@TEMP_FOLDER@@/it's @@PID_FILE_PATH@@ 50%", "new@@APP_NAME@@");
-  const std::string common =
-      "APP_NAME='it'\\''s @@PID_FILE_PATH@@ 50%'\nAPP_PARENT='/opt/@@TEMP_FOLDER@@'\nAPP_VERSION='1.2.3_64-bit'\n";
-  const std::string ends = "TEMP_FOLDER_PATH='/tmp/a b'\nPID_FILE='/tmp/100%.pid'\n";
-  const std::pair<std::string, std::vector<std::string>> rows[] = {
-      // clang-format off
-      {Kaju::MacScript(hostile),
-       {"#!/bin/bash\n", common, "NEW_APP_NAME='new'\nNEW_APP_PARENT='" + folder + "'\n" + ends}},
-      {Kaju::LinuxScript(hostile),
-       {"#!/bin/bash -p\n", common, "NEW_APP_NAME='new@@APP_NAME@@'\nNEW_APP_PARENT='" + folder + "/new'\n" + ends,
-        "NEW_APP_OTHER_UB=3\n", "[0]='b\nc'\nNEW_APP_OTHER_NAME[1]='corvane'\nNEW_APP_OTHER_NAME[2]='it'\\''s'\n"}},
-      {Kaju::WindowsScript(hostile),
-       {"@echo off\r\nREM ", "set \"APP_NAME=it's @@PID_FILE_PATH@@ 50%%\"\r\n",
-        "set \"APP_PARENT='/opt/@@TEMP_FOLDER@@'\"\r\n", "set \"APP_VERSION=1.2.3_64-bit\"\r\n",
-        "set \"NEW_APP_NAME=new@@APP_NAME@@\"\r\n", "set \"PID_FILE='/tmp/100%%.pid'\"\r\n",
-        "set \"DECOMPRESSED_FOLDER='" + folder + "'\"\r\n", "set \"NAME=it's\"\r\nset \"KEEP=%INDEX%-it's\"\r\n",
-        "set \"NAME=translations\"\r\n"}}};
-  // clang-format on
-  for (const auto& [script, parts] : rows) {
-    for (const auto& part : parts) EXPECT_THAT(script, HasSubstr(part));
-    EXPECT_THAT(script, AllOf(Not(HasSubstr("PSEUDO-ARRAY")), Not(HasSubstr("@@NEW"))));
-  }
-  fs::remove_all(replacement.Path());
-  EXPECT_THAT(Kaju::LinuxScript(hostile), HasSubstr("NEW_APP_OTHER_UB=-1\nNEW_APP_OTHER_NAME=()\n\n"));
-}
-
-TEST_F(UpdateInitiaterTest, RunsTheScriptOnceWhenTheLastOwnerLetsGo) {
+TEST_F(Initiater, RunsItsScriptWhenTheLastOwnerLetsGo) {
   Kaju::StartUpdate(initiater);
   initiater = nullptr;
   EXPECT_THAT(platform.Processes, IsEmpty());
   app.UpdateInitiater = nullptr;
   ASSERT_EQ(platform.Processes.size(), 1U);
   ASSERT_EQ(temporary.Children().size(), 1U);
-  const FolderItem script = temporary.Children()[0].Child("kaju_updater.sh");
-  EXPECT_EQ(platform.Processes[0]->CommandLine, "/usr/bin/nohup '" + script.Path().string() + "' &");
-  EXPECT_FALSE(platform.Processes[0]->IsKilled);
-  EXPECT_EQ(script.Permissions(), fs::perms(0711));
-  EXPECT_THAT(toolkit::ReadFile(script), HasSubstr("NEW_APP_OTHER_UB=2\n"));
-  const std::string environment = toolkit::ReadFile(temporary.Children()[0].Child("environment"));
-  EXPECT_THAT(environment, AllOf(HasSubstr("TMPDIR=" + temporary.Path().string() + '\0'), testing::EndsWith("\0"s)));
-  EXPECT_EQ(waits, 11);
-  EXPECT_EQ(pidFiles, 1);
-  EXPECT_EQ(PidFiles(), 0);
+  const FolderItem folder = temporary.Children()[0];
+  EXPECT_EQ(folder.Permissions(), fs::perms::owner_all);
+  EXPECT_EQ(platform.Processes[0]->CommandLine, "/usr/bin/nohup '" + folder.Path().string() + "/kaju_updater.sh' &");
+  EXPECT_EQ(waits, 11) << "a second, for the script to start";
+  EXPECT_THAT(folder.Children(), testing::SizeIs(2))
+      << "the file of the process stays, or the environment is not there";
 }
 
-TEST_F(UpdateInitiaterTest, DoesNothingWithoutAReplacement) {
-  Kaju::CancelUpdate();
+TEST_F(Initiater, DoesNothingWithoutAReplacement) {
   Kaju::StartUpdate(initiater);
-  Kaju::CancelUpdate();
-  Kaju::CancelUpdate();
+  for (int time = 0; time < 2; ++time) Kaju::CancelUpdate();
   EXPECT_EQ(app.UpdateInitiater, nullptr);
   EXPECT_FALSE(initiater->ReplacementAppFolder);
   initiater->ReplacementAppFolder = replacement.Child("missing");
-  initiater->RunScript();
-  EXPECT_FALSE(initiater->ReplacementAppFolder);
   initiater = nullptr;
   EXPECT_THAT(temporary.Children(), IsEmpty());
-  EXPECT_THAT(platform.Processes, IsEmpty());
-  EXPECT_THAT(platform.Messages, IsEmpty());
+  EXPECT_TRUE(platform.Processes.empty() && platform.Messages.empty());
 }
 
-TEST_F(UpdateInitiaterTest, TakesTheCacheFolderWhereTheTemporaryOneDoesNotServe) {
+TEST_F(Initiater, TakesTheCacheFolderIfNeedBe) {
   const fs::path scripts[] = {temporary.Path(), platform.CacheFolder().Path()};
   for (const int place : {0, 1}) {
     platform.WhileWaiting = [&, starts = place] {
-      const auto& process = *platform.Processes.back();
-      const bool isHere = process.CommandLine.starts_with("'" + scripts[starts].string());
+      const bool isHere = platform.Processes.back()->CommandLine.starts_with("'" + scripts[starts].string());
       platform.Processes.back()->End(isHere ? 0 : 126);
       platform.Advance(std::chrono::milliseconds(100));
     };
     EXPECT_EQ(initiater->WhatPreventsIt(), "");
-    EXPECT_THAT(temporary.Children(), IsEmpty());
-    EXPECT_THAT(platform.CacheFolder().Children(), IsEmpty());
+    EXPECT_TRUE(temporary.Children().empty() && platform.CacheFolder().Children().empty());
     initiater->RunScript();
     EXPECT_THAT(platform.Processes.back()->CommandLine,
                 testing::StartsWith("/usr/bin/nohup '" + scripts[place].string()));
@@ -171,55 +112,47 @@ TEST_F(UpdateInitiaterTest, TakesTheCacheFolderWhereTheTemporaryOneDoesNotServe)
   initiater->Cancel();
 }
 
-TEST_F(UpdateInitiaterTest, KnowsWhatAFailedUpdateLeft) {
+TEST_F(Initiater, KnowsWhatAFailedUpdateLeft) {
   const FolderItem download = temporary.Child("hand-run-download");
   const FolderItem unpacked = download.Child("decompressed").Child("app");
+  const FolderItem running = temporary.Child("hand-run-running");
   const FolderItem other = temporary.Child("other").Child("decompressed").Child("app");
-  std::vector<std::string> arguments{"corvane", "--kaju-fail"};
-  std::vector<char*> values{arguments[0].data(), arguments[1].data()};
+  const FolderItem failed = temporary.Child("hand-run-failed");
+  std::string arguments[] = {"corvane", "--kaju-fail"};
+  char* values[] = {arguments[0].data(), arguments[1].data()};
   for (const FolderItem& left : {unpacked, other}) {
-    const FolderItem failed = temporary.Child("hand-run-failed");
-    for (const FolderItem& folder : {unpacked, failed, temporary.Child("hand-run-running"), other})
-      folder.CreateAsFolder();
+    for (const FolderItem& folder : {unpacked, failed, running, other}) folder.CreateAsFolder();
     fs::create_symlink(left.Path(), failed.Child("failed").Path());
     Kaju::TellFailedUpdate(std::span(values).first(1));
     EXPECT_TRUE(failed.Exists());
     Kaju::TellFailedUpdate(values);
-    EXPECT_FALSE(failed.Exists());
-    EXPECT_EQ(download.Exists(), left.Path() != unpacked.Path());
-    EXPECT_TRUE(temporary.Child("hand-run-running").Exists() && other.Exists());
+    EXPECT_TRUE(!failed.Exists() && running.Exists() && other.Exists());
+    EXPECT_EQ(download.Exists(), left.Path() == other.Path());
   }
-  EXPECT_THAT(platform.Messages,
-              ElementsAre("The update could not be installed.", "The update could not be installed."));
-  EXPECT_THAT(platform.LastDialog.Explanation, HasSubstr("“Kaju Update Script”"));
+  EXPECT_THAT(platform.Messages, AllOf(testing::SizeIs(2), testing::Each("The update could not be installed.")));
 }
 
-TEST_F(UpdateInitiaterTest, TellsWhatGoesWrong) {
+TEST_F(Initiater, TellsWhatGoesWrong) {
   fs::remove_all(temporary.Path());
   toolkit::ReplaceFile(platform.CacheFolder(), "no folder");
   initiater->RunScript();
-  EXPECT_THAT(platform.Messages, ElementsAre(testing::StartsWith("Could not complete update - No temporary folder")));
   initiater->Cancel();
   EXPECT_FALSE(UpdateInitiater::SaveScript("text", temporary));
-  EXPECT_EQ(platform.Messages.at(1), "Error writing script file: 2");
+  EXPECT_THAT(platform.Messages, ElementsAre(testing::StartsWith("Could not complete update - No temporary folder"),
+                                             "Error writing script file: 2"));
   EXPECT_THAT(platform.Processes, IsEmpty());
 }
 
-TEST_F(UpdateInitiaterTest, HasAFlavourForEachPlatform) {
+TEST_F(Initiater, HasAFlavourForEachPlatform) {
   const std::string own = fs::read_symlink("/proc/self/exe").filename();
-  const FolderItem kept = initiater->ReplacementAppFolder->Child("corvane");
   initiater->RunScriptWindows(temporary, temporary.Child("pid"));
   EXPECT_THAT(platform.Processes, IsEmpty());
   EXPECT_THAT(platform.OpenedURLs, ElementsAre("file://" + temporary.Child("kaju_updater.bat").Path().string()));
-  for (const bool isRenamed : {true, false}) {
-    EXPECT_EQ(kept.Exists(), isRenamed);
-    initiater->RunScriptMac(temporary, temporary.Child("pid"));
-    EXPECT_EQ(initiater->ReplacementAppFolder->Name(), own);
-  }
+  for (int run = 0; run < 2; ++run) initiater->RunScriptMac(temporary, temporary.Child("pid"));
+  EXPECT_EQ(initiater->ReplacementAppFolder->Name(), own);
+  EXPECT_FALSE(replacement.Exists());
   const FolderItem script = temporary.Child("kaju_updater.sh");
   EXPECT_EQ(platform.Processes.at(1)->CommandLine, "nohup '" + script.Path().string() + "' &");
   EXPECT_THAT(toolkit::ReadFile(script), HasSubstr("NEW_APP_NAME='" + own + "'\n"));
-  initiater->ReplacementAppFolder = replacement.Child("missing");
-  EXPECT_THROW(initiater->RunScriptMac(temporary, temporary.Child("pid")), toolkit::RuntimeException);
   initiater->Cancel();
 }
