@@ -21,10 +21,10 @@ namespace toolkit::qt {
 namespace {
 
 constexpr rlim_t mostSeconds = 2;
-// Enough for a screen of 3840 by 2160 pixels, but not for every way to store that.
+// Enough for 3840 by 2160 pixels in the usual formats.
 constexpr rlim_t mostMemory = 72'000'000;
 constexpr rlim_t mostOutput = sizeof(DecodedSize) + Picture::MostPixels * sizeof(QRgb);
-// The least that the system takes for "none" where another program is to receive the core file.
+// Where core files are piped to a program, the kernel ignores a limit of 0 but obeys 1 (see core(5)).
 constexpr rlim_t noCoreFile = 1;
 constexpr int howNice = 10;
 
@@ -40,7 +40,7 @@ constexpr std::array formats{
     Format{"webp", "RIFF", "WEBP"},
 };
 
-/// The private memory that this process has already, in bytes (see proc(5), "statm").
+/// The private memory of this process in bytes (see proc(5), "statm").
 rlim_t MemoryInUse() {
   constexpr int dataColumn = 5;
   std::ifstream columns("/proc/self/statm");
@@ -49,7 +49,7 @@ rlim_t MemoryInUse() {
   return pages * static_cast<rlim_t>(sysconf(_SC_PAGESIZE));
 }
 
-/// Qt scales and converts on threads, and would wait for ever for one that does not start for want of memory.
+/// Qt scales and converts pictures in threads, and waits for ever if one cannot start because memory is exhausted.
 void StartTheThread() {
   QThreadPool& threads = *QThreadPool::globalInstance();
   threads.setMaxThreadCount(1);
@@ -100,8 +100,8 @@ QImage Decode(QByteArray encoded, int mostWidth) {
   QBuffer buffer(&encoded);
   QImageReader reader(&buffer, format);
   reader.setAutoDetectImageFormat(false);
-  QImageReader::setAllocationLimit(0);  // that of the process counts, which covers more
-  // The size that a file tells serves only to decode no more than is wanted.
+  QImageReader::setAllocationLimit(0);  // the limit of the process covers more
+  // The size in the file's header is only used to decode at a smaller scale.
   if (const QSize told = reader.size(); !told.isEmpty() && Fitting(told, mostWidth) != told) {
     reader.setScaledSize(Fitting(told, mostWidth));
   }
@@ -134,7 +134,7 @@ bool DecodedSize::IsWithin(int mostWidth) const {
 
 std::optional<int> DecodeIfAsked(int argumentCount, char** arguments) {
   if (argumentCount != 3 || arguments[1] != decoderOption) return std::nullopt;
-  const QCoreApplication application(argumentCount, arguments);  // tells where the plugins are
+  const QCoreApplication application(argumentCount, arguments);  // knows where the plugins are
   StartTheThread();
   return LimitAll() && DecodeInput(std::atoi(arguments[2])) ? EXIT_SUCCESS : EXIT_FAILURE;
 }

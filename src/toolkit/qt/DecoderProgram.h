@@ -6,10 +6,10 @@
 
 namespace toolkit::qt {
 
-/// The program as it is started to decode one picture: this option, and how many pixels wide that may be. It shows
-/// nothing. It reads the picture, or a data address (RFC 2397) with one, from a file that is its standard input. On
-/// standard output it writes the picture's DecodedSize and its pixels, row by row in premultiplied ARGB of 32 bits; or
-/// nothing if it cannot.
+/// The option that starts the program as a decoder of one picture, followed by the greatest width in pixels. It opens
+/// no window. It reads the picture, or a data address (RFC 2397) with one, from standard input, which must be a file.
+/// It writes a DecodedSize and the pixels to standard output, row by row in premultiplied ARGB of 32 bits; nothing if
+/// the picture cannot be decoded.
 constexpr std::string_view decoderOption = "--decode-picture";
 
 /// In pixels.
@@ -17,12 +17,12 @@ struct DecodedSize {
   std::int32_t Width = 0;
   std::int32_t Height = 0;
 
-  /// Whether a picture of this size is not empty, and as small as a decoder must make it.
+  /// Whether the size is one that a decoder may write: not empty, and within the limits.
   [[nodiscard]] bool IsWithin(int mostWidth) const;
 };
 
-/// Does that and returns the status to exit with, if the program was started for it. To be called first in main, before
-/// anything is opened that a picture must not reach.
+/// If the program was started with that option, decodes and returns the exit status. Call it first in main, before
+/// opening anything that an untrusted picture must not reach.
 [[nodiscard]] std::optional<int> DecodeIfAsked(int argumentCount, char** arguments);
 
 }  // namespace toolkit::qt

@@ -20,13 +20,13 @@
 namespace toolkit::qt {
 namespace {
 
-// Pictures that come within this time are laid out together. Where laying out takes long, it gets a small part of the
-// time only.
+// Pictures that arrive within this time (in ms) are laid out together. The next layout waits this many times as long as
+// the last one took.
 constexpr int shortestPause = 100;
 constexpr int pausePerWork = 10;
 constexpr int leastContrast = 90;
 
-/// The palette's colour for links, or another one if it could not be read: not every dark palette has one of its own.
+/// The palette's colour of links, or another one if its contrast is too low: not every dark palette defines one.
 QColor LinkColor(const QPalette& palette) {
   const int ground = qGray(palette.color(QPalette::Base).rgb());
   const QColor link = palette.color(QPalette::Link);
@@ -40,8 +40,6 @@ HTMLViewerView::HTMLViewerView(HTMLViewer& viewer, QWidget& parent) : ViewOf(vie
   setOpenLinks(false);
   setUndoRedoEnabled(false);
   setTextInteractionFlags(Qt::TextBrowserInteraction | Qt::TextSelectableByKeyboard);
-  showPage_.setSingleShot(true);
-  connect(&showPage_, &QTimer::timeout, this, [this] { ShowPage(); });
   layOut_.setSingleShot(true);
   layOut_.setInterval(shortestPause);
   connect(&layOut_, &QTimer::timeout, this, [this] { LayOutPictures(); });
@@ -51,13 +49,12 @@ HTMLViewerView::HTMLViewerView(HTMLViewer& viewer, QWidget& parent) : ViewOf(vie
   HTMLViewerView::Refresh();
 }
 
-// A page is shown once, when the handler that loads it is done.
 void HTMLViewerView::Refresh() {
   ShowCommonProperties(*this, Model());
-  if (shownGeneration_ != Model().Generation()) showPage_.start(0);
+  if (shownGeneration_ != Model().Generation()) FollowLater();
 }
 
-void HTMLViewerView::ShowPage() {
+void HTMLViewerView::Follow() {
   shownGeneration_ = Model().Generation();
   const int frame = 2 * frameWidth() + 2 * static_cast<int>(document()->documentMargin());
   const int mostWidth = std::max(width() - frame - verticalScrollBar()->sizeHint().width(), 1);
@@ -81,7 +78,7 @@ void HTMLViewerView::ShowPage() {
   if (page_.LacksPictures) tellError(0, "There are more pictures than are shown.");
 }
 
-// The document before it goes, since it has the same parent.
+// setDocument() deletes the old document, because this view is its parent.
 void HTMLViewerView::ShowDocument() {
   auto* next = new QTextDocument(document()->parent());
   next->setUndoRedoEnabled(false);
@@ -92,7 +89,7 @@ void HTMLViewerView::ShowDocument() {
   setDocument(next);
 }
 
-// Qt lays out what is between the first picture and the last one.
+// Only the range from the first picture to the last one is laid out again.
 void HTMLViewerView::LayOutPictures() {
   QElapsedTimer work;
   work.start();
@@ -109,7 +106,7 @@ void HTMLViewerView::LayOutPictures() {
   layOut_.setInterval(std::max(shortestPause, static_cast<int>(work.elapsed()) * pausePerWork));
 }
 
-// Qt would look for a file if there were no picture.
+// If this returned nothing, Qt would look for a file.
 QVariant HTMLViewerView::loadResource(int /*type*/, const QUrl& name) {
   QPixmap empty(1, 1);
   empty.fill(Qt::transparent);
@@ -125,7 +122,7 @@ const PageLink* HTMLViewerView::LinkOf(const QString& address) const {
 void HTMLViewerView::FollowLink(const QString& address, bool isElsewhere) {
   const PageLink* found = LinkOf(address);
   if (found == nullptr) return;
-  const PageLink link = *found;  // a handler may load another page
+  const PageLink link = *found;  // the handler may load another page
   Platform::Current().Dispatch([&] { Model().Follow(link.URL, isElsewhere ? LinkTarget::NewWindow : link.Target); });
 }
 
@@ -148,7 +145,7 @@ void HTMLViewerView::contextMenuEvent(QContextMenuEvent* event) {
   menu->popup(event->globalPos());
 }
 
-// The links and pictures of the document mean nothing to others.
+// Plain text only: the addresses in the document have no meaning in other programs.
 QMimeData* HTMLViewerView::createMimeDataFromSelection() const {
   auto* text = new QMimeData;
   text->setText(textCursor().selection().toPlainText());

@@ -18,29 +18,28 @@ class HTMLViewerView final : public ViewOf<EditPage, HTMLViewer> {
   HTMLViewerView(HTMLViewer& viewer, QWidget& parent);
   void Refresh() override;
 
-  /// The only door to what a page refers to.
+  /// Everything that Qt loads for a page is requested here.
   QVariant loadResource(int type, const QUrl& name) override;
 
  protected:
+  void Follow() override;
   void changeEvent(QEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   [[nodiscard]] QMimeData* createMimeDataFromSelection() const override;
   void mouseReleaseEvent(QMouseEvent* event) override;
 
  private:
-  void ShowPage();
   void ShowDocument();
   void LayOutPictures();
   void FollowLink(const QString& address, bool isElsewhere);
-  /// The link behind an address in the document, nullptr if there is none.
+  /// The link that an address in the document stands for, nullptr if there is none.
   [[nodiscard]] const PageLink* LinkOf(const QString& address) const;
 
   FilteredPage page_;
   std::unique_ptr<PagePictures> loading_;
-  // Those that have come, by their names in the document, and those of them that wait to be laid out.
+  // The pictures that have arrived, by their names in the document, and the names that are not laid out yet.
   QMap<QString, QPixmap> pictures_;
   QStringList waiting_;
-  QTimer showPage_;
   QTimer layOut_;
   unsigned shownGeneration_ = 0;
 };

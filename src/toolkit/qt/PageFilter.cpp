@@ -40,12 +40,12 @@ constexpr int tallestPicture = 4000;
 constexpr int tallestWithoutWidth = 300;
 constexpr qsizetype longestTip = 500;
 
-/// What an element is to the structure of a page.
+/// The part that an element plays in the structure of a page.
 enum class Kind { Ignored, Empty, Inline, Link, Paragraph, Block, List, Table, Item, Row, Cell };
 
 struct Element {
   Kind Is = Kind::Ignored;
-  /// The element that shows it.
+  /// The element of HTML 4 that is shown in its place.
   QString Name;
 };
 
@@ -56,7 +56,7 @@ QRegularExpression Pattern(const char* pattern) {
       pattern, QRegularExpression::CaseInsensitiveOption | QRegularExpression::ExtendedPatternSyntaxOption);
 }
 
-/// What becomes of the element of that name. Those that are not listed are left out; what stands in them is shown.
+/// How to treat the element of that name. The tags of an unknown element are left out; its content is kept.
 Element ElementOf(const QString& name) {
   static const QHash<QString, Element> elements = [] {
     constexpr std::pair<Kind, const char*> rows[] = {
@@ -85,8 +85,8 @@ Element ElementOf(const QString& name) {
   return elements.value(name);
 }
 
-/// The declarations of CSS in `text` that are harmless: those that refer to nothing, and of a sane size. A font size
-/// that is relative to another one would grow with every element in an element.
+/// The harmless CSS declarations of `text`: they contain no address, and sizes are limited. Relative font sizes are not
+/// allowed, because they multiply in nested elements.
 QString HarmlessDeclarations(const QString& text) {
   static const QRegularExpression harmless = Pattern(R"(^\s* (?:
       (?:color|background(?:-color)?) \s*:\s* (?:\#[\da-f]{3,8}|rgba?\([\d\ .,%]{1,40}\)|[a-z]+)
@@ -101,7 +101,7 @@ QString HarmlessDeclarations(const QString& text) {
   return kept;
 }
 
-/// The rules of a style sheet, for tags and classes, that are harmless.
+/// The harmless rules of a style sheet, for tags and classes.
 QString HarmlessRules(QString sheet) {
   static const QRegularExpression comment(R"(/\*.*?(?:\*/|\z))", QRegularExpression::DotMatchesEverythingOption);
   static const QRegularExpression selectors = Pattern(R"(^[\w\s.,-]{1,100}$)");
@@ -114,8 +114,8 @@ QString HarmlessRules(QString sheet) {
   return kept;
 }
 
-/// The attributes that are harmless, as they stand behind the name in a tag. Pictures and tables beside the text take
-/// the longer to lay out the more there are of them.
+/// The harmless attributes as text, to be put behind the name in a tag. Floating pictures and tables are not allowed:
+/// laying them out takes quadratic time.
 QString HarmlessAttributes(const QString& element, const Attributes& attributes) {
   static const QRegularExpression harmless = Pattern(R"(^(?:
       (?!img|table)\w+\ align=[a-z]+ | table\ align=center
@@ -135,7 +135,7 @@ QString HarmlessAttributes(const QString& element, const Attributes& attributes)
   return kept;
 }
 
-/// The attributes in a tag, without the control characters that a browser leaves out of addresses.
+/// The attributes of a tag. Control characters are removed, as browsers do in addresses.
 Attributes AttributesIn(const QString& text) {
   static const QRegularExpression attribute =
       Pattern(R"re(([^\s/][^\s/=]*+)(?:\s*+=\s*+(?:"([^"]*+)"?+|'([^']*+)'?+|(\S*+)))?+)re");
@@ -145,27 +145,27 @@ Attributes AttributesIn(const QString& text) {
     const QString name = match.captured(1).toLower();
     if (all.contains(name) || all.size() == mostAttributes) continue;
     QString value = match.captured(2) + match.captured(3) + match.captured(4);
-    // Qt knows what the character references stand for.
+    // Qt decodes the character references.
     if (value.contains('&')) value = QTextDocumentFragment::fromHtml(value.replace('<', "&lt;")).toPlainText();
     all[name] = value.remove(control).trimmed();
   }
   return all;
 }
 
-/// The whole number from 1 to `most` that an attribute holds; 0 if it holds anything else.
+/// The value of an attribute as a number from 1 to `most`; 0 if it is anything else.
 int NumberIn(const QString& value, int most) {
   const int number = value.toInt();
   return number <= most ? std::max(number, 0) : 0;
 }
 
-/// Reads a page once, from its beginning to where it costs too much, and makes its tags well formed.
+/// Reads a page in one pass until its cost exceeds the limit, and closes every element that it opens.
 class Filter {
  public:
   Filter(const QString& page, int mostWidth) : page_(page), mostWidth_(mostWidth) {}
 
   FilteredPage Run() {
-    // Elements whose content is no HTML, comments and declarations, tags, and the text up to the next one or the line's
-    // end. None is ever tried twice at the same place, so that a page takes the time of its length.
+    // Elements whose content is not HTML; comments and declarations; tags; text up to the next tag or the end of the
+    // line. The quantifiers are possessive, so that the time is linear in the length of the page.
     static const QRegularExpression token = Pattern(R"((?s)
        <(style|script|title|textarea|iframe|noembed|noframes|xmp)\b[^>]*+>(.*?)(?:</\1\b[^>]*+>?+|\z)
       |<!--(?:>|.*?(?:-->|\z)) | <[!?][^>]*+>?+
@@ -175,7 +175,7 @@ class Filter {
       const auto match = token.match(
           page_, place_, QRegularExpression::NormalMatch,
           QRegularExpression::AnchorAtOffsetMatchOption | QRegularExpression::DontCheckSubjectStringMatchOption);
-      if (!match.hasMatch()) break;  // a tag beyond all bounds
+      if (!match.hasMatch()) break;  // a tag that exceeds the limits of PCRE
       place_ = match.capturedEnd();
       ++cost_;
       if (inParagraph_ >= mostInParagraph) SplitParagraph();
@@ -199,7 +199,7 @@ class Filter {
   struct OpenElement {
     Element element;
     QString tag;
-    /// Of a table: its rows and columns. Of a row: its cells. Of a list: its items.
+    /// A table has rows and columns, a row has columns, a list has items.
     int rows = 0;
     int columns = 0;
     int items = 0;
@@ -207,7 +207,7 @@ class Filter {
 
   void Text(QString text) {
     const bool isBlank = text.trimmed().isEmpty();
-    if (made_.HTML.isEmpty() && isBlank) return;  // the body may still begin
+    if (made_.HTML.isEmpty() && isBlank) return;  // <body> may still follow
     const auto isSlow = [](QChar character) { return character >= firstOfSlowScripts; };
     cost_ += costOfText + (text.size() + 2 * std::ranges::count_if(text, isSlow)) / charactersPerCost;
     inParagraph_ += text.size();
@@ -228,7 +228,7 @@ class Filter {
     } else if (element.Is >= Kind::Row) {
       OpenCell(element, attributes);
     } else if (element.Is >= Kind::Inline) {
-      // The end tags that HTML lets a writer leave out.
+      // End tags that HTML allows to be omitted.
       if (element.Is > Kind::Inline) CloseDownTo(Find(element.Is == Kind::Link ? Kind::Link : Kind::Paragraph));
       Open(element, attributes);
     }
@@ -259,7 +259,7 @@ class Filter {
     made_.HTML += tag;
   }
 
-  // A list is split where it gets long.
+  // A long list is continued as another list.
   void OpenItem(const Element& element, const Attributes& attributes) {
     CloseDownTo(Find(Kind::Item));
     const qsizetype list = Find(Kind::List);
@@ -287,7 +287,7 @@ class Filter {
     Open(element, attributes);
   }
 
-  // A table takes time for each place in its grid, whether or not there is a cell, and twice as long in another table.
+  // Qt spends time on each place of a table's grid, even if it has no cell, and twice as much in a nested table.
   void Grow(OpenElement& table, int moreRows, int columns) {
     const qsizetype before = qsizetype{table.rows} * table.columns;
     table.rows += moreRows;
@@ -303,7 +303,7 @@ class Filter {
     if (number == mostPictures) return;
     if (number == made_.Pictures.size()) made_.Pictures.push_back(std::move(address));
     cost_ += costOfPicture;
-    // Qt would take the picture into the block that ended before it. A space without width begins another one.
+    // Qt would put the picture into the block that has just ended. A zero-width space starts a new block.
     QString tag = QStringLiteral("%1<img src=\"picture:%2\"").arg(followsBlock_ ? "&#8203;" : "").arg(number);
     const int width = NumberIn(attributes.value("width"), 99'999);
     const int height = NumberIn(attributes.value("height"), width > 0 ? tallestPicture : tallestWithoutWidth);
@@ -318,13 +318,13 @@ class Filter {
     if (!IsForBrowser(url)) return {};
     const QString target = attributes.value("target").isEmpty() ? baseTarget_ : attributes.value("target");
     made_.Links.push_back({url, here.contains(target.toLower()) ? LinkTarget::SamePlace : LinkTarget::NewWindow});
-    // Escaped and put into a paragraph, the address is markup for certain, and shows as it is.
+    // Inside <p>, Qt always takes the tool tip for markup, so the escaped address is shown unchanged.
     const QString tip = "<p>" + ToQt(url).left(longestTip).toHtmlEscaped() + "</p>";
     return QStringLiteral(" href=\"link:%1\" title=\"").arg(made_.Links.size() - 1) + tip.toHtmlEscaped() + '"';
   }
 
-  /// The innermost open element of that kind, and of that name if one is given, within the innermost table, or list in
-  /// case of an item. The number of open elements if there is none.
+  /// The index of the innermost open element of that kind, and of that name unless it is empty. The search ends at the
+  /// innermost table, for items at the innermost list. Returns the number of open elements if there is none.
   [[nodiscard]] qsizetype Find(Kind kind, const QString& name = {}) const {
     for (qsizetype place = open_.size(); place-- > 0;) {
       const Element& element = open_[place].element;
@@ -370,9 +370,9 @@ class Filter {
   qsizetype costOfRules_ = 0;
   QString baseTarget_;
   QList<OpenElement> open_;
-  // How long the paragraph is, each tag in it counted as some characters.
+  // The length of the current paragraph, in which a tag counts as some characters.
   qsizetype inParagraph_ = 0;
-  // Whether nothing but blanks has come since the end of a block.
+  // Whether only white space has followed the last end of a block.
   bool followsBlock_ = false;
 };
 

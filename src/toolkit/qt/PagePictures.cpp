@@ -7,6 +7,7 @@
 #include <QUrl>
 
 #include "toolkit/HTTPSocket.h"
+#include "toolkit/HTTPStatus.h"
 #include "toolkit/Text.h"
 #include "toolkit/qt/DisplayText.h"
 #include "toolkit/qt/QtText.h"
@@ -19,9 +20,9 @@ constexpr int mostRedirects = 5;
 constexpr std::chrono::seconds longestSilence(30);
 constexpr std::uint64_t mostBytesOfOne = 16'000'000;
 constexpr std::uint64_t mostBytes = 24'000'000;
-// Showing them takes 32 MB.
+// That is 32 MB of memory.
 constexpr std::int64_t mostPixels = 8'000'000;
-// A usual picture takes 30 ms, and one that is made to take long 2 s.
+// Decoding takes about 30 ms, and at most 2 s.
 constexpr std::chrono::seconds mostTime(20);
 
 constexpr std::string_view dataScheme = "data:";
@@ -36,8 +37,8 @@ bool IsHTTPAddress(const std::string& url) {
 
 }  // namespace
 
-/// Loads one picture, from a server that shows a valid certificate if it uses TLS, through a few redirects. Its page
-/// may destroy it in every call.
+/// Loads one picture. It follows a few redirects, and requires a valid certificate for https. The page may destroy it
+/// whenever it is called.
 class PagePictures::Loader final : private HTTPSocket {
  public:
   Loader(PagePictures& page, std::size_t number) : page_(page), number_(number) {
@@ -53,14 +54,14 @@ class PagePictures::Loader final : private HTTPSocket {
   void Event_FileReceived(const std::string& /*url*/, int /*status*/, const FolderItem& /*file*/) override {}
   void Event_HeadersReceived(const std::string& /*url*/, int /*status*/) override { counted_ = 0; }
   void Event_PageReceived(const std::string& url, int status, std::string content) override {
-    if (status == 200) return page_.Loaded(number_, std::move(content));
+    if (status == HTTPStatus::ok) return page_.Loaded(number_, std::move(content));
     const std::string target =
         FromQt(QUrl(ToQt(url)).resolved(QUrl(ToQt(ResponseHeader("Location")))).toString(QUrl::FullyEncoded));
     if (IsRedirect(status) && IsHTTPAddress(target) && redirectsLeft_-- > 0) return Send("GET", target);
     page_.Fail(number_, status, "The server answered with status " + std::to_string(status) + ".");
   }
-  // All that is announced counts at once. Else pictures that load side by side could use up the bytes that are left,
-  // and none would arrive whole.
+  // The announced length is charged at once. Otherwise pictures that are loaded at the same time could use up the limit
+  // together, and none of them would be complete.
   void Event_ReceiveProgress(std::uint64_t received, std::optional<std::uint64_t> total) override {
     const std::uint64_t expected = std::max(received, total.value_or(0));
     page_.Spend(number_, expected - std::exchange(counted_, expected), received);
@@ -88,7 +89,7 @@ PagePictures::PagePictures(std::vector<std::string> addresses, int mostWidth, do
 
 PagePictures::~PagePictures() = default;
 
-// One thing at a time, so that the user's own events come in between.
+// Does one thing a turn of the event loop, so that the window stays responsive.
 void PagePictures::Step() {
   if (!decoder_ && !encoded_.empty()) {
     turn_.start();
@@ -105,12 +106,12 @@ void PagePictures::Load(std::size_t number) {
   } else if (!StartsWithIgnoringCase(addresses_[number], dataScheme)) {
     Fail(number, 0, "Pictures come from http, https and data addresses only.");
   } else if (Spend(number, addresses_[number].size(), 0)) {
-    // The address is not needed any more, and as long as the picture.
+    // The address is as long as the picture, and not needed again.
     Loaded(number, std::exchange(addresses_[number], std::string(dataScheme)));
   }
 }
 
-/// Fails if so many more bytes are too many for the page. Those that were received already count all the same.
+/// Charges `bytes` to the page. If they exceed its limit, charges only those that were received, and the picture fails.
 bool PagePictures::Spend(std::size_t number, std::uint64_t bytes, std::uint64_t received) {
   const bool isWithin = bytes <= bytesLeft_;
   bytesLeft_ -= isWithin ? bytes : std::min(received, bytesLeft_);

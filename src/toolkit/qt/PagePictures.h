@@ -16,20 +16,20 @@
 
 namespace toolkit::qt {
 
-/// Loads the pictures of a page while the event loop runs: from http, https and data addresses, and from nowhere else.
-/// A few load at a time, and one is decoded. What all of them may take together is bounded, so that no page takes more
-/// memory or time than a reader would grant it. When the object goes, loading ends.
+/// Loads the pictures of a page while the event loop runs, from http, https and data addresses only. A few are loaded
+/// at the same time, and one is decoded. Their bytes, pixels and decoding time are limited in total. The destructor
+/// aborts all of it.
 class PagePictures {
  public:
-  /// What happens to the pictures, one at a time and on the event loop. Either call may destroy the object.
+  /// Called by the event loop. Each may destroy the object.
   struct Events {
-    /// The picture of that number is there.
+    /// The picture of that number has been decoded.
     std::function<void(std::size_t number, const QPixmap& picture)> Arrived;
-    /// A picture is not coming: the HTTP status, or 0 if there is none, and why.
+    /// A picture could not be loaded or decoded: the HTTP status, or 0 if there is none, and the reason.
     std::function<void(int status, const std::string& description)> Failed;
   };
 
-  /// Pictures wider than `mostWidth` points are made smaller. There are `pixelsPerPoint`.
+  /// Pictures are scaled down to `mostWidth` points, of `pixelsPerPoint` each.
   PagePictures(std::vector<std::string> addresses, int mostWidth, double pixelsPerPoint, Events events);
   PagePictures(const PagePictures&) = delete;
   PagePictures& operator=(const PagePictures&) = delete;
@@ -53,11 +53,11 @@ class PagePictures {
   QTimer turn_;
   std::size_t next_ = 0;
   std::map<std::size_t, std::unique_ptr<Loader>> loaders_;
-  // Those that wait for the decoder.
+  // Loaded, but not decoded yet.
   std::map<std::size_t, std::string> encoded_;
   std::unique_ptr<PictureDecoder> decoder_;
   QElapsedTimer decoding_;
-  // What all pictures together may still take.
+  // What is left of the total limits.
   std::uint64_t bytesLeft_;
   std::int64_t pixelsLeft_;
   std::chrono::milliseconds timeLeft_;

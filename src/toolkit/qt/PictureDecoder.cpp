@@ -17,18 +17,18 @@
 namespace toolkit::qt {
 namespace {
 
-// The system ends a process that computes for long. This is for one that is not let to.
+// RLIMIT_CPU ends a process that computes for too long. This limit is for one that gets no processor time.
 constexpr std::chrono::seconds longestWait(10);
 constexpr std::chrono::milliseconds betweenTries(10);
 constexpr int firstOwnDescriptor = 3;
 
-/// Two would take twice the memory, so the others wait.
+/// Only one process runs at a time, to limit the memory.
 bool& IsOneAtWork() {
   static bool isAtWork = false;
   return isAtWork;
 }
 
-/// Of what finds no room, the picture lacks the end.
+/// If the memory is exhausted, the end of the picture is missing.
 void WriteAll(int file, std::string_view bytes) {
   while (!bytes.empty()) {
     const ssize_t written = write(file, bytes.data(), bytes.size());
@@ -37,7 +37,7 @@ void WriteAll(int file, std::string_view bytes) {
   }
 }
 
-/// Starts this program once more, with none of its files and sockets. Returns 0 if that fails.
+/// Starts this program again, without its open files and sockets. Returns 0 if that fails.
 pid_t StartDecoder(int input, int output, int mostWidth) {
   std::string program = "/proc/self/exe";
   std::string option(decoderOption);
@@ -64,7 +64,7 @@ pid_t StartDecoder(int input, int output, int mostWidth) {
   return error == 0 ? process : 0;
 }
 
-/// What a decoder wrote, of which nothing is taken on trust.
+/// The output of a decoder. All of it is checked, since the picture may have taken the process over.
 QImage ReadPicture(int file, int mostWidth) {
   DecodedSize size{};
   if (pread(file, &size, sizeof size, 0) != sizeof size || !size.IsWithin(mostWidth)) return {};
@@ -115,7 +115,7 @@ void PictureDecoder::End() {
 
 void PictureDecoder::Finish() {
   End();
-  const auto decoded = decoded_;  // this object may go in it
+  const auto decoded = decoded_;  // the call may destroy this object
   decoded(ReadPicture(output_, mostWidth_));
 }
 

@@ -11,18 +11,18 @@
 
 namespace toolkit::qt {
 
-/// Decodes one picture that may hold anything, while the event loop runs. A process of its own does it (see
-/// DecoderProgram.h), under limits of time and memory, so that nothing of the picture reaches this one but pixels.
+/// Decodes one untrusted picture while the event loop runs, in a process of its own (see DecoderProgram.h) whose time
+/// and memory are limited. This process only receives pixels.
 class PictureDecoder {
  public:
-  /// Tells the picture, in premultiplied ARGB; empty if it cannot be had. May destroy the decoder.
+  /// Receives the picture in premultiplied ARGB; an empty one if it could not be decoded. May destroy the decoder.
   using Decoded = std::function<void(QImage picture)>;
 
-  /// The picture is made smaller until it is at most `mostWidth` pixels wide and has Picture::MostPixels.
+  /// The picture is scaled down to at most `mostWidth` pixels of width and Picture::MostPixels in all.
   PictureDecoder(std::string_view encoded, int mostWidth, Decoded decoded);
   PictureDecoder(const PictureDecoder&) = delete;
   PictureDecoder& operator=(const PictureDecoder&) = delete;
-  /// Ends the process. Nothing is told any more.
+  /// Kills the process. Nothing is reported any more.
   ~PictureDecoder();
 
  private:
@@ -32,12 +32,12 @@ class PictureDecoder {
 
   int mostWidth_;
   Decoded decoded_;
-  // Files in memory: the process starts with its input, and what it writes is read when it has ended.
+  // Files in memory (memfd_create): the input is complete before the start, the output is read after the end.
   int input_;
   int output_;
   pid_t process_ = 0;
   std::unique_ptr<QSocketNotifier> ended_;
-  // When to start, and then when to wait no longer.
+  // Starts the process, and later ends the wait for it.
   QTimer deadline_;
 };
 
