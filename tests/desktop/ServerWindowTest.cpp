@@ -1,6 +1,4 @@
-#include <QApplication>
 #include <QDialog>
-#include <QMenuBar>
 #include <QTabWidget>
 #include <gmock/gmock.h>
 
@@ -22,15 +20,6 @@ struct ServerWindowOnScreen : Desktop {
   ServerWindowOnScreen() {
     EXPECT_TRUE(Until([this] { return model->list_containers.ListCount() + model->list_overview.ListCount() == 20; }));
   }
-  /// Where the Tab key leads, until it comes round.
-  static std::vector<std::string> Round() {
-    std::vector<std::string> names;
-    do {
-      names.push_back(Focused());
-      Press(Qt::Key_Tab);
-    } while (names.size() < 20 && Focused() != names.front());
-    return names;
-  }
 
   FaultServer server{{everything, everything, {everything.Pieces, Answer::Then::Keep, Answer::Start::WhenReleased}}};
   std::shared_ptr<CorvaneServer> record = std::make_shared<CorvaneServer>(
@@ -41,55 +30,14 @@ struct ServerWindowOnScreen : Desktop {
 
 }  // namespace
 
-TEST_F(ServerWindowOnScreen, OnlyTheListsGrowAndOnlyOneTabShows) {
-  const std::tuple<const char*, int, QRect, bool> rows[] = {
-      // the panel, 0 for both and 3 for none; whether it grows
-      // clang-format off
-      {"tabs", 0, {20, 0, 760, 480}, true},
-      {"list_overview", 1, {40, 70, 720, 390}, true}, {"btn_overview_refresh", 1, {40, 38, 160, 20}, false},
-      {"btn_overview_restart", 1, {635, 38, 125, 20}, false}, {"btn_overview_webui", 1, {212, 38, 125, 20}, false},
-      {"list_containers", 2, {40, 70, 720, 390}, true}, {"btn_containers_refresh", 2, {40, 38, 160, 20}, false},
-      {"btn_containers_restart", 2, {212, 38, 80, 20}, false}, {"btn_containers_start", 2, {304, 38, 80, 20}, false},
-      {"btn_containers_stop", 2, {396, 38, 80, 20}, false}, {"btn_containers_logs", 2, {618, 38, 80, 20}, false},
-      {"txt_containers_logs", 2, {710, 37, 50, 22}, false}, {"btn_overview_reload", 1, {498, 38, 125, 20}, false},
-      {"overview_progress", 3, {470, 41, 16, 16}, false}, {"btn_containers_backup", 3, {488, 38, 80, 20}, false},
-      // clang-format on
-  };
-  const int menus = Find<QMenuBar>("").height();  // places count from below them
-  for (const auto& [wanted, grown] : {std::pair(QSize(1000, 700), QSize(200, 200)), {QSize(10, 10), QSize(0, 0)}}) {
-    window.resize(wanted + QSize(0, menus));
-    QTest::qWait(10);
-    EXPECT_TRUE(window.size() == QSize(800, 500 + menus) + grown);
-    for (const int panel : {1, 2}) {
-      Find<QTabWidget>("tabs").setCurrentIndex(panel - 1);
-      QTest::qWait(5);
-      for (const auto& [name, of, designed, grows] : rows) {
-        SCOPED_TRACE(name + std::to_string(panel));
-        const QWidget& view = Find(name);
-        const QRect place(view.mapTo(&window, QPoint(0, -menus)), view.size());
-        EXPECT_TRUE(!view.isVisible() ||
-                    place == QRect(designed.topLeft(), designed.size() + (grows ? grown : QSize(0, 0))));
-        EXPECT_EQ(view.isVisible(), of == 0 || of == panel);
-        EXPECT_FALSE(view.accessibleName().isEmpty());
-      }
-    }
-  }
-  EXPECT_EQ(window.windowTitle(), "Corvane - Server Control Panel");
-}
-
-TEST_F(ServerWindowOnScreen, TheKeyboardAloneReachesAndWorksEverything) {
+TEST_F(ServerWindowOnScreen, TheKeyboardAloneStopsAContainer) {
   BoxReader reader;
-  EXPECT_THAT(Round(), ElementsAre("qt_tabwidget_tabbar", "list_overview", "btn_overview_refresh",
-                                   "btn_overview_restart", "btn_overview_webui", "btn_overview_reload"));
+  Find("qt_tabwidget_tabbar").setFocus();
   Press(Qt::Key_Right);
   EXPECT_EQ(model->tabs.Value(), 2);
-  EXPECT_THAT(Round(), ElementsAre("qt_tabwidget_tabbar", "list_containers", "btn_containers_refresh"));
   Press(Qt::Key_Tab);
   Press(Qt::Key_Down);
-  QTest::qWait(5);
-  EXPECT_THAT(Round(),
-              ElementsAre("list_containers", "btn_containers_refresh", "btn_containers_restart", "btn_containers_start",
-                          "btn_containers_stop", "btn_containers_logs", "txt_containers_logs", "qt_tabwidget_tabbar"));
+  ASSERT_TRUE(Until([] { return Find("txt_containers_logs").isEnabled(); }));
   for (int step = 0; step < 6; ++step) Press(Qt::Key_Tab);
   Press(Qt::Key_7);
   EXPECT_EQ(model->txt_containers_logs.Text(), "7") << "Tab selects the text, so that typing replaces it";

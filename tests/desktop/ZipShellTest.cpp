@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 
 #include "tests/desktop/Desktop.h"
+#include "tests/support/CRC32.h"
 #include "toolkit/TextFile.h"
 #include "update/check/FileHelpers.h"
 #include "update/check/KajuException.h"
@@ -29,15 +30,6 @@ std::string Number(std::uint32_t value, int bytes) {
   std::string number;
   for (int byte = 0; byte < bytes; ++byte) number += static_cast<char>(value >> (8 * byte));
   return number;
-}
-
-std::uint32_t CRC32(const std::string& bytes) {
-  std::uint32_t crc = ~0U;
-  for (const char byte : bytes) {
-    crc ^= static_cast<unsigned char>(byte);
-    for (int bit = 0; bit < 8; ++bit) crc = (crc >> 1U) ^ ((crc & 1U) != 0 ? 0xEDB88320U : 0U);
-  }
-  return ~crc;
 }
 
 /// Entries are stored, not compressed, with the fields of APPNOTE.TXT 6.3.
