@@ -21,26 +21,6 @@ std::string Moved(const std::string& where, int status = 302) {
 
 }  // namespace
 
-TEST_F(UpdateTraffic, FollowsRedirectsByTheirHeadersAlone) {
-  using Script = std::vector<Answer>;
-  const std::tuple<const char*, Script, std::string, std::size_t> rows[] = {
-      // "$" stands for the server's own address
-      // clang-format off
-      {"none",       {{{Reply(200, "")}}},                                               "$/start", 1},
-      {"any status", {{{Moved("$/b", 200)}}, {{Moved("/c", 404)}}, {{Reply(500, "")}}}, "/c",      2},
-      {"loop",       {{{Moved("$/start")}}},                                             "$/start", 5},
-      {"nowhere",    {{{Moved("")}}},                                                    "$/start", 1},
-      // clang-format on
-  };
-  for (const auto& [what, script, leadsTo, requests] : rows) {
-    const FaultServer server(script, Wire::Plain);
-    const std::string found = Kaju::HTTPSSocket().GetRedirectAddress(server.URL() + "/start", 5, 5);
-    EXPECT_EQ(found, leadsTo.starts_with('$') ? server.URL() + leadsTo.substr(1) : leadsTo) << what;
-    EXPECT_THAT(server.Requests(), AllOf(SizeIs(requests), Each(StartsWith("HEAD /")))) << what;
-  }
-  EXPECT_EQ(Kaju::HTTPSSocket().GetRedirectAddress("", 5, 5), "");
-}
-
 TEST_F(UpdateTraffic, TrustsOnlyAKnownCertificate) {
   for (const bool isTrusted : {false, true}) {
     if (isTrusted) toolkit::Platform::Current().TrustAuthority(FaultServer::Certificate());

@@ -25,7 +25,8 @@ using namespace testing;
 
 namespace {
 
-const Answer everything{{test_servers::Reply(200, R"({"systemName":"edge","containers":{"0":["web","up","1 s"]}})")}};
+const Answer everything{{test_servers::Reply(
+    200, R"({"status":"<b>Done</b>","systemName":"edge","containers":{"0":["web","up","1 s"]}})")}};
 
 using Road = std::function<void()>;
 
@@ -87,7 +88,7 @@ struct Windows : Desktop {
     return choices;
   }
 
-  FaultServer server{{everything, everything}};
+  FaultServer server{{everything, everything, {everything.Pieces, Answer::Then::Keep, Answer::Start::WhenReleased}}};
   std::shared_ptr<CorvaneServer> record = std::make_shared<CorvaneServer>(
       CorvaneServer{"127.0.0.1:" + std::to_string(server.Port()) + "/x", "", "pw", "", "amy"});
   std::shared_ptr<wMain> main = std::make_shared<wMain>([](const auto&) {});
@@ -251,23 +252,6 @@ TEST_F(Windows, OnlyTheRightPartsFollowTheFrame) {
   }
 }
 
-TEST_F(Windows, OnlyThePartsOfOneTabShow) {
-  ASSERT_TRUE(Until([&] { return !control->Busy(); }));
-  control->Show();
-  for (const int panel : {1, 2, 1}) {
-    control->tabs.Select(panel);
-    QTest::qWait(5);
-    for (const auto& [name, tab] : {std::pair("list_overview", 1),
-                                    {"btn_overview_reload", 1},
-                                    {"list_containers", 2},
-                                    {"txt_containers_logs", 2},
-                                    {"overview_progress", 3},
-                                    {"btn_containers_backup", 3}}) {
-      EXPECT_EQ(Find(name).isVisible(), tab == panel) << name << " on tab " << panel;
-    }
-  }
-}
-
 TEST_F(Windows, OneKeyClosesEveryWindowWhoseFrameDoes) {
   for (const auto& [window, part] : std::initializer_list<std::pair<std::shared_ptr<toolkit::Window>, const char*>>{
            {update, "hvNotes"}, {logs, "list_logs"}, {control, "list_overview"}, {main, "txtHostname"}}) {
@@ -364,4 +348,28 @@ TEST_F(Windows, AWindowShowsOnAllItsPartsThatItWaits) {
   EXPECT_THAT(pointers("btn_containers_refresh"), Each(Qt::BusyCursor));
   ASSERT_TRUE(Until([&] { return !control->Busy(); }));
   EXPECT_THAT(pointers("txt_containers_logs"), ElementsAre(Qt::ArrowCursor, Qt::IBeamCursor));
+}
+
+TEST_F(Windows, TheWheelTurnsUntilTheReloadsBoxIsGone) {
+  ASSERT_TRUE(Until([&] { return !control->Busy(); }));
+  Enter(control, "list_overview");
+  QWidget& window = *QApplication::activeWindow();
+  QWidget& wheel = Find("overview_progress");
+  const auto picture = [&] { return window.grab(QRect(wheel.mapTo(&window, QPoint()), wheel.size())).toImage(); };
+  const QImage nothing = picture();
+  Click(Find("btn_overview_reload"));
+  const QImage first = picture();
+  EXPECT_TRUE(first != nothing);
+  EXPECT_TRUE(Until([&] { return picture() != first; }));
+  bool wasBusy = false;
+  BoxReader reader([&](QDialog& box) {
+    wasBusy = wheel.isVisible() && !Find("btn_overview_reload").isEnabled();
+    QTest::keyClick(box.windowHandle(), Qt::Key_Return);
+  });
+  server.Release();
+  EXPECT_TRUE(Until([&] { return Find("btn_overview_reload").isEnabled(); }));
+  EXPECT_TRUE(wasBusy);
+  EXPECT_FALSE(wheel.isVisible());
+  EXPECT_TRUE(picture() == nothing);
+  EXPECT_THAT(server.Requests(), SizeIs(3)) << "something was asked twice";
 }
