@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <random>
@@ -57,21 +58,24 @@ std::string Zip(const std::vector<Entry>& entries) {
 std::string RandomZip(std::minstd_rand& random) {
   const auto oneOf = [&](const auto& values) { return *(std::begin(values) + random() % std::size(values)); };
   const bool isTame = random() % 2 == 0;
-  const auto path = [&] {
-    static const std::string tame[] = {"a", "b", "l"};
-    static const std::string wild[] = {"a",  "b",  "l",  "l", "..", "..", ".", "", "x\ny", "[a]*", "$(touch hacked)",
-                                       "\\", "C:", "-d", "@", "*",  "/"};
-    std::string text = isTame ? oneOf(tame) : oneOf(wild);
-    for (auto parts = random() % 4; parts > 0; --parts) text += "/" + (isTame ? oneOf(tame) : oneOf(wild));
+  static const std::vector<std::string> tame{"a", "b", "l"};
+  static const std::vector<std::string> wild{
+      "a", "b", "l", "l", "..", "..", ".", "", "x\ny", "[a]*", "$(touch hacked)", "\\", "C:", "-d", "@", "*", "/"};
+  const auto path = [&](const std::vector<std::string>& parts) {
+    std::string text = oneOf(parts);
+    for (auto more = random() % 4; more > 0; --more) text += "/" + oneOf(parts);
     return text;
   };
-  std::vector<Entry> entries(1 + random() % 7);
-  for (Entry& entry : entries) {
-    entry.Name = path();
+  std::vector<Entry> entries;
+  for (auto count = 1 + random() % 7; count > 0; --count) {
+    Entry entry{path(isTame ? tame : wild)};
+    const auto meets = [&](const Entry& other) { return (entry.Name + "/").starts_with(other.Name + "/"); };
+    if (isTame && std::ranges::any_of(entries, meets)) continue;
     entry.Mode = oneOf(isTame ? std::vector{0100644U, 0120777U, 0120777U}
                               : std::vector{0100644U, 0100444U, 0104755U, 040755U, 040555U, 0120777U, 0010644U});
-    if ((entry.Mode & 0170000U) == 0120000U) entry.Content = path();
+    if ((entry.Mode & 0170000U) == 0120000U) entry.Content = path(wild);
     if ((entry.Mode & 0170000U) == 0040000U) entry = {entry.Name + "/", "", entry.Mode};
+    entries.push_back(entry);
   }
   std::string archive = Zip(entries);
   for (auto changes = random() % 2 * (1 + random() % 6); changes > 0; --changes) {
@@ -223,7 +227,7 @@ TEST_F(ZipShellTest, NothingLeavesItsFolderWhateverArrives) {
       ASSERT_TRUE(!entry.is_directory() || (entry.status().permissions() & perms::owner_all) == perms::owner_all);
     }
   }
-  EXPECT_TRUE(unpacked > count / 20 && unpacked < count) << unpacked << " were good";
+  EXPECT_TRUE(unpacked > count / 10 && unpacked < count) << unpacked << " were good";
 }
 
 TEST_F(ZipShellTest, ClosesWithoutAWord) {
