@@ -21,30 +21,7 @@ std::string Moved(const std::string& where, int status = 302) {
 
 }  // namespace
 
-TEST_F(UpdateTraffic, FollowsRedirectsByTheirHeadersAlone) {
-  using Script = std::vector<Answer>;
-  const std::tuple<const char*, Script, std::string, std::size_t> rows[] = {
-      // "$" stands for the server's own address
-      // clang-format off
-      {"none",           {{{Reply(200, "")}}},                                                "$/start", 1},
-      {"one",            {{{Moved("$/b")}}, {{Reply(200, "")}}},                              "$/b",     2},
-      {"any status",     {{{Moved("$/b", 200)}}, {{Moved("$/c", 404)}}, {{Reply(500, "")}}},  "$/c",     3},
-      {"relative",       {{{Moved("/b")}}},                                                   "/b",      1},
-      {"loop",           {{{Moved("$/start")}}},                                              "$/start", 5},
-      {"six in a chain", {{{Moved("$/1")}}, {{Moved("$/2")}}, {{Moved("$/3")}}, {{Moved("$/4")}}, {{Moved("$/5")}}}, "$/5", 5},
-      {"nowhere",        {{{Moved("")}}},                                                     "$/start", 1},
-      // clang-format on
-  };
-  for (const auto& [what, script, leadsTo, requests] : rows) {
-    const FaultServer server(script, Wire::Plain);
-    const std::string found = Kaju::HTTPSSocket().GetRedirectAddress(server.URL() + "/start", 5, 5);
-    EXPECT_EQ(found, leadsTo.starts_with('$') ? server.URL() + leadsTo.substr(1) : leadsTo) << what;
-    EXPECT_THAT(server.Requests(), AllOf(SizeIs(requests), Each(StartsWith("HEAD /")))) << what;
-  }
-  EXPECT_EQ(Kaju::HTTPSSocket().GetRedirectAddress("", 5, 5), "");
-}
-
-TEST_F(UpdateTraffic, GoesFromPlainToSecureOnlyWithACertificateThatIsTrusted) {
+TEST_F(UpdateTraffic, TrustsOnlyAKnownCertificate) {
   for (const bool isTrusted : {false, true}) {
     if (isTrusted) toolkit::Platform::Current().TrustAuthority(FaultServer::Certificate());
     const FaultServer secure({{{Reply(200, "secret")}}});
@@ -69,7 +46,6 @@ TEST_F(UpdateTraffic, TellsEveryOutcomeByBodyStatusAndError) {
       // clang-format off
       {"document",            {{Reply(200, "KAJU")}},        "KAJU", 200, None},
       {"missing",             {{Reply(404, "no")}},          "no",   404, None},
-      {"empty",               {{Reply(200, "")}},            "",     200, None},
       {"moved",               {{Moved("/x")}},               "",     302, None},
       {"slow",                {{ten, "01", "23", "45", "67", "89"}, Close, {}, 400ms}, "0123456789", 200, None},
       {"stalls",              {{ten, "0", "1"}, Close, {}, 1500ms}, "", 200, TimeOut},
@@ -95,7 +71,7 @@ TEST_F(UpdateTraffic, TellsEveryOutcomeByBodyStatusAndError) {
   }
 }
 
-TEST_F(UpdateTraffic, AnswersAChallengeOnceWithTheNamesInTheAddress) {
+TEST_F(UpdateTraffic, AnswersAChallengeOnceWithTheNamesInTheURL) {
   const Answer asks{{Reply(401, "who?", "WWW-Authenticate: Basic realm=\"r\"\r\n")}};
   const Answer gives{{Reply(200, "yours")}};
   const Answer asksInTwoLines{
@@ -126,16 +102,14 @@ TEST_F(UpdateTraffic, AnswersAChallengeOnceWithTheNamesInTheAddress) {
   }
 }
 
-TEST_F(UpdateTraffic, FetchesReleaseNotesInTheirEncodingOrFallsBack) {
+TEST_F(UpdateTraffic, FetchesReleaseNotesInTheirEncoding) {
   const std::string none = "<b>NO UPDATE INFORMATION</b>";
   const std::tuple<std::string, std::string, std::string> rows[] = {
       // "$" stands for the page's address
       {"", "", none},
-      {" \n\t", "", none},
       {"<p>plain</p>", "", "<p>plain</p>"},
       {"text\n$\n", "unasked", ""},
       {"$\nfallback", Reply(200, "<p>page</p>"), "<p>page</p>"},
-      {"  $  \r\nfallback", Reply(200, "page"), "page"},
       {"<!-- $ -->\n fallback \n", Reply(200, "page"), "page"},
       {"$\n fall\nback \n", Reply(404, "page"), "fall\nback"},
       {"<!--$-->fallback", Reply(200, " \r\n"), "fallback"},

@@ -1,7 +1,6 @@
 """Works the program by what it tells AT-SPI, the interface of screen readers: roles, names, actions, texts and tables.
 
-No key, no click, no place on the screen. The environment tells how to log in, and the folder in which a file lets the
-server of the update go on.
+No key, no click, no place on the screen. The environment tells how to log in.
 """
 
 import itertools
@@ -18,6 +17,7 @@ PROGRAM = "Corvane"
 SERVER = f"Demonstration ({os.environ['CORVANE_TEST_ADDRESS']})"
 # Without a keyboard, a Wayland session gives no window the focus.
 HAS_KEYBOARD = os.environ["XDG_SESSION_TYPE"] != "wayland"
+HEARD = []  # since the last action: each change, with the role and the name of what changed
 
 
 def until(what, attempt):
@@ -33,37 +33,29 @@ def until(what, attempt):
         except (GLib.Error, SystemError) as error:  # the second one where a program ends within its answer
             failure = str(error)
         GLib.usleep(20_000)
-    raise AssertionError("\n".join([f"Waited in vain for {what}. {failure}", *map(str, EARS.heard[-30:])]))
+    raise AssertionError("\n".join([f"Waited in vain for {what}. {failure}", *map(str, HEARD[-30:])]))
 
 
-class Ears:
-    """What a screen reader hears since the last action: each change, with the role and the name of what changed."""
+def expect_equal(said, wanted):
+    assert said == wanted, f"{said}, not {wanted}"
 
-    def __init__(self):
-        self.heard = []
-        self.listener = Atspi.EventListener.new(self.hear)
 
-    def listen(self, field):
-        """Writes into a field until the program knows that somebody listens, and tells of it."""
-        self.listener.register("object:")
-        texts = itertools.cycle(["heard", ""])
-        until("any sound", lambda: Atspi.EditableText.set_text_contents(field, next(texts)) and self.heard)
-        assert Atspi.EditableText.set_text_contents(field, "")
+def hear(event):
+    try:
+        HEARD.append((event.type, event.detail1, event.source.get_role_name(), event.source.get_name()))
+    except (GLib.Error, SystemError):
+        pass  # its source has gone already
 
-    def hear(self, event):
-        try:
-            self.heard.append((event.type, event.detail1, event.source.get_role_name(), event.source.get_name()))
-        except (GLib.Error, SystemError):
-            pass  # its source has gone already
 
-    def forget(self):
-        until("silence", lambda: True)
-        self.heard.clear()
+def forget():
+    until("silence", lambda: True)
+    HEARD.clear()
 
-    def expect(self, kind, role, name, detail=None):
-        def fits(event):
-            return event[0].startswith("object:" + kind) and event[2:] == (role, name) and detail in (None, event[1])
-        until(f"{kind} of the {role} “{name}”", lambda: any(map(fits, self.heard)))
+
+def expect(kind, role, name, detail=None):
+    def fits(event):
+        return event[0].startswith("object:" + kind) and event[2:] == (role, name) and detail in (None, event[1])
+    until(f"{kind} of the {role} “{name}”", lambda: any(map(fits, HEARD)))
 
 
 def has(node, *states):
@@ -93,27 +85,27 @@ def windows():
     return [window for program in programs for window in children(program)]
 
 
-def is_a(node, role, name):
-    return (node.get_role_name(), node.get_name()) == (role, name)
+def first(nodes, role, name, states):
+    return next((node for node in nodes if (node.get_role_name(), node.get_name()) == (role, name)
+                 and has(node, *states)), None)
 
 
 def find(root, role, name, *states):
     """What has that role, that name and these states, waited for."""
-    return until(f"the {role} “{name}” {states}",
-                 lambda: next((node for node in below(root) if is_a(node, role, name) and has(node, *states)), None))
+    return until(f"the {role} “{name}” {states}", lambda: first(below(root), role, name, states))
 
 
-def find_window(role, name, text=None):
+def find_window(role, name, text=""):
     """A window that shows, of that role and name; of several, the one with that text in it."""
     return until(f"the {role} “{name}” with “{text}”",
-                 lambda: next((window for window in windows() if is_a(window, role, name) and has(window, "SHOWING")
-                               and (text is None or text in texts(window))), None))
+                 lambda: first((window for window in windows() if not text or text in texts(window)),
+                               role, name, ["SHOWING"]))
 
 
 def act(node, action="Press"):
     names = [Atspi.Action.get_action_name(node, index) for index in range(Atspi.Action.get_n_actions(node))]
     assert action in names, f"“{node.get_name()}” cannot {action}, but {names}."
-    EARS.forget()
+    forget()
     assert Atspi.Action.do_action(node, names.index(action))
 
 
@@ -123,18 +115,18 @@ def press(window, name):
 
 def write(window, name, text, role="text"):
     field = find(window, role, name, "SHOWING", "ENABLED", "EDITABLE")
-    EARS.forget()
+    forget()
     assert Atspi.EditableText.set_text_contents(field, text)
-    EARS.expect("text-changed:insert", role, name)
+    expect("text-changed:insert", role, name)
 
 
 def answer(*said, button="OK", about=()):
     """A dialog stands, bears the program's name and says all that, and what it is about. Presses a button of it."""
     dialog = find_window("alert", PROGRAM, said[0])
     assert set(said) < set(texts(dialog)), texts(dialog)
-    assert dialog.get_description() == "\n".join([*about, *said]), dialog.get_description()
+    expect_equal(dialog.get_description(), "\n".join([*about, *said]))
     if HAS_KEYBOARD:
-        EARS.expect("state-changed:focused", "push button", texts(find(dialog, "panel", ""))[1], 1)
+        expect("state-changed:focused", "push button", texts(find(dialog, "panel", ""))[1], 1)
     press(dialog, button)
     until("the end of the dialog", lambda: dialog not in windows())
 
@@ -149,8 +141,8 @@ def expect_names(window):
 class Table:
     """A list of the program. Its commands are actions of what surrounds it."""
 
-    def __init__(self, window, name):
-        self.name = name
+    def __init__(self, window, name, heads):
+        self.name, self.heads = name, heads
         self.node = find(window, "table", name, "SHOWING", "FOCUSABLE")
 
     def cell(self, row, column):
@@ -159,41 +151,42 @@ class Table:
     def column(self, column):
         return [self.cell(row, column).get_name() for row in range(Atspi.Table.get_n_rows(self.node))]
 
-    def expect(self, heads, rows):
+    def expect(self, rows):
         until(f"{rows} rows in “{self.name}”", lambda: Atspi.Table.get_n_rows(self.node) == rows)
-        shown = [Atspi.Table.get_column_description(self.node, column)
-                 for column in range(Atspi.Table.get_n_columns(self.node))]
-        assert shown == heads, shown
+        expect_equal([Atspi.Table.get_column_description(self.node, column)
+                      for column in range(Atspi.Table.get_n_columns(self.node))], self.heads)
 
     def do(self, action):
         act(self.node.get_parent(), action)
 
     def is_selected(self, row):
         """Whether this row is, with all its cells, the only one that is selected."""
-        cells = [self.cell(row, column) for column in range(Atspi.Table.get_n_columns(self.node))]
+        cells = [self.cell(row, column) for column in range(len(self.heads))]
         return Atspi.Table.get_selected_rows(self.node) == [row] and all(has(cell, "SELECTED") for cell in cells)
 
     def select(self, text):
         until(f"“{text}” in “{self.name}”", lambda: text in self.column(0))
         row = self.column(0).index(text)
         self.do("SetFocus")
-        EARS.forget()
+        forget()
         assert Atspi.Table.add_row_selection(self.node, row)
         until(f"the selection of “{text}”", lambda: self.is_selected(row) and has(self.cell(row, 0), "FOCUSED"))
-        EARS.expect("state-changed:selected", "table cell", text, 1)
-        if HAS_KEYBOARD:
-            EARS.expect("state-changed:focused", "table cell", text, 1)
+        for state in ("selected", "focused") if HAS_KEYBOARD else ("selected",):
+            expect("state-changed:" + state, "table cell", text, 1)
         return row
 
 
 def add_server():
     window = find_window("frame", PROGRAM)
-    EARS.listen(find(window, "text", "Username", "SHOWING"))
+    # The program tells of changes once it knows that somebody listens.
+    listener.register("object:")
+    field, change = find(window, "text", "Username", "SHOWING"), itertools.cycle(["heard", ""])
+    until("any sound", lambda: Atspi.EditableText.set_text_contents(field, next(change)) and HEARD)
+    assert Atspi.EditableText.set_text_contents(field, "")
     expect_names(window)
     find(window, "image", "Corvane banner", "SHOWING")
-    servers = Table(window, "Servers")
-    servers.expect(["Server Name:", "IP Address:", "Hostname:"], 0)
-
+    servers = Table(window, "Servers", ["Server Name:", "IP Address:", "Hostname:"])
+    servers.expect(0)
     press(window, "Add Server")
     answer("You must provide your server hostname to continue.")
     address = os.environ["CORVANE_TEST_ADDRESS"]
@@ -201,76 +194,64 @@ def add_server():
     write(window, "Username", os.environ["CORVANE_TEST_USER"])
     write(window, "Password", os.environ["CORVANE_TEST_PASSWORD"], "password text")
     press(window, "Add Server")
-    servers.expect(["Server Name:", "IP Address:", "Hostname:"], 1)
-    assert [servers.column(column) for column in (0, 2)] == [["Demonstration"], [address]]
-    EARS.expect("text-changed:delete", "text", "Username")
+    servers.expect(1)
+    expect_equal([servers.column(column) for column in (0, 2)], [["Demonstration"], [address]])
+    expect("text-changed:delete", "text", "Username")
     servers.select("Demonstration")
     servers.do("Activate")
-    control = find_window("frame", "Corvane - Server Control Panel")
-    assert control.get_description() == SERVER, control.get_description()
-    return control
+    return find_window("frame", "Corvane - Server Control Panel")
 
 
-def read_overview(window):
-    overview = Table(window, "System information")
-    overview.expect(["", ""], 19)
+def work_overview(window):
+    expect_equal(window.get_description(), SERVER)
+    overview = Table(window, "System information", ["", ""])
+    overview.expect(19)
     told = dict(zip(overview.column(0), overview.column(1)))
-    assert told["Operating System:"] == "Debian GNU/Linux 12 (bookworm)" and told["CPU Count:"] == "8", told
+    expect_equal((told["Operating System:"], told["CPU Count:"]), ("Debian GNU/Linux 12 (bookworm)", "8"))
     expect_names(window)
-
-    press(window, "Reboot Server")
-    answer("Are you sure you want to restart?",
-           "All system services will be unavailable while the system restarts.", button="Cancel", about=[SERVER])
-
+    for button in ("Cancel", "Restart"):
+        press(window, "Reboot Server")
+        answer("Are you sure you want to restart?",
+               "All system services will be unavailable while the system restarts.", button=button, about=[SERVER])
+    answer("The server has been rebooted.", about=[SERVER])
     press(window, "Reload Server")
-    EARS.expect("state-changed:enabled", "push button", "Reload Server", 0)
-    EARS.expect("state-changed:showing", "progress bar", "Reloading the server", 1)
+    expect("state-changed:enabled", "push button", "Reload Server", 0)
+    expect("state-changed:showing", "progress bar", "Reloading the server", 1)
     find(window, "progress bar", "Reloading the server", "SHOWING", "BUSY")
     answer("The panel service has been reloaded.", about=[SERVER])
-    EARS.expect("state-changed:showing", "progress bar", "Reloading the server", 0)
+    expect("state-changed:showing", "progress bar", "Reloading the server", 0)
 
 
-def stop_and_start(window):
+def work_containers(window):
     act(find(window, "page tab", "Containers", "SHOWING"))
-    containers = Table(window, "Containers")
+    containers = Table(window, "Containers", ["Name:", "State:", "Status:"])
     expect_names(window)
     for button, said, state in (("Stop", "stopped", "exited"), ("Start", "started", "running")):
         row = containers.select("shop")
-        EARS.expect("state-changed:enabled", "push button", button, 1)
+        expect("state-changed:enabled", "push button", button, 1)
         press(window, button)
         answer(f"shop has been {said}.", about=[f"shop on {SERVER}"])
-        containers.expect(["Name:", "State:", "Status:"], 12)
-        assert containers.cell(row, 1).get_name() == state
-        assert Atspi.Table.get_n_selected_rows(containers.node) == 0
-    return containers
-
-
-def read_log(window, containers):
+        containers.expect(12)
+        expect_equal(containers.cell(row, 1).get_name(), state)
+        expect_equal(Atspi.Table.get_n_selected_rows(containers.node), 0)
     containers.select("web")
+
+
+def read_log(window):
     write(window, "# Logs", "50")
     press(window, "Logs")
     log = find_window("frame", "Corvane - Container Logs")
-    assert log.get_description() == f"web on {SERVER}", log.get_description()
-    lines = Table(log, "Log lines")
-    lines.expect([""], 50)
+    expect_equal(log.get_description(), f"web on {SERVER}")
+    lines = Table(log, "Log lines", [""])
+    lines.expect(50)
     until("the newest line", lambda: lines.is_selected(49))
     read = lines.column(0)
     assert all(re.match(r"\d{4}-\d\d-\d\dT[\d:.]+Z [A-Z]+ ", line) for line in read), read
-
     lines.do("Find…")
     write(log, "Find", read[30].split()[0])
     until("the line that is looked for", lambda: lines.is_selected(30))
-    EARS.expect("property-change:accessible-name", "label", "1 of 1 rows")
+    expect("property-change:accessible-name", "label", "1 of 1 rows")
     expect_names(log)
-
-
-def let_through(half):
-    """The server sends this half of the update now."""
-    open(os.path.join(os.environ["CORVANE_TEST_GATES"], str(half)), "w").close()
-
-
-def share_of(bar):
-    return Atspi.Value.get_current_value(bar) / max(Atspi.Value.get_maximum_value(bar), 1)
 
 
 def update():
@@ -278,28 +259,23 @@ def update():
     expect_names(window)
     notes = find(window, "document frame", "Release notes", "SHOWING", "MULTI_LINE")
     until("the release notes", lambda: "It updates itself." in Atspi.Text.get_text(notes, 0, -1))
-
     press(window, "Install Update")
-    EARS.expect("state-changed:showing", "progress bar", "Progress", 1)
-    bar = find(window, "progress bar", "Progress", "SHOWING", "BUSY")
-    let_through(1)
-    until("half of the bar", lambda: 0.3 < share_of(bar) < 0.7)
-    EARS.expect("property-change:accessible-value", "progress bar", "Progress")
-    let_through(2)
-    EARS.expect("property-change:accessible-name", "label", "Ready to install")
+    expect("state-changed:showing", "progress bar", "Progress", 1)
+    expect("property-change:accessible-value", "progress bar", "Progress")
+    expect("property-change:accessible-name", "label", "Ready to install")
     press(window, "Quit & Install")
-    find_window("frame", PROGRAM, "Version 1.1.0")
 
 
 def quit_program():
-    act(find(find_window("frame", PROGRAM), "menu item", "Quit"))
+    act(find(find_window("frame", PROGRAM, "Version 1.1.0"), "menu item", "Quit"))
     until("the end of the program", lambda: not windows())
 
 
-EARS = Ears()
+listener = Atspi.EventListener.new(hear)
 Atspi.get_desktop(0).set_cache_mask(Atspi.Cache.NONE)
 server = add_server()
-read_overview(server)
-read_log(server, stop_and_start(server))
+work_overview(server)
+work_containers(server)
+read_log(server)
 update()
 quit_program()

@@ -9,10 +9,10 @@
 // (seccomp_unotify(2)), so nothing of this is in the environment of the command. Ends as the command does, and when all
 // that it started has ended.
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
-#include <cstring>
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
@@ -24,14 +24,16 @@
 #include <string>
 #include <sys/ioctl.h>
 #include <sys/prctl.h>
-#include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
+#include <tuple>
 #include <unistd.h>
 #include <vector>
 
 namespace {
+
+constexpr int numberOfListener = 100;
 
 enum class Kind { Plain, TakesSpace, Writes, OpensFile, HardLink, Exchanges, Sleeps };
 
@@ -110,24 +112,14 @@ class Faults {
   /// The error that a call is to have, -1 to let it be.
   int ErrorOf(const seccomp_notif& call) {
     const auto& arguments = call.data.args;
-    switch (calls.at(call.data.nr)) {
-      case Kind::Sleeps:
-        AddByte(settings_.Sleeps);
-        return settings_.Sleeps.empty() ? -1 : 0;
-      case Kind::Writes:
-        return IsFile(call.pid, arguments[0]) ? Count(call, true) : -1;
-      case Kind::OpensFile:
-        return OpensToWrite(call) ? Count(call, true) : -1;
-      case Kind::HardLink:
-        return settings_.IsPoor ? EPERM : Count(call, true);
-      case Kind::Exchanges:
-        return settings_.IsPoor && (arguments[4] & RENAME_EXCHANGE) != 0 ? EPERM : Count(call, false);
-      case Kind::TakesSpace:
-        return Count(call, true);
-      case Kind::Plain:
-        break;
-    }
-    return Count(call, false);
+    const Kind kind = calls.at(call.data.nr);
+    if (kind == Kind::Sleeps) AddByte(settings_.Sleeps);
+    if (kind == Kind::Sleeps) return settings_.Sleeps.empty() ? -1 : 0;
+    if (kind == Kind::Writes && !IsFile(call.pid, arguments[0])) return -1;
+    if (kind == Kind::OpensFile && !OpensToWrite(call)) return -1;
+    const bool exchanges = kind == Kind::Exchanges && (arguments[4] & RENAME_EXCHANGE) != 0;
+    if (settings_.IsPoor && (kind == Kind::HardLink || exchanges)) return EPERM;
+    return Count(call, kind != Kind::Plain && kind != Kind::Exchanges);
   }
 
  private:
@@ -169,47 +161,24 @@ void Answer(int listener, Faults faults) {
   }
 }
 
-/// Sends a descriptor to another process by a socket, or receives one; see unix(7).
-int Pass(int socket, int descriptor) {
-  char byte = 0;
-  iovec data{.iov_base = &byte, .iov_len = 1};
-  alignas(cmsghdr) char control[CMSG_SPACE(sizeof descriptor)]{};
-  msghdr message{};
-  message.msg_iov = &data;
-  message.msg_iovlen = 1;
-  message.msg_control = control;
-  message.msg_controllen = sizeof control;
-  auto* header = CMSG_FIRSTHDR(&message);
-  header->cmsg_level = SOL_SOCKET;
-  header->cmsg_type = SCM_RIGHTS;
-  header->cmsg_len = CMSG_LEN(sizeof descriptor);
-  if (descriptor >= 0) {
-    std::memcpy(CMSG_DATA(header), &descriptor, sizeof descriptor);
-    sendmsg(socket, &message, 0);
-  } else if (recvmsg(socket, &message, 0) > 0 && CMSG_FIRSTHDR(&message) != nullptr) {
-    std::memcpy(&descriptor, CMSG_DATA(CMSG_FIRSTHDR(&message)), sizeof descriptor);
-  }
-  return descriptor;
-}
-
 Settings TakeSettings(char**& arguments) {
   Settings settings;
   for (; *arguments != nullptr; ++arguments) {
     const std::string argument = *arguments;
-    const std::string value = argument.substr(argument.find('=') + 1);
-    if (argument.starts_with("at=")) {
+    const std::string name = argument.substr(0, argument.find('='));
+    const std::string value = argument.substr(std::min(name.size() + 1, argument.size()));
+    if (name == "at")
       settings.At = std::stol(value);
-    } else if (argument.starts_with("error=")) {
+    else if (name == "error")
       settings.Error = std::stoi(value);
-    } else if (argument == "poor") {
+    else if (name == "poor")
       settings.IsPoor = true;
-    } else if (argument.starts_with("sleepless=")) {
+    else if (name == "sleepless")
       settings.Sleeps = value;
-    } else if (argument.starts_with("count=")) {
+    else if (name == "count")
       settings.Count = value;
-    } else {
+    else
       break;
-    }
   }
   return settings;
 }
@@ -219,25 +188,24 @@ Settings TakeSettings(char**& arguments) {
 int main(int /*argc*/, char** argv) {
   char** command = argv + 1;
   const Settings settings = TakeSettings(command);
-  int sockets[2];
-  socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, sockets);
   prctl(PR_SET_CHILD_SUBREAPER, 1, 0, 0, 0);  // the command's children stay ours, whose memory we may read
   const pid_t child = fork();
   if (child == 0) {
-    const int listener = AskAboutCalls();
-    if (listener < 0) _exit(EXIT_FAILURE);
-    Pass(sockets[1], listener);
+    if (dup3(AskAboutCalls(), numberOfListener, O_CLOEXEC) < 0) _exit(EXIT_FAILURE);
+    std::ignore = raise(SIGSTOP);  // until it has been taken from here
     execvp(command[0], command);
     _exit(127);
   }
-  close(sockets[1]);
-  const int listener = Pass(sockets[0], -1);
+  int status = 0;
+  waitpid(child, &status, WUNTRACED);
+  const auto process = static_cast<int>(syscall(SYS_pidfd_open, child, 0));
+  const auto listener = static_cast<int>(syscall(SYS_pidfd_getfd, process, numberOfListener, 0));
+  kill(child, listener < 0 ? SIGKILL : SIGCONT);
   if (listener < 0) {
     std::cerr << "The kernel does not let calls be watched here.\n";
     return 77;
   }
   Answer(listener, Faults(settings));
-  int status = 0;
   waitpid(child, &status, 0);
   return WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
 }

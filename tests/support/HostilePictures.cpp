@@ -1,9 +1,10 @@
 #include "tests/support/HostilePictures.h"
 
-#include <cstdint>
 #include <initializer_list>
 
 #include <QByteArray>
+
+#include "tests/support/CRC32.h"
 
 using namespace std::string_literals;
 
@@ -20,19 +21,8 @@ std::string BigEndian(std::size_t value) {
                 static_cast<int>(value)});
 }
 
-/// The CRC-32 that PNG wants (ISO 3309).
-std::uint32_t Checksum(std::string_view bytes) {
-  constexpr std::uint32_t polynomial = 0xEDB88320;
-  std::uint32_t sum = ~0U;
-  for (const char byte : bytes) {
-    sum ^= static_cast<unsigned char>(byte);
-    for (int bit = 0; bit < 8; ++bit) sum = sum >> 1U ^ (sum % 2 == 0 ? 0 : polynomial);
-  }
-  return ~sum;
-}
-
 std::string Chunk(const std::string& type, const std::string& data) {
-  return BigEndian(data.size()) + type + data + BigEndian(Checksum(type + data));
+  return BigEndian(data.size()) + type + data + BigEndian(CRC32(type + data));
 }
 
 std::string Compressed(const std::string& bytes) {

@@ -3,7 +3,6 @@
 #include <functional>
 #include <vector>
 
-#include <QSize>
 #include <QString>
 #include <Qt>
 
@@ -25,27 +24,15 @@ Inputs operator+(Inputs first, Inputs second);
 [[nodiscard]] Inputs ClickTab(const QString& tabs, const QString& caption);
 /// Rows go by the text of their first cell.
 [[nodiscard]] Inputs ClickRow(const QString& list, const QString& row);
-[[nodiscard]] Inputs ClickRow(const QString& list, int row);
-[[nodiscard]] Inputs RightClickRow(const QString& list, int row);
-[[nodiscard]] Inputs DoubleClickRow(const QString& list, int row);
-/// The link of a page that has this text.
-[[nodiscard]] Inputs ClickLink(const QString& page, const QString& text);
+/// Presses a button of the message box.
 [[nodiscard]] Inputs PressInBox(const QString& caption);
-/// Menus and their entries go by their names; the menu bar is that of the window in front.
-[[nodiscard]] Inputs ClickMenu(const QString& menu);
-[[nodiscard]] Inputs ChooseFromMenu(const QString& menu, const QString& entry);
 
 [[nodiscard]] Inputs Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 [[nodiscard]] Inputs Keys(const QString& text);
 /// Clicks into a field, and types over what stands there.
 [[nodiscard]] Inputs Fill(const QString& field, const QString& text);
-/// Presses Tab until the keyboard has gone through all of these and is back at the first.
-[[nodiscard]] Inputs TabThrough(const std::vector<QString>& names);
 
 /// The newest window with this title, as the screen's own frame around it would do.
 [[nodiscard]] Inputs BringToFront(const QString& title);
-/// Wider and higher by so much, within the limits that the window sets.
-[[nodiscard]] Inputs Grow(const QString& title, QSize more);
-[[nodiscard]] Inputs Close(const QString& title);
 
 }  // namespace tour

@@ -12,24 +12,16 @@ OwnFolders::OwnFolders() {
     return QDir().mkdir(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
   };
   bool isMade = folder_.isValid() && make(Scratch());
-  for (Variable& variable : variables_) {
-    variable.before = qgetenv(variable.name);
-    if (variable.replaces == Replaces::OnlyNothing && !variable.before.isEmpty()) continue;
-    const QString folder = folder_.filePath(variable.folder);
+  const auto use = [&](const char* variable, const char* name) {
+    const QString folder = folder_.filePath(name);
     isMade = isMade && make(folder);
-    qputenv(variable.name, QFile::encodeName(folder));
-  }
+    qputenv(variable, QFile::encodeName(folder));
+  };
+  use("TMPDIR", "temporary");
+  use("XDG_DATA_HOME", "data");
+  // Where the desktop gives no folder for a session, Qt makes one among the temporary files.
+  if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) use("XDG_RUNTIME_DIR", "session");
   if (!isMade) throw std::runtime_error("no temporary folder can be made");
-}
-
-OwnFolders::~OwnFolders() {
-  for (const Variable& variable : variables_) {
-    if (variable.before.isNull()) {
-      qunsetenv(variable.name);
-    } else {
-      qputenv(variable.name, variable.before);
-    }
-  }
 }
 
 }  // namespace tour

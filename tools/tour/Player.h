@@ -11,13 +11,13 @@ namespace tour {
 /// on inside the loop of a message box that a step has brought up.
 class Player {
  public:
-  /// The last step must end the program. The names of pictures get `pictureSuffix`, as in "main-dark.png".
+  /// The names of pictures get `pictureSuffix`, as in "message-dark.png".
   Player(Steps steps, QString pictureFolder, QString pictureSuffix);
 
-  /// Plays from the next turn of the event loop on. At the first step that fails, the program is told to quit.
+  /// Plays from the next turn of the event loop on. After the last step, or the first one that fails, the program is
+  /// told to quit.
   void Start();
-  /// To be called when the event loop has ended. Returns whether every step has worked.
-  [[nodiscard]] bool Finish();
+  [[nodiscard]] bool HasPlayedAll() const { return step_ == steps_.size(); }
 
  private:
   void Tick();
@@ -27,7 +27,7 @@ class Player {
   void Fail(const QString& reasons);
   [[nodiscard]] QString Missing() const;
   [[nodiscard]] const Step& Current() const { return steps_[step_]; }
-  [[nodiscard]] bool IsOver() const { return failed_ || step_ == steps_.size(); }
+  [[nodiscard]] bool IsOver() const { return failed_ || HasPlayedAll(); }
 
   Steps steps_;
   QString pictureFolder_;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QList>
 #include <QString>
 #include <QWidget>
 
@@ -8,8 +7,8 @@
 /// newest window that has one; nothing here changes anything.
 namespace tour::screen {
 
-/// The visible windows with this title, oldest first.
-[[nodiscard]] QList<QWidget*> Windows(const QString& title);
+/// The newest visible window with this title; nullptr if there is none.
+[[nodiscard]] QWidget* NewestWindow(const QString& title);
 
 /// The visible part with this name, in the newest window that has one; nullptr if there is none.
 [[nodiscard]] QWidget* Find(const QString& name);
@@ -23,20 +22,14 @@ Kind* FindAs(const QString& name) {
 /// The message box that stands; nullptr if none does.
 [[nodiscard]] QWidget* Box();
 
-/// The text of a label, a field, a button, a message or a page, or the chosen row of a menu.
+/// The text of a label or a button, or the chosen row of a menu.
 [[nodiscard]] QString TextOf(const QWidget& part);
-
-/// The cell of a list as it is shown; empty if there is none.
-[[nodiscard]] QString Cell(const QString& list, int row, int column);
 
 /// How many rows a list shows; -1 if there is no such list.
 [[nodiscard]] int RowCount(const QString& list);
 
 /// The row of a list whose first cell is `name`; -1 if there is none.
 [[nodiscard]] int RowNamed(const QString& list, const QString& name);
-
-/// The row that is selected in a list; -1 if none is.
-[[nodiscard]] int SelectedRow(const QString& list);
 
 /// The window that a user would look at: the message box if one stands, else the one with the keyboard,
 /// else the newest.

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <chrono>
 #include <functional>
 #include <vector>
 
@@ -13,9 +12,6 @@ namespace tour {
 /// What must be seen; answers with what is wrong, or with nothing once it is as it must be.
 using Condition = std::function<QString()>;
 
-/// How a step ends.
-enum class Ending { GoesOn, ProgramEnds };
-
 /// One step of the tour: what the user does, how, and what must then come true.
 struct Step {
   QString what;
@@ -23,8 +19,6 @@ struct Step {
   std::vector<Condition> then;
   /// The picture that is then taken, by the name of its file; empty: none.
   QString picture{};
-  std::chrono::seconds limit{15};
-  Ending ending = Ending::GoesOn;
 };
 using Steps = std::vector<Step>;
 

@@ -1,5 +1,6 @@
-// Plays Corvane as a user would, prints what it does, and takes pictures of the windows.
+// Plays Corvane as a user would, and takes pictures of its windows.
 
+#include <algorithm>
 #include <cstdlib>
 #include <exception>
 #include <iostream>
@@ -20,30 +21,33 @@
 #include "toolkit/qt/DecoderProgram.h"
 #include "toolkit/qt/QtPlatform.h"
 #include "tour/OwnFolders.h"
+#include "tour/PictureTour.h"
 #include "tour/Player.h"
 #include "tour/Publisher.h"
-#include "tour/Tours.h"
 
 namespace {
 
 constexpr int usageStatus = 2;
 
 constexpr const char* usage =
-    "Usage: corvane-tour --output FOLDER --host HOST --user NAME --password PASSWORD [--dark] [--scale FACTOR]\n\n"
-    "Plays Corvane against the panel service at HOST, prints a line a step, and leaves pictures of the windows in\n"
-    "FOLDER; then once more in a dark palette, and at twice the size, for pictures only. Ends with 0 if every step\n"
-    "has worked. With --dark or --scale (1 to 4) it only takes those pictures.\n";
+    "Usage: corvane-tour --output FOLDER --host HOST --user NAME --password PASSWORD [--look light|dark|double]\n\n"
+    "Plays Corvane against the panel service with a demonstration fleet at HOST, prints a line a step, and leaves\n"
+    "pictures of the windows in FOLDER: in a light palette, in a dark one, and at twice the size, or in the one look\n"
+    "that is given. Ends with 0 if every step has worked.\n";
+
+struct Look {
+  const char* name;
+  const char* suffix;
+  bool isDark = false;
+  int scale = 1;
+};
+constexpr Look looks[] = {{"light", ""}, {"dark", "-dark", true}, {"double", "-200", false, 2}};
 
 struct Options {
   QString output;
   tour::Visit visit;
-  bool dark = false;
-  int scale = 1;
-
-  [[nodiscard]] bool IsForPictures() const { return dark || scale != 1; }
-  [[nodiscard]] QString Suffix() const {
-    return QString(dark ? "-dark" : "") + (scale == 1 ? QString() : QStringLiteral("-%1").arg(100 * scale));
-  }
+  /// Nothing for all of them.
+  const Look* look = nullptr;
 };
 
 std::optional<Options> Read(const QStringList& arguments) {
@@ -52,16 +56,15 @@ std::optional<Options> Read(const QStringList& arguments) {
                      {"host", {}, "HOST"},
                      {"user", {}, "NAME"},
                      {"password", {}, "PASSWORD"},
-                     {"dark", {}},
-                     {"scale", {}, "FACTOR", "1"}});
+                     {"look", {}, "NAME"}});
   bool isRead = parser.parse(arguments) && parser.positionalArguments().isEmpty();
   for (const char* needed : {"output", "host", "user", "password"}) isRead = isRead && !parser.value(needed).isEmpty();
-  const Options options{parser.value("output"),
-                        {parser.value("host"), parser.value("user"), parser.value("password")},
-                        parser.isSet("dark"),
-                        parser.value("scale").toInt()};
-  if (!isRead || options.scale < 1 || options.scale > 4) return std::nullopt;
-  return options;
+  const auto* look = std::ranges::find(looks, parser.value("look"), [](const Look& each) { return each.name; });
+  const bool isKnown = look != std::end(looks);
+  if (!isRead || isKnown != parser.isSet("look")) return std::nullopt;
+  return Options{parser.value("output"),
+                 {parser.value("host"), parser.value("user"), parser.value("password")},
+                 isKnown ? look : nullptr};
 }
 
 QPalette DarkPalette() {
@@ -81,27 +84,29 @@ QPalette DarkPalette() {
 /// Plays in this process. Returns whether every step has worked.
 bool Play(const Options& options, int& argumentCount, char** arguments) {
   const tour::OwnFolders folders;
+  if (options.look->scale != 1) qputenv("QT_SCALE_FACTOR", QByteArray::number(options.look->scale));
   toolkit::qt::QtPlatform platform(product::program, argumentCount, arguments);
-  if (options.dark) QApplication::setPalette(DarkPalette());
+  if (options.look->isDark) QApplication::setPalette(DarkPalette());
   App app(product::version);
 
   tour::Publisher publisher(toolkit::FolderItem(folders.Scratch().toStdString()));
-  tour::Player player(
-      options.IsForPictures() ? tour::PictureTour(options.visit, publisher) : tour::FullTour(options.visit, publisher),
-      options.output, options.Suffix());
+  tour::Player player(tour::PictureTour(options.visit, publisher), options.output, options.look->suffix);
   const int status = app.Run([&] {
     const auto mainWindow = std::make_shared<wMain>(
         [](const std::shared_ptr<CorvaneServer>& server) { std::make_shared<wServer>(server)->Show(); });
     mainWindow->Show();
     player.Start();
   });
-  return player.Finish() && status == EXIT_SUCCESS;
+  return player.HasPlayedAll() && status == EXIT_SUCCESS;
 }
 
-/// Plays in a process of its own, for what a program can be told only at its start.
-bool PlayAgain(QStringList arguments, const QStringList& more) {
+/// Plays each look in a process of its own, since a program can be told its scale only at its start.
+bool PlayAll(QStringList arguments) {
   const QString program = arguments.takeFirst();
-  return QProcess::execute(program, arguments + more) == EXIT_SUCCESS;
+  return std::ranges::all_of(looks, [&](const Look& look) {
+    std::cout << "Look: " << look.name << std::endl;
+    return QProcess::execute(program, arguments + QStringList{"--look", look.name}) == EXIT_SUCCESS;
+  });
 }
 
 }  // namespace
@@ -120,16 +125,9 @@ int main(int argc, char** argv) {
     std::cerr << (options ? "corvane-tour: the output folder cannot be made\n" : usage);
     return usageStatus;
   }
-  if (options->scale != 1) qputenv("QT_SCALE_FACTOR", QByteArray::number(options->scale));
 
   try {
-    bool isGood = Play(*options, argc, argv);
-    if (isGood && !options->IsForPictures()) {
-      std::cout << "In a dark palette:" << std::endl;
-      isGood = PlayAgain(arguments, {"--dark"});
-      std::cout << "At twice the size:" << std::endl;
-      isGood = PlayAgain(arguments, {"--scale", "2"}) && isGood;
-    }
+    const bool isGood = options->look == nullptr ? PlayAll(arguments) : Play(*options, argc, argv);
     return isGood ? EXIT_SUCCESS : EXIT_FAILURE;
   } catch (const std::exception& exception) {
     std::cerr << "corvane-tour: " << exception.what() << std::endl;

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "fuzz/Target.h"
+#include "tests/fuzz/Target.h"
 #include "tests/support/HandPlatform.h"
 #include "update/check/KajuException.h"
 #include "update/check/UpdateInformation.h"

@@ -1,7 +1,7 @@
 // A packet from anywhere, and a document as if its signature had been right.
 
-#include "fuzz/Target.h"
 #include "shell/App.h"
+#include "tests/fuzz/Target.h"
 #include "tests/support/HandPlatform.h"
 #include "update/check/UpdateChecker.h"
 #include "update/check/UpdatePacket.h"

@@ -8,7 +8,7 @@
 #include <QRegularExpression>
 #include <QTextDocument>
 
-#include "fuzz/Target.h"
+#include "tests/fuzz/Target.h"
 #include "tests/support/HandPlatform.h"
 #include "toolkit/ShowURL.h"
 #include "toolkit/Text.h"

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "fuzz/Target.h"
+#include "tests/fuzz/Target.h"
 
 namespace {
 
@@ -32,17 +32,18 @@ class Mutator {
   explicit Mutator(std::vector<std::string> seeds) : seeds_(std::move(seeds)) {}
 
   std::string Next() {
-    std::string text = seeds_[Below(seeds_.size())];
+    std::string text = Seed();
     for (std::size_t changes = 1 + Below(8); changes > 0; --changes) Change(text);
     return text;
   }
 
  private:
-  std::size_t Below(std::size_t limit) { return limit == 0 ? 0 : random_() % limit; }
+  std::size_t Below(std::size_t limit) { return random_() % limit; }
+  const std::string& Seed() { return seeds_[Below(seeds_.size())]; }
+  std::string PartOf(const std::string& text) { return text.substr(Below(text.size() + 1), Below(64)); }
 
   void Change(std::string& text) {
     constexpr std::string_view odd = "\0\xFF\xC3\n\r \"\\{}[]:,<>%/@.&0189-eEdab()"sv;
-    const std::string& other = seeds_[Below(seeds_.size())];
     const std::size_t place = Below(text.size() + 1);
     switch (Below(5)) {
       case 0:
@@ -55,10 +56,10 @@ class Mutator {
         if (place < text.size()) text[place] = static_cast<char>(random_());
         break;
       case 3:
-        text.insert(place, text.substr(Below(text.size() + 1), Below(64)));
+        text.insert(place, PartOf(text));
         break;
       default:
-        text.insert(place, other.substr(Below(other.size() + 1), Below(64)));
+        text.insert(place, PartOf(Seed()));
     }
   }
 
@@ -69,13 +70,9 @@ class Mutator {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 3) {
-    std::cerr << "Usage: " << argv[0] << " CORPUS COUNT\n";
-    return 2;
-  }
-  const std::vector<std::string> seeds = ReadCorpus(argv[1]);
+  const std::vector<std::string> seeds = argc == 3 ? ReadCorpus(argv[1]) : std::vector<std::string>();
   if (seeds.empty()) {
-    std::cerr << "There is no corpus in " << argv[1] << ".\n";
+    std::cerr << "Usage: " << argv[0] << " CORPUS COUNT, with a file in the corpus\n";
     return 2;
   }
   for (const std::string& seed : seeds) FuzzOne(seed);

@@ -1,7 +1,7 @@
 // A reply of a panel service: the first byte chooses the status, the rest is the body.
 
-#include "fuzz/Target.h"
 #include "service/TessenServicesClient.h"
+#include "tests/fuzz/Target.h"
 #include "tests/support/HandPlatform.h"
 
 void FuzzOne(std::string_view input) {

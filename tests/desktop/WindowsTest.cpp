@@ -1,3 +1,5 @@
+#include <map>
+
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
@@ -23,18 +25,19 @@ using namespace testing;
 
 namespace {
 
-const Answer everything{{test_servers::Reply(200, R"({"systemName":"edge","containers":{"0":["web","up","1 s"]}})")}};
+const Answer everything{{test_servers::Reply(
+    200, R"({"status":"<b>Done</b>","systemName":"edge","containers":{"0":["web","up","1 s"]}})")}};
 
 using Road = std::function<void()>;
 
-/// The windows of the program, each with its menus if it has some, and the user's hands in one of them.
-struct Keys : Desktop {
-  Keys() {
+/// All windows of the program, and the user's hands in one of them.
+struct Windows : Desktop {
+  Windows() {
     main->listServers.AddRow({"one", "two", "three"});
     logs->list_logs.AddRow({"line"});
     Desktop::Open(main);
   }
-  ~Keys() override { update->Close(); }
+  ~Windows() override { update->Close(); }
   /// Gives the keyboard to the part of that name, in a state in which everything can be done with it.
   QWidget& Enter(const std::shared_ptr<toolkit::Window>& window, const QString& name) {
     window->Show();
@@ -49,6 +52,15 @@ struct Keys : Desktop {
     }
     name.startsWith("list") ? Press(Qt::Key_Home) : Press(Qt::Key_A, Qt::ControlModifier);
     return part;
+  }
+  /// Where the controls of a window stand in it.
+  static std::map<QString, QRect> PlacesOf(const toolkit::Window& window) {
+    std::map<QString, QRect> places;
+    for (const auto* part : window.Controls()) {
+      const QWidget& view = Find(QString::fromStdString(part->Name()));
+      if (view.isVisible()) places[view.objectName()] = {view.mapTo(view.window(), QPoint()), view.size()};
+    }
+    return places;
   }
   /// Goes back from the menus to where the keyboard was.
   static void Leave(const QWidget& part) {
@@ -76,7 +88,7 @@ struct Keys : Desktop {
     return choices;
   }
 
-  FaultServer server{{everything, everything}};
+  FaultServer server{{everything, everything, {everything.Pieces, Answer::Then::Keep, Answer::Start::WhenReleased}}};
   std::shared_ptr<CorvaneServer> record = std::make_shared<CorvaneServer>(
       CorvaneServer{"127.0.0.1:" + std::to_string(server.Port()) + "/x", "", "pw", "", "amy"});
   std::shared_ptr<wMain> main = std::make_shared<wMain>([](const auto&) {});
@@ -100,7 +112,7 @@ struct Keys : Desktop {
 
 }  // namespace
 
-TEST_F(Keys, CopyAndTheEditMenuActOnWhatHasTheKeyboardInEveryPlace) {
+TEST_F(Windows, CopyAndTheEditMenuActOnWhatHasTheKeyboard) {
   ASSERT_TRUE(Until([&] { return control->list_containers.ListCount() + control->list_overview.ListCount() == 20; }));
   update->Loading = true;
   update->hvNotes.LoadPage("<p>notes</p>", toolkit::FolderItem(""));
@@ -139,7 +151,7 @@ TEST_F(Keys, CopyAndTheEditMenuActOnWhatHasTheKeyboardInEveryPlace) {
   }
 }
 
-TEST_F(Keys, TheEditMenuDoesToAFieldWhatItsEntriesSay) {
+TEST_F(Windows, TheEditMenuDoesToAFieldWhatItsEntriesSay) {
   const std::pair<const char*, const char*> rows[] = {
       {"EditUndo", ""}, {"EditCut", ""}, {"EditPaste", "before"}, {"EditClear", ""}, {"EditSelectAll", "typed"}};
   for (const auto& [entry, text] : rows) {
@@ -151,7 +163,7 @@ TEST_F(Keys, TheEditMenuDoesToAFieldWhatItsEntriesSay) {
   }
 }
 
-TEST_F(Keys, TheFindBarAndTheListsMenuHaveKeysOfTheirOwn) {
+TEST_F(Windows, TheFindBarAndTheListsMenuHaveKeysOfTheirOwn) {
   Enter(main, "listServers");
   Press(Qt::Key_F, Qt::ControlModifier);
   Type("two");
@@ -182,7 +194,65 @@ TEST_F(Keys, TheFindBarAndTheListsMenuHaveKeysOfTheirOwn) {
   EXPECT_EQ(QApplication::clipboard()->text(), "A message");
 }
 
-TEST_F(Keys, OneKeyClosesEveryWindowWhoseFrameDoes) {
+TEST_F(Windows, TabGoesThroughTheControlsInTheirOrder) {
+  ASSERT_TRUE(Until([&] { return !control->Busy(); }));
+  control->list_containers.ListIndex(0);
+  const std::tuple<std::shared_ptr<toolkit::Window>, int, std::vector<std::string>> rows[] = {
+      // clang-format off
+      {main, 1, {"txtHostname", "txtUsername", "txtPassword", "btnAddServer", "listServers"}},
+      {control, 1, {"list_overview", "btn_overview_refresh", "btn_overview_restart", "btn_overview_webui",
+                    "btn_overview_reload", "qt_tabwidget_tabbar"}},
+      {control, 2, {"list_containers", "btn_containers_refresh", "btn_containers_restart", "btn_containers_start",
+                    "btn_containers_stop", "btn_containers_logs", "txt_containers_logs", "qt_tabwidget_tabbar"}},
+      {update, 1, {"hvNotes", "btnOK", "btnCancel", "btnSkipVersion"}},
+      // clang-format on
+  };
+  for (const auto& [window, panel, names] : rows) {
+    control->tabs.Select(panel);
+    QTest::qWait(20);
+    Enter(window, QString::fromStdString(names.front()));
+    std::vector<std::string> forth;
+    std::vector<std::string> back;
+    for (std::size_t step = 0; step < names.size(); ++step) forth.push_back(Focused()), Press(Qt::Key_Tab);
+    EXPECT_EQ(forth, names);
+    for (std::size_t step = 0; step < names.size(); ++step)
+      Press(Qt::Key_Backtab, Qt::ShiftModifier), back.push_back(Focused());
+    EXPECT_THAT(back, ElementsAreArray(names.rbegin(), names.rend()));
+  }
+}
+
+TEST_F(Windows, OnlyTheRightPartsFollowTheFrame) {
+  ASSERT_TRUE(Until([&] { return !control->Busy(); }));
+  const QStringList form{"txtHostname", "txtUsername", "txtPassword", "btnAddServer", "labelVersion", "labelCopyright"};
+  const QStringList lists{"tabs", "list_overview", "list_containers"};
+  const std::tuple<std::shared_ptr<toolkit::Window>, int, QSize, QSize, QStringList, QStringList> rows[] = {
+      // the window, its panel, the size that the user wants, how much larger it becomes, what moves and what grows then
+      // clang-format off
+      {main, 1, {900, 700}, {0, 186}, form, {}},       {main, 1, {600, 10}, {0, -450}, form, {}},
+      {main, 1, {300, 2000}, {0, 1486}, form, {}},     {control, 1, {1000, 700}, {200, 200}, {}, lists},
+      {control, 2, {1000, 700}, {200, 200}, {}, lists}, {control, 2, {10, 10}, {0, 0}, {}, lists},
+      // clang-format on
+  };
+  for (const auto& [window, panel, wanted, more, moving, growing] : rows) {
+    control->tabs.Select(panel);
+    Enter(window, window == main ? "listServers" : "tabs");
+    QWidget& frame = *QApplication::activeWindow();
+    const QSize size = frame.size();
+    const auto places = PlacesOf(*window);
+    frame.resize(wanted + QSize(0, frame.findChild<QMenuBar*>()->height()));
+    QTest::qWait(20);
+    EXPECT_TRUE(frame.size() == size + more);
+    for (const auto& [name, place] : PlacesOf(*window)) {
+      QRect expected = places.at(name);
+      if (moving.contains(name)) expected.translate(0, more.height());
+      if (growing.contains(name)) expected.setSize(expected.size() + more);
+      EXPECT_TRUE(place == expected) << name.toStdString() << " in a window of " << wanted.height();
+    }
+    frame.resize(size);
+  }
+}
+
+TEST_F(Windows, OneKeyClosesEveryWindowWhoseFrameDoes) {
   for (const auto& [window, part] : std::initializer_list<std::pair<std::shared_ptr<toolkit::Window>, const char*>>{
            {update, "hvNotes"}, {logs, "list_logs"}, {control, "list_overview"}, {main, "txtHostname"}}) {
     Enter(window, part);
@@ -191,7 +261,7 @@ TEST_F(Keys, OneKeyClosesEveryWindowWhoseFrameDoes) {
   }
 }
 
-TEST_F(Keys, EveryKeyDoesWhatDesktopsDo) {
+TEST_F(Windows, EveryKeyDoesWhatDesktopsDo) {
   ASSERT_TRUE(Until([&] { return !control->Busy(); }));
   control->Show();
   auto& tabs = Find<QTabWidget>("tabs");
@@ -233,13 +303,13 @@ TEST_F(Keys, EveryKeyDoesWhatDesktopsDo) {
   }
 }
 
-TEST_F(Keys, TheKeyboardStaysNearAButtonThatGoesOffAndReturnsWithIt) {
+TEST_F(Windows, TheKeyboardStaysNearAButtonThatGoesOff) {
   ASSERT_TRUE(Until([&] { return !control->Busy(); }));
   control->Show();
   const std::tuple<const char*, toolkit::PushButton*, const char*, Qt::Key, const char*> rows[] = {
       {"btn_overview_reload", &control->btn_overview_reload, "btn_overview_webui", Qt::Key_unknown,
        "btn_overview_reload"},
-      {"btn_overview_reload", &control->btn_overview_reload, "btn_overview_webui", Qt::Key_Up, "btn_overview_webui"},
+      {"btn_overview_reload", &control->btn_overview_reload, "btn_overview_webui", Qt::Key_Up, "btn_overview_restart"},
       {"btn_overview_refresh", &control->btn_overview_refresh, "list_overview", Qt::Key_unknown,
        "btn_overview_refresh"}};
   for (const auto& [part, button, near, key, then] : rows) {
@@ -249,13 +319,12 @@ TEST_F(Keys, TheKeyboardStaysNearAButtonThatGoesOffAndReturnsWithIt) {
     button->Enabled(false);
     EXPECT_EQ(Focused(), near);
     if (key != Qt::Key_unknown) QTest::keyClick(Front(), key);
-    const bool hasMoved = Focused() != near;
     button->Enabled(true);
-    EXPECT_TRUE(hasMoved || Focused() == then) << Focused() << " after " << part;
+    EXPECT_EQ(Focused(), then) << part;
   }
 }
 
-TEST_F(Keys, AFieldTakesWhatComesFromAnyInputButNotItsOwnText) {
+TEST_F(Windows, AFieldTakesWhatComesFromAnyInput) {
   auto& field = Find<QLineEdit>("txtHostname");
   QAccessible::queryAccessibleInterface(&field)->setText(QAccessible::Value, "spoken");
   EXPECT_EQ(main->txtHostname.Text(), "spoken");
@@ -266,7 +335,7 @@ TEST_F(Keys, AFieldTakesWhatComesFromAnyInputButNotItsOwnText) {
   EXPECT_EQ(main->txtHostname.Text(), "\xFF") << "what is shown for it came back";
 }
 
-TEST_F(Keys, AWindowShowsOnAllItsPartsThatItWaits) {
+TEST_F(Windows, AWindowShowsOnAllItsPartsThatItWaits) {
   control->Show();
   const auto pointers = [](const char* name) {
     QWidget& part = Find(name);
@@ -278,4 +347,28 @@ TEST_F(Keys, AWindowShowsOnAllItsPartsThatItWaits) {
   EXPECT_THAT(pointers("btn_containers_refresh"), Each(Qt::BusyCursor));
   ASSERT_TRUE(Until([&] { return !control->Busy(); }));
   EXPECT_THAT(pointers("txt_containers_logs"), ElementsAre(Qt::ArrowCursor, Qt::IBeamCursor));
+}
+
+TEST_F(Windows, TheWheelTurnsUntilTheReloadsBoxIsGone) {
+  ASSERT_TRUE(Until([&] { return !control->Busy(); }));
+  Enter(control, "list_overview");
+  QWidget& window = *QApplication::activeWindow();
+  QWidget& wheel = Find("overview_progress");
+  const auto picture = [&] { return window.grab(QRect(wheel.mapTo(&window, QPoint()), wheel.size())).toImage(); };
+  const QImage nothing = picture();
+  Click(Find("btn_overview_reload"));
+  const QImage first = picture();
+  EXPECT_TRUE(first != nothing);
+  EXPECT_TRUE(Until([&] { return picture() != first; }));
+  bool wasBusy = false;
+  BoxReader reader([&](QDialog& box) {
+    wasBusy = wheel.isVisible() && !Find("btn_overview_reload").isEnabled();
+    QTest::keyClick(box.windowHandle(), Qt::Key_Return);
+  });
+  server.Release();
+  EXPECT_TRUE(Until([&] { return Find("btn_overview_reload").isEnabled(); }));
+  EXPECT_TRUE(wasBusy);
+  EXPECT_FALSE(wheel.isVisible());
+  EXPECT_TRUE(picture() == nothing);
+  EXPECT_THAT(server.Requests(), SizeIs(3)) << "something was asked twice";
 }

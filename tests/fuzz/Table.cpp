@@ -1,7 +1,7 @@
 // A service table, as a reply holds it.
 
-#include "fuzz/Target.h"
 #include "service/TessenServicesClient.h"
+#include "tests/fuzz/Target.h"
 #include "tests/support/HandPlatform.h"
 #include "toolkit/JSON.h"
 #include "toolkit/Listbox.h"

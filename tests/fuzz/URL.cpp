@@ -1,6 +1,6 @@
 // An address from a document, with or without credentials.
 
-#include "fuzz/Target.h"
+#include "tests/fuzz/Target.h"
 #include "tests/support/HandPlatform.h"
 #include "update/check/HTTPSSocket.h"
 

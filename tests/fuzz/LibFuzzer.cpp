@@ -1,6 +1,6 @@
 // The entry for libFuzzer, which brings its own main.
 
-#include "fuzz/Target.h"
+#include "tests/fuzz/Target.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   FuzzOne({reinterpret_cast<const char*>(data), size});

@@ -1,30 +1,19 @@
 // The look-up of redirects: the lines of the input are an address, and the "Location" of each reply.
 
+#include <sstream>
 #include <string>
 #include <vector>
 
-#include "fuzz/Target.h"
+#include "tests/fuzz/Target.h"
 #include "tests/support/HandPlatform.h"
 #include "toolkit/Text.h"
 #include "update/check/HTTPSSocket.h"
 
-namespace {
-
-std::vector<std::string> Lines(std::string_view input) {
-  std::vector<std::string> lines;
-  while (true) {
-    const std::size_t end = input.find('\n');
-    lines.emplace_back(input.substr(0, end));
-    if (end == std::string_view::npos) return lines;
-    input.remove_prefix(end + 1);
-  }
-}
-
-}  // namespace
-
 void FuzzOne(std::string_view input) {
   static HandPlatform platform;
-  const std::vector<std::string> lines = Lines(input);
+  std::vector<std::string> lines;
+  std::istringstream text{std::string(input) + '\n'};
+  for (std::string line; std::getline(text, line);) lines.push_back(line);
   constexpr std::size_t most = Kaju::HTTPSSocket::kMostRedirects;
   platform.Requests.clear();
   platform.WhileWaiting = [&] {

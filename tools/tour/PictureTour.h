@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+
+#include "tour/Publisher.h"
+#include "tour/Step.h"
+
+namespace tour {
+
+/// The server that is visited.
+struct Visit {
+  QString host;
+  QString user;
+  QString password;
+};
+
+/// Each window of the program in the states that are worth a picture: those of the panel service, which must have its
+/// demonstration fleet, and those of the update that `publisher` offers. Nothing is ever installed.
+[[nodiscard]] Steps PictureTour(const Visit& visit, Publisher& publisher);
+
+}  // namespace tour
