@@ -247,9 +247,7 @@ void wServer::mOverview_reload() {
 void wServer::mContainers_refresh() {
   list_containers.DeleteAllRows();
   Issue(containers_list, ControlAPI::listContainers);
-  for (auto* button : {&btn_containers_refresh, &btn_containers_start, &btn_containers_stop, &btn_containers_restart}) {
-    button->Enabled(false);
-  }
+  btn_containers_refresh.Enabled(false);
 }
 
 void wServer::mContainers_logs() {

@@ -32,11 +32,11 @@ struct EngineAction {
   std::string_view Needless;
 };
 // clang-format off
-constexpr std::array<EngineAction, 3> actions{{
+constexpr auto actions = std::to_array<EngineAction>({
   {Action::Start,   "/start",        " has been started.",   " is running already."},
   {Action::Stop,    "/stop?t=10",    " has been stopped.",   " is stopped already."},
   {Action::Restart, "/restart?t=10", " has been restarted.", " has been restarted."},
-}};
+});
 // clang-format on
 
 json::array ToArray(json::value value) {

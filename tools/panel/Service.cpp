@@ -98,7 +98,7 @@ struct Call {
 };
 
 // clang-format off
-constexpr std::array<Call, 9> calls{{
+constexpr auto calls = std::to_array<Call>({
   {"/api/v1/system/information",  [](Fleet& fleet, const Request&) { return InformationReply(fleet.Describe()); }},
   {"/api/v1/system/reboot",       [](Fleet& fleet, const Request&) { return StatusReply(fleet.Reboot()); }},
   {"/api/v1/system/reload",       [](Fleet& fleet, const Request&) { return StatusReply(fleet.Reload()); }},
@@ -108,7 +108,7 @@ constexpr std::array<Call, 9> calls{{
   {"/api/v1/containers/stop",     ActionReply<Action::Stop>},
   {"/api/v1/containers/backup",   ActionReply<Action::Backup>},
   {"/api/v1/containers/logs",     LogReply},
-}};
+});
 // clang-format on
 
 }  // namespace
