@@ -148,6 +148,7 @@ void wServer::btn_overview_webui_Action() {
 
 void wServer::btn_overview_reload_Action() { mOverview_reload(); }
 
+// The service sends the last backup as a fourth cell, which is stored but not shown.
 void wServer::list_containers_Open() {
   list_containers.Heading(0, "Name:");
   list_containers.Heading(1, "State:");
