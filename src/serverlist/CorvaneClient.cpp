@@ -25,7 +25,7 @@ std::string_view HintForHostname(std::string_view host) {
   if (toolkit::StartsWithIgnoringCase(host, scheme)) host.remove_prefix(scheme.size());
   if (host.ends_with(port)) host.remove_suffix(port.size());
   const bool isIPv6 = host.starts_with('[') && host.ends_with(']');
-  const std::string_view strange = isIPv6 ? " /" : " /\\?#@:\t\r\n";
+  const std::string_view strange = isIPv6 ? " /@" : " /\\?#@:\t\r\n";
   if (!host.empty() && host.find_first_of(strange) == std::string_view::npos) return {};
   return " Type the name or the address of the server alone: no blanks, no path, and no other scheme or port.";
 }

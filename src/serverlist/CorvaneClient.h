@@ -14,11 +14,12 @@ namespace CorvaneClient {
 extern std::vector<std::shared_ptr<CorvaneServer>> Servers;
 
 /// The base URL of the panel service on `host`: prefixed with "https://" (case-insensitive) and suffixed with ":1701",
-/// unless already present. Nothing else is changed: blanks are not trimmed, a path is not removed.
+/// unless already present. Nothing else is changed: blanks are not trimmed, a path is not removed,
+/// nor is a login before an "@": never store or log the result.
 [[nodiscard]] std::string Sanitize_Hostname(std::string_view host);
 
-/// What to type instead, as a sentence with a blank before it, if Sanitize_Hostname makes no address of a panel service
-/// of `host`, since it holds more than a name or an address; empty if it does.
+/// For error messages: a sentence, with a blank before it, that says what to type, if `host` contains more than a name
+/// or an address, such as a path; empty otherwise. Not a validation.
 [[nodiscard]] std::string_view HintForHostname(std::string_view host);
 
 }  // namespace CorvaneClient
