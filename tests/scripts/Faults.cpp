@@ -1,15 +1,13 @@
 // Runs a command, with all that it starts, and lets one of its calls that change files fail:
 //
-//     faults [at=NUMBER] [error=NUMBER] [poor] [sleepless=FILE] [count=FILE] COMMAND...
+//     faults NUMBER ERROR COUNT-FILE rich|poor COMMAND...
 //
 // Calls are counted over all processes. The call of that number fails with the error, or its process group is killed if
 // that is 0; with a negative number, every call from there on fails that takes space. On a poor file system there are
-// no hard links, and names cannot be exchanged. With "sleepless", sleeping takes no time, and each sleep is a byte in
-// that file. The number of calls is the length of the other file, in the end. The kernel asks for each such call
-// (seccomp_unotify(2)), so nothing of this is in the environment of the command. Ends as the command does, and when all
-// that it started has ended.
+// no hard links, and names cannot be exchanged. The number of calls is the length of the file, in the end. The kernel
+// asks for each such call (seccomp_unotify(2)), so nothing of this is in the environment of the command. Ends as the
+// command does, and when all that it started has ended.
 
-#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
@@ -35,7 +33,7 @@ namespace {
 
 constexpr int numberOfListener = 100;
 
-enum class Kind { Plain, TakesSpace, Writes, OpensFile, HardLink, Exchanges, Sleeps };
+enum class Kind { Plain, TakesSpace, Writes, OpensFile, HardLink, Exchanges };
 
 const std::map<int, Kind> calls{
 #ifdef SYS_rename
@@ -61,16 +59,13 @@ const std::map<int, Kind> calls{
     {SYS_write, Kind::Writes},
     {SYS_copy_file_range, Kind::TakesSpace},
     {SYS_syncfs, Kind::TakesSpace},
-    {SYS_nanosleep, Kind::Sleeps},
-    {SYS_clock_nanosleep, Kind::Sleeps},
 };
 
 struct Settings {
-  long At = 0;
-  int Error = 0;
-  bool IsPoor = false;
-  std::string Sleeps;
+  long At;
+  int Error;
   std::string Count;
+  bool IsPoor;
 };
 
 /// Lets the kernel ask about these calls of this process, and of all that it starts, from now on. Returns where.
@@ -101,10 +96,6 @@ bool IsFile(unsigned process, std::uint64_t descriptor) {
   return stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
-void AddByte(const std::string& file) {
-  if (!file.empty()) std::ofstream(file, std::ios::app) << '.';
-}
-
 class Faults {
  public:
   explicit Faults(Settings settings) : settings_(std::move(settings)) {}
@@ -113,8 +104,6 @@ class Faults {
   int ErrorOf(const seccomp_notif& call) {
     const auto& arguments = call.data.args;
     const Kind kind = calls.at(call.data.nr);
-    if (kind == Kind::Sleeps) AddByte(settings_.Sleeps);
-    if (kind == Kind::Sleeps) return settings_.Sleeps.empty() ? -1 : 0;
     if (kind == Kind::Writes && !IsFile(call.pid, arguments[0])) return -1;
     if (kind == Kind::OpensFile && !OpensToWrite(call)) return -1;
     const bool exchanges = kind == Kind::Exchanges && (arguments[4] & RENAME_EXCHANGE) != 0;
@@ -135,7 +124,7 @@ class Faults {
     const auto program = std::filesystem::read_symlink("/proc/" + std::to_string(call.pid) + "/exe", ignored);
     if (program.filename() == "dash" || program.filename() == "sh") return -1;
     ++count_;
-    AddByte(settings_.Count);
+    std::ofstream(settings_.Count, std::ios::app) << '.';
     const long at = settings_.At;
     if (at == 0 || (at < 0 ? count_ < -at || !takesSpace : count_ != at)) return -1;
     if (settings_.Error == 0) kill(-getpgid(static_cast<pid_t>(call.pid)), SIGKILL);
@@ -161,33 +150,11 @@ void Answer(int listener, Faults faults) {
   }
 }
 
-Settings TakeSettings(char**& arguments) {
-  Settings settings;
-  for (; *arguments != nullptr; ++arguments) {
-    const std::string argument = *arguments;
-    const std::string name = argument.substr(0, argument.find('='));
-    const std::string value = argument.substr(std::min(name.size() + 1, argument.size()));
-    if (name == "at")
-      settings.At = std::stol(value);
-    else if (name == "error")
-      settings.Error = std::stoi(value);
-    else if (name == "poor")
-      settings.IsPoor = true;
-    else if (name == "sleepless")
-      settings.Sleeps = value;
-    else if (name == "count")
-      settings.Count = value;
-    else
-      break;
-  }
-  return settings;
-}
-
 }  // namespace
 
 int main(int /*argc*/, char** argv) {
-  char** command = argv + 1;
-  const Settings settings = TakeSettings(command);
+  char** command = argv + 5;
+  const Settings settings{std::stol(argv[1]), std::stoi(argv[2]), argv[3], argv[4] == std::string("poor")};
   prctl(PR_SET_CHILD_SUBREAPER, 1, 0, 0, 0);  // the command's children stay ours, whose memory we may read
   const pid_t child = fork();
   if (child == 0) {
