@@ -1,8 +1,28 @@
-// A reply of a panel service: the first byte chooses the status, the rest is the body.
+// A reply of a panel service: the first byte chooses the status, the rest is the body. It may be a table.
 
 #include "service/TessenServicesClient.h"
 #include "tests/fuzz/Target.h"
 #include "tests/support/HandPlatform.h"
+#include "toolkit/JSON.h"
+#include "toolkit/Listbox.h"
+
+namespace {
+
+void Fill(std::string_view body) {
+  toolkit::Listbox list;
+  list.ColumnCount(3);
+  try {
+    const auto item = toolkit::ParseJSONItem(body);
+    const boost::json::object* table = item->if_object();
+    if (table == nullptr) return;
+    TessenServicesClient::TessenListBox_FillDesktopListBox(list, *table, false);
+    Require(static_cast<std::size_t>(list.ListCount()) == table->size(), "each row is there");
+  } catch (const toolkit::RuntimeException&) {
+    Require(list.ListCount() == 0, "a table that is refused fills nothing");
+  }
+}
+
+}  // namespace
 
 void FuzzOne(std::string_view input) {
   static HandPlatform platform;
@@ -22,4 +42,5 @@ void FuzzOne(std::string_view input) {
   client.PressButton("https://h:1701/api", "list");
   platform.LastRequest().Reply(200, platform.LastRequest().Request.Body);
   Require(accepted + refused == 2, "what is sent can be read");
+  Fill(input.substr(input.empty() ? 0 : 1));
 }
