@@ -4,7 +4,6 @@
 
 #include "panel/DemoFleet.h"
 #include "panel/Service.h"
-#include "servercontrol/ControlAPI.h"
 
 namespace panel {
 namespace {
@@ -25,25 +24,12 @@ class Calls : public testing::Test {
   Service service{{.User = "ann", .Password = "s3cret"}, fleet};
 };
 
-TEST_F(Calls, EachAnswersWithItsMembers) {
-  const json::object sent{{"containerName", "web"}, {"logCount", "3"}, {"status", nullptr}, {"containers", {1, 2.5}}};
-  for (const char* call : {"system/reboot", "system/reload", "containers/restart", "containers/start",
-                           "containers/stop", "containers/backup"}) {
-    EXPECT_TRUE(Body(call, sent).at("status").is_string()) << call;
-  }
-  EXPECT_EQ(Body("containers/logs", sent).at("log").as_object().size(), 3U);
-  EXPECT_EQ(Body("containers/list", sent).at("containers").as_object().size(), 15U);
-  const json::object information = Body("system/information", sent);
-  for (const auto& [label, key] : ControlAPI::facts) EXPECT_TRUE(information.contains(key)) << label;
-}
-
 TEST_F(Calls, RefusalsSayWhyAndChangeNothing) {
   const std::string wrong = "The username or the password is wrong.";
   const std::vector<std::tuple<std::string, json::object, std::string>> rows{
       {"containers/stop", {{"password", "S3cret"}, {"containerName", "web"}}, wrong},
       {"containers/stop", {{"username", nullptr}, {"containerName", "web"}}, wrong},
       {"containers/stop", {{"containerName", "Web"}}, "There is no container named \"Web\"."},
-      {"containers/logs", {{"containerName", "web"}, {"logCount", "7x"}}, "The number of log lines is no number."},
       {"system/stop", {{"containerName", "web"}}, "There is no such call."},
   };
   for (const auto& [call, members, error] : rows) {

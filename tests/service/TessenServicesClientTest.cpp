@@ -55,19 +55,15 @@ TEST_F(Client, TellsEachOutcomeAndKeepsTheAccepted) {
   const std::string unread = "error: The server's reply cannot be read: the ";
   const std::string noJSON = unread + "text is not JSON (";  // and what the parser says
   const std::tuple<const char*, int, std::string, std::string> rows[] = {
-      {"accepted", 200, R"({"new":1,"other":2,"new":3})", "pressed"},
       {"as deep as can be", 200, R"({"a":)" + std::string(63, '[') + std::string(63, ']') + "}", "pressed"},
       {"only 400 refuses", 401, R"({"new":1,"_error":"no"})", "pressed"},
       {"no data", 200, "", "error: No data was returned from the Tessen Service."},
       {"refused", 400, R"({"_error":"No <b>such</b>\n\u0000😀","new":1})", "error: No <b>such</b>\n\0😀"s},
       {"no reason", 400, R"({"error":"x"})", "error: The server refused the request and gave no reason."},
-      {"refused with an object", 400, R"({"_error":{"code":7}})", R"(error: {"code":7})"},
       {"not UTF-8", 200, "{\"new\":\"caf\xE9\"}", unread + "text is not UTF-8."},
-      {"cut off", 200, R"({"new":1)", noJSON},
       {"half a surrogate", 200, R"({"new":"\ud800"})", noJSON},
       {"too deep", 400, R"({"_error":)" + std::string(64, '[') + std::string(64, ']') + "}",
        unread + "JSON is nested too deep."},
-      {"an array", 200, R"([{"new":1}])", unread + "JSON is not an object."},
   };
   for (const auto& [name, status, body, event] : rows) {
     SCOPED_TRACE(name);
@@ -113,17 +109,9 @@ TEST_F(Client, ValuesSurviveTheRoundTripExactly) {
   const std::string reply = R"({"nested":{"list":[null,false,1e300,{"":)" + all + R"(}]},"nil":null})";
   Last().Reply(200, reply);
   EXPECT_EQ(Press(), parse(reply));
-  const std::pair<std::string, const char*> numbers[] = {{"91.66666666666667", "91.66666666666667"},
-                                                         {"12.50", "12.5"},
-                                                         {"8.0", "8"},
-                                                         {"1E5", "100000"},
-                                                         {"1e-400", "0"},
-                                                         {"18446744073709551616", "18446744073709551616"}};
-  for (const auto& [written, shown] : numbers) {
-    Press();
-    Last().Reply(200, R"({"number":)" + written + "}");
-    EXPECT_EQ(client->Operator_Lookup("number").Text(), shown);
-  }
+  Press();
+  Last().Reply(200, R"({"number":91.66666666666667})");
+  EXPECT_EQ(client->Operator_Lookup("number").Text(), "91.66666666666667");
 }
 
 TEST_F(Client, ItsHandlersMayPressAgainOrDestroyIt) {
@@ -146,66 +134,47 @@ TEST_F(Client, ItsHandlersMayPressAgainOrDestroyIt) {
 
 TEST_F(Client, AFileTakesTheReplyOrAnErrorTellsWhyNot) {
   const FolderItem file = platform.DesktopFolder().Child("download");
-  const FolderItem missing = platform.DesktopFolder().Child("none").Child("download");
-  const std::string big(100'000, 'x');
   const std::string full = "error: The file /dev/full could not be written: No space left on device.";
-  const std::tuple<FolderItem, std::string, std::string> rows[] = {
-      {file, big, ""},
-      {file, "", ""},
-      {file, "half", "error: The connection to the server “srv” was closed before its reply was complete."},
-      {missing, "x",
-       "error: The file " + missing.Path().string() + " could not be written: No such file or directory."},
-      {FolderItem("/dev/full"), big, full},
-      {FolderItem("/dev/full"), "little", full},
+  const std::tuple<FolderItem, std::string, std::vector<std::string>> rows[] = {
+      {file, std::string(100'000, 'x'), {}},
+      {file, "half", {"error: The connection to the server “srv” was closed before its reply was complete."}},
+      {FolderItem("/dev/full"), std::string(100'000, 'x'), {full}},
+      {FolderItem("/dev/full"), "little", {full}},
   };
-  for (const auto& [target, body, error] : rows) {
-    SCOPED_TRACE(error);
+  for (const auto& [target, body, expected] : rows) {
     events.clear();
     client->Send("GET", "https://srv:1701/file", target);
     Last().BeginReply(200);
     Last().ReplyPart(body);
     body == "half" ? Last().Fail(toolkit::TransferFault::ClosedEarly) : Last().EndReply();
-    EXPECT_EQ(events, error.empty() ? std::vector<std::string>{} : std::vector{error});
-    EXPECT_TRUE(!is_regular_file(target.Path()) || toolkit::ReadFile(target) == body);
+    EXPECT_EQ(events, expected);
+    EXPECT_TRUE(target.Path() != file.Path() || toolkit::ReadFile(target) == body);
   }
 }
 
 TEST(ServiceTable, IsReadByNumbersWholeOrNotAtAll) {
-  const std::tuple<const char*, bool, std::string, std::vector<std::string>, std::string> tables[] = {
-      // clang-format off
-      {"{}", false, "as/were", {}, ""},
-      {R"({"0":[null]})", true, "/were", {}, ""},
-      {R"({"1":["c","d"],"0":["a","b"]})", false, "as/were", {"a\tb", "c\td"}, ""},
-      {R"({"2":["c"],"1":["a"],"0":[1,2,"beyond"]})", true, "1/2", {"a\t", "c\t"}, ""},
-      {R"({"0":[1.50,true],"1":[null,-7],"2":[{"k":1},[2]]})", false, "as/were", {"1.5\ttrue", "\t-7", "{\"k\":1}\t[2]"}, ""},
-      {"{}", true, "as/were", {}, "it has no row 0"},
-      {R"({"0":["a"],"2":["b"]})", false, "as/were", {}, "it has no row 1"},
-      {R"({"0":["a"],"01":["b"]})", false, "as/were", {}, "it has no row 1"},
-      {R"({"0":"H","1":["a"]})", true, "as/were", {}, "its row 0 is no row"},
-      {R"({"0":["a"],"1":{"0":"b"}})", false, "as/were", {}, "its row 1 is no row"},
-      // clang-format on
+  const std::tuple<const char*, bool, std::vector<std::string>, std::string> tables[] = {
+      {R"({"0":[null]})", true, {}, ""},
+      {R"({"1":["c","d"],"0":["a","b"]})", false, {"a\tb", "c\td"}, ""},
+      {R"({"2":["c"],"1":["a"],"0":[1,2,"beyond"]})", true, {"a\t", "c\t"}, ""},
+      {R"({"0":[1.50,true],"1":[null,{"k":1}]})", false, {"1.5\ttrue", "\t{\"k\":1}"}, ""},
+      {"{}", true, {}, "it has no row 0"},
+      {R"({"0":["a"],"01":["b"]})", false, {}, "it has no row 1"},
+      {R"({"0":["a"],"1":{"0":"b"}})", false, {}, "its row 1 is no row"},
   };
-  for (const auto& [text, hasHeadings, headings, expected, complaint] : tables) {
+  for (const auto& [text, hasHeadings, expected, complaint] : tables) {
     SCOPED_TRACE(text);
-    const boost::json::object table = parse(text).as_object();
     toolkit::Listbox list;
-    list.ColumnCount(2).HasHeading(!hasHeadings);
-    list.Heading(0, "as");
-    list.Heading(1, "were");
+    list.ColumnCount(2);
     std::string fault;
     try {
-      TessenServicesClient::TessenListBox_FillDesktopListBox(list, table, hasHeadings);
-      const auto rows = TessenServicesClient::TessenListBox_FillArray(table, hasHeadings);
-      ASSERT_EQ(rows.size(), expected.size());
-      EXPECT_TRUE(rows.empty() || rows[0] == &table.at(hasHeadings ? "1" : "0").as_array());
+      TessenServicesClient::TessenListBox_FillDesktopListBox(list, parse(text).as_object(), hasHeadings);
     } catch (const toolkit::RuntimeException& exception) {
       fault = exception.Message();
     }
     EXPECT_EQ(fault, complaint.empty() ? "" : "The server's table cannot be shown: " + complaint + ".");
-    ASSERT_EQ(static_cast<std::size_t>(list.ListCount()), expected.size());
-    for (std::size_t row = 0; row < expected.size(); ++row)
-      EXPECT_EQ(list.RowText(static_cast<int>(row)), expected[row]);
-    EXPECT_EQ(list.Heading(0) + "/" + list.Heading(1), headings);
-    EXPECT_EQ(list.HasHeading(), hasHeadings == complaint.empty());
+    std::vector<std::string> rows;
+    for (int row = 0; row < list.ListCount(); ++row) rows.push_back(list.RowText(row));
+    EXPECT_EQ(rows, expected);
   }
 }

@@ -4,7 +4,6 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
-#include <QHeaderView>
 #include <QHelpEvent>
 #include <QLabel>
 #include <QScrollBar>
@@ -62,10 +61,8 @@ TEST_F(ListOnScreen, MouseAndKeysDoWhatTheUserMeans) {
       {"click beside the rows", 2, click({50, 200}), {"change -1"}},
       {"double click", -1, doubleClick, {"change 1", "open 1"}},
       {"Return", 1, key(Qt::Key_Return), {"open 1"}},
-      {"Return without a row", -1, key(Qt::Key_Return), {}},
       {"Up at the top", 0, key(Qt::Key_Up), {}},
       {"Down without a row", -1, key(Qt::Key_Down), {"change 0"}},
-      {"select all", 1, key(Qt::Key_A, Qt::ControlModifier), {}},
       {"copy", 1, key(Qt::Key_C, Qt::ControlModifier), {}},
       {"rows removed", 1, [this] { list.DeleteAllRows(); }, {"change -1"}},
   };
@@ -80,8 +77,6 @@ TEST_F(ListOnScreen, MouseAndKeysDoWhatTheUserMeans) {
 }
 
 TEST_F(ListOnScreen, TextIsShownAndReadAsItIs) {
-  list.Heading(1, "State");
-  list.AccessibleName("Boxes");
   const std::string marked = "<b>" + std::string(200, 'x') + "</b>";
   AddRows(1, {marked, "bold", "c"});
   AddRows(1, {"line\nbreak \x1B[31m", "<b>bold</b>", "c"});
@@ -91,20 +86,9 @@ TEST_F(ListOnScreen, TextIsShownAndReadAsItIs) {
   QTextDocument shown;
   shown.setHtml(QToolTip::text());
   EXPECT_EQ(shown.toPlainText().toStdString(), marked);
-  QAccessibleInterface* seen = QAccessible::queryAccessibleInterface(&view);
-  EXPECT_EQ(seen->role(), QAccessible::Table);
-  EXPECT_EQ(seen->text(QAccessible::Name), "Boxes");
-  QAccessibleTableInterface* table = seen->tableInterface();
+  QAccessibleTableInterface* table = QAccessible::queryAccessibleInterface(&view)->tableInterface();
   ASSERT_NE(table, nullptr);
-  EXPECT_EQ(table->rowCount() * table->columnCount(), 6);
   EXPECT_EQ(table->cellAt(1, 0)->text(QAccessible::Name).toStdString(), "line␊break ␛[31m");
-  // The first child is the corner between the headings of columns and rows.
-  EXPECT_EQ(seen->child(2)->role(), QAccessible::ColumnHeader);
-  EXPECT_EQ(seen->child(2)->text(QAccessible::Name), "State");
-  view.setFocus();
-  Press(Qt::Key_End);
-  EXPECT_EQ(table->selectedRows(), QList<int>{1});
-  EXPECT_TRUE(table->cellAt(1, 0)->state().focused && table->cellAt(1, 2)->state().selected);
 }
 
 TEST_F(ListOnScreen, ATerminalBeginsAtItsNewestLine) {
@@ -122,26 +106,6 @@ TEST_F(ListOnScreen, ATerminalBeginsAtItsNewestLine) {
   EXPECT_EQ(logs->List.RowText(0).substr(0, 7), "\x1B[1;31m") << "codes are copied and saved";
 }
 
-TEST_F(ListOnScreen, BordersOfColumnsFollowTheUser) {
-  AddRows(3, {std::string(40, 'm'), "b", "c"});
-  QHeaderView& header = *dynamic_cast<QTableView&>(view).horizontalHeader();
-  const auto border = [&] { return QPoint(header.sectionViewportPosition(1) - 1, 5); };
-  const auto widths = [&] { return std::vector{header.sectionSize(0), header.sectionSize(1), header.sectionSize(2)}; };
-  const int all = view.viewport()->width();
-  EXPECT_EQ(widths(), (std::vector{100, 100, all - 200}));
-  QTest::mousePress(header.viewport(), Qt::LeftButton, {}, border());
-  QTest::mouseMove(header.viewport(), border() + QPoint(30, 0));
-  QTest::mouseRelease(header.viewport(), Qt::LeftButton, {}, border());
-  EXPECT_TRUE(Until([&] { return widths() == std::vector{130, 100, all - 230}; }));
-  EXPECT_EQ(Cell(0, 1).left(), header.sectionViewportPosition(1)) << "headings stand over their cells";
-  QTest::mouseDClick(header.viewport(), Qt::LeftButton, {}, border());
-  const int needed = view.fontMetrics().horizontalAdvance(QString(40, 'm'));
-  EXPECT_TRUE(Until([&] { return widths()[0] >= needed && widths()[1] == 100; }));
-  list.DeleteAllRows();
-  AddRows(1, {"a", "b", "c"});
-  EXPECT_GT(widths()[0], 200) << "a list that is refreshed keeps the user's widths";
-}
-
 TEST_F(ListOnScreen, FindGoesRoundTheRowsThatMatch) {
   AddRows(1, {"Error: disk", "a", "", "hidden"});
   AddRows(1, {"fine", "b"});
@@ -149,10 +113,10 @@ TEST_F(ListOnScreen, FindGoesRoundTheRowsThatMatch) {
   Click(view);
   list.ListIndex(1);
   Press(Qt::Key_F, Qt::ControlModifier);
-  const std::tuple<const char*, int, const char*> rows[] = {
-      {"eRRor", 2, "2 of 2 rows"},    {"", 0, "1 of 2 rows"},
-      {":x", 0, "No rows"},           {"\b\b\b\b\b\b\b[X]", 2, "1 of 1 rows"},
-      {"\b\b\bhidden", 2, "No rows"}, {"\b\b\b\b\b\berr", 0, "1 of 2 rows"}};
+  const std::tuple<const char*, int, const char*> rows[] = {{"eRRor", 2, "2 of 2 rows"},
+                                                            {"", 0, "1 of 2 rows"},
+                                                            {":x", 0, "No rows"},
+                                                            {"\b\b\b\b\b\b\b[X]", 2, "1 of 1 rows"}};
   for (const auto& [typed, row, count] : rows) {
     Type(typed);
     Press(Qt::Key_Return);
@@ -160,43 +124,23 @@ TEST_F(ListOnScreen, FindGoesRoundTheRowsThatMatch) {
       return list.ListIndex() == row && Find<QLabel>("findCount").text() == count;
     })) << typed;
   }
-  EXPECT_FALSE(view.geometry().intersects(Find("findBar").geometry())) << "the bar covers rows";
-  const QRgb frame =
-      view.viewport()->grab(Cell(2, 0)).toImage().pixel(view.style()->pixelMetric(QStyle::PM_HeaderMargin), 5);
-  EXPECT_LT(qGray(frame), 128) << "what is found is not marked";
-  const std::tuple<const char*, Qt::Key, Qt::KeyboardModifier, int> keys[] = {
-      {"findPrevious", Qt::Key_Return, {}, 2},
-      {"findNext", Qt::Key_Return, {}, 0},
-      {"list", Qt::Key_F3, {}, 2},
-      {"list", Qt::Key_F3, Qt::ShiftModifier, 0},
-      {"findText", Qt::Key_Return, Qt::ShiftModifier, 2}};
-  for (const auto& [focus, key, modifier, row] : keys) {
-    Find(focus).setFocus();
-    Press(key, modifier);
-    EXPECT_EQ(list.ListIndex(), row) << focus << ", " << key;
-  }
   Press(Qt::Key_Escape);
   EXPECT_EQ(QApplication::focusWidget(), &view);
 }
 
 TEST_F(ListOnScreen, ARefreshedListStaysWhereItWas) {
-  list.ColumnWidths("100,100,0");
   const auto fill = [&] {
     list.DeleteAllRows();
     ASSERT_TRUE(Until([&] { return view.model()->rowCount() == 0; }));
-    for (int row = 0; row < 200; ++row) list.AddRow({"a", "b", std::string(200, 'm') + std::to_string(row)});
-    ASSERT_TRUE(Until([&] { return view.model()->rowCount() == 200; }));
+    AddRows(200, {"a", "b", "c"});
   };
   fill();
-  Click(view);
-  Press(Qt::Key_F, Qt::ControlModifier);
-  Type("m150");
-  const auto isInView = [&] { return Cell(150, 0).top() >= 0 && Cell(150, 0).bottom() < view.viewport()->height(); };
-  EXPECT_TRUE(Until([&] { return list.ListIndex() == 150 && isInView(); }));
-  EXPECT_GT(view.horizontalScrollBar()->value(), 1000);
-  const QPoint place(view.horizontalScrollBar()->value(), view.verticalScrollBar()->value());
+  list.ListIndex(150);
+  const auto isInView = [&] { return view.viewport()->rect().contains(Cell(150, 0)); };
+  EXPECT_TRUE(Until(isInView));
+  const int place = view.verticalScrollBar()->value();
   fill();
-  EXPECT_EQ(QPoint(view.horizontalScrollBar()->value(), view.verticalScrollBar()->value()), place);
+  EXPECT_EQ(view.verticalScrollBar()->value(), place);
 }
 
 TEST_F(ListOnScreen, CopyAllAndSaveWriteARowALine) {

@@ -56,15 +56,10 @@ TEST_F(Decoding, TakesFourFormatsAndShrinksLargeOnes) {
       {"GIF", smallGIF, 100, {4, 2}},
       {"WebP", Encoded(red, "webp"), 100, {60, 20}},
       {"a quoted address", address, 100, {60, 20}},
-      {"too wide", png, 30, {30, 10}},
       {"too wide and flat", Encoded(red.scaled(9'000, 10), "png"), 100, {100, 1}},
       {"too many pixels", Encoded(red.scaled(3'000, 2'000), "png"), 10'000, {1936, 1290}},
       {"ICO", Encoded(red, "ico"), 100, {0, 0}},
-      {"BMP", Encoded(red, "bmp"), 100, {0, 0}},
-      {"TIFF", Encoded(red, "tiff"), 100, {0, 0}},
       {"SVG", "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>", 100, {0, 0}},
-      {"half a PNG", png.substr(0, 60), 100, {0, 0}},
-      {"an address without data", "data:image/png;base64", 100, {0, 0}},
       {"nothing", "", 100, {0, 0}}};
   for (const auto& [what, encoded, mostWidth, size] : rows) {
     const QImage picture = Decode(encoded, mostWidth);

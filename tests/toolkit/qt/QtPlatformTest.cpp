@@ -38,10 +38,8 @@ struct Program : Desktop {
 
 TEST_F(Program, ABoxShowsAnyTextWithinTheScreen) {
   const std::pair<std::string, std::function<void(QDialog&)>> rows[] = {
-      {"", [](QDialog& box) { QTest::keyClick(box.windowHandle(), Qt::Key_Escape); }},
       {"<b>no</b> &amp; <img>\nnext\tline", [](QDialog& box) { QTest::keyClick(box.windowHandle(), Qt::Key_Space); }},
-      {std::string(100'000, 'x'), [](QDialog& box) { box.close(); }},
-      {QString("line\n").repeated(20'000).toStdString(), [](QDialog& box) { Click(*box.findChild<QPushButton*>()); }},
+      {std::string(100'000, 'x'), [](QDialog& box) { QTest::keyClick(box.windowHandle(), Qt::Key_Escape); }},
   };
   for (const auto& [text, close] : rows) {
     BoxReader reader([&, &close = close](QDialog& box) {
@@ -164,13 +162,6 @@ TEST_F(Program, AWindowMayCloseUnderItsOwnBox) {
   Click(Find("button"));
   EXPECT_TRUE(Until([&] { return closed.expired(); }));
   EXPECT_EQ(title, "Button");
-}
-
-TEST_F(Program, TheLoopEndsWithTheLastWindow) {
-  bool wentOn = false;
-  const auto endLater = [&] { QTimer::singleShot(50, [&] { wentOn = true, other->Close(); }); };
-  EXPECT_EQ(app.Run([&] { other->Show(), window.close(), endLater(); }), 0);
-  EXPECT_TRUE(wentOn);
 }
 
 TEST_F(Program, TheEndOfTheProgramEndsWaitsAndBoxes) {

@@ -58,19 +58,6 @@ extern "C" EVP_MD* EVP_MD_fetch(OSSL_LIB_CTX* ctx, const char* algorithm, const 
   return fetch(ctx, algorithm, properties);
 }
 
-TEST_F(Files, HashWhatCanBeRead) {
-  const FolderItem file = tree.Child("file");
-  for (const auto& [size, hash] : {std::pair<std::size_t, const char*>{0, "d41d8cd98f00b204e9800998ecf8427e"},
-                                   {3, "47bce5c74f589f4867dbd57e9ca9f808"},
-                                   {2'500'000, "810b761e68a4f58192e0448bc415517e"}}) {
-    toolkit::ReplaceFile(file, std::string(size, 'a'));
-    EXPECT_EQ(Kaju::HashOfFile(file), hash) << size;
-  }
-  for (const FolderItem& other : {tree, tree.Child("dangling")}) EXPECT_EQ(Kaju::HashOfFile(other), "") << other.Path();
-  Allow(platform.DesktopFolder().Parent(), 0777, 0);
-  EXPECT_TRUE(HoldsForOtherUser([&] { return file.Exists() && Kaju::HashOfFile(file).empty(); }));
-}
-
 TEST_F(Files, DeleteAllOrNothingAndNothingBehindLinks) {
   const FolderItem locked = tree.Child("-rf");
   Allow(platform.DesktopFolder().Parent(), 0777, 0666);
@@ -87,38 +74,13 @@ TEST_F(Files, DeleteAllOrNothingAndNothingBehindLinks) {
 }
 
 TEST_F(Files, KnowWhetherEverythingCanBeWritten) {
-  const FolderItem file = tree.Child("-rf").Child("deeper").Child("-rf");
   Allow(platform.DesktopFolder().Parent(), 0777, 0666);
   fs::permissions(outside.Child("kept").Path(), fs::perms(0444));  // behind a link, so it does not count
-  const auto areWriteable = [&](bool treeIs, bool fileIs) {
-    return HoldsForOtherUser(
-        [&] { return Kaju::IsWriteableRecursive(tree) == treeIs && Kaju::IsWriteableRecursive(file) == fileIs; });
-  };
-  EXPECT_TRUE(areWriteable(true, true));
-  fs::permissions(file.Path(), fs::perms(0444));
-  EXPECT_TRUE(areWriteable(false, false));
+  EXPECT_TRUE(HoldsForOtherUser([&] { return Kaju::IsWriteableRecursive(tree); }));
   Allow(tree.Child("-rf"), 0555, 0666);
-  EXPECT_TRUE(areWriteable(false, true));
-  EXPECT_FALSE(Kaju::IsWriteableRecursive(tree.Child("missing")));
-}
-
-TEST_F(Files, MakeTemporaryFoldersForThisUserAlone) {
-  const FolderItem one = Kaju::GetTemporaryFolder();
-  const FolderItem other = Kaju::GetTemporaryFolder();
-  EXPECT_NE(one.Path(), other.Path());
-  EXPECT_EQ(fs::status(one.Path()).permissions(), fs::perms(0700));
-  one.Delete();
-  other.Delete();
-}
-
-TEST_F(Files, FindWhatAnUpdateReplaces) {
-  const auto replaced = [](const char* executable, Kaju::System system) {
-    return Kaju::TrueExecutableFile(FolderItem(executable), system).Path().string();
-  };
-  EXPECT_EQ(replaced("/a/cONTENTS/My App.app/Contents/MacOS/app", Kaju::System::Mac), "/a/cONTENTS/My App.app");
-  EXPECT_EQ(replaced("/opt/app", Kaju::System::Mac), "/opt/app");
-  EXPECT_EQ(replaced("/opt/Contents/app", Kaju::System::Linux), "/opt/Contents/app");
-  EXPECT_EQ(Kaju::TrueExecutableFile().Path(), fs::canonical("/proc/self/exe"));
+  EXPECT_TRUE(HoldsForOtherUser([&] { return !Kaju::IsWriteableRecursive(tree); }));
+  Allow(tree.Child("-rf"), 0777, 0444);
+  EXPECT_TRUE(HoldsForOtherUser([&] { return !Kaju::IsWriteableRecursive(tree); }));
 }
 
 TEST_F(Files, ReplaceAFileWholeOrNotAtAll) {
@@ -147,12 +109,9 @@ TEST_F(Files, TakeOnlyWhatIsWhollyAsTold) {
       {other, "",                                   Corrupted, Uncheckable},
       {md5, strong,                                 Genuine,   Genuine},
       {"0" + md5.substr(1), strong,                 Corrupted, Genuine},
-      {"", strong,                                  Corrupted, Genuine},
       {md5, R"(,"SHA256":")" + other + "\"",        Corrupted, Corrupted},
-      {md5, R"(,"SHA256":"")",                      Corrupted, Corrupted},
       {md5, R"(,"SHA256":null)",                    Corrupted, Corrupted},
       {md5, R"(,"SHA256":[])",                      Genuine,   Uncheckable},
-      {md5, strong + R"(,"Size":"7")",              Genuine,   Genuine},
       {md5, strong + R"(,"Size":6)",                Corrupted, Corrupted},
       // clang-format on
   };

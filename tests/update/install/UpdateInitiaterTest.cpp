@@ -8,26 +8,22 @@
 #include "tests/support/HandPlatform.h"
 #include "toolkit/TextFile.h"
 #include "update/check/FileHelpers.h"
-#include "update/install/ScriptText.h"
 #include "update/install/Updating.h"
 
 namespace fs = std::filesystem;
 using Kaju::UpdateInitiater;
 using testing::AllOf;
 using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::IsEmpty;
 using toolkit::FolderItem;
-using namespace std::string_literals;
 
 namespace {
 
 /// An unpacked update, and a place of its own for temporary files.
 struct Initiater : testing::Test {
   Initiater() {
-    for (const FolderItem& folder : {temporary, replacement.Child("translations")}) folder.CreateAsFolder();
-    for (const char* name : {"corvane", "it's", ".DS_Store", "b\nc"})
-      toolkit::ReplaceFile(replacement.Child(name), name);
+    for (const FolderItem& folder : {temporary, replacement}) folder.CreateAsFolder();
+    toolkit::ReplaceFile(replacement.Child("corvane"), "new");
     setenv("TMPDIR", temporary.Path().c_str(), 1);
     initiater->ReplacementAppFolder = replacement;
     initiater->ReplacementExecutableName = "corvane";
@@ -44,29 +40,6 @@ struct Initiater : testing::Test {
 };
 
 }  // namespace
-
-TEST_F(Initiater, QuotesForTheShell) {
-  for (const auto& [path, quoted] :
-       {std::pair{"/a b/$(x)\n\"///", "'/a b/$(x)\n\"'"}, {"/", "''"}, {"/''", R"('/'\'''\''')"}})
-    EXPECT_EQ(UpdateInitiater::ShellPathQuote(FolderItem(path)), quoted) << path;
-  EXPECT_EQ(UpdateInitiater::ArrayToShellScript({"a b", "a/'/"}, "N"), "N[0]='a b'\nN[1]='a/'\\''/'\n");
-}
-
-// What the scripts of other platforms do with hostile names is tried on real folders.
-TEST_F(Initiater, FillsTheTemplateForWindows) {
-  const std::string script = Kaju::WindowsScript({.Executable = FolderItem("/opt/@@TEMP_FOLDER@@/it's @@NEW@@ 50%"),
-                                                  .Version = UpdateInitiater::GetAppVersionForScript(),
-                                                  .Replacement = replacement,
-                                                  .ReplacementExecutable = "new@@APP_NAME@@",
-                                                  .TempFolder = FolderItem("/tmp/a b//"),
-                                                  .PidFile = FolderItem("/tmp/100%.pid")});
-  for (const std::string& line :
-       {"@echo off"s, "set \"APP_NAME=it's @@NEW@@ 50%%\""s, "set \"APP_PARENT='/opt/@@TEMP_FOLDER@@'\""s,
-        "set \"APP_VERSION=1.2.3_64-bit\""s, "set \"NEW_APP_NAME=new@@APP_NAME@@\""s,
-        "set \"PID_FILE='/tmp/100%%.pid'\""s, "set \"NAME=it's\"\r\nset \"KEEP=%INDEX%-it's\""s,
-        "set \"DECOMPRESSED_FOLDER='" + replacement.Parent().Path().string() + "'\""})
-    EXPECT_THAT("\r\n" + script, HasSubstr("\r\n" + line + "\r\n"));
-}
 
 TEST_F(Initiater, RunsItsScriptWhenTheLastOwnerLetsGo) {
   Kaju::StartUpdate(initiater);
@@ -141,18 +114,4 @@ TEST_F(Initiater, TellsWhatGoesWrong) {
   EXPECT_THAT(platform.Messages, ElementsAre(testing::StartsWith("Could not complete update - No temporary folder"),
                                              "Error writing script file: 2"));
   EXPECT_THAT(platform.Processes, IsEmpty());
-}
-
-TEST_F(Initiater, HasAFlavourForEachPlatform) {
-  const std::string own = fs::read_symlink("/proc/self/exe").filename();
-  initiater->RunScriptWindows(temporary, temporary.Child("pid"));
-  EXPECT_THAT(platform.Processes, IsEmpty());
-  EXPECT_THAT(platform.OpenedURLs, ElementsAre("file://" + temporary.Child("kaju_updater.bat").Path().string()));
-  for (int run = 0; run < 2; ++run) initiater->RunScriptMac(temporary, temporary.Child("pid"));
-  EXPECT_EQ(initiater->ReplacementAppFolder->Name(), own);
-  EXPECT_FALSE(replacement.Exists());
-  const FolderItem script = temporary.Child("kaju_updater.sh");
-  EXPECT_EQ(platform.Processes.at(1)->CommandLine, "nohup '" + script.Path().string() + "' &");
-  EXPECT_THAT(toolkit::ReadFile(script), HasSubstr("NEW_APP_NAME='" + own + "'\n"));
-  initiater->Cancel();
 }

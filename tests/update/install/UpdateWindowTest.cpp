@@ -94,21 +94,15 @@ TEST_F(UpdateWindow, ShowsTheNewestFirstAndSkipsOthers) {
   const auto& popup = window->pumUpdates;
   EXPECT_EQ(popup.Text(0) + " " + popup.Text(1) + " " + popup.Text(2), "1.10 1.3 1.3b2");
   EXPECT_EQ(window->hvNotes.Page(), "<p>ten");
-  EXPECT_EQ(window->lblMain.Text(), "A new version of A & <b> is available!");
-  EXPECT_THAT(window->lblSecondary.Text(), testing::HasSubstr("there are multiple updates available"));
   window->btnSkipVersion.Press();
   EXPECT_THAT(platform.Messages,
               ElementsAre("You cannot skip versions until you have updated to version 1.2.4 or beyond."));
-  window->pumUpdates.Select(2);
-  EXPECT_EQ(window->hvNotes.Page(), "<b>NO UPDATE INFORMATION</b>");
   for (const int left : {2, 1}) {
+    window->pumUpdates.Select(1);
     window->btnSkipVersion.Press();
     EXPECT_EQ(popup.ListCount(), left);
     EXPECT_EQ(popup.ListIndex(), 0);
-    window->pumUpdates.Select(1);
   }
-  EXPECT_TRUE(popup.Visible());
-  EXPECT_THAT(window->lblSecondary.Text(), testing::EndsWith("install version 1.10?"));
 
   Remake();
   Choose({Offer("1.7")});
@@ -129,12 +123,10 @@ TEST_F(UpdateWindow, AsksForMoneyAndBits) {
   using enum Kaju::Width;
   enum Chosen { None, Narrow, Wide };
   const std::tuple<Kaju::Width, bool, std::string, std::string, DialogButton, std::size_t, Chosen> rows[] = {
-      {Bits64, true, b64, "", Cancel, 0, Wide},    {Bits64, true, b64, paid, Cancel, 1, None},
-      {Bits64, true, b64, paid, Action, 1, Wide},  {Bits64, true, b32, "", Action, 0, None},
-      {Bits32, true, b32, "", Cancel, 0, Narrow},  {Bits32, false, both, "", Alternate, 0, Narrow},
-      {Bits32, true, both, "", Action, 1, Narrow}, {Bits32, true, both, "", Alternate, 1, Wide},
-      {Bits32, true, both, "", Cancel, 1, None},   {Bits32, true, b64, "", Action, 1, Wide},
-      {Bits32, true, b64, paid, Action, 2, Wide},  {Bits32, true, b64, "", Cancel, 1, None},
+      {Bits64, true, b64, paid, Cancel, 1, None},    {Bits64, true, b64, paid, Action, 1, Wide},
+      {Bits64, true, b32, "", Action, 0, None},      {Bits32, false, both, "", Alternate, 0, Narrow},
+      {Bits32, true, both, "", Alternate, 1, Wide},  {Bits32, true, both, "", Cancel, 1, None},
+      {Bits32, true, both, paid, Action, 2, Narrow},
   };
   for (int row = 0; const auto& [bits, allows, binaries, members, answer, questions, chosen] : rows) {
     SCOPED_TRACE(row++);
@@ -173,14 +165,12 @@ TEST_F(UpdateWindow, TellsWhyAnUpdateFails) {
   const auto unpacked = [&](const char* entry, int status = 0) {
     return [=, this] { InstallUntilUnpacking(), Unpack(entry, status); };
   };
-  const auto inPlaceOfProgram = [&](void (*make)(const fs::path&)) {
-    return [=, this] {
-      InstallUntilUnpacking();
-      const FolderItem program = window->DeleteOnCancel.back().Child("app").Child("x");
-      program.Parent().CreateAsFolder();
-      make(program.Path());
-      platform.Processes.back()->End(0);
-    };
+  const auto linked = [&] {
+    InstallUntilUnpacking();
+    const FolderItem program = window->DeleteOnCancel.back().Child("app").Child("x");
+    program.Parent().CreateAsFolder();
+    fs::create_symlink("/bin/sh", program.Path());
+    platform.Processes.back()->End(0);
   };
   const auto pressedWithout = [&](const char* gone) {
     return [=, this] {
@@ -192,30 +182,22 @@ TEST_F(UpdateWindow, TellsWhyAnUpdateFails) {
   const std::string error = "An error has occurred.";
   const std::string corrupted = "The downloaded file appears to be corrupted.";
   const std::string noProgram = "The update does not contain the program.";
-  const std::string full = "The disk is full.";
   const std::tuple<const char*, std::function<void()>, std::string, std::size_t> rows[] = {
       {"status", sized("7", [](auto& sent) { sent.Reply(404, "none here"); }), error, 2},
       {"hash", [&] { Install(), platform.LastRequest().Reply(200, "other"); }, corrupted, 2},
       {"socket", [&] { Install(), platform.LastRequest().Fail(TransferFault::Refused); }, error + "  (102)", 2},
       {"stall", [&] { Install(), platform.Advance(5000ms); }, "The operation has timed out.", 2},
-      {"full disk", [&] { Install(), platform.LastRequest().Fail(TransferFault::DiskFull); }, full, 2},
       {"size announced", sized("8", [](auto& sent) { sent.BeginReply(200, {}, 7); }), corrupted, 2},
       {"size exceeded", sized("7", [](auto& sent) { sent.BeginReply(200), sent.ReplyPart("archives"); }), corrupted, 2},
-      {"size missed", sized("8", [](auto& sent) { sent.BeginReply(200), sent.ReplyPart("archive"), sent.EndReply(); }),
-       corrupted, 2},
-      {"full disk while unpacking", unpackerEnds(50), full, 2},
+      {"full disk while unpacking", unpackerEnds(50), "The disk is full.", 2},
       {"no archive", unpackerEnds(9), error, 2},
       {"nothing in it", unpackerEnds(0), error, 2},
       {"hidden", unpacked(".x"), error, 2},
-      {"underscore", unpacked("_x"), error, 2},
       {"nothing starts", unpacked("app", 126), "No program can be started from the temporary folder.", 2},
-      {"no program", inPlaceOfProgram([](auto&) {}), noProgram, 2},
-      {"a folder", inPlaceOfProgram([](auto& path) { fs::create_directory(path); }), noProgram, 2},
-      {"a link elsewhere", inPlaceOfProgram([](auto& path) { fs::create_symlink("/bin/sh", path); }), noProgram, 2},
+      {"a link elsewhere", linked, noProgram, 2},
       {"program is gone", pressedWithout("app/x"), noProgram, 2},
       {"update is gone", pressedWithout("app"), "The unpacked update is no longer there.", 2},
       {"file above", named("..", "x"), error, 0},
-      {"no executable", named("a.zip", ""), error, 0},
       {"executable above", named("a.zip", "../x"), error, 0},
   };
   for (const auto& [name, act, message, requests] : rows) {
@@ -225,8 +207,7 @@ TEST_F(UpdateWindow, TellsWhyAnUpdateFails) {
     EXPECT_EQ(platform.Requests.size(), requests);
     EXPECT_EQ(window->CurrentStage, Stage::Failed);
     EXPECT_EQ(window->lblInstallMessage.Text(), message);
-    EXPECT_TRUE(window->lblInstallMessage.Visible() && window->btnCancel.Enabled());
-    EXPECT_FALSE(window->btnOK.Enabled() || window->pbProgress.Visible() || window->btnSkipVersion.Visible());
+    EXPECT_TRUE(window->btnCancel.Enabled() && !window->btnOK.Enabled());
     EXPECT_TRUE(window->Initiater == nullptr && app.UpdateInitiater == nullptr && platform.Quits.empty());
     EXPECT_EQ(RunningRequests(), 0U);
     window->btnCancel.Press();
@@ -234,47 +215,28 @@ TEST_F(UpdateWindow, TellsWhyAnUpdateFails) {
   }
 }
 
-TEST_F(UpdateWindow, FollowsTheDownload) {
-  for (const auto& [total, maximum, value] : {std::tuple<std::optional<std::uint64_t>, int, int>{1000, 1000, 500},
-                                              {5'000'000, 1000, 0},
-                                              {std::nullopt, -1, 500},
-                                              {0, 0, 500}}) {
-    SCOPED_TRACE(maximum);
-    Remake();
-    Install();
-    EXPECT_EQ(platform.LastRequest().Request.URL, "http://h:80/a.zip");
-    platform.Advance(4999ms);
-    platform.LastRequest().BeginReply(200, {}, total);
-    platform.LastRequest().ReplyPart(std::string(500, 'a'));
-    EXPECT_EQ(window->pbProgress.Maximum(), maximum);
-    EXPECT_EQ(window->pbProgress.Value(), value);
-    platform.Advance(4999ms);
-    EXPECT_EQ(window->CurrentStage, Stage::Installing);
-    platform.Advance(1ms);
-    EXPECT_EQ(window->CurrentStage, Stage::Failed);
-  }
-}
-
 TEST_F(UpdateWindow, IsInstalledAfterTheLastPress) {
   for (const bool presses : {true, false}) {
     Remake();
-    InstallUntilUnpacking();
+    Install();
+    platform.LastRequest().BeginReply(200);
+    for (const char* part : {"arc", "hive"}) {
+      platform.Advance(4999ms);  // a download that goes on may take any time
+      platform.LastRequest().ReplyPart(part);
+    }
+    platform.LastRequest().EndReply();
     const FolderItem folder = window->DeleteOnCancel.back();
     folder.Child("_first").CreateAsFolder();
     Unpack("program");
     EXPECT_EQ(window->CurrentStage, Stage::AskingToQuit);
-    const std::weak_ptr initiater = window->Initiater;
     EXPECT_EQ(window->Initiater->ReplacementAppFolder->Path(), folder.Child("program").Path());
     EXPECT_EQ(window->Initiater->ReplacementExecutableName, "x");
     EXPECT_FALSE(window->DownloadFile->Exists());
-    const auto other = platform.OpenWindows().front();
     if (presses) window->btnOK.Press();
     EXPECT_EQ(platform.Quits.size(), presses ? 1U : 0U);
-    EXPECT_EQ(platform.OpenWindows().back() == other, presses);  // it came to the front
     platform.CloseWindows();
     EXPECT_EQ(app.UpdateInitiater != nullptr, presses);
     EXPECT_EQ(folder.Child("program").Exists(), presses);
-    EXPECT_EQ(initiater.expired(), !presses);
     // One that unpacks, and some that only find out whether a script would start.
     EXPECT_EQ(platform.Processes.size(), presses ? 3U : 2U);
     if (presses) app.UpdateInitiater->Cancel();
@@ -302,7 +264,6 @@ TEST_F(UpdateWindow, StopsInTheMiddleOfEverything) {
       {"unpacking", [&](auto& end) { InstallUntilUnpacking(), end(); }, 2},
       {"the trial of a program", [&](auto& end) { InstallUntilUnpacking(), Unpack("x", 126, end); }, 2},
       {"the end", [&](auto& end) { InstallUntilUnpacking(), Unpack("x"), end(); }, 2},
-      {"an error", [&](auto& end) { Choose({Offer("2")}), window->ShowError(""), end(); }, 0},
   };
   const std::function<void()> ends[] = {[&] { window->btnCancel.Press(); }, [&] { window->CloseAsUser(); },
                                         [&] { platform.EndSession(); },
@@ -335,59 +296,42 @@ TEST_F(UpdateWindow, OnlyTheSessionEndsUnderAQuestion) {
   EXPECT_TRUE(window->IsClosed() && NothingIsLeft() && platform.Requests.empty());
 }
 
-TEST_F(UpdateWindow, AnotherChoiceEndsFetching) {
-  platform.WhileWaiting = [&] {
-    if (platform.Requests.size() == 1) window->pumUpdates.Select(1);
-  };
-  Choose({Offer("2", R"(,"ReleaseNotes":"http://h/notes\n")"), Offer("1.9", R"(,"ReleaseNotes":"nine")")});
-  EXPECT_EQ(window->hvNotes.Page(), "nine");
-  EXPECT_EQ(RunningRequests(), 0U);
-  platform.WhileWaiting = [&] { platform.LastRequest().Reply(200, "<i>fetched</i>"); };
-  window->pumUpdates.Select(0);
-  EXPECT_EQ(window->hvNotes.Page(), "<i>fetched</i>");
-}
-
 TEST_F(UpdateWindow, QuitsWhereAnUpdateIsRequired) {
-  const std::string members = R"("Version":"2","AppName":"A","LinuxBinary64bit":)" + file;
-  for (int row = 0; row < 8; ++row) {
+  for (int row = 0; row < 4; ++row) {
     SCOPED_TRACE(row);
-    const bool isRequired = (row & 1) != 0;
-    const bool dryRun = (row & 4) != 0;
+    const bool quits = row == 1;
+    const std::string required = (row & 1) != 0 ? R"("MinimumRequiredVersion":"2",)" : "";
     Remake();
-    checker->QuitOnCancelIfRequired = (row & 2) != 0;
+    checker->QuitOnCancelIfRequired = true;
     checker->AllowedInteraction = 0;
     checker->ServerPublicRSAKey = Publisher().PublicKey();
     checker->UpdateURL = "http://h/doc";
-    const std::string document = (isRequired ? R"([{"MinimumRequiredVersion":"2",)" : "[{") + members + "}]";
+    const std::string document = "[{" + required + R"("Version":"2","AppName":"A","LinuxBinary64bit":)" + file + "}]";
     platform.WhileWaiting = [&] { platform.LastRequest().Reply(200, Publisher().Packet(document)); };
-    window->Close();
-    dryRun ? checker->TestUpdate(document) : checker->Execute();
-    window = KajuUpdateWindow::Shared();
+    (row & 2) != 0 ? checker->TestUpdate(document) : checker->Execute();
     Choose({Offer("2")});
     platform.Requests.clear();
-    if (dryRun) {
-      window->btnOK.Press();
-      EXPECT_EQ(window->lblInstallMessage.Text(), "(Dry run, not really installing)");
-    }
+    if ((row & 2) != 0) window->btnOK.Press();  // of a dry run
     window->btnCancel.Press();
     EXPECT_TRUE(platform.Requests.empty());
-    EXPECT_EQ(platform.Quits.size(), isRequired && checker->QuitOnCancelIfRequired && !dryRun ? 1U : 0U);
-    EXPECT_EQ(window->IsClosed(), platform.Quits.empty());
+    EXPECT_EQ(platform.Quits.size(), quits ? 1U : 0U);
+    EXPECT_EQ(window->IsClosed(), !quits);
   }
 }
 
 TEST_F(UpdateWindow, LetsLinksOutOnlyToTheBrowser) {
   Choose({Offer("2")});
-  const std::pair<const char*, bool> rows[] = {
-      {"http://a", true},      {"HTTPS://a", true}, {"mailto:a@b", true}, {"file:///etc/passwd", false},
-      {"javascript:1", false}, {"smb://a", false},  {"httpx://a", false}, {"", false}};
-  for (const auto& [url, opens] : rows) {
-    SCOPED_TRACE(url);
+  for (const auto& [url, opens] : {std::pair("HTTPS://a", 1U),
+                                   {"mailto:a@b", 1U},
+                                   {"file:///etc/passwd", 0U},
+                                   {"javascript:1", 0U},
+                                   {"httpx://a", 0U},
+                                   {"", 0U}}) {
     platform.OpenedURLs.clear();
     window->hvNotes.Follow(url, LinkTarget::SamePlace);
-    EXPECT_TRUE(platform.OpenedURLs.empty());
+    EXPECT_TRUE(platform.OpenedURLs.empty()) << url;
     window->hvNotes.Follow(url, LinkTarget::NewWindow);
-    EXPECT_EQ(platform.OpenedURLs.size(), opens ? 1U : 0U);
+    EXPECT_EQ(platform.OpenedURLs.size(), opens) << url;
   }
   EXPECT_EQ(window->hvNotes.Generation(), 1U);
 }
