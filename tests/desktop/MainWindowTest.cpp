@@ -47,7 +47,7 @@ TEST_F(MainWindow, TypingAndClickingAddsTheServer) {
   TypeInto("txtPassword", "s3cret");
   TypeInto("txtUsername", "admin");
   const QString unusual = QString(QStringLiteral("grüß 🦊 שלום ")).repeated(800);
-  QApplication::clipboard()->setText(unusual);
+  QApplication::clipboard()->setText("\n" + unusual + "\r\n");
   Press(Qt::Key_A, Qt::ControlModifier);
   Press(Qt::Key_V, Qt::ControlModifier);
   Click(Find("btnAddServer"));

@@ -65,6 +65,28 @@ TEST(CorvaneClient, SanitizesHostnames) {
       {"srv:8080", "https://srv:8080:1701"}, {"http://srv", "https://http://srv:1701"},
   };
   for (const auto& [host, base] : rows) EXPECT_EQ(CorvaneClient::Sanitize_Hostname(host), base) << host;
+  for (const char* host : {"srv", "https://srv:1701", "HTTPS://10.0.0.5", "[::1]:1701"})
+    EXPECT_EQ(CorvaneClient::HintForHostname(host), "") << host;
+  for (const char* host :
+       {"http://srv", "srv/", "https://srv:1701/", "srv:8080", " srv", "amy@srv", "srv\n1", "https://"})
+    EXPECT_THAT(CorvaneClient::HintForHostname(host), StartsWith(" Type the name")) << host;
+}
+
+TEST_F(ServerList, HintsAtTheAddressUnlessAServiceAnswers) {
+  const std::tuple<const char*, int, const char*, bool> rows[] = {{"srv/", 0, "", true},
+                                                                  {"srv/", 404, "<html>", true},
+                                                                  {"srv/", 200, "{}", true},
+                                                                  {"srv/", 500, "", false},
+                                                                  {"srv/", 400, R"({"_error":"No"})", false},
+                                                                  {"srv", 0, "", false}};
+  for (const auto& [host, status, answer, hints] : rows) {
+    platform.Messages.clear();
+    Submit(host, "amy", "pässw0rd");
+    SentRequest& sent = platform.LastRequest();
+    status == 0 ? sent.Fail(toolkit::TransferFault::Refused) : sent.Reply(status, answer);
+    ASSERT_THAT(platform.Messages, SizeIs(1));
+    EXPECT_EQ(platform.Messages[0].ends_with("scheme or port."), hints) << host << " answered by " << status;
+  }
 }
 
 TEST_F(ServerList, SendsNothingThatIsIncomplete) {
