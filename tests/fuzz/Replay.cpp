@@ -31,8 +31,9 @@ std::string Change(std::string text, const std::vector<std::string>& seeds, std:
   constexpr std::string_view odd = "\0\xFF\xC3\n\r \"\\{}[]:,<>%/@.&0189-eEdab()"sv;
   for (std::size_t changes = 1 + random() % 8; changes > 0; --changes) {
     const std::string& source = random() % 2 == 0 ? text : seeds[random() % seeds.size()];
-    const std::string parts[] = {std::string(1, odd[random() % odd.size()]), std::string(1, static_cast<char>(random())),
-                                 "", source.substr(random() % (source.size() + 1), random() % 64)};
+    const std::string parts[] = {std::string(1, odd[random() % odd.size()]),
+                                 std::string(1, static_cast<char>(random())), "",
+                                 source.substr(random() % (source.size() + 1), random() % 64)};
     text.replace(random() % (text.size() + 1), random() % 2 * (random() % 16), parts[random() % 4]);
   }
   return text;

@@ -10,9 +10,9 @@ using toolkit::FolderItem;
 int main(int /*argc*/, char** argv) {
   const auto script = argv[1] == std::string_view("mac") ? Kaju::MacScript : Kaju::LinuxScript;
   std::cout << script({.Executable = FolderItem(argv[2]),
-                                    .Version = "1.2.3_64-bit",
-                                    .Replacement = FolderItem(argv[3]),
-                                    .ReplacementExecutable = argv[4],
-                                    .TempFolder = FolderItem(argv[5]),
-                                    .PidFile = FolderItem(argv[6])});
+                       .Version = "1.2.3_64-bit",
+                       .Replacement = FolderItem(argv[3]),
+                       .ReplacementExecutable = argv[4],
+                       .TempFolder = FolderItem(argv[5]),
+                       .PidFile = FolderItem(argv[6])});
 }
