@@ -46,15 +46,3 @@ TEST(Controls, ObeyOnlyWhileEnabledAndVisible) {
     EXPECT_EQ(field.Text(), enabled && visible ? "typed" : "");
   }
 }
-
-TEST(Listbox, LaysOutColumnsAsAsked) {
-  using Users = std::vector<std::optional<int>>;
-  const std::tuple<const char*, Users, int, std::vector<int>> rows[] = {
-      {"200, 100, 200, 200", Users(2), 900, {200, 100}},
-      {"*,*,*", Users(3), 100, {33, 33, 34}},
-      {"abc,,-50", Users(3), 300, {150, 150, 0}},
-      {"200,*,*", {{}, 300, {}}, 600, {200, 300, 100}},
-  };
-  for (const auto& [widths, users, available, expected] : rows)
-    EXPECT_EQ(toolkit::LayOutColumns(widths, users, available), expected) << widths;
-}

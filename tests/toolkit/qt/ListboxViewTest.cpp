@@ -6,8 +6,6 @@
 #include <QClipboard>
 #include <QHelpEvent>
 #include <QLabel>
-#include <QScrollBar>
-#include <QTableView>
 #include <QTemporaryDir>
 #include <QTextDocument>
 #include <QToolTip>
@@ -91,21 +89,6 @@ TEST_F(ListOnScreen, TextIsShownAndReadAsItIs) {
   EXPECT_EQ(table->cellAt(1, 0)->text(QAccessible::Name).toStdString(), "line␊break ␛[31m");
 }
 
-TEST_F(ListOnScreen, ATerminalBeginsAtItsNewestLine) {
-  const auto logs = std::make_shared<ListWindow>();
-  logs->List.Texts(toolkit::ListTexts::Terminal);
-  for (int row = 0; row < 100; ++row) logs->List.AddRow({"\x1B[1;31mred\x1B[0m \x1B[broken \x1B[", "iiii", "mmmm"});
-  logs->List.ListIndex(99);
-  model->Close();
-  Open(logs);
-  auto& lines = Find<QTableView>("list");
-  EXPECT_EQ(lines.model()->index(0, 0).data().toString(), "red roken ␛[");
-  EXPECT_EQ(lines.fontMetrics().horizontalAdvance("iiii"), lines.fontMetrics().horizontalAdvance("mmmm"));
-  EXPECT_TRUE(Until([&] { return lines.viewport()->rect().contains(lines.visualRect(lines.currentIndex())); }));
-  EXPECT_EQ(lines.selectionModel()->selectedRows(), QModelIndexList{lines.model()->index(99, 0)});
-  EXPECT_EQ(logs->List.RowText(0).substr(0, 7), "\x1B[1;31m") << "codes are copied and saved";
-}
-
 TEST_F(ListOnScreen, FindGoesRoundTheRowsThatMatch) {
   AddRows(1, {"Error: disk", "a", "", "hidden"});
   AddRows(1, {"fine", "b"});
@@ -126,21 +109,6 @@ TEST_F(ListOnScreen, FindGoesRoundTheRowsThatMatch) {
   }
   Press(Qt::Key_Escape);
   EXPECT_EQ(QApplication::focusWidget(), &view);
-}
-
-TEST_F(ListOnScreen, ARefreshedListStaysWhereItWas) {
-  const auto fill = [&] {
-    list.DeleteAllRows();
-    ASSERT_TRUE(Until([&] { return view.model()->rowCount() == 0; }));
-    AddRows(200, {"a", "b", "c"});
-  };
-  fill();
-  list.ListIndex(150);
-  const auto isInView = [&] { return view.viewport()->rect().contains(Cell(150, 0)); };
-  EXPECT_TRUE(Until(isInView));
-  const int place = view.verticalScrollBar()->value();
-  fill();
-  EXPECT_EQ(view.verticalScrollBar()->value(), place);
 }
 
 TEST_F(ListOnScreen, CopyAllAndSaveWriteARowALine) {

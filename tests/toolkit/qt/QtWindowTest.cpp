@@ -47,27 +47,17 @@ struct Form : Desktop {
 };
 
 TEST_F(Form, ReturnAndEscapePressTheirButtons) {
-  const auto key = [](Qt::Key which, Qt::KeyboardModifiers with = {}) { return [=] { Press(which, with); }; };
-  const auto without = [](PushButton& button) {
-    return [&] { button.Enabled(false), Press(Qt::Key_Return), Press(Qt::Key_Escape), button.Enabled(true); };
-  };
-  const auto accessKey = [] { Press(Qt::Key_S, Qt::AltModifier), QTest::qWait(150); };  // it shows the press first
-  const std::tuple<const char*, const char*, std::function<void()>, std::vector<std::string>> rows[] = {
-      {"field", "Return", key(Qt::Key_Return), {"install"}},
-      {"field", "access key", accessKey, {"stop"}},
-      {"field", "Alt+F4", key(Qt::Key_F4, Qt::AltModifier), {"stop"}},
-      {"field", "no default", without(model->Install), {"stop"}},
-      {"field", "no cancel", without(model->Stop), {"install"}},
-      {"other", "Space", key(Qt::Key_Space), {"other"}},
-      {"list", "Return", key(Qt::Key_Return), {"open"}},
-      {"list", "Escape", key(Qt::Key_Escape), {"stop"}},
-  };
-  for (const auto& [focus, what, act, expected] : rows) {
+  for (const auto& [focus, pressed] : {std::pair("field", "install, stop"), {"list", "open, stop"}}) {
+    log.clear();
     Find(focus).setFocus();
     model->List.ListIndex(0);
-    log.clear();
-    act();
-    EXPECT_EQ(log, expected) << focus << ", " << what;
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) Press(key);
+    for (PushButton* button : {&model->Install, &model->Stop}) button->Enabled(false);
+    Find("field").setFocus();
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) Press(key);
+    for (PushButton* button : {&model->Install, &model->Stop}) button->Enabled(true);
+    EXPECT_EQ(log.front() + ", " + log.back(), pressed);
+    EXPECT_EQ(log.size(), 2U) << "a button that was off";
   }
 }
 
