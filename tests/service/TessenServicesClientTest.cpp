@@ -35,20 +35,6 @@ struct Client : testing::Test {
 
 }  // namespace
 
-TEST_F(Client, ItsStoreLivesFromRequestToRequest) {
-  client->Operator_Lookup("username", "amy");
-  client->Operator_Lookup("password", "old");
-  client->Operator_Lookup("password", "new");
-  for (int press = 0; press < 2; ++press) EXPECT_EQ(Press(), parse(R"({"username":"amy","password":"new"})"));
-  Last().Reply(200, R"({"status":"fine","rows":{"0":["a",1]},"none":null})");
-  EXPECT_TRUE(client->Operator_Lookup("password").IsNil()) << "not part of the reply";
-  client->Operator_Lookup("status", "assigned");
-  client->Operator_Lookup("username", "ben");
-  EXPECT_EQ(Press(), parse(R"({"status":"assigned","rows":{"0":["a",1]},"none":null,"username":"ben"})"));
-  Last().Reply(200, "{}");
-  EXPECT_EQ(Press(), parse("{}"));
-}
-
 TEST_F(Client, TellsEachOutcomeAndKeepsTheAccepted) {
   const std::string unread = "error: The server's reply cannot be read: the ";
   const std::string noJSON = unread + "text is not JSON (";  // and what the parser says
