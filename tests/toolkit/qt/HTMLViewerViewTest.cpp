@@ -70,7 +70,7 @@ TEST(FilterPage, BoundsWhatTakesLongAndSaysSo) {
 
 }  // namespace
 
-/// The system's own, but for the time that a test has let pass at once.
+/// The system's own, but for the time that a test lets pass at once, which its own measured time then contains.
 extern "C" int clock_gettime(clockid_t clock, timespec* time) noexcept {
   const auto result = static_cast<int>(syscall(SYS_clock_gettime, clock, time));
   if (clock == CLOCK_MONOTONIC) time->tv_sec += secondsAhead;
@@ -195,9 +195,9 @@ TEST_F(Page, PicturesThatTakeMuchTimeLeaveTheFirst) {
     servers.push_back(&hostile.back());
   }
   Load("x" + Pictures(1, {&red}) + Pictures(59, servers));  // the cursor stands before the text
-  QTimer fiveTimesAsFast;
-  QObject::connect(&fiveTimesAsFast, &QTimer::timeout, [] { ++secondsAhead; });
-  fiveTimesAsFast.start(1250);
+  QTimer sixTimesAsFast;
+  QObject::connect(&sixTimesAsFast, &QTimer::timeout, [] { ++secondsAhead; });
+  sixTimesAsFast.start(1200);
   const auto isOver = [&] { return log.size() + static_cast<std::size_t>(Redness() / 1600) == 60; };
   for (int wait = 0; wait < 6 && !isOver(); ++wait) Until(isOver);
   EXPECT_TRUE(isOver());
