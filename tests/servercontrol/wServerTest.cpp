@@ -1,4 +1,3 @@
-#include "servercontrol/ControlAPI.h"
 #include "servercontrol/wContainerLogs.h"
 #include "tests/servercontrol/ServerFixture.h"
 
@@ -72,17 +71,6 @@ TEST_F(ServerWindow, WhatCanBeDoneFollowsTheSelection) {
     if (NamesContainer(path)) ((*window).*button).Action();
   }
   EXPECT_EQ(platform.Requests.size(), before) << "no row was selected";
-}
-
-TEST_F(ServerWindow, TheOverviewShowsEveryFactAsItCame) {
-  json::object reply;
-  Texts expected;
-  for (const auto& [label, key] : ControlAPI::facts) {
-    reply[key] = "<b>" + std::string(key);
-    expected.push_back(std::string(label) + "\t<b>" + std::string(key));
-  }
-  Sent("system/information").Reply(503, json::serialize(reply));
-  EXPECT_EQ(RowsOf(window->list_overview), expected);
 }
 
 TEST_F(ServerWindow, ARebootIsAskedAboutFirst) {

@@ -89,17 +89,6 @@ TEST_F(ServerList, HintsAtTheAddressUnlessAServiceAnswers) {
   }
 }
 
-TEST_F(ServerList, SendsNothingThatIsIncomplete) {
-  for (int filled = 0; filled < 7; ++filled) {
-    platform.Messages.clear();
-    Submit((filled & 4) != 0 ? "srv" : "", (filled & 2) != 0 ? "amy" : "", (filled & 1) != 0 ? "pw" : "");
-    const char* missing = (filled & 4) != 0 ? "both your username and password" : "your server hostname";
-    EXPECT_THAT(platform.Messages, ElementsAre(std::string("You must provide ") + missing + " to continue."));
-  }
-  EXPECT_EQ(Form(), "srv|amy|");
-  EXPECT_THAT(platform.Requests, IsEmpty());
-}
-
 TEST_F(ServerList, AsksTheTypedHostAndKeepsTheForm) {
   SentRequest& sent = Add();
   EXPECT_EQ(sent.Request.URL, "https://srv:1701/api/v1/system/information");

@@ -5,11 +5,9 @@
 
 #include "service/TessenServicesClient.h"
 #include "tests/support/HandPlatform.h"
-#include "toolkit/TextFile.h"
 
 using namespace std::string_literals;
 using testing::ElementsAre;
-using toolkit::FolderItem;
 
 namespace {
 
@@ -36,20 +34,6 @@ struct Client : testing::Test {
 };
 
 }  // namespace
-
-TEST_F(Client, ItsStoreLivesFromRequestToRequest) {
-  client->Operator_Lookup("username", "amy");
-  client->Operator_Lookup("password", "old");
-  client->Operator_Lookup("password", "new");
-  for (int press = 0; press < 2; ++press) EXPECT_EQ(Press(), parse(R"({"username":"amy","password":"new"})"));
-  Last().Reply(200, R"({"status":"fine","rows":{"0":["a",1]},"none":null})");
-  EXPECT_TRUE(client->Operator_Lookup("password").IsNil()) << "not part of the reply";
-  client->Operator_Lookup("status", "assigned");
-  client->Operator_Lookup("username", "ben");
-  EXPECT_EQ(Press(), parse(R"({"status":"assigned","rows":{"0":["a",1]},"none":null,"username":"ben"})"));
-  Last().Reply(200, "{}");
-  EXPECT_EQ(Press(), parse("{}"));
-}
 
 TEST_F(Client, TellsEachOutcomeAndKeepsTheAccepted) {
   const std::string unread = "error: The server's reply cannot be read: the ";
@@ -129,26 +113,6 @@ TEST_F(Client, ItsHandlersMayPressAgainOrDestroyIt) {
     EXPECT_EQ(calls, 1);
     EXPECT_EQ(platform.Requests.size(), destroys ? requests : requests + 1);
     EXPECT_EQ(Last().IsRunning(), !destroys);
-  }
-}
-
-TEST_F(Client, AFileTakesTheReplyOrAnErrorTellsWhyNot) {
-  const FolderItem file = platform.DesktopFolder().Child("download");
-  const std::string full = "error: The file /dev/full could not be written: No space left on device.";
-  const std::tuple<FolderItem, std::string, std::vector<std::string>> rows[] = {
-      {file, std::string(100'000, 'x'), {}},
-      {file, "half", {"error: The connection to the server “srv” was closed before its reply was complete."}},
-      {FolderItem("/dev/full"), std::string(100'000, 'x'), {full}},
-      {FolderItem("/dev/full"), "little", {full}},
-  };
-  for (const auto& [target, body, expected] : rows) {
-    events.clear();
-    client->Send("GET", "https://srv:1701/file", target);
-    Last().BeginReply(200);
-    Last().ReplyPart(body);
-    body == "half" ? Last().Fail(toolkit::TransferFault::ClosedEarly) : Last().EndReply();
-    EXPECT_EQ(events, expected);
-    EXPECT_TRUE(target.Path() != file.Path() || toolkit::ReadFile(target) == body);
   }
 }
 

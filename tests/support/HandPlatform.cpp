@@ -115,7 +115,9 @@ toolkit::DialogButton HandPlatform::AskUser(const toolkit::MessageDialog& dialog
 }
 
 void HandPlatform::RunEventsUntil(const std::function<bool()>& isDone) {
-  while (!isDone() && Quits.empty()) {
+  constexpr int mostRounds = 100'000;
+  for (int round = 0; !isDone() && Quits.empty(); ++round) {
+    if (round == mostRounds) throw std::logic_error("The program waits for something that the test never ends.");
     if (HasWaitingEvents() && !WaitsForUser()) {
       RunNextEvent();
     } else if (WhileWaiting) {

@@ -6,14 +6,8 @@
 #include <unistd.h>
 
 #include <QApplication>
-#include <QClipboard>
-#include <QContextMenuEvent>
-#include <QHelpEvent>
-#include <QMenu>
 #include <QTemporaryDir>
-#include <QTextBlock>
 #include <QTextBrowser>
-#include <QToolTip>
 #include <gmock/gmock.h>
 
 #include "tests/desktop/Desktop.h"
@@ -45,13 +39,9 @@ TEST(FilterPage, KeepsTextAndLooksOnly) {
       {"<form action=x><input value=y>t</form><object data=x>u</object><embed src=x><meta http-equiv=refresh "
        "content=0>",
        "<div>t</div>u"},
-      {"<td>x<table><td>a<td colspan=9999999>b<tr><td rowspan=2>c</table>",
-       "x<table><tr><td>a</td><td>b</td></tr><tr><td rowspan=\"2\">c</td></tr></table>"},
       {"<a title='>' href='http://x/?a=1&amp;b'>t</a><a href=link:0>f</a>",
        "<a href=\"link:0\" title=\"&lt;p&gt;http://x/?a=1&amp;amp;b&lt;/p&gt;\">t</a><a>f</a>"},
       {"<a href=javascript:x>1</a><a href=/etc/passwd>2</a><a href=file:///x>3</a>", "<a>1</a><a>2</a><a>3</a>"},
-      {"<img src=a width=9999 height=9><img src=b><img src=a><img>",
-       "<img src=\"picture:0\" width=500><img src=\"picture:1\"><img src=\"picture:0\">"},
       {"<b attribute='without an end>t", ""},
   };
   for (const auto& [page, expected] : rows) {
@@ -80,7 +70,7 @@ TEST(FilterPage, BoundsWhatTakesLongAndSaysSo) {
 
 }  // namespace
 
-/// The system's own, but for the time that a test has let pass at once.
+/// The system's own, but for the time that a test lets pass at once, which its own measured time then contains.
 extern "C" int clock_gettime(clockid_t clock, timespec* time) noexcept {
   const auto result = static_cast<int>(syscall(SYS_clock_gettime, clock, time));
   if (clock == CLOCK_MONOTONIC) time->tv_sec += secondsAhead;
@@ -162,7 +152,6 @@ TEST_F(Page, APictureComesOrAnErrorTellsWhy) {
       {"to a file", here, {redirect("file:///etc/hostname")}, 0, "302 http"},
       {"missing", here, {{{Reply(404, Red())}}}, 0, "404 http"},
       {"many bytes", here, {{{"HTTP/1.1 200 OK\r\nContent-Length: 16000001\r\n\r\n"}}}, 0, "0 http"},
-      {"no picture", here, {{{Reply(200, "<svg xmlns='http://www.w3.org/2000/svg'/>")}}}, 0, "0 http"},
       {"in the page", "<img src='data:;base64," + toolkit::EncodeBase64(Red()) + "'>", {{}}, 1600, ""}};
   for (const auto& [what, page, answers, red, error] : rows) {
     const FaultServer server(answers, Wire::Plain);
@@ -206,30 +195,14 @@ TEST_F(Page, PicturesThatTakeMuchTimeLeaveTheFirst) {
     servers.push_back(&hostile.back());
   }
   Load("x" + Pictures(1, {&red}) + Pictures(59, servers));  // the cursor stands before the text
-  QTimer fiveTimesAsFast;
-  QObject::connect(&fiveTimesAsFast, &QTimer::timeout, [] { ++secondsAhead; });
-  fiveTimesAsFast.start(1250);
+  QTimer sixTimesAsFast;
+  QObject::connect(&sixTimesAsFast, &QTimer::timeout, [] { ++secondsAhead; });
+  sixTimesAsFast.start(1200);
   const auto isOver = [&] { return log.size() + static_cast<std::size_t>(Redness() / 1600) == 60; };
   for (int wait = 0; wait < 6 && !isOver(); ++wait) Until(isOver);
   EXPECT_TRUE(isOver());
   EXPECT_THAT(log, Contains(HasSubstr("too long together")));
   EXPECT_GE(Redness(), 3200);
-}
-
-TEST_F(Page, WhatArrivesOfPicturesCountsWholeOrNot) {
-  const std::string large(8'000'000, 'x');
-  const std::tuple<const char*, std::string, std::string, int> rows[] = {
-      {"broken off", "Content-Length: 9000000\r\n", large, 2},
-      {"of unknown length", "", large, 3},
-      {"large, a picture all the same", "Content-Length: 8000000\r\n", Red() + large.substr(Red().size()), 3}};
-  for (const auto& [what, header, body, fitting] : rows) {
-    const FaultServer server({{{"HTTP/1.1 200 OK\r\n" + header + "\r\n" + body}, Answer::Then::Close}}, Wire::Plain);
-    Load("x" + Pictures(10, {&server}));
-    const int shown = body.starts_with(Red()) ? fitting : 0;
-    EXPECT_TRUE(Until([&] { return std::ssize(log) == 10 - shown && Redness() == 1600 * shown; })) << what;
-    const auto isRefused = [](const auto& line) { return line.ends_with("too large together."); };
-    EXPECT_GE(std::ranges::count_if(log, isRefused), 10 - fitting) << what;
-  }
 }
 
 TEST_F(Page, LinksAskTheProgramAlone) {
@@ -251,7 +224,6 @@ TEST_F(Page, LinksAskTheProgramAlone) {
       {"new window", click("second"), {"new https://b/"}},
       {"file", click("third"), {}},
       {"Return on a link", tab, {"same http://a/?x=1&lt;b>"}},
-      {"Return elsewhere", [&] { view.moveCursor(QTextCursor::Start), Press(Qt::Key_Return); }, {"default"}},
       {"back", [&] { Press(Qt::Key_Left, Qt::AltModifier); }, {}}};
   Click(view);
   const QString before = view.document()->toHtml();
@@ -262,19 +234,9 @@ TEST_F(Page, LinksAskTheProgramAlone) {
     EXPECT_EQ(log, expected) << what;
     EXPECT_EQ(view.document()->toHtml(), before) << what;
   }
-  QHelpEvent help(QEvent::ToolTip, PlaceOf("first"), view.viewport()->mapToGlobal(QPoint(1, 1)));
-  QApplication::sendEvent(view.viewport(), &help);
-  EXPECT_EQ(QToolTip::text(), "<p>http://a/?x=1&amp;lt;b&gt;</p>");
 }
 
-TEST_F(Page, HasAMenuOfItsOwnAndSaysIfItIsCut) {
-  Load("<a href='http://a/?b&amp;lt;c'>link</a> text");
-  QContextMenuEvent event(QContextMenuEvent::Mouse, PlaceOf("link"), view.viewport()->mapToGlobal(PlaceOf("link")));
-  QApplication::sendEvent(view.viewport(), &event);
-  const std::unique_ptr<QMenu> menu(view.findChild<QMenu*>());
-  ASSERT_EQ(menu->actions().size(), 3) << "there is more than Copy, Copy Link Address and Select All";
-  menu->actions()[1]->trigger();
-  EXPECT_EQ(QApplication::clipboard()->text(), "http://a/?b&lt;c");
+TEST_F(Page, SaysThatItIsCut) {
   model->Viewer.LoadPage(Times(100'000, "<br>"), toolkit::FolderItem(""));
   EXPECT_TRUE(Until([&] { return view.toPlainText().endsWith("The rest of this page is not shown."); }));
 }

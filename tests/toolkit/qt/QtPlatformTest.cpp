@@ -146,24 +146,6 @@ TEST_F(Program, AnExceptionEndsInABoxAndNothingElse) {
   EXPECT_EQ(presses, 3);
 }
 
-TEST_F(Program, AWindowMayCloseUnderItsOwnBox) {
-  other->Show();
-  BoxReader reader([&](QDialog& box) {
-    model->Close();
-    QTest::qWait(20);
-    QTest::keyClick(box.windowHandle(), Qt::Key_Return);
-  });
-  std::string title;
-  model->Button.Action = [&] {
-    MsgBox("closing");
-    title = std::exchange(model, nullptr)->Title();
-  };
-  const std::weak_ptr<ButtonWindow> closed = model;
-  Click(Find("button"));
-  EXPECT_TRUE(Until([&] { return closed.expired(); }));
-  EXPECT_EQ(title, "Button");
-}
-
 TEST_F(Program, TheEndOfTheProgramEndsWaitsAndBoxes) {
   for (const bool isSession : {false, true}) {
     other->Show();

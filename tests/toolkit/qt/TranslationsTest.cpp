@@ -9,7 +9,6 @@
 
 #include "tests/desktop/Desktop.h"
 #include "toolkit/DesktopTexts.h"
-#include "toolkit/qt/Translations.h"
 #include "update/check/KajuException.h"
 #include "update/check/KajuLocale.h"
 
@@ -65,21 +64,6 @@ TEST_F(Translated, HasEveryTextOfEveryFaultlessFile) {
     EXPECT_FALSE(reader.hasError()) << reader.errorString().toStdString();
     EXPECT_EQ(sources, English());
   }
-}
-
-TEST_F(Translated, SpeaksTheFirstLanguageItKnows) {
-  const std::tuple<QStringList, const char*, const char*> rows[] = {
-      // clang-format off
-      {{}, "de-AT", "Später"}, {{"fr"}, "ja", "後で"},   {{"tlh", "es-MX"}, "", "Más tarde"},
-      {{}, "pt_BR", "Mais tarde"}, {{"de"}, "en", "nothing"}, {{"en-GB", "en", "de"}, "", "nothing"},
-      // clang-format on
-  };
-  for (const auto& [userLanguages, language, later] : rows) {
-    toolkit::qt::Translations translations(QCoreApplication::applicationDirPath() + "/translations", userLanguages);
-    EXPECT_EQ(translations.Find("KajuLocale.kLaterButton", language).value_or("nothing"), later)
-        << language << ", " << userLanguages.join(' ').toStdString();
-  }
-  EXPECT_EQ(KajuLocale::kLaterButton("de") + KajuLocale::kLaterButton("tlh"), "SpäterLater");
 }
 
 }  // namespace

@@ -9,7 +9,6 @@
 #include "toolkit/TextFile.h"
 #include "update/check/UpdateChecker.h"
 
-using Kaju::System;
 using Kaju::UpdateChecker;
 using Kaju::Width;
 using testing::ElementsAre;
@@ -72,34 +71,28 @@ struct Checking : testing::Test {
 }  // namespace
 
 TEST_F(Checking, OffersWhatIsNewerAllowedWantedAndFits) {
-  const std::tuple<const char*, int, bool> versions[] = {
-      {"1.2.2", 3, false},  {"1.2.3", 3, false},  {"1.2.3 (5)", 3, true},  {"1.2.4d1", 0, true},
-      {"1.2.4a1", 1, true}, {"1.2.4b1", 2, true}, {"1.2.3b999", 2, false}, {"2", 3, true}};
-  const std::string names[] = {"MacBinary", "WindowsBinary", "LinuxBinary", "WindowsBinary64bit", "LinuxBinary64bit"};
-  const std::tuple<Kaju::BuildTarget, std::string, std::string> builds[] = {
-      {{System::Mac, Width::Bits32}, names[0], names[0]},     {{System::Mac, Width::Bits64}, names[0], names[0]},
-      {{System::Windows, Width::Bits32}, names[1], names[3]}, {{System::Windows, Width::Bits64}, names[3], names[3]},
-      {{System::Linux, Width::Bits32}, names[2], names[4]},   {{System::Linux, Width::Bits64}, names[4], names[4]}};
-  for (int rules = 0; rules < 192 * 40; ++rules) {
-    const auto& [target, own, wider] = builds[rules / 32 % 6];
-    const std::string& binary = names[rules / 192 % 5];
-    const auto& [version, stage, isNewer] = versions[rules / 960];
-    const bool isRequired = (rules & 1) != 0;
-    const bool isIgnored = (rules & 2) != 0;
-    checker->Target = target;
-    checker->Allow32bitTo64bitUpdates = (rules & 4) != 0;
-    checker->AllowedStage = rules / 8 % 4;
-    checker->ResetIgnored();
-    if (isIgnored) checker->IgnoreVersion(version);
-    const bool fits = binary == own || (binary == wider && checker->Allow32bitTo64bitUpdates);
-    const bool concerns = fits && stage >= checker->AllowedStage && isNewer;
-    const Result expected = !concerns    ? Result::NoUpdateAvailable
-                            : isRequired ? Result::RequiredUpdateAvailable
-                            : isIgnored  ? Result::IgnoredUpdateAvailable
-                                         : Result::UpdateAvailable;
-    EXPECT_EQ(RunOn(Offer(version, isRequired ? "1.2.4" : "1.2.3", "\"" + binary + "\":{}")), expected)
-        << binary << ' ' << version << ' ' << rules;
-    EXPECT_EQ(presenter->Shown.size(), concerns && (isRequired || !isIgnored) ? 1U : 0U) << rules;
+  const std::pair<const char*, int> versions[] = {
+      // and the lowest stage that is allowed, from which on it is an offer
+      {"1.2.2", 4}, {"1.2.3", 4}, {"1.2.3b999", 4}, {"1.2.3 (5)", 3}, {"1.2.4d1", 0}, {"1.2.4a1", 1}, {"1.2.4b1", 2}};
+  for (const auto& [version, stage] : versions) {
+    for (int rules = 0; rules < 64; ++rules) {
+      const bool isRequired = (rules & 1) != 0;
+      const bool isIgnored = (rules & 2) != 0;
+      const bool isWide = (rules & 4) != 0;
+      checker->AllowedStage = rules / 8 % 4;
+      checker->Target.Bits = rules < 32 ? Width::Bits64 : Width::Bits32;
+      checker->Allow32bitTo64bitUpdates = false;
+      checker->ResetIgnored();
+      if (isIgnored) checker->IgnoreVersion(version);
+      const std::string binary = isWide ? R"("LinuxBinary64bit":{})" : R"("LinuxBinary":{},"MacBinary":{})";
+      const bool concerns = isWide == (rules < 32) && stage < 4 && checker->AllowedStage <= stage;
+      const Result expected = !concerns    ? Result::NoUpdateAvailable
+                              : isRequired ? Result::RequiredUpdateAvailable
+                              : isIgnored  ? Result::IgnoredUpdateAvailable
+                                           : Result::UpdateAvailable;
+      EXPECT_EQ(RunOn(Offer(version, isRequired ? "1.2.4" : "1.2.3", binary)), expected) << version << ' ' << rules;
+      EXPECT_EQ(presenter->Shown.size(), concerns && (isRequired || !isIgnored) ? 1U : 0U) << version << ' ' << rules;
+    }
   }
 }
 

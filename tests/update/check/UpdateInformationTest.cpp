@@ -38,23 +38,6 @@ TEST_F(Informing, RefusesValuesThatDoNotConvert) {
     EXPECT_THROW(UpdateInformation(parse(json)), toolkit::RuntimeException) << json;
 }
 
-TEST_F(Informing, TellsWhatMakesItInvalid) {
-  const std::pair<const char*, const char*> rows[] = {
-      {R"("Version":"1","AppName":"A","LinuxBinary":{"Hash":"h","URL":"u","ExecutableName":"e"})", ""},
-      {R"("Version":"1..2","MacBinary":{})", "Version must be in one of these forms: 1, 1.2, 1.2.3, 1.2d4, 1.2a4"},
-      {R"("Version":"1","AppName":" \t","MacBinary":{})", "Missing app name"},
-      {R"("Version":"1","AppName":"A","MacBinary":{})", "Mac Binary information is not valid: Missing Hash"},
-      {R"("Version":"1","AppName":"A","LinuxBinary64bit":{"Hash":"h","URL":"u"})",
-       "Linux Binary information is not valid: Missing Executable Name"},
-  };
-  for (const auto& [members, reason] : rows) {
-    const UpdateInformation update(parse("{"s + members + "}"));
-    EXPECT_EQ(update.IsValid(), *reason == '\0') << members;
-    EXPECT_THAT(update.InvalidReason(), testing::StartsWith(reason)) << members;
-    EXPECT_EQ(update.InvalidReason().empty(), update.IsValid()) << members;
-  }
-}
-
 TEST_F(Informing, NamesFilesByPlainNamesOnly) {
   const std::tuple<const char*, std::string, bool> rows[] = {
       // clang-format off

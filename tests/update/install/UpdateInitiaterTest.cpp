@@ -104,14 +104,3 @@ TEST_F(Initiater, KnowsWhatAFailedUpdateLeft) {
   }
   EXPECT_THAT(platform.Messages, AllOf(testing::SizeIs(2), testing::Each("The update could not be installed.")));
 }
-
-TEST_F(Initiater, TellsWhatGoesWrong) {
-  fs::remove_all(temporary.Path());
-  toolkit::ReplaceFile(platform.CacheFolder(), "no folder");
-  initiater->RunScript();
-  initiater->Cancel();
-  EXPECT_FALSE(UpdateInitiater::SaveScript("text", temporary));
-  EXPECT_THAT(platform.Messages, ElementsAre(testing::StartsWith("Could not complete update - No temporary folder"),
-                                             "Error writing script file: 2"));
-  EXPECT_THAT(platform.Processes, IsEmpty());
-}
