@@ -1,9 +1,5 @@
 #include <algorithm>
-#include <atomic>
-#include <ctime>
 #include <list>
-#include <sys/syscall.h>
-#include <unistd.h>
 
 #include <QApplication>
 #include <QTemporaryDir>
@@ -23,8 +19,6 @@ using namespace testing;
 using namespace test_servers;
 
 namespace {
-
-std::atomic<time_t> secondsAhead = 0;  // NOLINT(cppcoreguidelines-avoid-non-const-global-variables): for clock_gettime
 
 std::string Times(int count, const char* text) { return QString(text).repeated(count).toStdString(); }
 
@@ -67,17 +61,6 @@ TEST(FilterPage, BoundsWhatTakesLongAndSaysSo) {
     EXPECT_FALSE(filtered.HTML.contains(QString::fromStdString(unwanted))) << what;
   }
 }
-
-}  // namespace
-
-/// The system's own, but for the time that a test lets pass at once, which its own measured time then contains.
-extern "C" int clock_gettime(clockid_t clock, timespec* time) noexcept {
-  const auto result = static_cast<int>(syscall(SYS_clock_gettime, clock, time));
-  if (clock == CLOCK_MONOTONIC) time->tv_sec += secondsAhead;
-  return result;
-}
-
-namespace {
 
 struct PageWindow final : toolkit::Window {
   PageWindow() : Window("Page", {400, 300}, {64, 64}, {4000, 4000}) {
@@ -195,11 +178,8 @@ TEST_F(Page, PicturesThatTakeMuchTimeLeaveTheFirst) {
     servers.push_back(&hostile.back());
   }
   Load("x" + Pictures(1, {&red}) + Pictures(59, servers));  // the cursor stands before the text
-  QTimer sixTimesAsFast;
-  QObject::connect(&sixTimesAsFast, &QTimer::timeout, [] { ++secondsAhead; });
-  sixTimesAsFast.start(1200);
   const auto isOver = [&] { return log.size() + static_cast<std::size_t>(Redness() / 1600) == 60; };
-  for (int wait = 0; wait < 6 && !isOver(); ++wait) Until(isOver);
+  for (int wait = 0; wait < 9 && !isOver(); ++wait) Until(isOver);
   EXPECT_TRUE(isOver());
   EXPECT_THAT(log, Contains(HasSubstr("too long together")));
   EXPECT_GE(Redness(), 3200);
