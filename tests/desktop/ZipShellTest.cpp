@@ -56,7 +56,7 @@ std::string Zip(const std::vector<Entry>& entries) {
 
 /// Few names, so that links meet. Half of the archives have harmless names only; half are damaged afterwards.
 std::string RandomZip(std::minstd_rand& random) {
-  const auto oneOf = [&](const auto& values) { return *(std::begin(values) + random() % std::size(values)); };
+  const auto oneOf = [&](const auto& values) { return values[random() % std::size(values)]; };
   const bool isTame = random() % 2 == 0;
   static const std::vector<std::string> tame{"a", "b", "l"};
   static const std::vector<std::string> wild{

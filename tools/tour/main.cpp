@@ -36,8 +36,8 @@ constexpr const char* usage =
     "that is given. Ends with 0 if every step has worked.\n";
 
 struct Look {
-  const char* name;
-  const char* suffix;
+  const char* name = "";
+  const char* suffix = "";
   bool isDark = false;
   int scale = 1;
 };

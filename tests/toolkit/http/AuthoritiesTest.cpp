@@ -21,7 +21,7 @@ TEST(Authorities, AreFoundInEachDistribution) {
   for (const auto& [system, file, folder] : rows) {
     SCOPED_TRACE(system);
     const toolkit::FolderItem folderOfAll = toolkit::MakeTemporaryFolder();
-    const fs::path root = folderOfAll.Path();
+    const fs::path& root = folderOfAll.Path();
     EXPECT_EQ(Authorities(folderOfAll).SystemFile(), "");
     for (const fs::path& parent : {(root / file).parent_path(), root / "etc/ssl/certs", root / folder})
       fs::create_directories(parent);

@@ -194,7 +194,7 @@ TEST_F(Transport, WhatIsAbortedEndsAtOnceAndIsNotTold) {
 }
 
 TEST_F(Transport, AnEndlessReplyForNobodyIsNotRead) {
-  const std::string megabytes(50'000'000, 'x');
+  const std::string megabytes = QString("x").repeated(50'000'000).toStdString();
   const FaultServer server({{{Reply(200, megabytes)}}}, Wire::Plain);
   Exchange(Request(server.URL())).Transfer.reset();
   EXPECT_TRUE(Until([&] { return server.Requests().size() == 1 && server.Unsent() == 0 && !server.IsConnected(); }));

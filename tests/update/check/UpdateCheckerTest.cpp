@@ -100,7 +100,7 @@ TEST_F(Checking, DecidesOverAllOffersOfADocument) {
   const std::string foreign = Offer("nonsense", "", "\"WindowsBinary\":{}");  // passed over before its version is read
   const std::string past = R"("LinuxBinary64bit":{},"Expires":"2026-01-01T00:00:00Z")";
   const std::string future = R"("LinuxBinary64bit":{},"Expires":"9999-12-31T23:59:59+23:59")";
-  using enum Result;
+  using enum Kaju::UpdateChecker::ResultType;
   const std::tuple<std::string, Result, Versions> rows[] = {
       {Offer("1.2.3") + "," + foreign, NoUpdateAvailable, {}},
       {R"({"Version":"9","Version":"1","LinuxBinary64bit":{}})", NoUpdateAvailable, {}},

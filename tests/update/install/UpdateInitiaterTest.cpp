@@ -13,7 +13,6 @@
 namespace fs = std::filesystem;
 using Kaju::UpdateInitiater;
 using testing::AllOf;
-using testing::ElementsAre;
 using testing::IsEmpty;
 using toolkit::FolderItem;
 
