@@ -36,7 +36,7 @@ TEST_F(UpdateTraffic, TrustsOnlyAKnownCertificate) {
   }
 }
 
-TEST_F(UpdateTraffic, TellsEveryOutcomeByBodyStatusAndError) {
+TEST_F(UpdateTraffic, TellsBodyStatusAndErrorOfAll) {
   const std::string ten = "HTTP/1.1 200 OK\r\nContent-Length: 10\r\n\r\n";
   const std::string endless = "HTTP/1.1 200 OK\r\n\r\n" + std::string(2000, 'x');
   const std::string huge = "HTTP/1.1 200 OK\r\nContent-Length: 99999999\r\n\r\nx";
@@ -71,7 +71,7 @@ TEST_F(UpdateTraffic, TellsEveryOutcomeByBodyStatusAndError) {
   }
 }
 
-TEST_F(UpdateTraffic, AnswersAChallengeOnceWithTheNamesInTheURL) {
+TEST_F(UpdateTraffic, AnswersAChallengeOnce) {
   const Answer asks{{Reply(401, "who?", "WWW-Authenticate: Basic realm=\"r\"\r\n")}};
   const Answer gives{{Reply(200, "yours")}};
   const Answer asksInTwoLines{
@@ -102,7 +102,7 @@ TEST_F(UpdateTraffic, AnswersAChallengeOnceWithTheNamesInTheURL) {
   }
 }
 
-TEST_F(UpdateTraffic, FetchesReleaseNotesInTheirEncoding) {
+TEST_F(UpdateTraffic, FetchesNotesInTheirEncoding) {
   const std::string none = "<b>NO UPDATE INFORMATION</b>";
   const std::tuple<std::string, std::string, std::string> rows[] = {
       // "$" stands for the page's address

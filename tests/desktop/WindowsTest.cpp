@@ -112,7 +112,7 @@ struct Windows : Desktop {
 
 }  // namespace
 
-TEST_F(Windows, CopyAndTheEditMenuActOnWhatHasTheKeyboard) {
+TEST_F(Windows, CopyAndTheEditMenuFollowTheFocus) {
   ASSERT_TRUE(Until([&] { return control->list_containers.ListCount() + control->list_overview.ListCount() == 20; }));
   update->Loading = true;
   update->hvNotes.LoadPage("<p>notes</p>", toolkit::FolderItem(""));
@@ -151,7 +151,7 @@ TEST_F(Windows, CopyAndTheEditMenuActOnWhatHasTheKeyboard) {
   }
 }
 
-TEST_F(Windows, TheEditMenuDoesToAFieldWhatItsEntriesSay) {
+TEST_F(Windows, TheEditMenuEditsAField) {
   const std::pair<const char*, const char*> rows[] = {
       {"EditUndo", ""}, {"EditCut", ""}, {"EditPaste", "before"}, {"EditClear", ""}, {"EditSelectAll", "typed"}};
   for (const auto& [entry, text] : rows) {
@@ -163,7 +163,7 @@ TEST_F(Windows, TheEditMenuDoesToAFieldWhatItsEntriesSay) {
   }
 }
 
-TEST_F(Windows, TheFindBarAndTheListsMenuHaveKeysOfTheirOwn) {
+TEST_F(Windows, TheFindBarAndTheListsMenuHaveKeys) {
   Enter(main, "listServers");
   Press(Qt::Key_F, Qt::ControlModifier);
   Type("two");

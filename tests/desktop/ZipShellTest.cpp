@@ -120,7 +120,7 @@ class ZipShellTest : public Desktop {
 
 }  // namespace
 
-TEST_F(ZipShellTest, UnpacksWhatItPackedWithItsPermissions) {
+TEST_F(ZipShellTest, KeepsPermissions) {
   const FolderItem source = folder.Child("an app's $HOME 🚀");
   const FolderItem inner = source.Child("-rf").Child("ünï\ncode [1]*");
   inner.CreateAsFolder();
@@ -207,7 +207,7 @@ TEST_F(ZipShellTest, RefusesArchivesThatAreNoUpdates) {
   EXPECT_EQ(ZipShell::ContentsOf(Write("odd.zip", "before" + good)), "app/x");
 }
 
-TEST_F(ZipShellTest, NothingLeavesItsFolderWhateverArrives) {
+TEST_F(ZipShellTest, NothingLeavesItsFolder) {
   const char* asked = std::getenv("CORVANE_ARCHIVES");
   const int count = asked == nullptr ? 200 : std::atoi(asked);
   const FolderItem outside[] = {Write("outside", "untouched"), Write("l", "untouched"), Write("a", "untouched")};

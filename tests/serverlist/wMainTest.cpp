@@ -72,7 +72,7 @@ TEST(CorvaneClient, SanitizesHostnames) {
     EXPECT_THAT(CorvaneClient::HintForHostname(host), StartsWith(" Type the name")) << host;
 }
 
-TEST_F(ServerList, HintsAtTheAddressUnlessAServiceAnswers) {
+TEST_F(ServerList, HintsAtTheAddressIfNoServiceAnswers) {
   const std::tuple<const char*, int, const char*, bool> rows[] = {{"srv/", 0, "", true},
                                                                   {"srv/", 404, "<html>", true},
                                                                   {"srv/", 200, "{}", true},
