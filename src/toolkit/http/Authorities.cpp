@@ -16,9 +16,9 @@ struct Place {
 constexpr std::array<Place, 6> usualPlaces{{
     {"etc/ssl/certs/ca-certificates.crt", "etc/ssl/certs"},  // Debian, Ubuntu, Arch, Alpine
     {"etc/pki/ca-trust/extracted/pem/tls-ca-bundle.pem", "etc/pki/ca-trust/extracted/pem/directory-hash"},  // Fedora
-    {"etc/pki/tls/certs/ca-bundle.crt", ""},                                   // Fedora, before
-    {"var/lib/ca-certificates/ca-bundle.pem", "var/lib/ca-certificates/pem"},  // Fedora, formerly
-    {"etc/ssl/ca-bundle.pem", ""},                                             // openSUSE, before
+    {"etc/pki/tls/certs/ca-bundle.crt", ""},                                   // Fedora, formerly
+    {"var/lib/ca-certificates/ca-bundle.pem", "var/lib/ca-certificates/pem"},  // openSUSE
+    {"etc/ssl/ca-bundle.pem", ""},                                             // openSUSE, formerly
     {"etc/ssl/cert.pem", ""},  // Alpine without its package of authorities
 }};
 

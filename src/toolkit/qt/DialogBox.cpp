@@ -113,8 +113,8 @@ QPlainTextEdit* MakeTextArea(const QString& name, const QString& text, const QFo
 
 DialogBox::DialogBox(const MessageDialog& dialog, QWidget* owner, const QString& about) : QDialog(owner) {
   setObjectName("dialogBox");
-  setWindowTitle(about.isEmpty() ? QStringLiteral(" ")
-                                 : about);  // with an empty title Qt would show the program's name
+  // With an empty title Qt would show the program's name.
+  setWindowTitle(about.isEmpty() ? QStringLiteral(" ") : about);
   setAccessibleName(QApplication::applicationName());
   const std::string gap = dialog.Explanation.empty() ? "" : "\n";
   const QString aboutLine = about.isEmpty() ? about : about + '\n';

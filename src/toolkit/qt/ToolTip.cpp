@@ -14,8 +14,8 @@ constexpr std::size_t longestToolTip = 2000;
 
 // Qt guesses whether a text is markup. Escaped and in a paragraph, it always is.
 void ShowToolTip(const QPoint& position, std::string_view text, QWidget& view) {
-  const QString shown = ToQt(FirstCharacters(text, longestToolTip)).remove('\r').toHtmlEscaped();
-  QToolTip::showText(position, "<p>" + QString(shown).replace('\n', "<br>") + "</p>", &view);
+  const QString shown = ToQt(FirstCharacters(text, longestToolTip)).remove('\r').toHtmlEscaped().replace('\n', "<br>");
+  QToolTip::showText(position, "<p>" + shown + "</p>", &view);
 }
 
 }  // namespace toolkit::qt
