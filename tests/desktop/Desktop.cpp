@@ -2,12 +2,6 @@
 
 #include <algorithm>
 
-#include <QApplication>
-#include <QBuffer>
-#include <QDialog>
-#include <QPlainTextEdit>
-#include <QWindow>
-
 #include "toolkit/qt/DialogBox.h"
 
 QWidget& Desktop::Open(const std::shared_ptr<toolkit::Window>& window) {
@@ -78,17 +72,4 @@ std::vector<QRgb> PixelsOf(const QImage& image) {
   const QImage plain = image.convertToFormat(QImage::Format_RGB32);
   const auto* first = reinterpret_cast<const QRgb*>(plain.constBits());
   return {first, first + plain.sizeInBytes() / 4};
-}
-
-int InkWidth(const QImage& image) {
-  int first = image.width();
-  int last = -1;
-  for (int x = 0; x < image.width(); ++x) {
-    for (int y = 0; y < image.height(); ++y) {
-      if (image.pixel(x, y) == image.pixel(image.width() - 1, y)) continue;
-      first = std::min(first, x);
-      last = x;
-    }
-  }
-  return std::max(last - first + 1, 0);
 }

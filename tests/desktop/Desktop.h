@@ -4,18 +4,14 @@
 #include <string>
 #include <vector>
 
-#include <QImage>
 #include <QTest>
-#include <QTimer>
-#include <QWidget>
-#include <gtest/gtest.h>
+#include <QtWidgets>
+#include <gmock/gmock.h>
 
 #include "shell/App.h"
 #include "shell/Product.h"
 #include "toolkit/Window.h"
 #include "toolkit/qt/QtPlatform.h"
-
-class QDialog;
 
 /// A test on the real platform. Mouse and keys go to the window, as the desktop would send them, and find their widget
 /// themselves.
@@ -76,6 +72,3 @@ class BoxReader {
 [[nodiscard]] std::string PictureOf(QColor color, QSize size);
 
 [[nodiscard]] std::vector<QRgb> PixelsOf(const QImage& image);
-
-/// How many pixels there are from the first to the last column that is not as the right edge.
-[[nodiscard]] int InkWidth(const QImage& image);

@@ -1,12 +1,5 @@
 #include <algorithm>
 
-#include <QAbstractItemView>
-#include <QAccessible>
-#include <QApplication>
-#include <QClipboard>
-#include <QLineEdit>
-#include <gmock/gmock.h>
-
 #include "serverlist/CorvaneClient.h"
 #include "serverlist/wMain.h"
 #include "tests/desktop/Desktop.h"
@@ -21,9 +14,7 @@ constexpr const char* information =
     R"({"networkHostname":"<i>web</i>","networkIPv4":"10.0.0.5","systemName":"Web & co"})";
 
 struct MainWindow : Desktop {
-  std::vector<std::string> opened;
-  std::shared_ptr<wMain> main =
-      std::make_shared<wMain>([this](const auto& server) { opened.push_back(server->System_Name); });
+  std::shared_ptr<wMain> main = std::make_shared<wMain>([](const auto& /*server*/) {});
   QWidget& window = Open(main);
 };
 
@@ -56,12 +47,6 @@ TEST_F(MainWindow, TypingAndClickingAddsTheServer) {
   ASSERT_THAT(server.Requests(), SizeIs(1));
   EXPECT_THAT(server.Requests()[0], EndsWith(R"({"password":"s3cret","username":")" + unusual.toStdString() + "\"}"));
   for (const char* field : {"txtHostname", "txtUsername", "txtPassword"}) EXPECT_EQ(Find<QLineEdit>(field).text(), "");
-
-  auto& list = Find<QAbstractItemView>("listServers");
-  ASSERT_TRUE(Until([&] { return list.model()->rowCount() == 1; }));
-  ClickAt(*list.viewport(), list.visualRect(list.model()->index(0, 1)).center());
-  Press(Qt::Key_Return);
-  EXPECT_THAT(opened, ElementsAre("Web & co"));
 }
 
 TEST_F(MainWindow, EverythingCanBeReadOnADarkDesktop) {

@@ -1,23 +1,8 @@
-#include <map>
-
-#include <QAccessible>
-#include <QApplication>
-#include <QClipboard>
-#include <QDialog>
-#include <QLineEdit>
-#include <QMenuBar>
-#include <QPlainTextEdit>
-#include <QTabWidget>
-#include <QTextBrowser>
-#include <QWindow>
-#include <gmock/gmock.h>
-
 #include "servercontrol/wContainerLogs.h"
 #include "servercontrol/wServer.h"
 #include "serverlist/wMain.h"
 #include "tests/desktop/Desktop.h"
 #include "tests/support/FaultServer.h"
-#include "toolkit/MessageDialog.h"
 #include "update/install/KajuUpdateWindow.h"
 
 using namespace test_servers;
@@ -53,15 +38,6 @@ struct Windows : Desktop {
     name.startsWith("list") ? Press(Qt::Key_Home) : Press(Qt::Key_A, Qt::ControlModifier);
     return part;
   }
-  /// Where the controls of a window stand in it.
-  static std::map<QString, QRect> PlacesOf(const toolkit::Window& window) {
-    std::map<QString, QRect> places;
-    for (const auto* part : window.Controls()) {
-      const QWidget& view = Find(QString::fromStdString(part->Name()));
-      if (view.isVisible()) places[view.objectName()] = {view.mapTo(view.window(), QPoint()), view.size()};
-    }
-    return places;
-  }
   /// Goes back from the menus to where the keyboard was.
   static void Leave(const QWidget& part) {
     for (int times = 0; times < 5 && (QApplication::activePopupWidget() != nullptr || !part.hasFocus()); ++times) {
@@ -88,7 +64,7 @@ struct Windows : Desktop {
     return choices;
   }
 
-  FaultServer server{{everything, everything, {everything.Pieces, Answer::Then::Keep, Answer::Start::WhenReleased}}};
+  FaultServer server{{everything}};
   std::shared_ptr<CorvaneServer> record = std::make_shared<CorvaneServer>(
       CorvaneServer{"127.0.0.1:" + std::to_string(server.Port()) + "/x", "", "pw", "", "amy"});
   std::shared_ptr<wMain> main = std::make_shared<wMain>([](const auto&) {});
@@ -163,104 +139,6 @@ TEST_F(Windows, TheEditMenuEditsAField) {
   }
 }
 
-TEST_F(Windows, TheFindBarAndTheListsMenuHaveKeys) {
-  Enter(main, "listServers");
-  Press(Qt::Key_F, Qt::ControlModifier);
-  Type("two");
-  for (const auto& [key, copied] : {std::pair(Qt::Key_C, "before"), {Qt::Key_A, "before"}, {Qt::Key_C, "two"}}) {
-    Press(key, Qt::ControlModifier);
-    EXPECT_EQ(QApplication::clipboard()->text().toStdString(), copied) << key;
-  }
-  slide();
-  EXPECT_EQ(Choices(), "111111");
-  for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_Escape, Qt::Key_Escape}) Press(key);
-  for (int time = 0; time < 2; ++time) {
-    Enter(main, "listServers");
-    Press(Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(QApplication::clipboard()->text(), "one\ttwo\tthree");
-    QApplication::clipboard()->setText("before");
-    QContextMenuEvent menu(QContextMenuEvent::Keyboard, {}, QPoint(5, 5));
-    QApplication::sendEvent(&Find("listServers"), &menu);
-    Entry("listCopy").trigger();
-    EXPECT_EQ(QApplication::clipboard()->text(), "one\ttwo\tthree");
-    Press(Qt::Key_Escape);
-  }
-  const BoxReader reader([](QDialog& box) {
-    box.findChild<QPlainTextEdit*>("message")->setFocus();
-    for (const Qt::Key key : {Qt::Key_A, Qt::Key_C}) QTest::keyClick(box.windowHandle(), key, Qt::ControlModifier);
-    QTest::keyClick(box.windowHandle(), Qt::Key_Escape);
-  });
-  toolkit::MsgBox("A message");
-  EXPECT_EQ(QApplication::clipboard()->text(), "A message");
-}
-
-TEST_F(Windows, TabGoesThroughTheControlsInTheirOrder) {
-  ASSERT_TRUE(Until([&] { return !control->Busy(); }));
-  control->list_containers.ListIndex(0);
-  const std::tuple<std::shared_ptr<toolkit::Window>, int, std::vector<std::string>> rows[] = {
-      // clang-format off
-      {main, 1, {"txtHostname", "txtUsername", "txtPassword", "btnAddServer", "listServers"}},
-      {control, 1, {"list_overview", "btn_overview_refresh", "btn_overview_restart", "btn_overview_webui",
-                    "btn_overview_reload", "qt_tabwidget_tabbar"}},
-      {control, 2, {"list_containers", "btn_containers_refresh", "btn_containers_restart", "btn_containers_start",
-                    "btn_containers_stop", "btn_containers_logs", "txt_containers_logs", "qt_tabwidget_tabbar"}},
-      {update, 1, {"hvNotes", "btnOK", "btnCancel", "btnSkipVersion"}},
-      // clang-format on
-  };
-  for (const auto& [window, panel, names] : rows) {
-    control->tabs.Select(panel);
-    QTest::qWait(20);
-    Enter(window, QString::fromStdString(names.front()));
-    std::vector<std::string> forth;
-    std::vector<std::string> back;
-    for (std::size_t step = 0; step < names.size(); ++step) forth.push_back(Focused()), Press(Qt::Key_Tab);
-    EXPECT_EQ(forth, names);
-    for (std::size_t step = 0; step < names.size(); ++step)
-      Press(Qt::Key_Backtab, Qt::ShiftModifier), back.push_back(Focused());
-    EXPECT_THAT(back, ElementsAreArray(names.rbegin(), names.rend()));
-  }
-}
-
-TEST_F(Windows, OnlyTheRightPartsFollowTheFrame) {
-  ASSERT_TRUE(Until([&] { return !control->Busy(); }));
-  const QStringList form{"txtHostname", "txtUsername", "txtPassword", "btnAddServer", "labelVersion", "labelCopyright"};
-  const QStringList lists{"tabs", "list_overview", "list_containers"};
-  const std::tuple<std::shared_ptr<toolkit::Window>, int, QSize, QSize, QStringList, QStringList> rows[] = {
-      // the window, its panel, the size that the user wants, how much larger it becomes, what moves and what grows then
-      // clang-format off
-      {main, 1, {900, 700}, {0, 186}, form, {}},       {main, 1, {600, 10}, {0, -450}, form, {}},
-      {main, 1, {300, 2000}, {0, 1486}, form, {}},     {control, 1, {1000, 700}, {200, 200}, {}, lists},
-      {control, 2, {1000, 700}, {200, 200}, {}, lists}, {control, 2, {10, 10}, {0, 0}, {}, lists},
-      // clang-format on
-  };
-  for (const auto& [window, panel, wanted, more, moving, growing] : rows) {
-    control->tabs.Select(panel);
-    Enter(window, window == main ? "listServers" : "tabs");
-    QWidget& frame = *QApplication::activeWindow();
-    const QSize size = frame.size();
-    const auto places = PlacesOf(*window);
-    frame.resize(wanted + QSize(0, frame.findChild<QMenuBar*>()->height()));
-    QTest::qWait(20);
-    EXPECT_TRUE(frame.size() == size + more);
-    for (const auto& [name, place] : PlacesOf(*window)) {
-      QRect expected = places.at(name);
-      if (moving.contains(name)) expected.translate(0, more.height());
-      if (growing.contains(name)) expected.setSize(expected.size() + more);
-      EXPECT_TRUE(place == expected) << name.toStdString() << " in a window of " << wanted.height();
-    }
-    frame.resize(size);
-  }
-}
-
-TEST_F(Windows, OneKeyClosesEveryWindowWhoseFrameDoes) {
-  for (const auto& [window, part] : std::initializer_list<std::pair<std::shared_ptr<toolkit::Window>, const char*>>{
-           {update, "hvNotes"}, {logs, "list_logs"}, {control, "list_overview"}, {main, "txtHostname"}}) {
-    Enter(window, part);
-    Press(Qt::Key_W, Qt::ControlModifier);
-    EXPECT_EQ(window->IsClosed(), window != update) << part;
-  }
-}
-
 TEST_F(Windows, EveryKeyDoesWhatDesktopsDo) {
   ASSERT_TRUE(Until([&] { return !control->Busy(); }));
   control->Show();
@@ -322,53 +200,4 @@ TEST_F(Windows, TheKeyboardStaysNearAButtonThatGoesOff) {
     button->Enabled(true);
     EXPECT_EQ(Focused(), then) << part;
   }
-}
-
-TEST_F(Windows, AFieldTakesWhatComesFromAnyInput) {
-  auto& field = Find<QLineEdit>("txtHostname");
-  QAccessible::queryAccessibleInterface(&field)->setText(QAccessible::Value, "spoken");
-  EXPECT_EQ(main->txtHostname.Text(), "spoken");
-  main->txtHostname.Enabled(false);
-  field.setText("refused");
-  EXPECT_EQ(field.text().toStdString() + main->txtHostname.Text(), "spokenspoken");
-  main->txtHostname.Enabled(true).Text("\xFF");
-  EXPECT_EQ(main->txtHostname.Text(), "\xFF") << "what is shown for it came back";
-}
-
-TEST_F(Windows, AWindowShowsOnAllItsPartsThatItWaits) {
-  control->Show();
-  const auto pointers = [](const char* name) {
-    QWidget& part = Find(name);
-    return std::vector{part.window()->cursor().shape(), part.cursor().shape()};
-  };
-  Find<QTabWidget>("tabs").setCurrentIndex(1);
-  ASSERT_TRUE(control->Busy());
-  EXPECT_THAT(pointers("txt_containers_logs"), Each(Qt::BusyCursor));
-  EXPECT_THAT(pointers("btn_containers_refresh"), Each(Qt::BusyCursor));
-  ASSERT_TRUE(Until([&] { return !control->Busy(); }));
-  EXPECT_THAT(pointers("txt_containers_logs"), ElementsAre(Qt::ArrowCursor, Qt::IBeamCursor));
-}
-
-TEST_F(Windows, TheWheelTurnsUntilTheReloadsBoxIsGone) {
-  ASSERT_TRUE(Until([&] { return !control->Busy(); }));
-  Enter(control, "list_overview");
-  QWidget& window = *QApplication::activeWindow();
-  QWidget& wheel = Find("overview_progress");
-  const auto picture = [&] { return window.grab(QRect(wheel.mapTo(&window, QPoint()), wheel.size())).toImage(); };
-  const QImage nothing = picture();
-  Click(Find("btn_overview_reload"));
-  const QImage first = picture();
-  EXPECT_TRUE(first != nothing);
-  EXPECT_TRUE(Until([&] { return picture() != first; }));
-  bool wasBusy = false;
-  BoxReader reader([&](QDialog& box) {
-    wasBusy = wheel.isVisible() && !Find("btn_overview_reload").isEnabled();
-    QTest::keyClick(box.windowHandle(), Qt::Key_Return);
-  });
-  server.Release();
-  EXPECT_TRUE(Until([&] { return Find("btn_overview_reload").isEnabled(); }));
-  EXPECT_TRUE(wasBusy);
-  EXPECT_FALSE(wheel.isVisible());
-  EXPECT_TRUE(picture() == nothing);
-  EXPECT_THAT(server.Requests(), SizeIs(3)) << "something was asked twice";
 }

@@ -88,22 +88,6 @@ TEST_F(ServerWindow, ARebootIsAskedAboutFirst) {
   EXPECT_THAT(platform.Messages, Each("Are you sure you want to restart?"));
 }
 
-TEST_F(ServerWindow, ContainersAreShownWholeOrNotAtAll) {
-  const std::string notShown = "The server's reply cannot be shown: ";
-  const std::tuple<const char*, Texts, Texts> rows[] = {
-      {R"({"containers":{"1":["b","c"],"0":["a",1.5,null,"beyond"]}})", {"a\t1.5\t", "b\tc\t"}, {}},
-      {R"({"containers":null})", {}, {notShown + "it has no “containers”."}},
-      {R"({"containers":[["a"]]})", {}, {notShown + "its “containers” is no table."}},
-  };
-  for (const auto& [reply, shown, messages] : rows) {
-    platform.Messages.clear();
-    Sent("containers/list").Reply(200, reply);
-    EXPECT_EQ(RowsOf(window->list_containers), shown);
-    EXPECT_EQ(platform.Messages, messages);
-    Press(&wServer::btn_containers_refresh);
-  }
-}
-
 TEST_F(ServerWindow, OnlyANumberOfLinesIsSent) {
   Fill({"web"}, 0);
   for (const auto& [typed, count] : {std::pair("\t+020 ", "20"),

@@ -1,9 +1,6 @@
 #include <filesystem>
 #include <fstream>
 
-#include <QBuffer>
-#include <gmock/gmock.h>
-
 #include "tests/desktop/Desktop.h"
 #include "tests/support/HostilePictures.h"
 #include "toolkit/RuntimeException.h"

@@ -1,18 +1,10 @@
 #include <stdexcept>
 
-#include <QDialog>
-#include <QPushButton>
-#include <QScreen>
-#include <QTabWidget>
-#include <QWindow>
-#include <gmock/gmock.h>
-
 #include "service/TessenServicesClient.h"
 #include "tests/desktop/Desktop.h"
 #include "tests/support/FaultServer.h"
 #include "toolkit/MessageDialog.h"
 #include "toolkit/PushButton.h"
-#include "toolkit/TabPanel.h"
 #include "toolkit/Timer.h"
 
 using test_servers::FaultServer;
@@ -24,10 +16,8 @@ namespace {
 struct ButtonWindow final : toolkit::Window {
   ButtonWindow() : Window("Button", {300, 100}, {300, 100}, {300, 100}) {
     Add(Button, "button", {10, 10, 280, 30}, {}, 0);
-    Add(Tabs, "tabs", {10, 50, 280, 40}, {}, 1).Panels({"one", "two"});
   }
   toolkit::PushButton Button;
-  toolkit::TabPanel Tabs;
 };
 
 struct Program : Desktop {
@@ -104,36 +94,6 @@ TEST_F(Program, WhatHappensUnderABoxComesAfterwards) {
   EXPECT_EQ(reader.MostAtOnce, 1U);
 }
 
-// As an assistive technology acts, which does not ask whether the window is blocked.
-TEST_F(Program, TimersStandAndActsAreRefusedUnderABox) {
-  int presses = 0;
-  model->Button.Action = [&] { ++presses; };
-  bool hasExpired = false;
-  toolkit::Timer timer;
-  timer.Period = std::chrono::milliseconds(500);
-  timer.Action = [&] { hasExpired = true; };
-  timer.Mode(toolkit::Timer::RunMode::Single);
-  auto& tabs = Find<QTabWidget>("tabs");
-  const auto act = [&] { Find<QPushButton>("button").click(), tabs.setCurrentIndex(1); };
-  const BoxReader reader([&](QDialog& box) {
-    act();
-    window.close();
-    QTest::qWait(600);
-    box.findChild<QPushButton*>()->click();
-  });
-  MsgBox("stands");
-  EXPECT_EQ(presses, 0);
-  EXPECT_EQ(model->Tabs.Value(), 1);
-  EXPECT_EQ(tabs.currentIndex(), 0);
-  EXPECT_FALSE(model->IsClosed());
-  QTest::qWait(100);
-  EXPECT_FALSE(hasExpired);
-  act();
-  EXPECT_EQ(presses, 1);
-  EXPECT_EQ(model->Tabs.Value(), 2);
-  EXPECT_TRUE(Until([&] { return hasExpired; }));
-}
-
 TEST_F(Program, AnExceptionEndsInABoxAndNothingElse) {
   BoxReader reader;
   int presses = 0;
@@ -144,6 +104,17 @@ TEST_F(Program, AnExceptionEndsInABoxAndNothingElse) {
   for (int press = 0; press < 3; ++press) Click(Find("button"));
   EXPECT_THAT(reader.Texts, ElementsAre("went <b>wrong</b>", "Something went wrong that has no description."));
   EXPECT_EQ(presses, 3);
+}
+
+TEST_F(Program, AWindowMayRefuseToCloseButNotTheSession) {
+  int presses = 0;
+  model->Button.Role(toolkit::ButtonRole::Cancel).Action = [&] { ++presses; };
+  EXPECT_FALSE(window.close());
+  EXPECT_TRUE(window.isVisible());
+  model->Button.Action = [&] { MsgBox("Really?"), ++presses; };
+  EXPECT_EQ(app.Run([] { QCoreApplication::quit(); }), 0);
+  EXPECT_EQ(presses, 2);
+  EXPECT_TRUE(model->IsClosed());
 }
 
 TEST_F(Program, TheEndOfTheProgramEndsWaitsAndBoxes) {

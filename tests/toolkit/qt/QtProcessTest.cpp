@@ -1,10 +1,7 @@
 #include <csignal>
 #include <filesystem>
 #include <fstream>
-#include <sys/resource.h>
 #include <sys/wait.h>
-
-#include <QTemporaryDir>
 
 #include "tests/desktop/Desktop.h"
 
@@ -55,15 +52,6 @@ TEST_F(Processes, TellHowTheyEndedAndInheritNothing) {
     EXPECT_EQ(end.ExitCode, code) << command;
     EXPECT_TRUE(end.Output == output) << command << " wrote " << end.Output.substr(0, 200);
   }
-  rlimit files{};
-  getrlimit(RLIMIT_NOFILE, &files);
-  const rlimit few{.rlim_cur = 5, .rlim_max = files.rlim_max};
-  setrlimit(RLIMIT_NOFILE, &few);
-  int code = 0;
-  const auto process = platform.StartProcess("true", [&](const toolkit::ProcessEnd& end) { code = end.ExitCode; });
-  setrlimit(RLIMIT_NOFILE, &files);
-  EXPECT_EQ(code, 0) << "told within the call";
-  EXPECT_TRUE(Until([&] { return code == 127; }));
   EXPECT_FALSE(HasChildren());
 }
 

@@ -1,12 +1,6 @@
 #include <map>
 #include <set>
 
-#include <QDir>
-#include <QFile>
-#include <QRegularExpression>
-#include <QXmlStreamReader>
-#include <gmock/gmock.h>
-
 #include "tests/desktop/Desktop.h"
 #include "toolkit/DesktopTexts.h"
 #include "update/check/KajuException.h"

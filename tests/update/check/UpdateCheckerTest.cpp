@@ -3,9 +3,8 @@
 #include <gmock/gmock.h>
 
 #include "shell/App.h"
-#include "tests/support/FaultySignature.h"
 #include "tests/support/HandPlatform.h"
-#include "tests/support/OtherUser.h"
+#include "tests/support/Publisher.h"
 #include "toolkit/TextFile.h"
 #include "update/check/UpdateChecker.h"
 
@@ -22,9 +21,8 @@ namespace {
 class Presenter final : public Kaju::UpdatePresenter {
  public:
   Versions Shown;
-  bool Shows = false;
 
-  [[nodiscard]] bool IsOpen() const override { return Shows; }
+  [[nodiscard]] bool IsOpen() const override { return false; }
   void ChooseUpdate(const std::shared_ptr<UpdateChecker>& /*checker*/, Kaju::Offers offers) override {
     for (const auto& offer : offers) Shown.push_back(offer->Version);
   }
@@ -166,31 +164,6 @@ TEST_F(Checking, TellsOfFailuresAndTriesAgain) {
     EXPECT_EQ(platform.LastDialog.Explanation, explanation);
   }
   EXPECT_EQ(RunOnReply(404, "whatever"), Result::NoUpdateAvailable);
-}
-
-TEST_F(Checking, AsksNobodyWhenNothingCouldComeOfIt) {
-  presenter->Shows = true;
-  checker->Execute();
-  EXPECT_EQ(checker->Result(), Result::UpdateWindowOpen);
-  presenter->Shows = false;
-  EXPECT_TRUE(HoldsForOtherUser([&] {  // who may not write where the program lies
-    checker->Execute();
-    return checker->Result() == Result::NoWritePermission && platform.Requests.empty();
-  }));
-}
-
-TEST_F(Checking, FollowsRedirectsOnlyWhenToldTo) {
-  checker->AllowRedirection = true;
-  platform.WhileWaiting = [&] {
-    const bool isFirst = platform.Requests.size() == 1;
-    platform.LastRequest().BeginReply(isFirst ? 302 : 404, {{"location", isFirst ? "https://b/c" : ""}});
-    platform.LastRequest().EndReply();
-  };
-  checker->Execute();
-  EXPECT_EQ(checker->Result(), Result::NoUpdateAvailable);
-  ASSERT_EQ(platform.Requests.size(), 3U);
-  EXPECT_EQ(platform.LastRequest().Request.Method + platform.LastRequest().Request.URL, "GEThttps://b:443/c");
-  EXPECT_EQ(platform.LastRequest().Request.Certificates, toolkit::CertificateCheck::Required);
 }
 
 TEST_F(Checking, RemembersSkippedVersionsAlone) {

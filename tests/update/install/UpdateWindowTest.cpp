@@ -1,8 +1,8 @@
 #include <gmock/gmock.h>
 
 #include "shell/App.h"
-#include "tests/support/FaultySignature.h"
 #include "tests/support/HandPlatform.h"
+#include "tests/support/Publisher.h"
 #include "toolkit/TextFile.h"
 #include "update/install/KajuUpdateWindow.h"
 
@@ -179,35 +179,6 @@ TEST_F(UpdateWindow, TellsWhyAnUpdateFails) {
     EXPECT_EQ(RunningRequests(), 0U);
     window->btnCancel.Press();
     EXPECT_TRUE(window->IsClosed() && NothingIsLeft());
-  }
-}
-
-TEST_F(UpdateWindow, IsInstalledAfterTheLastPress) {
-  for (const bool presses : {true, false}) {
-    Remake();
-    Install();
-    platform.LastRequest().BeginReply(200);
-    for (const char* part : {"arc", "hive"}) {
-      platform.Advance(4999ms);  // a download that goes on may take any time
-      platform.LastRequest().ReplyPart(part);
-    }
-    platform.LastRequest().EndReply();
-    const FolderItem folder = window->DeleteOnCancel.back();
-    folder.Child("_first").CreateAsFolder();
-    Unpack("program");
-    EXPECT_EQ(window->CurrentStage, Stage::AskingToQuit);
-    EXPECT_EQ(window->Initiater->ReplacementAppFolder->Path(), folder.Child("program").Path());
-    EXPECT_EQ(window->Initiater->ReplacementExecutableName, "x");
-    EXPECT_FALSE(window->DownloadFile->Exists());
-    if (presses) window->btnOK.Press();
-    EXPECT_EQ(platform.Quits.size(), presses ? 1U : 0U);
-    platform.CloseWindows();
-    EXPECT_EQ(app.UpdateInitiater != nullptr, presses);
-    EXPECT_EQ(folder.Child("program").Exists(), presses);
-    // One that unpacks, and some that only find out whether a script would start.
-    EXPECT_EQ(platform.Processes.size(), presses ? 3U : 2U);
-    if (presses) app.UpdateInitiater->Cancel();
-    app.UpdateInitiater = nullptr;
   }
 }
 
