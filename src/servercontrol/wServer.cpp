@@ -83,6 +83,7 @@ void wServer::BuildControls() {
   AddTo(tabs, 2,  txt_containers_logs,    "txt_containers_logs",    {710, 37,  50,  22}, topLeft,  6).Text("20").CueText("# Logs").Enabled(false);
   AddTo(tabs, 1,  btn_overview_reload,    "btn_overview_reload",    {498, 38, 125,  20}, topLeft,  4).Caption("Reload Server");
   AddTo(tabs, 1,  overview_progress,      "overview_progress",      {470, 41,  16,  16}, topLeft,  5).Visible(false).AccessibleName("Reloading the server");
+  // Never shown, so its place is free.
   AddTo(tabs, 2,  btn_containers_backup,  "btn_containers_backup",  {488, 38,  80,  20}, topLeft,  7).Caption("Backup").Enabled(false).Visible(false);
   // clang-format on
 }

@@ -122,8 +122,9 @@ def table(window, name, heads, count):
     """The rows of a list, and the list."""
     node = part(window, "table", name, "FOCUSABLE")
     until(f"{count} rows in “{name}”", lambda: Atspi.Table.get_n_rows(node) == count)
-    assert [Atspi.Table.get_column_description(node, column) for column in range(len(heads))] == heads
-    return [[Atspi.Table.get_accessible_at(node, row, column).get_name() for column in range(len(heads))]
+    columns = range(Atspi.Table.get_n_columns(node))
+    assert [Atspi.Table.get_column_description(node, column) for column in columns] == heads
+    return [[Atspi.Table.get_accessible_at(node, row, column).get_name() for column in columns]
             for row in range(count)], node
 
 

@@ -29,7 +29,8 @@ struct EngineAction {
   panel::Action Action;
   std::string_view Path;
   std::string_view Done;
-  std::string_view Needless;
+  /// What is told on status 304, which not every call has.
+  std::string_view Needless = Done;
 };
 // clang-format off
 constexpr auto actions = std::to_array<EngineAction>({
