@@ -127,18 +127,6 @@ TEST_F(Windows, CopyAndTheEditMenuFollowTheFocus) {
   }
 }
 
-TEST_F(Windows, TheEditMenuEditsAField) {
-  const std::pair<const char*, const char*> rows[] = {
-      {"EditUndo", ""}, {"EditCut", ""}, {"EditPaste", "before"}, {"EditClear", ""}, {"EditSelectAll", "typed"}};
-  for (const auto& [entry, text] : rows) {
-    const QWidget& field = Enter(main, "txtHostname");
-    slide();
-    Entry(entry).trigger();
-    EXPECT_EQ(main->txtHostname.Text(), text) << entry;
-    Leave(field);
-  }
-}
-
 TEST_F(Windows, EveryKeyDoesWhatDesktopsDo) {
   ASSERT_TRUE(Until([&] { return !control->Busy(); }));
   control->Show();

@@ -158,15 +158,6 @@ TEST_F(Transport, WhoCannotBeReachedIsNamed) {
   for (const auto& [url, expected] : rows) EXPECT_THAT(Outcome(Request(url)), StartsWith(expected)) << url;
 }
 
-TEST_F(Transport, AConnectionClosedWhileIdleIsReplaced) {
-  const FaultServer server({{{Reply(200, "{}")}, Close}});
-  for (std::size_t count = 1; count <= 3; ++count) {
-    EXPECT_EQ(Outcome(Request(server.URL())), "page 200 2 {}");
-    QTest::qWait(50);
-    EXPECT_THAT(server.Requests(), SizeIs(count));
-  }
-}
-
 TEST_F(Transport, NothingIsToldOfWhatNobodyHolds) {
   for (const bool aborts : {false, true}) {
     for (const std::string when : {"", "sent", "headers", "received", aborts ? "error" : "page"}) {

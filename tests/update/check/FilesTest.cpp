@@ -1,12 +1,13 @@
 #include <dlfcn.h>
 #include <filesystem>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <boost/json/parse.hpp>
 #include <gmock/gmock.h>
 #include <openssl/evp.h>
 
 #include "tests/support/HandPlatform.h"
-#include "tests/support/OtherUser.h"
 #include "toolkit/RuntimeException.h"
 #include "toolkit/TextFile.h"
 #include "update/check/FileCheck.h"
@@ -21,6 +22,15 @@ bool isMD5SwitchedOff = false;  // NOLINT(cppcoreguidelines-avoid-non-const-glob
 
 const std::string md5 = "888d0ee361af3603736f32131e7b20a2";
 const std::string sha256 = "0eb3e36bfb24dcd9bb1d1bece1531216b59539a8fde17ee80224af0653c92aa3";
+
+/// Whether `check` holds in a child process of a user who is not root.
+bool HoldsForOtherUser(const std::function<bool()>& check) {
+  constexpr unsigned nobody = 65534;
+  const pid_t child = fork();
+  if (child == 0) _exit(setgid(nobody) == 0 && setuid(nobody) == 0 && check() ? 0 : 1);
+  int status = -1;
+  return waitpid(child, &status, 0) == child && status == 0;
+}
 
 /// A tree with odd names, links inside and outside, and one back to its top.
 struct Files : testing::Test {

@@ -30,14 +30,6 @@ TEST_F(Informing, IsReadWrittenAndCopiedWhole) {
   EXPECT_EQ(serialize(copy.ToJSON()), whole);
 }
 
-TEST_F(Informing, RefusesValuesThatDoNotConvert) {
-  for (const char* json : {"[]", "5", "null", R"({"RequiresPayment":"yes"})", R"({"UseTransparency":""})",
-                           R"({"AppName":1e400})", R"({"MacBinary":{"Size":-1}})", R"({"MacBinary":{"Size":1.5}})",
-                           R"({"MacBinary":{"Size":"1x"}})", R"({"MacBinary":{"Size":""}})",
-                           R"({"MacBinary":{"Size":null}})", R"({"MacBinary":null})", R"({"LinuxBinary":"x"})"})
-    EXPECT_THROW(UpdateInformation(parse(json)), toolkit::RuntimeException) << json;
-}
-
 TEST_F(Informing, NamesFilesByPlainNamesOnly) {
   const std::tuple<const char*, std::string, bool> rows[] = {
       // clang-format off
