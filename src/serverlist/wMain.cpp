@@ -10,6 +10,7 @@
 #include "shell/Product.h"
 #include "toolkit/MessageDialog.h"
 #include "toolkit/SpecialFolder.h"
+#include "toolkit/TextFile.h"
 
 using toolkit::bottomAndSides;
 using toolkit::bottomRight;
@@ -84,7 +85,7 @@ std::shared_ptr<Kaju::UpdateChecker> wMain::MakeChecker() const {
   try {
     return std::make_shared<Kaju::UpdateChecker>(folder, name, presenter_);
   } catch (const toolkit::RuntimeException& unreadable) {
-    const toolkit::FolderItem aside = Kaju::SetPreferencesAside(folder.Child(name));
+    const toolkit::FolderItem aside = toolkit::SetAside(folder.Child(name));
     toolkit::MsgBox(unreadable.Message() + " What was there is now called " + aside.Name() +
                     ", and versions that you skipped are offered again.");
   }

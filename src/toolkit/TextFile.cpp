@@ -57,4 +57,11 @@ void ReplaceFile(const FolderItem& file, std::string_view bytes) {
   ThrowFor(file, "written", error);
 }
 
+FolderItem SetAside(const FolderItem& file) {
+  const std::string name = file.Name() + "_unreadable";
+  std::string free = name;
+  for (int number = 2; file.Parent().Child(free).Exists(); ++number) free = name + std::to_string(number);
+  return file.Rename(free);
+}
+
 }  // namespace toolkit

@@ -15,4 +15,8 @@ namespace toolkit {
 /// then.
 void ReplaceFile(const FolderItem& file, std::string_view bytes);
 
+/// Renames a file whose content is of no use to an unused name, and returns it under that name. Throws a
+/// RuntimeException if that fails.
+FolderItem SetAside(const FolderItem& file);
+
 }  // namespace toolkit

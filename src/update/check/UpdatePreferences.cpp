@@ -41,13 +41,6 @@ UpdatePreferences LoadPreferences(const toolkit::FolderItem& file) {
   }
 }
 
-toolkit::FolderItem SetPreferencesAside(const toolkit::FolderItem& file) {
-  const std::string name = file.Name() + "_unreadable";
-  std::string free = name;
-  for (int number = 2; file.Parent().Child(free).Exists(); ++number) free = name + std::to_string(number);
-  return file.Rename(free);
-}
-
 void SavePreferences(const toolkit::FolderItem& file, const UpdatePreferences& preferences) {
   const boost::json::object json{{ignoredKey, StringArrayToJSON(preferences.IgnoreVersionsPref)}};
   toolkit::ReplaceFile(file, boost::json::serialize(json));

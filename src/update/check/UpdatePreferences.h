@@ -19,10 +19,6 @@ struct UpdatePreferences {
 /// toolkit::RuntimeException that names the file if it cannot be read or is malformed.
 [[nodiscard]] UpdatePreferences LoadPreferences(const toolkit::FolderItem& file);
 
-/// Renames unreadable preferences to an unused name and returns them under it. Throws a toolkit::RuntimeException if
-/// that fails.
-toolkit::FolderItem SetPreferencesAside(const toolkit::FolderItem& file);
-
 /// Replaces `file` atomically. Throws a toolkit::RuntimeException if it cannot be written; it is left unchanged then.
 void SavePreferences(const toolkit::FolderItem& file, const UpdatePreferences& preferences);
 
