@@ -103,7 +103,6 @@ TEST_F(UpdateTraffic, FetchesNotesInTheirEncoding) {
   const std::tuple<std::string, std::string, std::string> rows[] = {
       // "$" stands for the page's address
       {"", "", none},
-      {"<p>plain</p>", "", "<p>plain</p>"},
       {"text\n$\n", "unasked", ""},
       {"$\nfallback", Reply(200, "<p>page</p>"), "<p>page</p>"},
       {"<!-- $ -->\n fallback \n", Reply(200, "page"), "page"},

@@ -78,12 +78,7 @@ struct Windows : Desktop {
     for (const char* menu : {"FileMenu", "EditMenu"}) QTest::mouseMove(Front(), PlaceOf(menu) + QPoint(1, 1));
   };
   const Road accessKey = [] { Press(Qt::Key_F, Qt::AltModifier), Press(Qt::Key_Right); };
-  const Road arrows = [] {
-    QTest::keyClick(Front(), Qt::Key_Alt);
-    for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Down}) Press(key);
-  };
-  const std::vector<std::pair<const char*, Road>> roads{
-      {"click", click}, {"slide", slide}, {"access key", accessKey}, {"arrows", arrows}};
+  const std::vector<std::pair<const char*, Road>> roads{{"click", click}, {"slide", slide}, {"access key", accessKey}};
 };
 
 }  // namespace

@@ -1,7 +1,6 @@
 #include "tests/support/FaultServer.h"
 
 #include <algorithm>
-#include <sys/socket.h>
 #include <utility>
 
 #include <QSslKey>
@@ -46,14 +45,6 @@ std::size_t SizeOfRequest(const std::string& bytes) {
   if (end == std::string::npos) return bytes.size() + 1;
   const std::size_t length = bytes.find("\r\nContent-Length:");
   return end + 4 + (length < end ? std::stoul(bytes.substr(length + 17, 20)) : 0);
-}
-
-/// Closing a socket that must not linger resets its connection.
-void Reset(QSslSocket& socket) {
-  const linger atOnce{.l_onoff = 1, .l_linger = 0};
-  socket.flush();
-  setsockopt(static_cast<int>(socket.socketDescriptor()), SOL_SOCKET, SO_LINGER, &atOnce, sizeof atOnce);
-  socket.abort();
 }
 
 }  // namespace
@@ -124,7 +115,6 @@ void FaultServer::Give(QSslSocket& socket, const Answer& answer, std::size_t pie
   }
   ++answered_;
   if (answer.After == Answer::Then::Close) socket.disconnectFromHost();
-  if (answer.After == Answer::Then::Reset) Reset(socket);
 }
 
 }  // namespace test_servers

@@ -19,7 +19,7 @@ enum class Greeting { Serve, Silence, Close };
 
 /// What the server does with one request that it has read. Without pieces it says nothing.
 struct Answer {
-  enum class Then { Keep, Close, Reset };
+  enum class Then { Keep, Close };
   enum class Start { AtOnce, WhenReleased };
 
   std::vector<std::string> Pieces;

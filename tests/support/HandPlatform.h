@@ -82,9 +82,8 @@ class HandPlatform final : public toolkit::Platform {
   /// Lets an event happen, after those that wait. The empty one lets only these run: a test calls for it when it has
   /// acted as the user.
   void Happen(std::function<void()> event = [] {});
-  /// The addresses that were to be opened, and whether the desktop can.
+  /// The addresses that were to be opened.
   std::vector<std::string> OpenedURLs;
-  bool HasBrowser = true;
   /// The statuses that the program was told to quit with.
   std::vector<int> Quits;
   /// What the world does in each round of a wait that the program makes; without it, a wait is a fault of the test.
@@ -93,8 +92,6 @@ class HandPlatform final : public toolkit::Platform {
   void Advance(std::chrono::milliseconds time);
   /// All processes ever started, in order.
   std::vector<std::shared_ptr<StartedProcess>> Processes;
-  /// What every picture shows; nothing makes all pictures unreadable.
-  std::optional<toolkit::Pixels> PictureShown;
 
   std::unique_ptr<toolkit::HTTPTransfer> StartTransfer(toolkit::HTTPRequest request,
                                                        toolkit::HTTPTransferEvents& events) override;
@@ -108,12 +105,12 @@ class HandPlatform final : public toolkit::Platform {
   void TrustAuthority(std::string_view /*certificate*/) override {}
   std::optional<toolkit::Pixels> DecodePicture(std::string /*encoded*/,
                                                const toolkit::StillWanted& /*wanted*/) override {
-    return PictureShown;
+    return std::nullopt;
   }
   std::optional<std::string> Translation(const std::string& /*key*/, const std::string& /*language*/) override {
     return std::nullopt;
   }
-  bool OpenURL(const std::string& url) override { return OpenedURLs.push_back(url), HasBrowser; }
+  bool OpenURL(const std::string& url) override { return OpenedURLs.push_back(url), true; }
   int RunLoop(const std::function<void()>& /*start*/) override { return 0; }
   void Quit(int status) override { Quits.push_back(status); }
   [[nodiscard]] toolkit::FolderItem ApplicationDataFolder() const override { return folder_.Child("data"); }

@@ -156,7 +156,6 @@ TEST_F(UpdateWindow, TellsWhyAnUpdateFails) {
       {"stall", [&] { Install(), platform.Advance(5000ms); }, "The operation has timed out.", 2},
       {"size announced", sized("8", [](auto& sent) { sent.BeginReply(200, {}, 7); }), corrupted, 2},
       {"size exceeded", sized("7", [](auto& sent) { sent.BeginReply(200), sent.ReplyPart("archives"); }), corrupted, 2},
-      {"full disk while unpacking", unpackerEnds(50), "The disk is full.", 2},
       {"no archive", unpackerEnds(9), error, 2},
       {"nothing in it", unpackerEnds(0), error, 2},
       {"hidden", unpacked(".x"), error, 2},
