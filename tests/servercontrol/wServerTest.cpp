@@ -24,6 +24,8 @@ TEST_F(ServerWindow, AsksForBothTabsAtTheReportedName) {
   ASSERT_EQ(platform.Requests.size(), 2U);
   EXPECT_EQ(platform.Requests[0]->Request.URL, "HTTPS://reported:1701/api/v1/system/information");
   EXPECT_EQ(platform.Requests[1]->Request.URL, "HTTPS://reported:1701/api/v1/containers/list");
+  platform.Requests[1]->Reply(200, "{}");
+  EXPECT_THAT(platform.Messages, ElementsAre(HasSubstr("it has no “containers”")));
 }
 
 TEST_F(ServerWindow, EachCallSendsKeysAndItsLastReply) {

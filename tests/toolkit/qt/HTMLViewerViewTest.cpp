@@ -19,7 +19,7 @@ std::string Times(int count, const char* text) { return QString(text).repeated(c
 
 std::string Red(QSize size = {40, 40}) { return PictureOf(Qt::red, size); }
 
-TEST(FilterPage, BoundsWhatTakesLongAndSaysSo) {
+TEST(FilterPage, LeavesOutWhatHarmsOrTakesLong) {
   const std::tuple<const char*, std::string, bool, std::string> rows[] = {
       {"text", Times(80'000, "some text "), true, Times(700, "some text ")},
       {"fonts in fonts", Times(100'000, "<b>"), true, Times(65, "<b>")},
@@ -28,12 +28,17 @@ TEST(FilterPage, BoundsWhatTakesLongAndSaysSo) {
       {"a grid", "<table><tr>" + Times(50, "<td>") + Times(5'000, "<tr><td>"), false,
        Times(4'999, "<tr><td></td></tr>")},
       {"pieces", Times(10'000, "<b>x</b>y"), true, Times(700, "<b>x</b>y")},
-      {"attributes", "<b " + Times(500'000, "a=b ") + ">", true, "a=b"}};
+      {"attributes", "<b " + Times(500'000, "a=b ") + ">", true, "a=b"},
+      {"a script", "<script><b>bad</b></script >text<b onclick=bad>", true, "bad"},
+      {"fonts", "<b style='color:red;font-size:999px'>text</b><style>b{font-size:999px}</style>", true, "999"},
+      {"styles that load", "<style>b{background:url(x)}</style><b style='background:url(x)'>text", true, "url"},
+      {"links elsewhere", "<a href=javascript:x>text</a><a href=file:///x>text</a>", true, "href"}};
   for (const auto& [what, page, isWhole, unwanted] : rows) {
     const auto filtered = toolkit::qt::FilterPage(QString::fromStdString(page), 500);
     EXPECT_EQ(filtered.IsCut, !isWhole) << what;
     EXPECT_LT(filtered.HTML.size(), 1'000'000) << what;
-    EXPECT_FALSE(filtered.HTML.contains(QString::fromStdString(unwanted))) << what;
+    EXPECT_FALSE(filtered.HTML.contains(QString::fromStdString(unwanted)))
+        << what << filtered.HTML.left(200).toStdString();
   }
 }
 

@@ -22,7 +22,9 @@ class Presenter final : public Kaju::UpdatePresenter {
  public:
   Versions Shown;
 
-  [[nodiscard]] bool IsOpen() const override { return false; }
+  bool Shows = false;
+
+  [[nodiscard]] bool IsOpen() const override { return Shows; }
   void ChooseUpdate(const std::shared_ptr<UpdateChecker>& /*checker*/, Kaju::Offers offers) override {
     for (const auto& offer : offers) Shown.push_back(offer->Version);
   }
@@ -164,6 +166,12 @@ TEST_F(Checking, TellsOfFailuresAndTriesAgain) {
     EXPECT_EQ(platform.LastDialog.Explanation, explanation);
   }
   EXPECT_EQ(RunOnReply(404, "whatever"), Result::NoUpdateAvailable);
+}
+
+TEST_F(Checking, AsksNobodyWhileAnOfferStands) {
+  presenter->Shows = true;
+  EXPECT_EQ(RunOn(Offer("2")), Result::UpdateWindowOpen);
+  EXPECT_THAT(platform.Requests, testing::IsEmpty());
 }
 
 TEST_F(Checking, RemembersSkippedVersionsAlone) {

@@ -126,6 +126,15 @@ TEST_F(UpdateWindow, TellsWhyAnUpdateFails) {
       reply(platform.LastRequest());
     };
   };
+  const auto stalls = [&] {
+    Install();
+    platform.LastRequest().BeginReply(200);
+    for (const char* part : {"arc", "hive"}) {  // while it goes on, it may take any time
+      platform.Advance(4999ms);
+      platform.LastRequest().ReplyPart(part);
+    }
+    platform.Advance(5000ms);
+  };
   const auto unpackerEnds = [&](int status) {
     return [=, this] { InstallUntilUnpacking(), platform.Processes.back()->End(status); };
   };
@@ -153,7 +162,7 @@ TEST_F(UpdateWindow, TellsWhyAnUpdateFails) {
       {"status", sized("7", [](auto& sent) { sent.Reply(404, "none here"); }), error, 2},
       {"hash", [&] { Install(), platform.LastRequest().Reply(200, "other"); }, corrupted, 2},
       {"socket", [&] { Install(), platform.LastRequest().Fail(TransferFault::Refused); }, error + "  (102)", 2},
-      {"stall", [&] { Install(), platform.Advance(5000ms); }, "The operation has timed out.", 2},
+      {"stall", stalls, "The operation has timed out.", 2},
       {"size announced", sized("8", [](auto& sent) { sent.BeginReply(200, {}, 7); }), corrupted, 2},
       {"size exceeded", sized("7", [](auto& sent) { sent.BeginReply(200), sent.ReplyPart("archives"); }), corrupted, 2},
       {"no archive", unpackerEnds(9), error, 2},
