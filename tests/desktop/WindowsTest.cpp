@@ -11,7 +11,7 @@ using namespace testing;
 namespace {
 
 const Answer everything{{test_servers::Reply(
-    200, R"({"status":"<b>Done</b>","systemName":"edge","containers":{"0":["web","up","1 s"]}})")}};
+    200, R"({"status":"<b>Done</b>","systemName":"edge","containers":{"0":["web","up","1 s","hidden"]}})")}};
 
 using Road = std::function<void()>;
 

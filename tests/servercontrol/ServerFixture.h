@@ -58,7 +58,8 @@ struct ServerFixture : testing::Test {
   /// Answers the last request for the containers, and selects one.
   void Fill(const Texts& names, int selected = -1) const {
     boost::json::object table;
-    for (const auto& name : names) table[std::to_string(table.size())] = boost::json::array{name, "running", "Up"};
+    for (const auto& name : names)
+      table[std::to_string(table.size())] = boost::json::array{name, "running", "Up", "hidden"};
     Sent("containers/list").Reply(200, R"({"containers":)" + boost::json::serialize(table) + "}");
     window->tabs.Select(2);
     window->list_containers.Select(selected);
