@@ -276,9 +276,7 @@ void wServer::Issue(TessenServicesClient& client, const ControlAPI::Call& call, 
     targets_[&client] = std::move(target);
   }
   if (!logCount.empty()) client.Operator_Lookup("logCount", logCount);
-  client.Operator_Lookup("username", server_->Username);
-  client.Operator_Lookup("password", server_->Password);
-  client.PressButton(CorvaneClient::Sanitize_Hostname(server_->Network_Hostname) + std::string(call.Path), call.Button);
+  CorvaneClient::SendCall(client, call, server_->Network_Hostname, server_->Username, server_->Password);
 }
 
 /// The subject of the last request of `client`.

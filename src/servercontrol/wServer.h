@@ -4,8 +4,8 @@
 #include <memory>
 #include <string>
 
-#include "servercontrol/ControlAPI.h"
 #include "serverlist/CorvaneServer.h"
+#include "service/ControlAPI.h"
 #include "service/TessenServicesClient.h"
 #include "toolkit/Listbox.h"
 #include "toolkit/ProgressWheel.h"

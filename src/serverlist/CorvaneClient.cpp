@@ -21,6 +21,13 @@ std::string Sanitize_Hostname(std::string_view host) {
   return base;
 }
 
+void SendCall(TessenServicesClient& client, const ControlAPI::Call& call, std::string_view host,
+              std::string_view username, std::string_view password) {
+  client.Operator_Lookup("username", username);
+  client.Operator_Lookup("password", password);
+  client.PressButton(Sanitize_Hostname(host) + std::string(call.Path), call.Button);
+}
+
 std::string_view HintForHostname(std::string_view host) {
   if (toolkit::StartsWithIgnoringCase(host, scheme)) host.remove_prefix(scheme.size());
   if (host.ends_with(port)) host.remove_suffix(port.size());

@@ -6,6 +6,8 @@
 #include <vector>
 
 #include "serverlist/CorvaneServer.h"
+#include "service/ControlAPI.h"
+#include "service/TessenServicesClient.h"
 
 namespace CorvaneClient {
 
@@ -17,6 +19,10 @@ extern std::vector<std::shared_ptr<CorvaneServer>> Servers;
 /// unless already present. Nothing else is changed: blanks are not trimmed, a path is not removed,
 /// nor is a login before an "@": never store or log the result.
 [[nodiscard]] std::string Sanitize_Hostname(std::string_view host);
+
+/// Sends `call` to the panel service on `host` with that login, and with what `client` stores else.
+void SendCall(TessenServicesClient& client, const ControlAPI::Call& call, std::string_view host,
+              std::string_view username, std::string_view password);
 
 /// For error messages: a sentence, with a blank before it, that says what to type, if `host` contains more than a name
 /// or an address, such as a path; empty otherwise. Not a validation.
