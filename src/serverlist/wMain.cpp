@@ -80,15 +80,22 @@ void wMain::Event_Open() {
 }
 
 std::shared_ptr<Kaju::UpdateChecker> wMain::MakeChecker() const {
-  const toolkit::FolderItem folder = App::Current().KajuPrefFolder();
+  toolkit::FolderItem folder = App::Current().KajuPrefFolder();
   constexpr std::string_view name = "Kaju_Preferences";
+  std::string problem;
   try {
     return std::make_shared<Kaju::UpdateChecker>(folder, name, presenter_);
   } catch (const toolkit::RuntimeException& unreadable) {
-    const toolkit::FolderItem aside = toolkit::SetAside(folder.Child(name));
-    toolkit::MsgBox(unreadable.Message() + " What was there is now called " + aside.Name() +
-                    ", and versions that you skipped are offered again.");
+    problem = unreadable.Message();
   }
+  try {
+    problem += " What was there is now called " + toolkit::SetAside(folder.Child(name)).Name() +
+               ", and versions that you skipped are offered again.";
+  } catch (const toolkit::RuntimeException& immovable) {
+    problem += " " + immovable.Message() + ", so versions that you skip are offered again.";
+    folder = toolkit::FolderItem("/dev/null");  // holds nothing, and takes nothing
+  }
+  toolkit::MsgBox(problem);
   return std::make_shared<Kaju::UpdateChecker>(folder, name, presenter_);
 }
 
@@ -121,14 +128,11 @@ void wMain::btnAddServer_Action() {
     toolkit::MsgBox("You must provide your server hostname to continue.");
     return;
   }
-  const std::string base = CorvaneClient::Sanitize_Hostname(txtHostname.Text());
   if (txtUsername.Text().empty() || txtPassword.Text().empty()) {
     toolkit::MsgBox("You must provide both your username and password to continue.");
     return;
   }
-  client.Operator_Lookup("username", txtUsername.Text());
-  client.Operator_Lookup("password", txtPassword.Text());
-  client.PressButton(base + "/api/v1/system", "information");
+  CorvaneClient::SendCall(client, ControlAPI::information, txtHostname.Text(), txtUsername.Text(), txtPassword.Text());
 }
 
 void wMain::labelVersion_Open() { labelVersion.Text("Version " + App::Current().DunmereVersion()); }

@@ -39,7 +39,7 @@ class wMain final : public toolkit::Window {
   void BuildControls();
   void WireEvents();
 
-  /// Renames preferences that cannot be read, so that the check can start without them.
+  /// Renames preferences that cannot be read, or at least ignores them, so that the check can start without them.
   [[nodiscard]] std::shared_ptr<Kaju::UpdateChecker> MakeChecker() const;
 
   void Event_Open();
@@ -53,7 +53,7 @@ class wMain final : public toolkit::Window {
   void client_ButtonPressed();
   void client_Error(const toolkit::RuntimeException& err);
 
-  /// And what was typed wrong, if that is why.
+  /// Shows `problem`, with a hint if the typed address has more than a host in it.
   void TellWithHint(const std::string& problem) const;
   void LetUserEdit(bool mayEdit);
 
