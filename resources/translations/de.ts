@@ -243,9 +243,21 @@
     <source>Copy Link Address</source>
     <translation>Link-Adresse kopieren</translation>
 </message>
+<message id="DesktopTexts.kNoBrowserMessage">
+    <source>This desktop has no browser to open the address with:</source>
+    <translation>Auf diesem Desktop gibt es keinen Browser, um die Adresse zu öffnen:</translation>
+</message>
 <message id="DesktopTexts.kNoButton">
     <source>No</source>
     <translation>Nein</translation>
+</message>
+<message id="DesktopTexts.kNoTemporaryFileMessage">
+    <source>No temporary file can be made at &lt;&lt;Path&gt;&gt;: &lt;&lt;Reason&gt;&gt;.</source>
+    <translation>Unter &lt;&lt;Path&gt;&gt; kann keine temporäre Datei angelegt werden: &lt;&lt;Reason&gt;&gt;.</translation>
+</message>
+<message id="DesktopTexts.kNoTemporaryFolderMessage">
+    <source>No temporary folder can be made at &lt;&lt;Path&gt;&gt;: &lt;&lt;Reason&gt;&gt;.</source>
+    <translation>Unter &lt;&lt;Path&gt;&gt; kann kein temporärer Ordner angelegt werden: &lt;&lt;Reason&gt;&gt;.</translation>
 </message>
 <message id="DesktopTexts.kOKButton">
     <source>OK</source>
@@ -258,6 +270,10 @@
 <message id="DesktopTexts.kSelectAllCommand">
     <source>Select All</source>
     <translation>Alles auswählen</translation>
+</message>
+<message id="DesktopTexts.kTextIsCutNotice">
+    <source>&lt;&lt;Count&gt;&gt; more characters are not shown</source>
+    <translation>&lt;&lt;Count&gt;&gt; weitere Zeichen werden nicht angezeigt</translation>
 </message>
 </context>
 </TS>

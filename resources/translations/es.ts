@@ -243,9 +243,21 @@
     <source>Copy Link Address</source>
     <translation>Copiar la dirección del enlace</translation>
 </message>
+<message id="DesktopTexts.kNoBrowserMessage">
+    <source>This desktop has no browser to open the address with:</source>
+    <translation>Este escritorio no tiene ningún navegador para abrir la dirección:</translation>
+</message>
 <message id="DesktopTexts.kNoButton">
     <source>No</source>
     <translation>No</translation>
+</message>
+<message id="DesktopTexts.kNoTemporaryFileMessage">
+    <source>No temporary file can be made at &lt;&lt;Path&gt;&gt;: &lt;&lt;Reason&gt;&gt;.</source>
+    <translation>No se puede crear ningún archivo temporal en &lt;&lt;Path&gt;&gt;: &lt;&lt;Reason&gt;&gt;.</translation>
+</message>
+<message id="DesktopTexts.kNoTemporaryFolderMessage">
+    <source>No temporary folder can be made at &lt;&lt;Path&gt;&gt;: &lt;&lt;Reason&gt;&gt;.</source>
+    <translation>No se puede crear ninguna carpeta temporal en &lt;&lt;Path&gt;&gt;: &lt;&lt;Reason&gt;&gt;.</translation>
 </message>
 <message id="DesktopTexts.kOKButton">
     <source>OK</source>
@@ -258,6 +270,10 @@
 <message id="DesktopTexts.kSelectAllCommand">
     <source>Select All</source>
     <translation>Seleccionar todo</translation>
+</message>
+<message id="DesktopTexts.kTextIsCutNotice">
+    <source>&lt;&lt;Count&gt;&gt; more characters are not shown</source>
+    <translation>&lt;&lt;Count&gt;&gt; caracteres más no se muestran</translation>
 </message>
 </context>
 </TS>

@@ -243,9 +243,21 @@
     <source>Copy Link Address</source>
     <translation>Copier l’adresse du lien</translation>
 </message>
+<message id="DesktopTexts.kNoBrowserMessage">
+    <source>This desktop has no browser to open the address with:</source>
+    <translation>Ce bureau n’a pas de navigateur pour ouvrir l’adresse :</translation>
+</message>
 <message id="DesktopTexts.kNoButton">
     <source>No</source>
     <translation>Non</translation>
+</message>
+<message id="DesktopTexts.kNoTemporaryFileMessage">
+    <source>No temporary file can be made at &lt;&lt;Path&gt;&gt;: &lt;&lt;Reason&gt;&gt;.</source>
+    <translation>Impossible de créer un fichier temporaire dans &lt;&lt;Path&gt;&gt; : &lt;&lt;Reason&gt;&gt;.</translation>
+</message>
+<message id="DesktopTexts.kNoTemporaryFolderMessage">
+    <source>No temporary folder can be made at &lt;&lt;Path&gt;&gt;: &lt;&lt;Reason&gt;&gt;.</source>
+    <translation>Impossible de créer un dossier temporaire dans &lt;&lt;Path&gt;&gt; : &lt;&lt;Reason&gt;&gt;.</translation>
 </message>
 <message id="DesktopTexts.kOKButton">
     <source>OK</source>
@@ -258,6 +270,10 @@
 <message id="DesktopTexts.kSelectAllCommand">
     <source>Select All</source>
     <translation>Tout sélectionner</translation>
+</message>
+<message id="DesktopTexts.kTextIsCutNotice">
+    <source>&lt;&lt;Count&gt;&gt; more characters are not shown</source>
+    <translation>&lt;&lt;Count&gt;&gt; autres caractères ne sont pas affichés</translation>
 </message>
 </context>
 </TS>

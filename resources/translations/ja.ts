@@ -243,9 +243,21 @@
     <source>Copy Link Address</source>
     <translation>リンクのアドレスをコピー</translation>
 </message>
+<message id="DesktopTexts.kNoBrowserMessage">
+    <source>This desktop has no browser to open the address with:</source>
+    <translation>このデスクトップには、次のアドレスを開くブラウザがありません：</translation>
+</message>
 <message id="DesktopTexts.kNoButton">
     <source>No</source>
     <translation>いいえ</translation>
+</message>
+<message id="DesktopTexts.kNoTemporaryFileMessage">
+    <source>No temporary file can be made at &lt;&lt;Path&gt;&gt;: &lt;&lt;Reason&gt;&gt;.</source>
+    <translation>&lt;&lt;Path&gt;&gt; に一時ファイルを作成できません：&lt;&lt;Reason&gt;&gt;。</translation>
+</message>
+<message id="DesktopTexts.kNoTemporaryFolderMessage">
+    <source>No temporary folder can be made at &lt;&lt;Path&gt;&gt;: &lt;&lt;Reason&gt;&gt;.</source>
+    <translation>&lt;&lt;Path&gt;&gt; に一時フォルダを作成できません：&lt;&lt;Reason&gt;&gt;。</translation>
 </message>
 <message id="DesktopTexts.kOKButton">
     <source>OK</source>
@@ -258,6 +270,10 @@
 <message id="DesktopTexts.kSelectAllCommand">
     <source>Select All</source>
     <translation>すべて選択</translation>
+</message>
+<message id="DesktopTexts.kTextIsCutNotice">
+    <source>&lt;&lt;Count&gt;&gt; more characters are not shown</source>
+    <translation>ほか &lt;&lt;Count&gt;&gt; 文字は表示されません</translation>
 </message>
 </context>
 </TS>

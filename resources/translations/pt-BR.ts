@@ -243,9 +243,21 @@
     <source>Copy Link Address</source>
     <translation>Copiar endereço do link</translation>
 </message>
+<message id="DesktopTexts.kNoBrowserMessage">
+    <source>This desktop has no browser to open the address with:</source>
+    <translation>Este ambiente não tem um navegador para abrir o endereço:</translation>
+</message>
 <message id="DesktopTexts.kNoButton">
     <source>No</source>
     <translation>Não</translation>
+</message>
+<message id="DesktopTexts.kNoTemporaryFileMessage">
+    <source>No temporary file can be made at &lt;&lt;Path&gt;&gt;: &lt;&lt;Reason&gt;&gt;.</source>
+    <translation>Não é possível criar um arquivo temporário em &lt;&lt;Path&gt;&gt;: &lt;&lt;Reason&gt;&gt;.</translation>
+</message>
+<message id="DesktopTexts.kNoTemporaryFolderMessage">
+    <source>No temporary folder can be made at &lt;&lt;Path&gt;&gt;: &lt;&lt;Reason&gt;&gt;.</source>
+    <translation>Não é possível criar uma pasta temporária em &lt;&lt;Path&gt;&gt;: &lt;&lt;Reason&gt;&gt;.</translation>
 </message>
 <message id="DesktopTexts.kOKButton">
     <source>OK</source>
@@ -258,6 +270,10 @@
 <message id="DesktopTexts.kSelectAllCommand">
     <source>Select All</source>
     <translation>Selecionar tudo</translation>
+</message>
+<message id="DesktopTexts.kTextIsCutNotice">
+    <source>&lt;&lt;Count&gt;&gt; more characters are not shown</source>
+    <translation>Mais &lt;&lt;Count&gt;&gt; caracteres não são exibidos</translation>
 </message>
 </context>
 </TS>

@@ -9,6 +9,7 @@
 #include <system_error>
 #include <unistd.h>
 
+#include "toolkit/DesktopTexts.h"
 #include "toolkit/Platform.h"
 #include "toolkit/RuntimeException.h"
 #include "toolkit/Text.h"
@@ -31,10 +32,10 @@ std::string TemporaryPath(const FolderItem& place) {
   return place.Child(TemporaryPrefix() + "XXXXXX").Path().string();
 }
 
-[[noreturn]] void ThrowForTemporary(const std::string& what, const std::string& path) {
+[[noreturn]] void ThrowForTemporary(const LocalizedText& message, const std::string& path) {
   const int error = errno;
-  throw RuntimeException(
-      "No temporary " + what + " can be made at " + path + ": " + std::generic_category().message(error) + ".", error);
+  const std::string reason = std::generic_category().message(error);
+  throw RuntimeException(ReplaceAll(ReplaceAll(message(), "<<Reason>>", reason), "<<Path>>", path), error);
 }
 
 FolderItem MakeInFirstPlace(FolderItem (*make)(const FolderItem& place)) {
@@ -134,7 +135,7 @@ std::vector<FolderItem> TemporaryPlaces() {
 
 FolderItem MakeTemporaryFolder(const FolderItem& place) {
   std::string path = TemporaryPath(place);
-  if (mkdtemp(path.data()) == nullptr) ThrowForTemporary("folder", path);
+  if (mkdtemp(path.data()) == nullptr) ThrowForTemporary(DesktopTexts::kNoTemporaryFolderMessage, path);
   return FolderItem(path);
 }
 
@@ -143,7 +144,7 @@ FolderItem MakeTemporaryFolder() { return MakeInFirstPlace(MakeTemporaryFolder);
 FolderItem MakeTemporaryFile(const FolderItem& place) {
   std::string path = TemporaryPath(place);
   const int descriptor = mkstemp(path.data());
-  if (descriptor < 0) ThrowForTemporary("file", path);
+  if (descriptor < 0) ThrowForTemporary(DesktopTexts::kNoTemporaryFileMessage, path);
   close(descriptor);
   return FolderItem(path);
 }

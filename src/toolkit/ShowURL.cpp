@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "toolkit/DesktopTexts.h"
 #include "toolkit/MessageDialog.h"
 #include "toolkit/Platform.h"
 #include "toolkit/Text.h"
@@ -10,7 +11,7 @@
 namespace toolkit {
 
 void ShowURL(const std::string& url) {
-  if (!Platform::Current().OpenURL(url)) MsgBox("This desktop has no browser to open the address with:\n\n" + url);
+  if (!Platform::Current().OpenURL(url)) MsgBox(DesktopTexts::kNoBrowserMessage() + "\n\n" + url);
 }
 
 bool IsForBrowser(std::string_view url) {

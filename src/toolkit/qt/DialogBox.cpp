@@ -18,6 +18,7 @@
 #include <QVBoxLayout>
 
 #include "toolkit/DesktopTexts.h"
+#include "toolkit/Text.h"
 #include "toolkit/qt/QtText.h"
 
 namespace toolkit::qt {
@@ -35,8 +36,9 @@ constexpr int besideTitle = 120;
 
 QString Shorten(const QString& text) {
   if (text.size() <= longestText) return text;
-  return text.left(longestText) +
-         QStringLiteral("\n… (%1 more characters are not shown)").arg(text.size() - longestText);
+  const std::string notice =
+      ReplaceAll(DesktopTexts::kTextIsCutNotice(), "<<Count>>", std::to_string(text.size() - longestText));
+  return text.left(longestText) + "\n… (" + ToQt(notice) + ')';
 }
 
 /// The width of the longest of the first lines, within the limits of a box.

@@ -70,7 +70,7 @@ KAJU_TEXTS(KAJU_CONSTANT)
 #undef KAJU_CONSTANT
 
 #define KAJU_NAME(name, english) name,
-inline constexpr std::array All{KAJU_TEXTS(KAJU_NAME)};
+inline constexpr std::array all{KAJU_TEXTS(KAJU_NAME)};
 #undef KAJU_NAME
 
 }  // namespace KajuLocale

@@ -14,8 +14,8 @@ Texts English() {
   using Kaju::KajuException;
   std::vector all{KajuException::kErrorCantFindLibsFolder, KajuException::kErrorImproperFunction,
                   KajuException::kErrorMissingUpdateURL};
-  all.insert(all.end(), std::begin(KajuLocale::All), std::end(KajuLocale::All));
-  all.insert(all.end(), std::begin(DesktopTexts::All), std::end(DesktopTexts::All));
+  all.insert(all.end(), std::begin(KajuLocale::all), std::end(KajuLocale::all));
+  all.insert(all.end(), std::begin(DesktopTexts::all), std::end(DesktopTexts::all));
   Texts texts;
   for (const auto& text : all) texts.emplace(text.Key, text.Default);
   return texts;
