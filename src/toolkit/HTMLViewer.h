@@ -17,7 +17,7 @@ class HTMLViewer final : public ControlOf<HTMLViewer> {
  public:
   HTMLViewer() : ControlOf(FocusPolicy::Accepts) {}
 
-  /// Whether to refuse to load an address, or a page that was handed over, which counts as "about:blank".
+  /// Asked before an address is followed, or with “about:blank” before LoadPage() shows a page; true refuses.
   Question<bool, const std::string&> CancelLoad;
   /// A link wants a new window. Returns the viewer that is to load it, nullptr for none.
   Question<HTMLViewer*> NewWindow;

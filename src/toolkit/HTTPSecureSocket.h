@@ -17,12 +17,12 @@ namespace toolkit {
 /// of the program, returns as if there had been no reply. An asynchronous call reports by the events.
 class HTTPSecureSocket : private HTTPSocket {
  public:
-  static constexpr int PortOfHTTP = 80;
-  static constexpr int PortOfHTTPS = 443;
+  static constexpr int portOfHTTP = 80;
+  static constexpr int portOfHTTPS = 443;
 
   /// Whether the connection uses TLS, and the port for URLs without one.
   bool Secure = true;
-  int Port = PortOfHTTPS;
+  int Port = portOfHTTPS;
   /// Ends a synchronous call early once it returns false.
   StillWanted Wanted;
 

@@ -10,4 +10,9 @@ inline constexpr int badRequest = 400;
 inline constexpr int unauthorized = 401;
 inline constexpr int notFound = 404;
 
+/// Whether the client is to ask again at the address in the header "Location".
+constexpr bool IsRedirect(int status) {
+  return status == 301 || status == 302 || status == 303 || status == 307 || status == 308;
+}
+
 }  // namespace toolkit::HTTPStatus

@@ -23,8 +23,10 @@ class Picture {
   Picture& operator=(const Picture&) = delete;
   ~Picture() = default;
 
+  /// The most bytes of a picture from elsewhere, encoded; a longer one is not loaded.
+  static constexpr std::uint64_t mostBytes = 16'000'000;
   /// The most pixels of a picture from elsewhere; a larger one is scaled down.
-  static constexpr std::int64_t MostPixels = 2'500'000;
+  static constexpr std::int64_t mostPixels = 2'500'000;
 
   /// Decodes a picture of untrusted origin. Runs the event loop meanwhile, and gives up once `wanted` returns false.
   /// Throws a RuntimeException if it cannot be decoded.

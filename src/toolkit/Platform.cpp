@@ -13,6 +13,11 @@ namespace {
 
 Platform* current = nullptr;  // NOLINT(cppcoreguidelines-avoid-non-const-global-variables): the one platform
 
+/// The place of `window` among `windows`; their end if it is none of them.
+auto Find(std::vector<std::shared_ptr<Window>>& windows, const Window& window) {
+  return std::ranges::find_if(windows, [&](const auto& open) { return open.get() == &window; });
+}
+
 }  // namespace
 
 Platform::Platform(ProgramFacts program) : program_(std::move(program)) { current = this; }
@@ -28,7 +33,7 @@ Platform& Platform::Current() {
 }
 
 void Platform::Open(const std::shared_ptr<Window>& window) {
-  const bool isOpen = std::find(windows_.begin(), windows_.end(), window) != windows_.end();
+  const bool isOpen = Find(windows_, *window) != windows_.end();
   if (!isOpen) windows_.push_back(window);
   TellActivated(*window);
   if (isOpen) {
@@ -39,8 +44,7 @@ void Platform::Open(const std::shared_ptr<Window>& window) {
 }
 
 void Platform::Close(Window& window) {
-  const auto place =
-      std::find_if(windows_.begin(), windows_.end(), [&](const auto& open) { return open.get() == &window; });
+  const auto place = Find(windows_, window);
   if (place == windows_.end()) return;
   const std::shared_ptr<Window> alive = *place;
   windows_.erase(place);
@@ -70,8 +74,7 @@ void Platform::EndSession() {
 }
 
 void Platform::TellActivated(const Window& window) {
-  const auto place =
-      std::find_if(windows_.begin(), windows_.end(), [&](const auto& open) { return open.get() == &window; });
+  const auto place = Find(windows_, window);
   if (place != windows_.end()) std::rotate(place, place + 1, windows_.end());
 }
 

@@ -91,7 +91,7 @@ class Platform {
   [[nodiscard]] virtual std::chrono::milliseconds Uptime() const = 0;
   /// Trusts server certificates of another authority in addition to the system's. `certificate` is in PEM.
   virtual void TrustAuthority(std::string_view certificate) = 0;
-  /// Decodes a picture of untrusted origin into at most Picture::MostPixels pixels; std::nullopt if it cannot be
+  /// Decodes a picture of untrusted origin into at most Picture::mostPixels pixels; std::nullopt if it cannot be
   /// decoded. Runs the event loop until it is decoded or no longer wanted.
   virtual std::optional<Pixels> DecodePicture(std::string encoded, const StillWanted& wanted) = 0;
   /// The text for `key` in `language`, an IETF tag, or in the user's languages if that is empty; std::nullopt if the

@@ -12,8 +12,8 @@ namespace toolkit {
 class RegExMatch {
  public:
   /// The match and its first groups; groups that did not participate are empty.
-  static constexpr std::size_t MostSubExpressions = 5;
-  using SubExpressions = std::array<std::string_view, MostSubExpressions>;
+  static constexpr std::size_t mostSubExpressions = 5;
+  using SubExpressions = std::array<std::string_view, mostSubExpressions>;
 
   explicit RegExMatch(const SubExpressions& subExpressions) : subExpressions_(subExpressions) {}
 

@@ -7,12 +7,13 @@
 namespace toolkit {
 namespace {
 
-/// The position along one axis of a control of `extent` at `start` when the window has grown by `growth`.
+/// Where a control starts along one axis, and its extent.
 struct Span {
   int Start;
   int Extent;
 };
 
+/// The span of a control after the window has grown by `growth`.
 Span Follow(Span designed, int growth, bool lockedToStart, bool lockedToEnd) {
   if (!lockedToEnd) return designed;
   if (!lockedToStart) return {.Start = designed.Start + growth, .Extent = designed.Extent};

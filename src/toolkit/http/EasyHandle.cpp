@@ -35,7 +35,7 @@ void EasyHandle::SetConnection(const HTTPRequest& request, const Address& addres
   Set(CURLOPT_SUPPRESS_CONNECT_HEADERS, 1L);
   Set(CURLOPT_HTTP_VERSION, static_cast<long>(CURL_HTTP_VERSION_1_1));
   Set(CURLOPT_CONNECTTIMEOUT_MS, static_cast<long>(request.ConnectTimeout.count()));
-  Set(CURLOPT_NOSIGNAL, 1L);    // it asks the system for none, so that there is none to hold back
+  Set(CURLOPT_NOSIGNAL, 1L);    // libcurl must not use signals
   Set(CURLOPT_QUICK_EXIT, 1L);  // an abandoned name look-up is not waited for
   Set(CURLOPT_BUFFERSIZE, sizeOfReads);
 }

@@ -23,7 +23,7 @@ namespace {
 constexpr rlim_t mostSeconds = 2;
 // Enough for 3840 by 2160 pixels in the usual formats.
 constexpr rlim_t mostMemory = 72'000'000;
-constexpr rlim_t mostOutput = sizeof(DecodedSize) + Picture::MostPixels * sizeof(QRgb);
+constexpr rlim_t mostOutput = sizeof(DecodedSize) + Picture::mostPixels * sizeof(QRgb);
 // Where core files are piped to a program, the kernel ignores a limit of 0 but obeys 1 (see core(5)).
 constexpr rlim_t noCoreFile = 1;
 constexpr int howNice = 10;
@@ -90,7 +90,7 @@ const char* FormatOf(std::string_view encoded) {
 QSize Fitting(QSize size, int mostWidth) {
   const double area = static_cast<double>(size.width()) * size.height();
   const double scale = std::min(
-      {1.0, static_cast<double>(mostWidth) / size.width(), std::sqrt(static_cast<double>(Picture::MostPixels) / area)});
+      {1.0, static_cast<double>(mostWidth) / size.width(), std::sqrt(static_cast<double>(Picture::mostPixels) / area)});
   return {std::max(static_cast<int>(size.width() * scale), 1), std::max(static_cast<int>(size.height() * scale), 1)};
 }
 
@@ -129,14 +129,14 @@ bool DecodeInput(int mostWidth) {
 }  // namespace
 
 bool DecodedSize::IsWithin(int mostWidth) const {
-  return Width > 0 && Height > 0 && Width <= mostWidth && std::int64_t{Width} * Height <= Picture::MostPixels;
+  return Width > 0 && Height > 0 && Width <= mostWidth && std::int64_t{Width} * Height <= Picture::mostPixels;
 }
 
 std::optional<int> DecodeIfAsked(int argumentCount, char** arguments) {
   if (argumentCount != 3 || arguments[1] != decoderOption) return std::nullopt;
   const QCoreApplication application(argumentCount, arguments);  // knows where the plugins are
   StartTheThread();
-  return LimitAll() && DecodeInput(std::atoi(arguments[2])) ? EXIT_SUCCESS : EXIT_FAILURE;
+  return LimitAll() && DecodeInput(ParseNumber<int>(arguments[2]).value_or(0)) ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
 }  // namespace toolkit::qt

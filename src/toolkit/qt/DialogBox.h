@@ -10,8 +10,8 @@ class QPushButton;
 namespace toolkit::qt {
 
 /// A message dialog on the screen. Its texts are plain, wrapped, and scroll if they are long, so that it always fits
-/// the screen. Assistive technologies announce them, and its subject, when it appears. To ignore keys that were meant
-/// for another widget, it accepts none until it has been on the screen for a moment without one.
+/// the screen. Assistive technologies announce them, and its subject, when it appears. Ignores keys until 400 ms
+/// have passed without one since it was shown: they were typed for another widget.
 class DialogBox final : public QDialog {
  public:
   /// `owner` is the window that asks, `about` the subject; both may be missing.

@@ -16,7 +16,8 @@ bool IsControl(QChar character) {
 
 bool IsContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
 
-/// The Unicode block "Control Pictures" has symbols for 00..1F and 7F; other controls get that for a line break.
+/// 00..1F and 7F have their own symbols in the block “Control Pictures”; all other controls are shown as the symbol for
+/// a line break (U+2424).
 QChar PictureOf(QChar control) {
   const char16_t code = control.unicode();
   if (code < 0x20) return QChar(static_cast<char16_t>(0x2400 + code));

@@ -7,7 +7,7 @@
 namespace toolkit::qt {
 
 bool EditLine::CanEdit(StandardAction action) const {
-  const bool canChange = isEnabled() && !isReadOnly();
+  const bool canChange = isEnabled();
   const bool canShow = echoMode() == Normal;
   switch (action) {
     case StandardAction::Undo:

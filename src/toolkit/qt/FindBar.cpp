@@ -10,6 +10,7 @@
 #include "toolkit/ListSearch.h"
 #include "toolkit/Platform.h"
 #include "toolkit/qt/QtText.h"
+#include "toolkit/qt/QtWindow.h"
 
 namespace toolkit::qt {
 namespace {
@@ -76,14 +77,13 @@ void FindBar::RowsChanged() {
 
 // Return on a focused button presses it.
 void FindBar::keyPressEvent(QKeyEvent* event) {
-  const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   const bool isBack = event->modifiers().testFlag(Qt::ShiftModifier);
   auto* button = qobject_cast<QToolButton*>(focusWidget());
   if (event->key() == Qt::Key_Escape) {
     Close();
-  } else if (isEnter && button != nullptr && button->hasFocus()) {
+  } else if (IsReturn(*event) && button != nullptr && button->hasFocus()) {
     button->click();
-  } else if (isEnter) {
+  } else if (IsReturn(*event)) {
     Go(isBack ? Direction::Previous : Direction::Next);
   } else {
     QWidget::keyPressEvent(event);

@@ -15,6 +15,7 @@
 
 #include "toolkit/DesktopTexts.h"
 #include "toolkit/Platform.h"
+#include "toolkit/Text.h"
 #include "toolkit/qt/QtText.h"
 
 namespace toolkit::qt {
@@ -114,9 +115,8 @@ QVariant HTMLViewerView::loadResource(int /*type*/, const QUrl& name) {
 }
 
 const PageLink* HTMLViewerView::LinkOf(const QString& address) const {
-  bool isNumber = false;
-  const std::size_t number = address.section(':', 1).toULongLong(&isNumber);
-  return isNumber && number < page_.Links.size() ? &page_.Links[number] : nullptr;
+  const auto number = ParseNumber<std::size_t>(FromQt(address.section(':', 1)));
+  return number && *number < page_.Links.size() ? &page_.Links[*number] : nullptr;
 }
 
 void HTMLViewerView::FollowLink(const QString& address, bool isElsewhere) {

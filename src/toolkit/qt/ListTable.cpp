@@ -210,8 +210,7 @@ void ListTable::keyboardSearch(const QString& typed) {
 }
 
 void ListTable::keyPressEvent(QKeyEvent* event) {
-  const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-  if (isEnter && list_.ListIndex() >= 0) {
+  if (IsReturn(*event) && list_.ListIndex() >= 0) {
     // Auto-repeat is ignored.
     if (!event->isAutoRepeat()) Platform::Current().Dispatch([this] { list_.Activate(); });
   } else if (event->matches(QKeySequence::Copy)) {

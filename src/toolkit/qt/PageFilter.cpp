@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include <QColor>
 #include <QHash>
 #include <QMap>
 #include <QRegularExpression>
@@ -10,6 +11,7 @@
 
 #include "toolkit/ShowURL.h"
 #include "toolkit/qt/QtText.h"
+#include "toolkit/qt/ToolTip.h"
 
 namespace toolkit::qt {
 namespace {
@@ -89,7 +91,7 @@ Element ElementOf(const QString& name) {
 /// allowed, because they multiply in nested elements.
 QString HarmlessDeclarations(const QString& text) {
   static const QRegularExpression harmless = Pattern(R"(^\s* (?:
-      (?:color|background(?:-color)?) \s*:\s* (?:\#[\da-f]{3,8}|rgba?\([\d\ .,%]{1,40}\)|[a-z]+)
+      (?:color|background(?:-color)?) \s*:\s* (?:\#(?:[\da-f]{3}|[\da-f]{6}|[\da-f]{8})|rgba?\([\d\ .,%]{1,40}\)|[a-z]+)
      |font-size \s*:\s* (?:\d{1,2}(?:\.\d{1,2})?p[xt]|[a-z-]+)
      |(?:font-(?:family|style|weight)|(?:margin|padding)(?:-(?:top|right|bottom|left))?|text-(?:align|decoration)
        |vertical-align|white-space) \s*:\s* (?!.*\d{4})[\w\ %.,'"-]{1,100}
@@ -120,13 +122,14 @@ QString HarmlessAttributes(const QString& element, const Attributes& attributes)
   static const QRegularExpression harmless = Pattern(R"(^(?:
       (?!img|table)\w+\ align=[a-z]+ | table\ align=center
      |\w+\ (?:class|dir|face|type|valign)=[\w\ ,-]{1,100}
-     |\w+\ (?:bg)?color=\#?\w{1,30}
+     |\w+\ (?:bg)?color=(?:\#[\da-f]{3,12}|[a-z]{1,30})
      |\w+\ (?:border|cellpadding|cellspacing|size)=[+-]?\d{1,2}
      |\w+\ (?:col|row)span=(?:[1-4]?\d|50)
      |\w+\ width=(?:1?\d{1,3}|\d{1,2}%|100%)
     )$)");
   QString kept;
   for (auto one = attributes.begin(); one != attributes.end(); ++one) {
+    if (one.key().endsWith(QLatin1String("color")) && !QColor::isValidColorName(*one)) continue;  // Qt would complain
     const bool isStyle = one.key() == QLatin1String("style");
     const QString value = isStyle ? HarmlessDeclarations(*one) : *one;
     if (isStyle ? !value.isEmpty() : harmless.match(element + ' ' + one.key() + '=' + value).hasMatch())
@@ -197,12 +200,12 @@ class Filter {
 
  private:
   struct OpenElement {
-    Element element;
-    QString tag;
+    Element Shown;
+    QString Tag;
     /// A table has rows and columns, a row has columns, a list has items.
-    int rows = 0;
-    int columns = 0;
-    int items = 0;
+    int Rows = 0;
+    int Columns = 0;
+    int Items = 0;
   };
 
   void Text(QString text) {
@@ -248,7 +251,7 @@ class Filter {
   }
 
   void Push(const OpenElement& open) {
-    Write(open.tag, open.element.Is);
+    Write(open.Tag, open.Shown.Is);
     open_.append(open);
   }
 
@@ -264,7 +267,7 @@ class Filter {
     CloseDownTo(Find(Kind::Item));
     const qsizetype list = Find(Kind::List);
     const bool isOutside = list == open_.size();
-    if (!isOutside && ++open_[list].items % mostItems == 0) Reopen(list);
+    if (!isOutside && ++open_[list].Items % mostItems == 0) Reopen(list);
     Open(isOutside ? Element{Kind::Block, "div"} : element, attributes);
   }
 
@@ -281,18 +284,18 @@ class Filter {
     CloseDownTo(row + 1);
     const int columns = std::max(NumberIn(attributes.value("colspan"), mostColumns), 1);
     const int rows = std::max(NumberIn(attributes.value("rowspan"), mostColumns), 1);
-    if (open_[row].columns + columns > mostColumns) return;
-    open_[row].columns += columns;
-    Grow(open_[table], rows - 1, open_[row].columns);
+    if (open_[row].Columns + columns > mostColumns) return;
+    open_[row].Columns += columns;
+    Grow(open_[table], rows - 1, open_[row].Columns);
     Open(element, attributes);
   }
 
   // Qt spends time on each place of a table's grid, even if it has no cell, and twice as much in a nested table.
   void Grow(OpenElement& table, int moreRows, int columns) {
-    const qsizetype before = qsizetype{table.rows} * table.columns;
-    table.rows += moreRows;
-    table.columns = std::max(table.columns, columns);
-    cost_ += (qsizetype{table.rows} * table.columns - before) * (costOfCell << Tables());
+    const qsizetype before = qsizetype{table.Rows} * table.Columns;
+    table.Rows += moreRows;
+    table.Columns = std::max(table.Columns, columns);
+    cost_ += (qsizetype{table.Rows} * table.Columns - before) * (costOfCell << Tables());
   }
 
   void Picture(const Attributes& attributes) {
@@ -318,8 +321,7 @@ class Filter {
     if (!IsForBrowser(url)) return {};
     const QString target = attributes.value("target").isEmpty() ? baseTarget_ : attributes.value("target");
     made_.Links.push_back({url, here.contains(target.toLower()) ? LinkTarget::SamePlace : LinkTarget::NewWindow});
-    // Inside <p>, Qt always takes the tool tip for markup, so the escaped address is shown unchanged.
-    const QString tip = "<p>" + ToQt(url).left(longestTip).toHtmlEscaped() + "</p>";
+    const QString tip = ToolTipMarkup(ToQt(url).left(longestTip));
     return QStringLiteral(" href=\"link:%1\" title=\"").arg(made_.Links.size() - 1) + tip.toHtmlEscaped() + '"';
   }
 
@@ -327,7 +329,7 @@ class Filter {
   /// innermost table, for items at the innermost list. Returns the number of open elements if there is none.
   [[nodiscard]] qsizetype Find(Kind kind, const QString& name = {}) const {
     for (qsizetype place = open_.size(); place-- > 0;) {
-      const Element& element = open_[place].element;
+      const Element& element = open_[place].Shown;
       if (element.Is == kind && (name.isEmpty() || element.Name == name)) return place;
       if (element.Is == (kind == Kind::Item ? Kind::List : Kind::Table)) break;
     }
@@ -335,12 +337,12 @@ class Filter {
   }
 
   [[nodiscard]] qsizetype Tables() const {
-    return std::ranges::count_if(open_, [](const OpenElement& open) { return open.element.Is == Kind::Table; });
+    return std::ranges::count_if(open_, [](const OpenElement& open) { return open.Shown.Is == Kind::Table; });
   }
 
   void CloseDownTo(qsizetype depth) {
     while (open_.size() > depth) {
-      const Element element = open_.takeLast().element;
+      const Element element = open_.takeLast().Shown;
       made_.HTML += "</" + element.Name + '>';
       if (element.Is <= Kind::Link) continue;
       inParagraph_ = 0;

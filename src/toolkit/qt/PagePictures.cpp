@@ -8,6 +8,7 @@
 
 #include "toolkit/HTTPSocket.h"
 #include "toolkit/HTTPStatus.h"
+#include "toolkit/Picture.h"
 #include "toolkit/Text.h"
 #include "toolkit/qt/DisplayText.h"
 #include "toolkit/qt/QtText.h"
@@ -18,7 +19,6 @@ namespace {
 constexpr std::size_t mostAtOnce = 6;
 constexpr int mostRedirects = 5;
 constexpr std::chrono::seconds longestSilence(30);
-constexpr std::uint64_t mostBytesOfOne = 16'000'000;
 constexpr std::uint64_t mostBytes = 24'000'000;
 // That is 32 MB of memory.
 constexpr std::int64_t mostPixels = 8'000'000;
@@ -26,10 +26,6 @@ constexpr std::int64_t mostPixels = 8'000'000;
 constexpr std::chrono::seconds mostTime(20);
 
 constexpr std::string_view dataScheme = "data:";
-
-bool IsRedirect(int status) {
-  return status == 301 || status == 302 || status == 303 || status == 307 || status == 308;
-}
 
 bool IsHTTPAddress(const std::string& url) {
   return StartsWithIgnoringCase(url, "http://") || StartsWithIgnoringCase(url, "https://");
@@ -42,7 +38,7 @@ bool IsHTTPAddress(const std::string& url) {
 class PagePictures::Loader final : private HTTPSocket {
  public:
   Loader(PagePictures& page, std::size_t number) : page_(page), number_(number) {
-    LargestBody = mostBytesOfOne;
+    LargestBody = Picture::mostBytes;
     InactivityTimeout = longestSilence;
     RequestHeader("Accept", "image/*");
     Send("GET", page.addresses_[number]);
@@ -57,7 +53,7 @@ class PagePictures::Loader final : private HTTPSocket {
     if (status == HTTPStatus::ok) return page_.Loaded(number_, std::move(content));
     const std::string target =
         FromQt(QUrl(ToQt(url)).resolved(QUrl(ToQt(ResponseHeader("Location")))).toString(QUrl::FullyEncoded));
-    if (IsRedirect(status) && IsHTTPAddress(target) && redirectsLeft_-- > 0) return Send("GET", target);
+    if (HTTPStatus::IsRedirect(status) && IsHTTPAddress(target) && redirectsLeft_-- > 0) return Send("GET", target);
     page_.Fail(number_, status, "The server answered with status " + std::to_string(status) + ".");
   }
   // The announced length is charged at once. Otherwise pictures that are loaded at the same time could use up the limit

@@ -12,6 +12,7 @@
 #include <unistd.h>
 #include <utility>
 
+#include "toolkit/BinaryStream.h"
 #include "toolkit/qt/DecoderProgram.h"
 
 namespace toolkit::qt {
@@ -20,21 +21,11 @@ namespace {
 // RLIMIT_CPU ends a process that computes for too long. This limit is for one that gets no processor time.
 constexpr std::chrono::seconds longestWait(10);
 constexpr std::chrono::milliseconds betweenTries(10);
-constexpr int firstOwnDescriptor = 3;
 
 /// Only one process runs at a time, to limit the memory.
 bool& IsOneAtWork() {
   static bool isAtWork = false;
   return isAtWork;
-}
-
-/// If the memory is exhausted, the end of the picture is missing.
-void WriteAll(int file, std::string_view bytes) {
-  while (!bytes.empty()) {
-    const ssize_t written = write(file, bytes.data(), bytes.size());
-    if (written <= 0) return;
-    bytes.remove_prefix(static_cast<std::size_t>(written));
-  }
 }
 
 /// Starts this program again, without its open files and sockets. Returns 0 if that fails.
@@ -48,7 +39,7 @@ pid_t StartDecoder(int input, int output, int mostWidth) {
   posix_spawn_file_actions_adddup2(&files, input, STDIN_FILENO);
   posix_spawn_file_actions_adddup2(&files, output, STDOUT_FILENO);
   posix_spawn_file_actions_addopen(&files, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
-  posix_spawn_file_actions_addclosefrom_np(&files, firstOwnDescriptor);
+  posix_spawn_file_actions_addclosefrom_np(&files, STDERR_FILENO + 1);
   posix_spawnattr_t handling{};
   posix_spawnattr_init(&handling);
   sigset_t set{};
@@ -81,7 +72,7 @@ PictureDecoder::PictureDecoder(std::string_view encoded, int mostWidth, Decoded 
       decoded_(std::move(decoded)),
       input_(memfd_create("encoded", MFD_CLOEXEC)),
       output_(memfd_create("decoded", MFD_CLOEXEC)) {
-  WriteAll(input_, encoded);
+  BinaryStream(dup(input_)).Write(encoded);  // if the memory is exhausted, the end of the picture is missing
   deadline_.setSingleShot(true);
   QObject::connect(&deadline_, &QTimer::timeout, [this] { Go(); });
   deadline_.start(0);

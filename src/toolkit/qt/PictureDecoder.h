@@ -18,7 +18,7 @@ class PictureDecoder {
   /// Receives the picture in premultiplied ARGB; an empty one if it could not be decoded. May destroy the decoder.
   using Decoded = std::function<void(QImage picture)>;
 
-  /// The picture is scaled down to at most `mostWidth` pixels of width and Picture::MostPixels in all.
+  /// The picture is scaled down to at most `mostWidth` pixels of width and Picture::mostPixels in all.
   PictureDecoder(std::string_view encoded, int mostWidth, Decoded decoded);
   PictureDecoder(const PictureDecoder&) = delete;
   PictureDecoder& operator=(const PictureDecoder&) = delete;

@@ -200,7 +200,7 @@ QtWindow* QtPlatform::ViewOf(const Window& window) const {
 }
 
 void QtPlatform::Withdraw(Window& window) {
-  const auto view = std::find_if(views_.begin(), views_.end(), [&](const auto& shown) { return shown->Shows(window); });
+  const auto view = std::ranges::find(views_, ViewOf(window), [](const auto& shown) { return shown.get(); });
   if (view == views_.end()) return;
   (*view)->hide();
   closedViews_.push_back(std::move(*view));

@@ -21,7 +21,6 @@ namespace {
 constexpr off_t mostOutput = 1'000'000;
 constexpr int couldNotStart = 127;
 constexpr int endedBySignal = 128;
-constexpr int firstOwnDescriptor = 3;
 // A killed process ends at once, unless it is blocked inside the kernel.
 constexpr int longestWaitInMilliseconds = 5000;
 
@@ -42,7 +41,7 @@ void PrepareChild() {
   sigset_t none;
   sigemptyset(&none);
   sigprocmask(SIG_SETMASK, &none, nullptr);
-  close_range(firstOwnDescriptor, ~0U, CLOSE_RANGE_CLOEXEC);
+  close_range(STDERR_FILENO + 1, ~0U, CLOSE_RANGE_CLOEXEC);
 }
 
 /// The user's environment without the variables of the dynamic loader; std::nullopt if there are none, since Qt would

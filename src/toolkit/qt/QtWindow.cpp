@@ -48,6 +48,8 @@ bool HasDefaultButton(const Window& window) {
 
 }  // namespace
 
+bool IsReturn(const QKeyEvent& event) { return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter; }
+
 QtWindow::QtWindow(std::shared_ptr<Window> window)
     : window_(std::move(window)), hasDefault_(window_->Origin() == WindowOrigin::Asked) {
   window_->ShowIn(this);
@@ -217,7 +219,7 @@ void QtWindow::keyPressEvent(QKeyEvent* event) {
 /// Handles Return and Escape. If there is a default button, Return presses only that: another button may have received
 /// the focus because the previous one was disabled.
 bool QtWindow::PressForKey(const QKeyEvent& event) {
-  const bool isReturn = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+  const bool isReturn = IsReturn(event);
   const bool isPlain = (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier && !event.isAutoRepeat();
   if (!isPlain || (!isReturn && event.key() != Qt::Key_Escape)) return false;
   auto* focused = qobject_cast<QPushButton*>(focusWidget());

@@ -15,6 +15,9 @@
 
 namespace toolkit::qt {
 
+/// Whether the key is Return, or Enter beside the digits.
+[[nodiscard]] bool IsReturn(const QKeyEvent& event);
+
 /// A window on the screen, with a view for each of its controls.
 class QtWindow final : public QWidget, public WindowView {
  public:

@@ -13,9 +13,10 @@ constexpr std::size_t longestToolTip = 2000;
 }  // namespace
 
 // Qt guesses whether a text is markup. Escaped and in a paragraph, it always is.
+QString ToolTipMarkup(QString text) { return "<p>" + text.remove('\r').toHtmlEscaped().replace('\n', "<br>") + "</p>"; }
+
 void ShowToolTip(const QPoint& position, std::string_view text, QWidget& view) {
-  const QString shown = ToQt(FirstCharacters(text, longestToolTip)).remove('\r').toHtmlEscaped().replace('\n', "<br>");
-  QToolTip::showText(position, "<p>" + shown + "</p>", &view);
+  QToolTip::showText(position, ToolTipMarkup(ToQt(FirstCharacters(text, longestToolTip))), &view);
 }
 
 }  // namespace toolkit::qt

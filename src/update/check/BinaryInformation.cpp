@@ -13,11 +13,11 @@ namespace {
 using Row = Property<BinaryInformation>;
 
 constexpr std::array properties{
-    Row{"ExecutableName", &BinaryInformation::ExecutableName},
     Row{"Hash", &BinaryInformation::Hash},
+    Row{"URL", &BinaryInformation::URL},
     Row{"SHA256", &BinaryInformation::SHA256},
     Row{"Size", &BinaryInformation::Size},
-    Row{"URL", &BinaryInformation::URL},
+    Row{"ExecutableName", &BinaryInformation::ExecutableName},
 };
 
 bool IsPlainName(std::string_view name) {
@@ -43,11 +43,9 @@ bool BinaryInformation::HasUsableNames() const {
 }
 
 toolkit::JSONItem BinaryInformation::ConvertToJSON() const {
-  boost::json::object members{{"Hash", Hash}, {"URL", URL}};
-  if (SHA256) members["SHA256"] = *SHA256;
-  if (Size) members["Size"] = *Size;
-  if (!ExecutableName.empty()) members["ExecutableName"] = ExecutableName;
-  return members;
+  toolkit::JSONItem json = PropertiesToJSON<BinaryInformation>(properties, *this);
+  if (ExecutableName.empty()) json.get_object().erase(properties.back().Name);
+  return json;
 }
 
 bool BinaryInformation::Event_IsInvalid(std::string& reason) const {

@@ -13,11 +13,8 @@
 using toolkit::FolderItem;
 
 namespace Kaju {
-namespace {
 
-void YieldToEvents() { toolkit::Platform::Current().RunDueEvents(); }
-
-}  // namespace
+bool ServeEvents() { return toolkit::Platform::Current().RunDueEvents(); }
 
 std::string HashOfFile(const FolderItem& file, const toolkit::StillWanted& wanted, toolkit::Digest::Kind kind) {
   if (file.IsFolder() || !file.IsReadable() || !toolkit::Digest::IsAvailable(kind)) return "";
@@ -27,7 +24,7 @@ std::string HashOfFile(const FolderItem& file, const toolkit::StillWanted& wante
   while (stream) {
     stream.read(chunk.data(), static_cast<std::streamsize>(chunk.size()));
     digest.Process({chunk.data(), static_cast<std::size_t>(stream.gcount())});
-    YieldToEvents();
+    ServeEvents();
     if (!toolkit::IsWanted(wanted)) return "";
   }
   return stream.eof() ? toolkit::EncodeHex(digest.Value()) : "";
@@ -41,7 +38,7 @@ void DeleteRecursive(const FolderItem& item) {
   std::for_each(entries.begin(), firstFile, DeleteRecursive);
   std::for_each(firstFile, entries.end(), [](const FolderItem& file) { file.Delete(); });
   item.Delete();
-  YieldToEvents();
+  ServeEvents();
 }
 
 void DeleteWholly(const FolderItem& item) {
@@ -66,7 +63,7 @@ bool IsWriteableRecursive(const FolderItem& item) {
       if (!entry.IsWriteable()) return false;
       if (entry.IsFolder()) folders.push_back(std::move(entry));
     }
-    YieldToEvents();
+    ServeEvents();
   }
   return true;
 }

@@ -9,6 +9,9 @@
 
 namespace Kaju {
 
+/// Runs due events in breaks of long work. Returns false once the program quits.
+bool ServeEvents();
+
 // Functions that walk through folders or long files run due events between their steps, so that handlers run meanwhile.
 
 /// The digest of the file as hexadecimal text, two digits per byte; empty if the file cannot be read, the system

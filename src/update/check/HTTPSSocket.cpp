@@ -18,7 +18,7 @@ std::string HTTPSSocket::GetRedirectAddress(std::string url, int timeoutSeconds,
 
 void HTTPSSocket::SetSecure(std::string& url) {
   Secure = ForceSecure || toolkit::StartsWithIgnoringCase(toolkit::Trim(url), "https://");
-  Port = Secure ? PortOfHTTPS : PortOfHTTP;
+  Port = Secure ? portOfHTTPS : portOfHTTP;
   if (url.find('@') == std::string::npos) return;  // avoids compiling the pattern at the start of the program
   static const toolkit::RegEx withCredentials(R"(^(?:https?://)([^:/\x20@]+):([^:/\x20@]*)@(.*))");
   const auto match = withCredentials.Search(url);

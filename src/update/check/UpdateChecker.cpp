@@ -7,7 +7,6 @@
 
 #include "toolkit/DebugLog.h"
 #include "toolkit/MessageDialog.h"
-#include "toolkit/Platform.h"
 #include "toolkit/RuntimeException.h"
 #include "toolkit/Text.h"
 #include "update/check/FileHelpers.h"
@@ -23,9 +22,6 @@ namespace {
 constexpr std::uint64_t largestDocument = std::uint64_t{64} << 20U;
 constexpr double beforeAllVersions = -1.0;
 constexpr std::size_t offersBetweenBreaks = 64;
-
-/// Runs due events in breaks of long work. Returns false once the program quits.
-bool ServeEvents() { return toolkit::Platform::Current().RunDueEvents(); }
 
 std::string BadData(const std::string& reason) {
   return KajuLocale::kErrorBadUpdateData() + (reason.empty() ? "" : " - " + reason);

@@ -13,8 +13,6 @@
 namespace Kaju {
 namespace {
 
-constexpr std::uint64_t largestPicture = std::uint64_t{16} << 20U;
-
 using Row = Property<UpdateInformation>;
 
 constexpr std::array properties{
@@ -69,7 +67,7 @@ std::shared_ptr<const toolkit::Picture> FetchPicture(const std::string& url, con
   try {
     HTTPSSocket socket;
     socket.Wanted = wanted;
-    socket.LargestBody = largestPicture;
+    socket.LargestBody = toolkit::Picture::mostBytes;
     const std::string resolved = socket.GetRedirectAddress(url);
     if (!toolkit::IsWanted(wanted)) return nullptr;
     std::string body = socket.Get(resolved, HTTPSSocket::kTimeoutSeconds);

@@ -13,6 +13,7 @@
 #include "update/check/FileHelpers.h"
 #include "update/check/KajuLocale.h"
 #include "update/install/KajuUpdateWindow.h"
+#include "update/install/Leftovers.h"
 #include "update/install/Updating.h"
 
 namespace HTTPStatus = toolkit::HTTPStatus;
@@ -115,7 +116,7 @@ void KajuUpdateWindow::hsSocket_DownloadComplete(int httpStatus, const FolderIte
   if (verdict == Kaju::FileVerdict::Uncheckable) return ShowError(KajuLocale::kNoMD5Message());
   if (verdict != Kaju::FileVerdict::Genuine) return ShowError(KajuLocale::kBadDownloadMessage());
   lblInstallMessage.Text(KajuLocale::kProcessingFileMessage());
-  const FolderItem target = archive.Parent().Child("decompressed");
+  const FolderItem target = archive.Parent().Child(Kaju::unpackedFolder);
   DeleteOnCancel.push_back(target);
   shZipper.Decompress(archive, target);
 }

@@ -5,9 +5,9 @@
 #include <utility>
 
 #include "toolkit/MessageDialog.h"
-#include "toolkit/Platform.h"
 #include "toolkit/ShowURL.h"
 #include "toolkit/Text.h"
+#include "update/check/FileHelpers.h"
 #include "update/check/KajuLocale.h"
 #include "update/check/ReleaseNotes.h"
 #include "update/check/Versions.h"
@@ -28,7 +28,7 @@ Kaju::Offers NewestFirst(Kaju::Offers offers) {
   for (auto& offer : offers) {
     const double version = offer->VersionAsDouble();
     ranked.emplace_back(version, std::move(offer));
-    if (ranked.size() % versionsBetweenBreaks == 0) toolkit::Platform::Current().RunDueEvents();
+    if (ranked.size() % versionsBetweenBreaks == 0) Kaju::ServeEvents();
   }
   std::ranges::stable_sort(ranked, {}, &Ranked::first);
   std::ranges::transform(ranked.rbegin(), ranked.rend(), offers.begin(), std::identity(), &Ranked::second);

@@ -10,7 +10,7 @@ namespace Kaju {
 
 void RemoveDownload(const FolderItem& replacement) {
   const std::filesystem::path download = replacement.Parent().Parent().Path();
-  if (replacement.Parent().Name() != "decompressed") return;
+  if (replacement.Parent().Name() != unpackedFolder) return;
   for (const FolderItem& folder : toolkit::TemporaryFolders()) {
     if (folder.Path() == download) DeleteWholly(folder);
   }
