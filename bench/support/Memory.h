@@ -11,7 +11,4 @@ namespace bench {
 /// The most memory that this process has had at any time, in bytes (see proc(5), "VmHWM").
 [[nodiscard]] double PeakMemory();
 
-/// The memory that this process has now, in bytes (see proc(5), "VmRSS").
-[[nodiscard]] double PresentMemory();
-
 }  // namespace bench

@@ -19,8 +19,6 @@ class SigningKey {
   [[nodiscard]] std::string Sign(std::string_view data) const;
   /// A signed update document.
   [[nodiscard]] std::string Packet(std::string_view payload) const;
-  /// For OpenSSL.
-  [[nodiscard]] EVP_PKEY& Pair() const { return *pair_; }
 
  private:
   struct Free {
