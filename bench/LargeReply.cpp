@@ -45,8 +45,8 @@ double SecondsToReceive(Desktop& desktop, const std::string& baseURL) {
     isDone = true;
   };
   client.Error = [](const toolkit::RuntimeException& error) { throw error; };
-  client.Operator_Lookup("username", bench::PanelService::User);
-  client.Operator_Lookup("password", bench::PanelService::Password);
+  client.Operator_Lookup("username", bench::PanelService::user);
+  client.Operator_Lookup("password", bench::PanelService::password);
   client.Operator_Lookup("containerName", std::string_view("web"));
   client.Operator_Lookup("logCount", std::string_view("0"));
   client.PressButton(baseURL + "/api/v1/containers", "logs");

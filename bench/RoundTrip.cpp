@@ -35,8 +35,8 @@ class Button {
   double Press() {
     repliedAt_.reset();
     const auto pressedAt = bench::Clock::now();
-    client_.Operator_Lookup("username", bench::PanelService::User);
-    client_.Operator_Lookup("password", bench::PanelService::Password);
+    client_.Operator_Lookup("username", bench::PanelService::user);
+    client_.Operator_Lookup("password", bench::PanelService::password);
     client_.PressButton(url_, "information");
     Desktop::RunUntil([this] { return repliedAt_.has_value(); });
     return bench::Duration(*repliedAt_ - pressedAt).count();

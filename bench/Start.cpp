@@ -32,8 +32,8 @@ constexpr auto settlingTime = 1000ms;
 constexpr auto longestStart = 20s;
 
 struct Figures {
-  std::vector<double> secondsToPaint;
-  std::vector<double> memory;
+  std::vector<double> SecondsToPaint;
+  std::vector<double> Memory;
 };
 
 Picture Look(const VirtualScreen& screen) { return {screen.Pixels().begin(), screen.Pixels().end()}; }
@@ -66,9 +66,9 @@ void MeasureStart(const std::string& program, const VirtualScreen& screen, const
   const auto start = bench::Clock::now();
   const ChildProcess process({program});
   WaitFor(screen, painted);
-  figures.secondsToPaint.push_back(bench::SecondsSince(start));
+  figures.SecondsToPaint.push_back(bench::SecondsSince(start));
   std::this_thread::sleep_for(settlingTime);
-  figures.memory.push_back(bench::ProportionalMemory(process.Id()));
+  figures.Memory.push_back(bench::ProportionalMemory(process.Id()));
 }
 
 int Measure() {
@@ -92,10 +92,10 @@ int Measure() {
   }
   bench::Report report;
   const std::string floor = "bare Qt window, same controls";
-  report.Ratio("start to first painted window", bench::Unit::Seconds, bench::Median(ofCorvane.secondsToPaint),
-               {floor, bench::Median(ofBareWindow.secondsToPaint)}, 1.5);
-  report.Ratio("proportional memory of the idle program", bench::Unit::Bytes, bench::Median(ofCorvane.memory),
-               {floor, bench::Median(ofBareWindow.memory)}, 1.4);
+  report.Ratio("start to first painted window", bench::Unit::Seconds, bench::Median(ofCorvane.SecondsToPaint),
+               {floor, bench::Median(ofBareWindow.SecondsToPaint)}, 1.5);
+  report.Ratio("proportional memory of the idle program", bench::Unit::Bytes, bench::Median(ofCorvane.Memory),
+               {floor, bench::Median(ofBareWindow.Memory)}, 1.4);
   return report.Status();
 }
 

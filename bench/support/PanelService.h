@@ -11,8 +11,8 @@ namespace bench {
 /// A panel service with a demonstration fleet, on a free port of this machine, for as long as this object lives.
 class PanelService {
  public:
-  static constexpr std::string_view User = "bench";
-  static constexpr std::string_view Password = "mark";
+  static constexpr std::string_view user = "bench";
+  static constexpr std::string_view password = "mark";
 
   /// `options` are those of corvane-panel.
   explicit PanelService(const std::vector<std::string>& options = {});

@@ -21,9 +21,9 @@ QByteArray Encoded(int (*encode)(const Thing*, unsigned char**), const Thing* th
 }
 
 struct Identity {
-  panel::Certificate made = panel::MakeSelfSignedCertificate();
-  QSslCertificate certificate{Encoded<X509>(i2d_X509, made.X509Certificate.get()), QSsl::Der};
-  QSslKey key{Encoded<EVP_PKEY>(i2d_PrivateKey, made.Key.get()), QSsl::Ec, QSsl::Der};
+  panel::Certificate Made = panel::MakeSelfSignedCertificate();
+  QSslCertificate Certificate{Encoded<X509>(i2d_X509, Made.X509Certificate.get()), QSsl::Der};
+  QSslKey Key{Encoded<EVP_PKEY>(i2d_PrivateKey, Made.Key.get()), QSsl::Ec, QSsl::Der};
 };
 
 const Identity& OfAllServers() {
@@ -32,8 +32,8 @@ const Identity& OfAllServers() {
 }
 
 void StartTLS(QSslSocket& socket) {
-  socket.setLocalCertificate(OfAllServers().certificate);
-  socket.setPrivateKey(OfAllServers().key);
+  socket.setLocalCertificate(OfAllServers().Certificate);
+  socket.setPrivateKey(OfAllServers().Key);
   socket.startServerEncryption();
 }
 
@@ -65,7 +65,7 @@ FaultServer::FaultServer(std::vector<Answer> script, Wire wire, Greeting greetin
   listen(QHostAddress::LocalHost);
 }
 
-std::string FaultServer::Certificate() { return OfAllServers().certificate.toPem().toStdString(); }
+std::string FaultServer::Certificate() { return OfAllServers().Certificate.toPem().toStdString(); }
 
 std::string FaultServer::URL() const {
   return (wire_ == Wire::TLS ? "https" : "http") + ("://127.0.0.1:" + std::to_string(Port()));

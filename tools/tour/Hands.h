@@ -12,9 +12,9 @@ namespace tour {
 /// One event of the user's.
 struct Input {
   /// What keeps a user from doing it now; empty if nothing does. May bring the window to the front.
-  std::function<QString()> obstacle;
+  std::function<QString()> Obstacle;
   /// Does it. Returns late if a message box comes up: when that is gone.
-  std::function<void()> act;
+  std::function<void()> Act;
 };
 using Inputs = std::vector<Input>;
 

@@ -36,8 +36,8 @@ Steps PanelSteps(const Visit& visit) {
       {"the main window opens", BringToFront(mainTitle), {Visible("btnAddServer")}, "main-empty"},
       {"a message comes", Click("btnAddServer"), {Visible("dialogBox")}, "message"},
       {"a server is added",
-       PressInBox("OK") + Fill("txtHostname", visit.host) + Fill("txtUsername", visit.user) +
-           Fill("txtPassword", visit.password) + Click("btnAddServer"),
+       PressInBox("OK") + Fill("txtHostname", visit.Host) + Fill("txtUsername", visit.User) +
+           Fill("txtPassword", visit.Password) + Click("btnAddServer"),
        {HasRows("listServers", 1)},
        "main-window"},
       {"its window opens",
@@ -66,7 +66,7 @@ Steps UpdateSteps(Publisher& publisher) {
                    {Says("pumUpdates", QString::fromStdString(Publisher::NewerVersion())), PicturesShown("hvNotes")},
                    "update-window"};
   Step again = offer;
-  again.picture.clear();
+  again.Picture.clear();
   return {
       offer,
       {"its download starts", Click("btnOK"), {PartlyDone("pbProgress")}, "update-downloading"},

@@ -9,9 +9,9 @@ namespace tour {
 
 /// The server that is visited.
 struct Visit {
-  QString host;
-  QString user;
-  QString password;
+  QString Host;
+  QString User;
+  QString Password;
 };
 
 /// Each window of the program in the states that are worth a picture: those of the panel service, which must have its

@@ -14,11 +14,11 @@ using Condition = std::function<QString()>;
 
 /// One step of the tour: what the user does, how, and what must then come true.
 struct Step {
-  QString what;
-  Inputs inputs;
-  std::vector<Condition> then;
+  QString What;
+  tour::Inputs Inputs;
+  std::vector<Condition> Then;
   /// The picture that is then taken, by the name of its file; empty: none.
-  QString picture{};
+  QString Picture{};
 };
 using Steps = std::vector<Step>;
 
