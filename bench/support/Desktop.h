@@ -18,10 +18,14 @@ namespace bench {
 
 /// Comes first in the desktop, since the platform that is made last is the one that the program uses.
 struct QtBelow {
-  QtBelow(int& argumentCount, char** arguments) : Qt({.Name = "Benchmark", .Id = "corvane"}, argumentCount, arguments) {
-    toolkit::SetUpProcess();
-  }
+  QtBelow(int& argumentCount, char** arguments) : Qt(SetUp(), argumentCount, arguments) {}
   toolkit::qt::QtPlatform Qt;
+
+ private:
+  static toolkit::ProgramFacts SetUp() {
+    toolkit::SetUpProcess();  // before the platform is made
+    return {.Name = "Benchmark", .Id = "corvane"};
+  }
 };
 
 /// The program's own platform on Qt, with a watch on its transfers. These can go to another service than the one they

@@ -15,6 +15,7 @@
 
 #include "shell/App.h"
 #include "shell/Product.h"
+#include "toolkit/Process.h"
 #include "toolkit/qt/QtPlatform.h"
 #include "update/install/KajuUpdateWindow.h"
 
@@ -42,6 +43,7 @@ int main(int argc, char** argv) {
     std::ofstream(std::string(argv[0]) + ".started") << "old " << argv[1];
     return EXIT_SUCCESS;
   }
+  toolkit::SetUpProcess();
   toolkit::qt::QtPlatform platform(product::program, argc, argv);
   App app(product::version);
   QTimer reader;
