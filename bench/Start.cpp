@@ -1,8 +1,7 @@
 // Start and idle memory of the program, against a bare Qt window with the same controls.
 //
-// "Painted" means that the pixels of the screen are those that they stay. They are read from the memory of a virtual
-// screen, so neither program knows of it and watching takes nothing from either. What they stay like is seen once
-// before, at a start that warms up the disk cache as well.
+// A window counts as painted when the screen's pixels equal those of a first, warm-up start. The pixels are read from
+// Xvfb's memory, so measuring costs neither program anything.
 
 #include <algorithm>
 #include <cstdint>
@@ -26,7 +25,7 @@ using bench::VirtualScreen;
 using Picture = std::vector<std::uint32_t>;
 
 constexpr int starts = 21;
-// A text cursor that blinks covers fewer pixels than this.
+// The blinking text cursor covers fewer pixels than this.
 constexpr int changingPixels = 60;
 constexpr auto settlingTime = 1000ms;
 constexpr auto longestStart = 20s;
@@ -46,7 +45,7 @@ bool ShowsAlmost(const VirtualScreen& screen, const Picture& wanted) {
   return true;
 }
 
-// Not until it is clean again may the next program start.
+// Waits until the screen shows `picture`; the next program must start on an empty screen.
 void WaitFor(const VirtualScreen& screen, const Picture& picture) {
   const auto start = bench::Clock::now();
   while (!ShowsAlmost(screen, picture)) {

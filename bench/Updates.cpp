@@ -1,5 +1,5 @@
-// The check for updates: deciding over a large document, digests of large files, versions, and what one changed byte of
-// a packet does.
+// The check for updates: deciding over a large document, digests of large files, versions, and packets with one changed
+// byte.
 
 #include <cstdio>
 #include <cstdlib>
@@ -94,7 +94,7 @@ void MeasureHash(const HandPlatform& platform, bench::Report& report) {
 
   std::vector<double> ours;
   std::vector<double> floor;
-  static_cast<void>(Kaju::HashOfFile(platform.DesktopFolder()));  // what the first digest of a process takes
+  static_cast<void>(Kaju::HashOfFile(platform.DesktopFolder()));  // OpenSSL allocates memory for the first digest
   static_cast<void>(Kaju::HashOfFile(toolkit::Application::ExecutableFile()));
   const double before = bench::PeakMemory();
   for (int round = 0; round < 3; ++round) {
@@ -122,8 +122,8 @@ void MeasureVersions(bench::Report& report) {
                                              std::to_string(static_cast<long>(sum / calls)) + ")");
 }
 
-/// Counts the single-byte changes of a packet that are taken for genuine. Another case of a digit of the signature is
-/// the same signature, and another line break the same packet.
+/// Counts the single-byte changes of a packet that are accepted as genuine. Digits of the signature in the other case,
+/// and other line breaks, are valid and not counted.
 void TryEveryByte(bench::Report& report) {
   const SigningKey publisher;
   const std::string key = publisher.PublicKey();

@@ -38,7 +38,7 @@ std::size_t TakeBody(const char* bytes, std::size_t size, std::size_t count, voi
 CurlConnection::CurlConnection()
     : handle_(curl_easy_init()), headers_(curl_slist_append(nullptr, "Content-Type: application/json")) {
   if (handle_ == nullptr || headers_ == nullptr) throw std::runtime_error("libcurl does not start");
-  // Without it, libcurl asks first whether a large body is welcome, and waits a second for the answer.
+  // Otherwise libcurl sends "Expect: 100-continue" before a large body, and waits a second for the answer.
   headers_ = curl_slist_append(headers_, "Expect:");
   Check(curl_easy_setopt(handle_, CURLOPT_HTTPHEADER, headers_));
   Check(curl_easy_setopt(handle_, CURLOPT_SSL_VERIFYPEER, 0L));

@@ -20,7 +20,7 @@ MemoryTransfer::MemoryTransfer(std::shared_ptr<const std::string> body, toolkit:
   QTimer::singleShot(0, this, [this] { toolkit::Platform::Current().Dispatch([this] { Deliver(); }); });
 }
 
-// Each step may end the transfer, and with it this object.
+// Each event may abort the transfer or destroy this object.
 void MemoryTransfer::Deliver() {
   const QPointer<MemoryTransfer> alive(this);
   const auto body = body_;

@@ -10,7 +10,7 @@
 /// OpenSSL throw a std::runtime_error.
 class SigningKey {
  public:
-  /// Generates a key, which takes long.
+  /// Generates a key, which is slow.
   explicit SigningKey(int bits = 2048);
 
   /// The public key in the form of CORVANE_UPDATE_PUBLIC_KEY.

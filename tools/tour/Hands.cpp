@@ -14,7 +14,7 @@
 namespace tour {
 namespace {
 
-/// Where to point: a place in a part of a window.
+/// Where to click: a place in a widget.
 struct Spot {
   QWidget* Part = nullptr;
   QPoint Place;
@@ -23,7 +23,7 @@ using Aim = std::function<Spot()>;
 
 QString Called(const QString& name) { return "“" + name + "”"; }
 
-/// Asks for the keyboard, as a click on the frame of the window would; empty once the window has it.
+/// Activates the window, as a click on its frame would. Empty once it is active.
 QString NotInFront(QWidget& window) {
   if (QApplication::activeWindow() == &window) return {};
   window.raise();

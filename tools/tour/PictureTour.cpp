@@ -19,7 +19,7 @@ Inputs Call(const std::function<void()>& act) {
   return {{[] { return QString(); }, act}};
 }
 
-/// A check for updates, as the program makes it at its start.
+/// Checks for updates as the program does when it starts.
 Inputs CheckForUpdates(Publisher& publisher) {
   return Call([&publisher] {
     const auto checker = std::make_shared<Kaju::UpdateChecker>(App::Current().KajuPrefFolder(), "Kaju_Preferences",
@@ -58,7 +58,7 @@ Steps PanelSteps(const Visit& visit) {
   };
 }
 
-/// The newer version arrives whole. The file of the older one is not the one that was signed.
+/// The newer version is downloaded completely. The file of the older one does not have the hash that was signed.
 Steps UpdateSteps(Publisher& publisher) {
   const Inputs hurryUp = Call([&publisher] { publisher.HurryUp(); });
   const Step offer{"an offer comes",

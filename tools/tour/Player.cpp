@@ -35,8 +35,8 @@ void Player::Start() {
   QTimer::singleShot(0, QCoreApplication::instance(), [this] { Tick(); });
 }
 
-// The next tick is set before this one acts, which may take until a message box is gone. An event of the user's lets
-// others run while it is under way; only inside a new loop, that of a message box, may the next one follow.
+// The next tick is scheduled first, because an input that opens a message box returns only when the box is closed.
+// While an input runs, only ticks from a nested event loop (a message box) continue.
 void Player::Tick() {
   if (IsOver()) return;
   QTimer::singleShot(betweenTicks, QCoreApplication::instance(), [this] { Tick(); });

@@ -46,7 +46,7 @@ constexpr Look looks[] = {{"light", ""}, {"dark", "-dark", true}, {"double", "-2
 struct Options {
   QString Output;
   tour::Visit Visit;
-  /// nullptr: all of them.
+  /// nullptr: all looks.
   const Look* OnlyLook = nullptr;
 };
 
@@ -100,7 +100,7 @@ bool Play(const Options& options, int& argumentCount, char** arguments) {
   return player.HasPlayedAll() && status == EXIT_SUCCESS;
 }
 
-/// Plays each look in a process of its own, since a program can be told its scale only at its start.
+/// Plays each look in its own process, since the scale can only be set when a program starts.
 bool PlayAll(QStringList arguments) {
   const QString program = arguments.takeFirst();
   return std::ranges::all_of(looks, [&](const Look& look) {
