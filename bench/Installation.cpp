@@ -35,6 +35,7 @@
 #include "support/TemporaryFolder.h"
 #include "support/UpdateWindow.h"
 #include "support/VirtualScreen.h"
+#include "tests/support/OtherWindow.h"
 #include "update/check/FileHelpers.h"
 #include "update/install/KajuUpdateWindow.h"
 #include "update/install/UpdateWindowPresenter.h"
@@ -208,12 +209,6 @@ std::string LargeDocument() {
   }
   return document + "]";
 }
-
-/// Keeps the program from ending with its update window.
-class OtherWindow final : public toolkit::Window {
- public:
-  OtherWindow() : Window("Other", {100, 100}, {}, {100, 100}) {}
-};
 
 /// The longest time between two rounds of the event loop since it was made.
 class PauseWatch {

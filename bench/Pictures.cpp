@@ -35,6 +35,7 @@
 #include "support/UpdateWindow.h"
 #include "support/VirtualScreen.h"
 #include "tests/support/HostilePictures.h"
+#include "tests/support/OtherWindow.h"
 #include "toolkit/Picture.h"
 #include "toolkit/qt/DecoderProgram.h"
 
@@ -123,12 +124,6 @@ class Watch {
   std::atomic<double> memory_ = 0;
   std::atomic<bool> ends_ = false;
   std::thread looking_;
-};
-
-/// Keeps the program running.
-class OtherWindow final : public toolkit::Window {
- public:
-  OtherWindow() : Window("Other", {100, 100}, {}, {100, 100}) {}
 };
 
 /// Runs in its own process. Prints the longest pause and the memory above idle.

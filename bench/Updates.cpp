@@ -7,7 +7,6 @@
 #include <fstream>
 #include <iostream>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include <boost/json/parse.hpp>
@@ -19,6 +18,7 @@
 #include "support/Memory.h"
 #include "support/Report.h"
 #include "tests/support/HandPlatform.h"
+#include "tests/support/OfferRecorder.h"
 #include "toolkit/Cryptography.h"
 #include "toolkit/Text.h"
 #include "update/check/FileHelpers.h"
@@ -45,24 +45,13 @@ std::string Document() {
   return document + "]";
 }
 
-class Presenter final : public Kaju::UpdatePresenter {
- public:
-  /// Held as by the window, which is still open when the check is over.
-  Kaju::Offers Shown;
-
-  [[nodiscard]] bool IsOpen() const override { return false; }
-  void ChooseUpdate(const std::shared_ptr<Kaju::UpdateChecker>& /*checker*/, Kaju::Offers offers) override {
-    Shown = std::move(offers);
-  }
-};
-
 void MeasureDecision(HandPlatform& platform, bench::Report& report) {
   const SigningKey publisher;
   const std::string document = Document();
   const std::string packet = publisher.Packet(document);
   const std::string signature = publisher.Sign(document);
   const std::string key = publisher.PublicKey();
-  const auto presenter = std::make_shared<Presenter>();
+  const auto presenter = std::make_shared<OfferRecorder>();
   const auto checker = std::make_shared<Kaju::UpdateChecker>(platform.ApplicationDataFolder(), "prefs", presenter);
   checker->ServerPublicRSAKey = key;
   checker->UpdateURL = "http://updates/";

@@ -3,6 +3,8 @@
 #include <fstream>
 #include <stdexcept>
 
+#include "toolkit/HTTPStatus.h"
+
 namespace bench {
 namespace {
 
@@ -84,7 +86,8 @@ void CurlConnection::Perform(const std::string& url) {
   Check(curl_easy_perform(handle_));
   long status = 0;
   Check(curl_easy_getinfo(handle_, CURLINFO_RESPONSE_CODE, &status));
-  if (status != 200) throw std::runtime_error("the service answered " + std::to_string(status) + " for " + url);
+  if (status != toolkit::HTTPStatus::ok)
+    throw std::runtime_error("the service answered " + std::to_string(status) + " for " + url);
 }
 
 void CurlConnection::Check(CURLcode code) const {

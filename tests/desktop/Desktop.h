@@ -10,7 +10,7 @@
 
 #include "shell/App.h"
 #include "shell/Product.h"
-#include "toolkit/Window.h"
+#include "tests/support/OtherWindow.h"
 #include "toolkit/qt/QtPlatform.h"
 
 /// A test on the real platform. Mouse and keys go to the window, as the desktop would send them, and find their widget
@@ -45,12 +45,6 @@ class Desktop : public testing::Test {
   std::vector<char*> arguments{programName.data(), nullptr};
   toolkit::qt::QtPlatform platform{product::program, argumentCount, arguments.data()};
   App app{{1, 2, 3}};
-};
-
-/// An empty window, which keeps the program running.
-class OtherWindow final : public toolkit::Window {
- public:
-  OtherWindow() : Window("Other", {100, 100}, {}, {100, 100}) {}
 };
 
 /// The user in front of the message boxes: acts on each box once, Return by default, and remembers what it said.

@@ -4,6 +4,7 @@
 
 #include "shell/App.h"
 #include "tests/support/HandPlatform.h"
+#include "tests/support/OfferRecorder.h"
 #include "tests/support/Publisher.h"
 #include "toolkit/TextFile.h"
 #include "update/check/UpdateChecker.h"
@@ -17,19 +18,6 @@ using namespace std::string_literals;
 
 namespace {
 
-/// Remembers what it is to show.
-class Presenter final : public Kaju::UpdatePresenter {
- public:
-  Versions Shown;
-
-  bool Shows = false;
-
-  [[nodiscard]] bool IsOpen() const override { return Shows; }
-  void ChooseUpdate(const std::shared_ptr<UpdateChecker>& /*checker*/, Kaju::Offers offers) override {
-    for (const auto& offer : offers) Shown.push_back(offer->Version);
-  }
-};
-
 std::string Offer(const std::string& version, const std::string& minimum = "",
                   const std::string& binaries = R"("LinuxBinary64bit":{},"LinuxBinary":{},"MacBinary":{})") {
   return R"({"Version":")" + version + R"(","MinimumRequiredVersion":")" + minimum + R"(",)" + binaries + "}";
@@ -39,7 +27,7 @@ struct Checking : testing::Test {
   Checking() { Remake(); }
 
   void Remake() {
-    presenter = std::make_shared<Presenter>();
+    presenter = std::make_shared<OfferRecorder>();
     checker = nullptr;
     checker = std::make_shared<UpdateChecker>(platform.ApplicationDataFolder(), "prefs", presenter);
     checker->ServerPublicRSAKey = Publisher().PublicKey();
@@ -59,11 +47,16 @@ struct Checking : testing::Test {
     checker->Execute();
     return checker->Result();
   }
+  [[nodiscard]] Versions ShownVersions() const {
+    Versions versions;
+    for (const auto& offer : presenter->Shown) versions.push_back(offer->Version);
+    return versions;
+  }
 
   HandPlatform platform;
   toolkit::FolderItem preferences = platform.ApplicationDataFolder().Child("prefs");
   App app{{1, 2, 3}};  // "1.2.3"
-  std::shared_ptr<Presenter> presenter;
+  std::shared_ptr<OfferRecorder> presenter;
   std::shared_ptr<UpdateChecker> checker;
   std::map<std::string, std::string> packets;  // signing takes longer than a run
 };
@@ -112,7 +105,7 @@ TEST_F(Checking, DecidesOverAllOffersOfADocument) {
   checker->IgnoreVersion("1.4b1");
   for (const auto& [offers, result, shown] : rows) {
     EXPECT_EQ(RunOn(offers), result) << offers;
-    EXPECT_EQ(presenter->Shown, shown) << offers;
+    EXPECT_EQ(ShownVersions(), shown) << offers;
   }
   checker->HonorIgnored = false;
   EXPECT_EQ(RunOn(Offer("1.4b1")), UpdateAvailable);

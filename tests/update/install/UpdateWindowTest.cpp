@@ -2,6 +2,7 @@
 
 #include "shell/App.h"
 #include "tests/support/HandPlatform.h"
+#include "tests/support/OtherWindow.h"
 #include "tests/support/Publisher.h"
 #include "toolkit/TextFile.h"
 #include "update/install/KajuUpdateWindow.h"
@@ -28,10 +29,6 @@ std::shared_ptr<Kaju::UpdateInformation> Offer(const std::string& version, const
   return std::make_shared<Kaju::UpdateInformation>(
       *toolkit::ParseJSONItem(R"({"AppName":"A & <b>","Version":")" + version + "\"," + binary + members + "}"));
 }
-
-struct OtherWindow final : toolkit::Window {
-  OtherWindow() : Window("Other", {10, 10}, {}, {10, 10}) {}
-};
 
 struct UpdateWindow : testing::Test {
   UpdateWindow() { Remake(); }
