@@ -55,7 +55,7 @@ TEST_F(MainWindow, EverythingCanBeReadOnADarkDesktop) {
   QApplication::setPalette(dark);
   main->listServers.AddRow({"Name", "Address", "Host"});
   TypeInto("txtHostname", "typed");
-  QTest::qWait(50);
+  ASSERT_TRUE(Until([] { return Find<QAbstractItemView>("listServers").model()->rowCount() == 1; }));
   QWidget& content = Find("content");
   std::vector<std::pair<QString, QRect>> areas{{"row", {10, 184, 100, 14}}, {"heading", {10, 166, 100, 14}}};
   for (const char* name : {"txtHostname", "txtUsername", "btnAddServer", "labelVersion", "labelCopyright"}) {

@@ -28,7 +28,8 @@ struct Windows : Desktop {
     window->Show();
     QWidget& part = Find(name);
     part.window()->activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(part.window()));
+    EXPECT_TRUE(QTest::qWaitForWindowActive(part.window()) &&
+                Until([&] { return part.isVisible() && part.isEnabled(); }));
     QApplication::clipboard()->setText("before");
     part.setFocus();
     if (qobject_cast<QLineEdit*>(&part) != nullptr) {
@@ -37,13 +38,6 @@ struct Windows : Desktop {
     }
     name.startsWith("list") ? Press(Qt::Key_Home) : Press(Qt::Key_A, Qt::ControlModifier);
     return part;
-  }
-  /// Goes back from the menus to where the keyboard was.
-  static void Leave(const QWidget& part) {
-    for (int times = 0; times < 5 && (QApplication::activePopupWidget() != nullptr || !part.hasFocus()); ++times) {
-      Press(Qt::Key_Escape);
-    }
-    EXPECT_TRUE(part.hasFocus());
   }
   static QPoint PlaceOf(const char* menu) {
     const auto* bar = QApplication::activeWindow()->findChild<QMenuBar*>();
@@ -104,7 +98,6 @@ TEST_F(Windows, CopyAndTheEditMenuFollowTheFocus) {
   for (const auto& [window, name, panel, choices, copied] : places) {
     SCOPED_TRACE(name);
     if (panel != 0) control->tabs.Select(panel);
-    QTest::qWait(20);
     Enter(window, name);
     Press(Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(QApplication::clipboard()->text().toStdString(), copied);
@@ -115,8 +108,9 @@ TEST_F(Windows, CopyAndTheEditMenuFollowTheFocus) {
       open();
       ASSERT_TRUE(Until([] { return QApplication::activePopupWidget() != nullptr; }));
       EXPECT_EQ(Choices(), choices);
-      Press(Qt::Key_C);  // the access key of Copy
-      Leave(part);
+      Press(Qt::Key_C);  // the access key of Copy, which closes the menus unless it is disabled
+      for (int left = choices[2] == '1' ? 0 : 2; left > 0; --left) Press(Qt::Key_Escape);  // the menu, then the bar
+      EXPECT_TRUE(QApplication::activePopupWidget() == nullptr && part.hasFocus());
       EXPECT_EQ(QApplication::clipboard()->text().toStdString(), copied);
     }
   }
