@@ -15,7 +15,7 @@ const Answer everything{{test_servers::Reply(
 
 using Road = std::function<void()>;
 
-/// All windows of the program, and the user's hands in one of them.
+/// All windows of the program.
 struct Windows : Desktop {
   Windows() {
     main->listServers.AddRow({"one", "two", "three"});
@@ -23,7 +23,7 @@ struct Windows : Desktop {
     Desktop::Open(main);
   }
   ~Windows() override { update->Close(); }
-  /// Gives the keyboard to the part of that name, in a state in which everything can be done with it.
+  /// Focuses the widget of that name, with all its text or a row selected and a known clipboard.
   QWidget& Enter(const std::shared_ptr<toolkit::Window>& window, const QString& name) {
     window->Show();
     QWidget& part = Find(name);
@@ -49,7 +49,7 @@ struct Windows : Desktop {
     auto* entry = menu == nullptr ? nullptr : menu->findChild<QAction*>(name);
     return entry == nullptr ? throw std::runtime_error("the Edit menu is not open") : *entry;
   }
-  /// Which of the entries of the open Edit menu can be chosen, from Undo to Select All, as in "001000".
+  /// Which entries of the open Edit menu are enabled, from Undo to Select All, as in "001000".
   static std::string Choices() {
     std::string choices;
     for (const char* name : {"EditUndo", "EditCut", "EditCopy", "EditPaste", "EditClear", "EditSelectAll"}) {
@@ -84,7 +84,7 @@ TEST_F(Windows, CopyAndTheEditMenuFollowTheFocus) {
   control->list_containers.ListIndex(0);  // which enables the field for the number of log lines
   const std::string fact = control->list_overview.RowText(0);
   const std::tuple<std::shared_ptr<toolkit::Window>, const char*, int, std::string, std::string> places[] = {
-      // the window, the part, its panel, the choices in the Edit menu ("" where there is none), what is copied
+      // the window, the widget, its panel, the enabled entries of the Edit menu ("" if it has none), what is copied
       {main, "listServers", 0, "001000", "one\ttwo\tthree"},
       {main, "txtHostname", 0, "111111", "typed"},
       {main, "txtPassword", 0, "100111", "before"},
@@ -129,7 +129,7 @@ TEST_F(Windows, EveryKeyDoesWhatDesktopsDo) {
   const auto& logsButton = control->btn_containers_logs.Name();
   const std::tuple<std::shared_ptr<toolkit::Window>, const char*, Qt::Key, Qt::KeyboardModifier, std::string, int>
       rows[] = {
-          // the window, the part that has the keyboard, the key, what is pressed, the tab that shows then
+          // the window, the focused widget, the key, the buttons that are pressed, the tab that is then shown
           {main, "txtHostname", Qt::Key_Return, {}, "btnAddServer ", 1},
           {main, "txtPassword", Qt::Key_Enter, Qt::KeypadModifier, "btnAddServer ", 1},
           {main, "listServers", Qt::Key_F5, {}, "", 1},
@@ -153,7 +153,8 @@ TEST_F(Windows, EveryKeyDoesWhatDesktopsDo) {
     Enter(window, part);
     const auto with = key == Qt::Key_Backtab ? modifier | Qt::ShiftModifier : Qt::KeyboardModifiers(modifier);
     Press(key, with);
-    EXPECT_TRUE(Until([&, &pressed = pressed] { return log == pressed; })) << log;  // a shortcut shows the press first
+    EXPECT_TRUE(Until([&, &pressed = pressed] { return log == pressed; }))
+        << log;  // a shortcut animates the button first
     EXPECT_EQ(tabs.currentIndex() + 1, tab);
   }
 }

@@ -1,4 +1,4 @@
-// A packet from anywhere, and a document as if its signature had been right.
+// An arbitrary packet, and an arbitrary document as if its signature were valid.
 
 #include "shell/App.h"
 #include "tests/fuzz/Target.h"

@@ -11,7 +11,7 @@
 namespace test_servers {
 namespace {
 
-/// A thing of OpenSSL's as DER.
+/// An object of OpenSSL, encoded as DER.
 template <typename Thing>
 QByteArray Encoded(int (*encode)(const Thing*, unsigned char**), const Thing* thing) {
   QByteArray bytes(encode(thing, nullptr), '\0');
@@ -37,7 +37,7 @@ void StartTLS(QSslSocket& socket) {
   socket.startServerEncryption();
 }
 
-/// How many bytes a request has, as far as `bytes` tell: more than they are while the head is not whole.
+/// The size of the request in `bytes`; larger than `bytes` while it is incomplete.
 /// A TLS greeting on a plain wire counts as one: a server that does not speak TLS answers that with an error.
 std::size_t SizeOfRequest(const std::string& bytes) {
   if (bytes.starts_with('\x16')) return bytes.size();
