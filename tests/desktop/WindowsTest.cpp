@@ -153,8 +153,7 @@ TEST_F(Windows, EveryKeyDoesWhatDesktopsDo) {
     Enter(window, part);
     const auto with = key == Qt::Key_Backtab ? modifier | Qt::ShiftModifier : Qt::KeyboardModifiers(modifier);
     Press(key, with);
-    EXPECT_TRUE(Until([&, &pressed = pressed] { return log == pressed; }))
-        << log;  // a shortcut animates the button first
+    EXPECT_TRUE(Until([&, &pressed = pressed] { return log == pressed; })) << log;  // after the button's animation
     EXPECT_EQ(tabs.currentIndex() + 1, tab);
   }
 }

@@ -1,7 +1,6 @@
-// The program installs an offer without being asked, on real files: it is replaced by what is in the archive. Prints
-// each error that its user would see, and "ready" when nothing is missing but its end. Arguments: the address of the
-// archive, its hash, the name of the executable in it. Started again by the install script, it only makes a file that
-// says so.
+// Installs an update without a user, on real files: the content of the archive replaces this program. Prints each error
+// that a user would see, and "ready" when it only has to end. Arguments: the address of the archive, its hash, the name
+// of the executable in it. When the install script starts it again, it only writes a file.
 
 #include <cstdlib>
 #include <fstream>

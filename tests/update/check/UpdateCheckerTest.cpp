@@ -34,7 +34,7 @@ struct Checking : testing::Test {
     checker->UpdateURL = "http://updates:80/doc";
     checker->AllowedInteraction = UpdateChecker::kAllowUpdateWindow;
   }
-  /// A run on a genuine document of these offers.
+  /// Runs the check on a genuine document of these offers.
   Result RunOn(const std::string& offers) {
     std::string& packet = packets[offers];
     if (packet.empty()) packet = Publisher().Packet("[" + offers + "]");
@@ -58,14 +58,14 @@ struct Checking : testing::Test {
   App app{{1, 2, 3}};  // "1.2.3"
   std::shared_ptr<OfferRecorder> presenter;
   std::shared_ptr<UpdateChecker> checker;
-  std::map<std::string, std::string> packets;  // signing takes longer than a run
+  std::map<std::string, std::string> packets;  // kept, since signing is slower than a run
 };
 
 }  // namespace
 
 TEST_F(Checking, OffersWhatIsNewerAllowedWantedAndFits) {
   const std::pair<const char*, int> versions[] = {
-      // and the lowest stage that is allowed, from which on it is an offer
+      // and the highest AllowedStage at which it is offered
       {"1.2.2", 4}, {"1.2.3", 4}, {"1.2.3b999", 4}, {"1.2.3 (5)", 3}, {"1.2.4d1", 0}, {"1.2.4a1", 1}, {"1.2.4b1", 2}};
   for (const auto& [version, stage] : versions) {
     for (int rules = 0; rules < 64; ++rules) {
@@ -90,7 +90,7 @@ TEST_F(Checking, OffersWhatIsNewerAllowedWantedAndFits) {
 }
 
 TEST_F(Checking, DecidesOverAllOffersOfADocument) {
-  const std::string foreign = Offer("nonsense", "", "\"WindowsBinary\":{}");  // passed over before its version is read
+  const std::string foreign = Offer("nonsense", "", "\"WindowsBinary\":{}");  // skipped before its version is parsed
   const std::string past = R"("LinuxBinary64bit":{},"Expires":"2026-01-01T00:00:00Z")";
   const std::string future = R"("LinuxBinary64bit":{},"Expires":"9999-12-31T23:59:59+23:59")";
   using enum Kaju::UpdateChecker::ResultType;
