@@ -1,9 +1,8 @@
-// The update window: how fast it opens, and an update from the first byte of its file to the moment when only the press
-// that installs it is missing.
+// The update window: how fast it opens, and an update from the first byte of its file until it is ready to install.
 //
-// The real window fetches from a server on this machine, hashes and unpacks. Each download has a process of its own,
-// whose memory is that of the program. The floor does the same work in the same place, in turns: libcurl writes the
-// file, then openssl and unzip read it.
+// The real window downloads from a server on this machine, hashes and unpacks. Each download runs in its own process,
+// whose memory is that of the program. Alternating with it, the floor does the same work in the same place: libcurl
+// writes the file, then openssl and unzip read it.
 
 #include <algorithm>
 #include <cstdlib>
@@ -36,6 +35,7 @@
 #include "support/TemporaryFolder.h"
 #include "support/UpdateWindow.h"
 #include "support/VirtualScreen.h"
+#include "tests/support/OtherWindow.h"
 #include "update/check/FileHelpers.h"
 #include "update/install/KajuUpdateWindow.h"
 #include "update/install/UpdateWindowPresenter.h"
@@ -57,7 +57,7 @@ constexpr double slowestDownload = 1.1;
 constexpr double longestOpening = 0.080;
 constexpr double longestPause = 0.1;
 constexpr int offersOfLargeDocument = 100'000;
-// A file that is held whole gives 4.
+// Memory with 200 MB against 20 MB. A program that holds the whole file would reach 4.
 constexpr double tolerableGrowth = 1.5;
 constexpr double tolerableDelay = 1.2;
 
@@ -67,7 +67,7 @@ void Run(const std::string& command) {
 
 std::string Quoted(const std::filesystem::path& path) { return toolkit::FolderItem(path).ShellPath(); }
 
-/// Three quarters of it cannot be compressed, as in a program full of compressed resources; the rest is text.
+/// Three quarters of the archive cannot be compressed, as the resources of a program; the rest is text.
 std::string MakeArchive(const std::filesystem::path& folder, int megabytes) {
   constexpr std::string_view letters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
   std::string name = std::to_string(megabytes) + ".zip";
@@ -88,8 +88,8 @@ std::string MakeArchive(const std::filesystem::path& folder, int megabytes) {
   return name;
 }
 
-/// What a process of its own prints: the seconds from the first header to the last byte, those from there to an update
-/// that is ready, and the most memory it has had.
+/// Runs in its own process. Prints the seconds from the first header to the last byte, those from there until the
+/// update is ready, and the peak memory.
 void Install(Desktop& desktop, const std::string& url, const std::string& hash) {
   const App app({1, 0, 0});
   bench::PaintWatch watch("hvNotes");
@@ -148,7 +148,7 @@ void MeasureInstalling(bench::Report& report) {
   Figures ofSmall;
   Figures floor;
   for (int round = 0; round < rounds; ++round) {
-    // Neither is to wait for what the other one has written.
+    // Written out each time, so that neither waits for the other one's data.
     if (round % 2 == 0) DoTheLeast(url + large, floor);
     sync();
     InstallInProcess(url + large, largeHash, ofLarge);
@@ -196,7 +196,7 @@ void MeasureOpening(bench::Report& report) {
                tolerableDelay);
 }
 
-/// Offers like those that a publisher writes, 60 MB of them.
+/// 60 MB of offers like those that a publisher writes.
 std::string LargeDocument() {
   std::string document;
   for (int number = 0; number < offersOfLargeDocument; ++number) {
@@ -209,12 +209,6 @@ std::string LargeDocument() {
   }
   return document + "]";
 }
-
-/// Keeps the program from ending with its update window.
-class OtherWindow final : public toolkit::Window {
- public:
-  OtherWindow() : Window("Other", {100, 100}, {}, {100, 100}) {}
-};
 
 /// The longest time between two rounds of the event loop since it was made.
 class PauseWatch {
@@ -263,7 +257,7 @@ int Measure(int argc, char** argv) {
   const bench::VirtualScreen screen;
   Desktop desktop(argc, argv);
   bench::Report report;
-  MeasureLargeDocument(report);  // first: once a last window has closed, nothing is fetched any more
+  MeasureLargeDocument(report);  // first: nothing is fetched any more once the last window has been closed
   MeasureInstalling(report);
   MeasureOpening(report);
   return report.Status();

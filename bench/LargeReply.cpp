@@ -1,6 +1,6 @@
 // A log of a million lines, from the service to the screen: time, growth and memory.
 //
-// Times of the service are left out: receiving begins with the first header, showing with the last byte.
+// The service's own time is not counted: receiving begins with the first header, showing with the last byte.
 
 #include <algorithm>
 #include <array>
@@ -33,7 +33,7 @@ using bench::Unit;
 constexpr int manyLines = 1'000'000;
 constexpr int rounds = 5;
 constexpr int repeatedRequests = 10;
-// How much of the first request's peak may come on top later: what the allocator takes more or less of by chance.
+// How much the peak may grow after the first request: variation of the allocator.
 constexpr double tolerableGrowth = 1.05;
 
 double SecondsToReceive(Desktop& desktop, const std::string& baseURL) {
@@ -45,8 +45,8 @@ double SecondsToReceive(Desktop& desktop, const std::string& baseURL) {
     isDone = true;
   };
   client.Error = [](const toolkit::RuntimeException& error) { throw error; };
-  client.Operator_Lookup("username", bench::PanelService::User);
-  client.Operator_Lookup("password", bench::PanelService::Password);
+  client.Operator_Lookup("username", bench::PanelService::user);
+  client.Operator_Lookup("password", bench::PanelService::password);
   client.Operator_Lookup("containerName", std::string_view("web"));
   client.Operator_Lookup("logCount", std::string_view("0"));
   client.PressButton(baseURL + "/api/v1/containers", "logs");
@@ -110,12 +110,12 @@ void MeasureGrowth(Desktop& desktop, bench::CurlConnection& curl, const std::str
   }
   report.Ratio("1,000,000 log lines, last byte to painted", Unit::Seconds, last.Seconds,
                {"Boost.JSON", last.ParseSeconds}, 2);
-  // The floor grows faster than the lines: what fits the processor's caches is read faster.
+  // The floor grows faster than the number of lines, since small replies fit the processor's caches.
   report.Ratio("growth from 100,000 lines to 1,000,000", Unit::Times, last.Seconds / before.Seconds,
                {"Boost.JSON", last.ParseSeconds / before.ParseSeconds}, 1.25);
 }
 
-// The memory is that of a process of its own, which does what the program does and nothing else.
+// Runs in its own process, whose memory is that of the program.
 void RequestLogs(Desktop& desktop, const std::string& baseURL, int requests) {
   desktop.RedirectTo(baseURL);
   bench::ServerWindow server;

@@ -1,7 +1,7 @@
-// The lists of the program when they are long, or their rows are: frames, opening, searching.
+// The program's lists with many or long rows: frames, opening, searching.
 //
-// The replies come from memory. A frame is the time from what the user does to the painted window. Of three passes the
-// middle one counts, since another program that takes the processor for a moment makes a long frame as well.
+// The replies come from memory. A frame is the time from an input to the painted window. The median of three passes
+// counts, since any other program that uses the processor makes a frame longer.
 
 #include <algorithm>
 #include <cmath>
@@ -218,7 +218,7 @@ int Measure(int argc, char** argv) {
   MeasureLongLines(desktop, report, "one log line of 1 MB", 1, 1'000'000);
   MeasureLongLines(desktop, report, "100 log lines of 100 kB", 100, 100'000);
   MeasureManyRows(desktop, log, report);
-  // By now the memory is there for both, and what is not parsing weighs more.
+  // The heap has grown by now, so both are faster, and the work other than parsing has a larger share.
   MeasureContainers(desktop, containers, "10,000 containers again, after the long log", report);
   return report.Status();
 }

@@ -1,9 +1,10 @@
 // Pictures that are made to take much time or memory: as the picture of an offer, and 200 times in its notes. How long
-// does the event loop pause, and how much memory do the program and its decoders take?
+// does the event loop pause, and how much memory do the program and its decoders use?
 //
-// Each picture has a process of its own, the real window and a server on this machine. A pause is the time between two
-// ticks of a timer in the event loop, without what other programs kept from it. The memory is the proportional one of
-// that process and its children, and that of their files in memory, looked at every few milliseconds.
+// Each picture is shown in its own process by the real window, from a server on this machine. A pause is the time
+// between two ticks of a timer in the event loop, without the time that the process waited for a processor. The memory
+// is the proportional one of that process and its children, and that of their memory files, sampled every few
+// milliseconds.
 
 #include <algorithm>
 #include <atomic>
@@ -34,6 +35,7 @@
 #include "support/UpdateWindow.h"
 #include "support/VirtualScreen.h"
 #include "tests/support/HostilePictures.h"
+#include "tests/support/OtherWindow.h"
 #include "toolkit/Picture.h"
 #include "toolkit/qt/DecoderProgram.h"
 
@@ -70,14 +72,14 @@ double MemoryOfAll() {
   for (pid_t child = 0; children >> child;) {
     try {
       memory += bench::ProportionalMemory(child);
-    } catch (const std::exception&) {  // it has ended meanwhile
+    } catch (const std::exception&) {  // the child has ended
     }
   }
   return memory;
 }
 
-/// The seconds that this thread was ready to run and waited for a processor (see proc(5), "schedstat"). That says how
-/// busy the machine is, and nothing about the program.
+/// The seconds that this thread was ready to run but waited for a processor (see proc(5), "schedstat"): the load by
+/// other programs.
 double SecondsOfWaiting() {
   constexpr double nanosecond = 1e-9;
   std::ifstream file("/proc/thread-self/schedstat");
@@ -87,7 +89,7 @@ double SecondsOfWaiting() {
   return waited * nanosecond;
 }
 
-/// Looks at this process as long as it lives.
+/// Samples this process during its own lifetime.
 class Watch {
  public:
   Watch() : looking_([this] { Look(); }) {
@@ -124,13 +126,7 @@ class Watch {
   std::thread looking_;
 };
 
-/// Keeps the program running.
-class OtherWindow final : public toolkit::Window {
- public:
-  OtherWindow() : Window("Other", {100, 100}, {}, {100, 100}) {}
-};
-
-/// Runs in a process of its own, and prints the longest pause and the memory above idle.
+/// Runs in its own process. Prints the longest pause and the memory above idle.
 void Show(const std::string& where, const std::string& folder, const std::string& name) {
   const App app({1, 0, 0});
   std::make_shared<OtherWindow>()->Show();

@@ -23,7 +23,7 @@ using bench::Desktop;
 constexpr int rounds = 2000;
 constexpr int warmUps = 100;
 
-/// Presses one button, again and again.
+/// A button of the service that can be pressed repeatedly.
 class Button {
  public:
   explicit Button(std::string url) : url_(std::move(url)) {
@@ -35,8 +35,8 @@ class Button {
   double Press() {
     repliedAt_.reset();
     const auto pressedAt = bench::Clock::now();
-    client_.Operator_Lookup("username", bench::PanelService::User);
-    client_.Operator_Lookup("password", bench::PanelService::Password);
+    client_.Operator_Lookup("username", bench::PanelService::user);
+    client_.Operator_Lookup("password", bench::PanelService::password);
     client_.PressButton(url_, "information");
     Desktop::RunUntil([this] { return repliedAt_.has_value(); });
     return bench::Duration(*repliedAt_ - pressedAt).count();
@@ -55,7 +55,7 @@ int Measure(int argc, char** argv) {
   Button button(service.BaseURL() + "/api/v1/system");
   bench::CurlConnection curl;
   const std::string url = service.BaseURL() + "/api/v1/system/information";
-  // The client sends the members of its last reply along, so the floor does too.
+  // The client also sends the members of its last reply, so the floor does too.
   const std::string last = curl.Post(url, bench::RequestBody()).Body;
   const std::string body = bench::RequestBody(last.substr(1, last.size() - 2));
 

@@ -1,8 +1,7 @@
 // Start and idle memory of the program, against a bare Qt window with the same controls.
 //
-// "Painted" means that the pixels of the screen are those that they stay. They are read from the memory of a virtual
-// screen, so neither program knows of it and watching takes nothing from either. What they stay like is seen once
-// before, at a start that warms up the disk cache as well.
+// A window counts as painted when the screen's pixels equal those of a first, warm-up start. The pixels are read from
+// Xvfb's memory, so measuring costs neither program anything.
 
 #include <algorithm>
 #include <cstdint>
@@ -26,14 +25,14 @@ using bench::VirtualScreen;
 using Picture = std::vector<std::uint32_t>;
 
 constexpr int starts = 21;
-// A text cursor that blinks covers fewer pixels than this.
+// The blinking text cursor covers fewer pixels than this.
 constexpr int changingPixels = 60;
 constexpr auto settlingTime = 1000ms;
 constexpr auto longestStart = 20s;
 
 struct Figures {
-  std::vector<double> secondsToPaint;
-  std::vector<double> memory;
+  std::vector<double> SecondsToPaint;
+  std::vector<double> Memory;
 };
 
 Picture Look(const VirtualScreen& screen) { return {screen.Pixels().begin(), screen.Pixels().end()}; }
@@ -46,7 +45,7 @@ bool ShowsAlmost(const VirtualScreen& screen, const Picture& wanted) {
   return true;
 }
 
-// Not until it is clean again may the next program start.
+// Waits until the screen shows `picture`; the next program must start on an empty screen.
 void WaitFor(const VirtualScreen& screen, const Picture& picture) {
   const auto start = bench::Clock::now();
   while (!ShowsAlmost(screen, picture)) {
@@ -66,9 +65,9 @@ void MeasureStart(const std::string& program, const VirtualScreen& screen, const
   const auto start = bench::Clock::now();
   const ChildProcess process({program});
   WaitFor(screen, painted);
-  figures.secondsToPaint.push_back(bench::SecondsSince(start));
+  figures.SecondsToPaint.push_back(bench::SecondsSince(start));
   std::this_thread::sleep_for(settlingTime);
-  figures.memory.push_back(bench::ProportionalMemory(process.Id()));
+  figures.Memory.push_back(bench::ProportionalMemory(process.Id()));
 }
 
 int Measure() {
@@ -92,10 +91,10 @@ int Measure() {
   }
   bench::Report report;
   const std::string floor = "bare Qt window, same controls";
-  report.Ratio("start to first painted window", bench::Unit::Seconds, bench::Median(ofCorvane.secondsToPaint),
-               {floor, bench::Median(ofBareWindow.secondsToPaint)}, 1.5);
-  report.Ratio("proportional memory of the idle program", bench::Unit::Bytes, bench::Median(ofCorvane.memory),
-               {floor, bench::Median(ofBareWindow.memory)}, 1.4);
+  report.Ratio("start to first painted window", bench::Unit::Seconds, bench::Median(ofCorvane.SecondsToPaint),
+               {floor, bench::Median(ofBareWindow.SecondsToPaint)}, 1.5);
+  report.Ratio("proportional memory of the idle program", bench::Unit::Bytes, bench::Median(ofCorvane.Memory),
+               {floor, bench::Median(ofBareWindow.Memory)}, 1.4);
   return report.Status();
 }
 

@@ -1,5 +1,5 @@
-// The check for updates: deciding over a large document, digests of large files, versions, and what one changed byte of
-// a packet does.
+// The check for updates: deciding over a large document, digests of large files, versions, and packets with one changed
+// byte.
 
 #include <cstdio>
 #include <cstdlib>
@@ -7,7 +7,6 @@
 #include <fstream>
 #include <iostream>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include <boost/json/parse.hpp>
@@ -19,6 +18,7 @@
 #include "support/Memory.h"
 #include "support/Report.h"
 #include "tests/support/HandPlatform.h"
+#include "tests/support/OfferRecorder.h"
 #include "toolkit/Cryptography.h"
 #include "toolkit/Text.h"
 #include "update/check/FileHelpers.h"
@@ -45,24 +45,13 @@ std::string Document() {
   return document + "]";
 }
 
-class Presenter final : public Kaju::UpdatePresenter {
- public:
-  /// Held as by the window, which is still open when the check is over.
-  Kaju::Offers Shown;
-
-  [[nodiscard]] bool IsOpen() const override { return false; }
-  void ChooseUpdate(const std::shared_ptr<Kaju::UpdateChecker>& /*checker*/, Kaju::Offers offers) override {
-    Shown = std::move(offers);
-  }
-};
-
 void MeasureDecision(HandPlatform& platform, bench::Report& report) {
   const SigningKey publisher;
   const std::string document = Document();
   const std::string packet = publisher.Packet(document);
   const std::string signature = publisher.Sign(document);
   const std::string key = publisher.PublicKey();
-  const auto presenter = std::make_shared<Presenter>();
+  const auto presenter = std::make_shared<OfferRecorder>();
   const auto checker = std::make_shared<Kaju::UpdateChecker>(platform.ApplicationDataFolder(), "prefs", presenter);
   checker->ServerPublicRSAKey = key;
   checker->UpdateURL = "http://updates/";
@@ -94,7 +83,7 @@ void MeasureHash(const HandPlatform& platform, bench::Report& report) {
 
   std::vector<double> ours;
   std::vector<double> floor;
-  static_cast<void>(Kaju::HashOfFile(platform.DesktopFolder()));  // what the first digest of a process takes
+  static_cast<void>(Kaju::HashOfFile(platform.DesktopFolder()));  // OpenSSL allocates memory for the first digest
   static_cast<void>(Kaju::HashOfFile(toolkit::Application::ExecutableFile()));
   const double before = bench::PeakMemory();
   for (int round = 0; round < 3; ++round) {
@@ -122,8 +111,8 @@ void MeasureVersions(bench::Report& report) {
                                              std::to_string(static_cast<long>(sum / calls)) + ")");
 }
 
-/// Counts the single-byte changes of a packet that are taken for genuine. Another case of a digit of the signature is
-/// the same signature, and another line break the same packet.
+/// Counts the single-byte changes of a packet that are accepted as genuine. Digits of the signature in the other case,
+/// and other line breaks, are valid and not counted.
 void TryEveryByte(bench::Report& report) {
   const SigningKey publisher;
   const std::string key = publisher.PublicKey();

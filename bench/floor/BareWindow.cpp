@@ -1,5 +1,5 @@
-// The least that a Qt program with the main window's controls must do: the same controls with the same texts, places
-// and picture, made directly of Qt's widgets, and nothing behind them.
+// The minimum for a Qt program with the main window's controls: plain Qt widgets with the same texts, positions and
+// picture, without any function.
 
 #include <QApplication>
 #include <QHeaderView>

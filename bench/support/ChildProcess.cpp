@@ -34,7 +34,7 @@ ChildProcess::ChildProcess(std::vector<std::string> command, ErrorOutput errors)
   arguments.push_back(nullptr);
   std::array<int, 2> pipe{};
   if (pipe2(pipe.data(), O_CLOEXEC) != 0) throw std::runtime_error("no pipe can be made");
-  // Nobody may read what a program prints about its work; it must not wait for that.
+  // A large pipe, so that a program whose output nobody reads does not block.
   fcntl(pipe[1], F_SETPIPE_SZ, pipeSize);
   const pid_t parent = getpid();
   id_ = fork();

@@ -3,6 +3,8 @@
 #include <fstream>
 #include <stdexcept>
 
+#include "toolkit/HTTPStatus.h"
+
 namespace bench {
 namespace {
 
@@ -38,7 +40,7 @@ std::size_t TakeBody(const char* bytes, std::size_t size, std::size_t count, voi
 CurlConnection::CurlConnection()
     : handle_(curl_easy_init()), headers_(curl_slist_append(nullptr, "Content-Type: application/json")) {
   if (handle_ == nullptr || headers_ == nullptr) throw std::runtime_error("libcurl does not start");
-  // Without it, libcurl asks first whether a large body is welcome, and waits a second for the answer.
+  // Otherwise libcurl sends "Expect: 100-continue" before a large body, and waits a second for the answer.
   headers_ = curl_slist_append(headers_, "Expect:");
   Check(curl_easy_setopt(handle_, CURLOPT_HTTPHEADER, headers_));
   Check(curl_easy_setopt(handle_, CURLOPT_SSL_VERIFYPEER, 0L));
@@ -84,7 +86,8 @@ void CurlConnection::Perform(const std::string& url) {
   Check(curl_easy_perform(handle_));
   long status = 0;
   Check(curl_easy_getinfo(handle_, CURLINFO_RESPONSE_CODE, &status));
-  if (status != 200) throw std::runtime_error("the service answered " + std::to_string(status) + " for " + url);
+  if (status != toolkit::HTTPStatus::ok)
+    throw std::runtime_error("the service answered " + std::to_string(status) + " for " + url);
 }
 
 void CurlConnection::Check(CURLcode code) const {

@@ -8,7 +8,7 @@
 
 namespace bench {
 
-/// The floor of all transfers: libcurl on one kept connection, without checking certificates, as the program does.
+/// The floor of all transfers: libcurl on one kept connection. Like the program, it does not check certificates.
 class CurlConnection {
  public:
   struct Reply {
@@ -24,8 +24,7 @@ class CurlConnection {
 
   /// POSTs JSON and waits for the whole reply. Throws unless its status is 200.
   Reply Post(const std::string& url, const std::string& body);
-  /// Gets a file and waits until all of it is written to `path`; the reply has no body. Throws unless its status is
-  /// 200.
+  /// Downloads a file to `path`; the returned body is empty. Throws unless the status is 200.
   Reply Download(const std::string& url, const std::string& path);
 
  private:

@@ -18,7 +18,7 @@ constexpr std::chrono::seconds wakeInterval(1);
 
 }  // namespace
 
-/// A transfer under way, which tells the desktop when its reply arrives.
+/// A running transfer, which records in the desktop when its reply arrives.
 class Desktop::Watch final : public toolkit::HTTPTransfer, public toolkit::HTTPTransferEvents {
  public:
   Watch(Desktop& desktop, toolkit::HTTPTransferEvents& events) : desktop_(desktop), events_(events) {}
@@ -100,7 +100,7 @@ double PaintWatch::SecondsToPaint(const std::function<void()>& action) {
   return SecondsSince(start);
 }
 
-// The filter sees the event before the widget does, but the event loop returns only after the whole window is painted.
+// The filter is called before the widget is painted, but the event loop returns only after the whole window is.
 void PaintWatch::Wait() {
   painted_ = nullptr;
   Desktop::RunUntil([this] { return painted_ != nullptr; });
@@ -109,7 +109,7 @@ void PaintWatch::Wait() {
 bool PaintWatch::eventFilter(QObject* watched, QEvent* event) {
   QObject* control = watched->parent();
   const bool isPainted = event->type() == QEvent::Paint && control != nullptr && control->objectName() == control_;
-  if (isPainted && isMeant_(*control)) painted_ = control;
+  if (isPainted && counts_(*control)) painted_ = control;
   return false;
 }
 

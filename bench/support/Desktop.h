@@ -16,28 +16,32 @@
 
 namespace bench {
 
-/// Comes first in the desktop, since the platform that is made last is the one that the program uses.
+/// The first base class of Desktop, since the platform that is constructed last is Platform::Current().
 struct QtBelow {
-  QtBelow(int& argumentCount, char** arguments) : Qt({.Name = "Benchmark", .Id = "corvane"}, argumentCount, arguments) {
-    toolkit::SetUpProcess();
-  }
+  QtBelow(int& argumentCount, char** arguments) : Qt(SetUp(), argumentCount, arguments) {}
   toolkit::qt::QtPlatform Qt;
+
+ private:
+  static toolkit::ProgramFacts SetUp() {
+    toolkit::SetUpProcess();  // before the platform is made
+    return {.Name = "Benchmark", .Id = "corvane"};
+  }
 };
 
-/// The program's own platform on Qt, with a watch on its transfers. These can go to another service than the one they
-/// name, or be answered from memory, so that the program's real windows run without port 1701 or without any service.
-/// A dialog ends the benchmark, since none belongs there.
+/// The program's own platform on Qt, which records when replies arrive. Requests can be redirected to another service,
+/// or answered from memory, so that the program's real windows run without port 1701 or without any service. A dialog
+/// ends the benchmark, since none is expected.
 class Desktop final : private QtBelow, public toolkit::Platform {
  public:
   Desktop(int& argumentCount, char** arguments) : QtBelow(argumentCount, arguments), Platform(Qt.Program()) {}
   ~Desktop() override { CloseWindows(); }
 
-  /// Requests for "https://…:1701/path" go to `baseURL` and their path from now on.
+  /// From now on, requests for "https://…:1701/path" are sent to `baseURL` with the same path.
   void RedirectTo(std::string baseURL) { service_ = std::move(baseURL); }
-  /// Requests whose URL ends with `path` get this reply from now on, with status 200, on the event loop.
+  /// From now on, requests whose URL ends with `path` get this reply, with status 200.
   void Answer(const std::string& path, std::shared_ptr<const std::string> body) { answers_[path] = std::move(body); }
 
-  /// When the headers of the newest reply arrived, and when the last part of its body did.
+  /// When the headers of the newest reply arrived, and the last part of its body.
   [[nodiscard]] Clock::time_point HeadersAt() const { return headersAt_; }
   [[nodiscard]] Clock::time_point LastByteAt() const { return lastByteAt_; }
 
@@ -87,18 +91,18 @@ class Desktop final : private QtBelow, public toolkit::Platform {
   Clock::time_point lastByteAt_;
 };
 
-/// Tells when a control that scrolls, such as a list, has been painted.
+/// Waits until a control that scrolls, such as a list, has been painted.
 class PaintWatch final : public QObject {
  public:
-  /// `control` is its name.
+  /// `control` is its object name.
   explicit PaintWatch(QString control);
   ~PaintWatch() override;
 
-  /// Only a picture of the control when it is as it should be counts from now on.
-  void Expect(std::function<bool(QObject& control)> isAsItShouldBe) { isMeant_ = std::move(isAsItShouldBe); }
-  /// Only a picture of a list with that many rows counts from now on.
+  /// From now on, only paint events count for which this function returns true.
+  void Expect(std::function<bool(QObject& control)> counts) { counts_ = std::move(counts); }
+  /// From now on, only paint events count at which the list has `rows` rows.
   void ExpectRows(int rows);
-  /// Does `action`, then runs the event loop until the control is painted after it. Returns the seconds that took.
+  /// Calls `action`, then runs the event loop until the control is painted. Returns the seconds for both.
   double SecondsToPaint(const std::function<void()>& action);
   /// Runs the event loop until the control is painted.
   void Wait();
@@ -110,7 +114,7 @@ class PaintWatch final : public QObject {
 
  private:
   QString control_;
-  std::function<bool(QObject& control)> isMeant_ = [](QObject&) { return true; };
+  std::function<bool(QObject& control)> counts_ = [](QObject&) { return true; };
   QObject* painted_ = nullptr;
 };
 

@@ -4,8 +4,8 @@
 
 namespace bench {
 
-/// Serves the files of a folder over HTTP from memory, on a free port of this machine, and prints its URL on a line
-/// first. Returns only if listening breaks down.
+/// Prints its URL on a line, then serves the files of a folder over HTTP from memory, on a free port of this machine.
+/// Returns only if listening fails.
 void ServeFiles(const std::filesystem::path& folder);
 
 }  // namespace bench

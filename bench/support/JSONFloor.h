@@ -4,8 +4,8 @@
 
 namespace bench {
 
-/// The floor of all reading: seconds in which Boost.JSON parses `text` in the quickest way it has, into one block of
-/// memory that is dropped as a whole, without looking at the result. The dropping is not counted.
+/// The floor of all reading: the seconds in which Boost.JSON parses `text` in its fastest way, into a monotonic
+/// resource. Neither use of the result nor its release is counted.
 [[nodiscard]] double SecondsToParse(std::string_view text);
 
 }  // namespace bench

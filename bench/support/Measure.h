@@ -9,10 +9,11 @@ namespace bench {
 using Clock = std::chrono::steady_clock;
 using Duration = std::chrono::duration<double>;
 
-/// The middle one of `values`, of which there must be one at least; the mean of the two in the middle of an even count.
+/// The median of `values`, of which there must be at least one.
 [[nodiscard]] double Median(std::vector<double> values);
 
-/// Keeps this process, and those that it starts meanwhile, on one processor; on any where there is no such one.
+/// Keeps this process, and those that it starts meanwhile, on one processor. Without effect if there is none of that
+/// number.
 class OnProcessor {
  public:
   explicit OnProcessor(int number);

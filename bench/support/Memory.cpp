@@ -25,6 +25,4 @@ double ProportionalMemory(pid_t process) {
 
 double PeakMemory() { return ReadKilobytes("/proc/self/status", "VmHWM:"); }
 
-double PresentMemory() { return ReadKilobytes("/proc/self/status", "VmRSS:"); }
-
 }  // namespace bench

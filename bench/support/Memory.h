@@ -5,13 +5,10 @@
 
 namespace bench {
 
-/// The memory of a process in bytes, where a page that several processes share counts in parts (see proc(5), "Pss").
+/// The proportional memory of a process in bytes: a page that n processes share counts as 1/n (see proc(5), "Pss").
 [[nodiscard]] double ProportionalMemory(pid_t process);
 
-/// The most memory that this process has had at any time, in bytes (see proc(5), "VmHWM").
+/// The peak memory of this process, in bytes (see proc(5), "VmHWM").
 [[nodiscard]] double PeakMemory();
-
-/// The memory that this process has now, in bytes (see proc(5), "VmRSS").
-[[nodiscard]] double PresentMemory();
 
 }  // namespace bench

@@ -5,13 +5,13 @@
 #include <QPointer>
 #include <QTimer>
 
+#include "toolkit/HTTPStatus.h"
 #include "toolkit/Platform.h"
 
 namespace bench {
 namespace {
 
 constexpr std::size_t partSize = std::size_t{64} * 1024;
-constexpr int statusOK = 200;
 
 }  // namespace
 
@@ -20,12 +20,12 @@ MemoryTransfer::MemoryTransfer(std::shared_ptr<const std::string> body, toolkit:
   QTimer::singleShot(0, this, [this] { toolkit::Platform::Current().Dispatch([this] { Deliver(); }); });
 }
 
-// Each step may end the transfer, and with it this object.
+// Each event may abort the transfer or destroy this object.
 void MemoryTransfer::Deliver() {
   const QPointer<MemoryTransfer> alive(this);
   const auto body = body_;
   if (isAborted_) return;
-  events_.HeadersReceived(statusOK, {}, body->size());
+  events_.HeadersReceived(toolkit::HTTPStatus::ok, {}, body->size());
   for (std::size_t place = 0; alive && !isAborted_ && place < body->size(); place += partSize) {
     events_.BodyReceived(std::string_view(*body).substr(place, partSize));
   }

@@ -9,7 +9,7 @@
 
 namespace bench {
 
-/// A transfer without a network: the reply lies in memory and arrives in parts, as from a fast network.
+/// A transfer without a network: the reply is in memory and delivered in parts, as from a fast network.
 class MemoryTransfer final : public QObject, public toolkit::HTTPTransfer {
  public:
   MemoryTransfer(std::shared_ptr<const std::string> body, toolkit::HTTPTransferEvents& events);

@@ -14,9 +14,9 @@ std::vector<std::string> CommandOf(const std::vector<std::string>& options) {
                                    "--port",
                                    "0",
                                    "--user",
-                                   std::string(PanelService::User),
+                                   std::string(PanelService::user),
                                    "--password",
-                                   std::string(PanelService::Password)};
+                                   std::string(PanelService::password)};
   command.insert(command.end(), options.begin(), options.end());
   return command;
 }
@@ -37,7 +37,7 @@ PanelService ServiceElsewhere(const std::vector<std::string>& options) {
 
 std::string RequestBody(std::string_view members) {
   std::string body = R"({"username":")";
-  body.append(PanelService::User).append(R"(","password":")").append(PanelService::Password).append("\"");
+  body.append(PanelService::user).append(R"(","password":")").append(PanelService::password).append("\"");
   if (!members.empty()) body.append(",").append(members);
   return body.append("}");
 }

@@ -11,8 +11,8 @@ namespace bench {
 /// A panel service with a demonstration fleet, on a free port of this machine, for as long as this object lives.
 class PanelService {
  public:
-  static constexpr std::string_view User = "bench";
-  static constexpr std::string_view Password = "mark";
+  static constexpr std::string_view user = "bench";
+  static constexpr std::string_view password = "mark";
 
   /// `options` are those of corvane-panel.
   explicit PanelService(const std::vector<std::string>& options = {});
@@ -25,8 +25,8 @@ class PanelService {
   std::string baseURL_;
 };
 
-/// A service on the second processor, since a real one is another machine: measure on the first. Where the system puts
-/// both would decide the figures otherwise.
+/// Runs the service on the second processor and the measurement on the first; otherwise the scheduler's choice would
+/// change the figures.
 [[nodiscard]] PanelService ServiceElsewhere(const std::vector<std::string>& options = {});
 
 /// The body of a request that gives the right credentials, and `members`: JSON without braces, or nothing.

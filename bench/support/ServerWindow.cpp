@@ -7,8 +7,8 @@ namespace bench {
 std::shared_ptr<CorvaneServer> AddedServer() {
   auto server = std::make_shared<CorvaneServer>();
   server->Network_Hostname = "127.0.0.1";
-  server->Username = PanelService::User;
-  server->Password = PanelService::Password;
+  server->Username = PanelService::user;
+  server->Password = PanelService::password;
   return server;
 }
 

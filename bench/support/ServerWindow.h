@@ -15,10 +15,10 @@ namespace bench {
 /// A server as a user would have added it.
 [[nodiscard]] std::shared_ptr<CorvaneServer> AddedServer();
 
-/// Lets `desktop` answer what a server window asks for at its opening from memory, as `service` answers it.
+/// Lets `desktop` answer the first requests of a server window from memory, with the replies of `service`.
 void AnswerOpening(Desktop& desktop, CurlConnection& curl, const PanelService& service);
 
-/// The program's window of one server, opened on its containers, the second of them selected.
+/// The program's window of one server, with its second container selected.
 class ServerWindow {
  public:
   ServerWindow();
@@ -27,15 +27,15 @@ class ServerWindow {
   ~ServerWindow() { window_->Close(); }
 
   [[nodiscard]] wServer& Window() { return *window_; }
-  /// Asks for `count` log lines ("0" for all), and waits until the log window with `rows` rows is painted. Returns its
-  /// list on the screen.
+  /// Requests `count` log lines ("0" for all), and waits until the log window with `rows` rows is painted. Returns its
+  /// list.
   QAbstractItemView& OpenLog(const std::string& count, int rows);
 
  private:
   std::shared_ptr<wServer> window_;
 };
 
-/// Closes the window that was opened last, and waits until nothing is left of it.
+/// Closes the window that was opened last, and waits until it is destroyed.
 void CloseLastWindow();
 
 }  // namespace bench

@@ -4,7 +4,7 @@
 
 namespace bench {
 
-/// A new folder that only this user can enter. It goes with this object, and all that is in it.
+/// A new folder that only this user can enter. It is removed with this object.
 class TemporaryFolder {
  public:
   /// Throws if none can be made.

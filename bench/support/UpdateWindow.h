@@ -17,9 +17,9 @@ namespace bench {
 class UpdateWindow {
  public:
   UpdateWindow();
-  /// Returns when the offer's picture is there or is not coming.
+  /// Returns when the offer's picture has been loaded or has failed.
   std::shared_ptr<KajuUpdateWindow> Open(Kaju::Offers offers);
-  /// Waits until nothing is left of the window; whoever held it must have let go of it.
+  /// Closes the window and waits until it is destroyed. The caller must hold no other pointer to it.
   static void Close(std::shared_ptr<KajuUpdateWindow> window);
 
  private:

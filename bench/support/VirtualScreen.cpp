@@ -11,8 +11,8 @@
 namespace bench {
 namespace {
 
-// A file of the X Window Dump format begins with 32-bit numbers, the highest byte first: the size of what stands before
-// the colours comes first, and the number of colours, 12 bytes each, is the 20th.
+// A file in the X Window Dump format begins with big-endian 32-bit numbers. The first is the size of the header, which
+// is followed by the colours, 12 bytes each; the 20th is their number.
 constexpr std::size_t placeOfHeaderSize = 0;
 constexpr std::size_t placeOfColourCount = 76;
 constexpr std::size_t bytesOfColour = 12;
@@ -28,12 +28,12 @@ std::size_t ReadNumber(const unsigned char* bytes, std::size_t place) {
 VirtualScreen::VirtualScreen() {
   const std::vector<std::string> command{"Xvfb",         "-displayfd", "1",   "-screen", "0",
                                          "1280x1024x24", "-nolisten",  "tcp", "-fbdir",  folder_.Path()};
-  // It complains of each display number that is taken, before it finds a free one.
+  // It writes an error for each display number in use before it finds a free one.
   server_ = std::make_unique<ChildProcess>(command, ErrorOutput::Dropped);
   const std::string display = std::string(":").append(server_->ReadLine());
   setenv("DISPLAY", display.c_str(), 1);
   setenv("QT_QPA_PLATFORM", "xcb", 1);
-  // Qt complains at each start where there is none.
+  // Without it, Qt writes a warning at each start.
   setenv("XDG_RUNTIME_DIR", folder_.Path().c_str(), 0);
   MapPixels();
 }

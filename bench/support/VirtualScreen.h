@@ -9,8 +9,8 @@
 
 namespace bench {
 
-/// An X server without a screen (Xvfb), for this process and those that it starts from now on. Its pixels lie in a file
-/// that can be looked at without asking the server, so that watching the screen takes no time from what is watched.
+/// An X server without a screen (Xvfb), for this process and those that it starts from now on. Its pixels are mapped
+/// from a file, so that reading them takes no time from the server.
 class VirtualScreen {
  public:
   /// Sets DISPLAY, and lets Qt use it. Throws if the server does not start.

@@ -10,18 +10,18 @@
 
 #include "shell/App.h"
 #include "shell/Product.h"
-#include "toolkit/Window.h"
+#include "tests/support/OtherWindow.h"
 #include "toolkit/qt/QtPlatform.h"
 
-/// A test on the real platform. Mouse and keys go to the window, as the desktop would send them, and find their widget
-/// themselves.
+/// A test on the real platform. Mouse and key events are sent to the window, as the desktop does, and Qt passes them to
+/// the widget.
 class Desktop : public testing::Test {
  protected:
-  /// Runs the event loop until `isSo`, for ten seconds at most. Returns whether it came to be so.
+  /// Runs the event loop until `isSo` returns true, for at most ten seconds. Returns whether it did.
   static bool Until(const std::function<bool()>& isSo) { return QTest::qWaitFor(isSo, 10'000); }
-  /// Shows `window` and waits until the keyboard belongs to it.
+  /// Shows `window` and waits until it is active.
   static QWidget& Open(const std::shared_ptr<toolkit::Window>& window);
-  /// The widget of that object name in any window, of the type asked for. Throws if there is none.
+  /// The widget with this object name and type in any visible window. Throws if there is none.
   template <typename Widget = QWidget>
   static Widget& Find(const QString& name) {
     for (QWidget* top : QApplication::topLevelWidgets()) {
@@ -33,11 +33,11 @@ class Desktop : public testing::Test {
   static void ClickAt(const QWidget& widget, QPoint place);
   /// Presses a key in the active window.
   static void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
-  /// The name of the widget that has the keyboard.
+  /// The object name of the focused widget.
   static std::string Focused();
-  /// Types ASCII text where the keyboard is; "\b" is the backspace key.
+  /// Types ASCII text into the focused widget; "\b" is the backspace key.
   static void Type(const std::string& text);
-  /// Clicks the text field of that name and types over what it holds.
+  /// Clicks the text field of that name and replaces its text.
   static void TypeInto(const QString& name, const std::string& text);
 
   int argumentCount = 1;
@@ -47,13 +47,7 @@ class Desktop : public testing::Test {
   App app{{1, 2, 3}};
 };
 
-/// An empty window, which keeps the program running.
-class OtherWindow final : public toolkit::Window {
- public:
-  OtherWindow() : Window("Other", {100, 100}, {}, {100, 100}) {}
-};
-
-/// The user in front of the message boxes: acts on each box once, Return by default, and remembers what it said.
+/// Plays the user of message boxes: records the text of each box and acts on it once, by default with Return.
 class BoxReader {
  public:
   explicit BoxReader(std::function<void(QDialog&)> act = nullptr);

@@ -33,7 +33,7 @@ TEST_F(MainWindow, NothingGetsThePasswordOutOfItsField) {
 
 TEST_F(MainWindow, TypingAndClickingAddsTheServer) {
   const FaultServer server({{{Reply(200, information)}}});
-  // The window puts port 1701 behind the host, so the server's real port and a path stand before it.
+  // The program appends ":1701" to the host, which a path before it makes harmless.
   TypeInto("txtHostname", "127.0.0.1:" + std::to_string(server.Port()) + "/x");
   TypeInto("txtPassword", "s3cret");
   TypeInto("txtUsername", "admin");
@@ -55,7 +55,7 @@ TEST_F(MainWindow, EverythingCanBeReadOnADarkDesktop) {
   QApplication::setPalette(dark);
   main->listServers.AddRow({"Name", "Address", "Host"});
   TypeInto("txtHostname", "typed");
-  QTest::qWait(50);
+  ASSERT_TRUE(Until([] { return Find<QAbstractItemView>("listServers").model()->rowCount() == 1; }));
   QWidget& content = Find("content");
   std::vector<std::pair<QString, QRect>> areas{{"row", {10, 184, 100, 14}}, {"heading", {10, 166, 100, 14}}};
   for (const char* name : {"txtHostname", "txtUsername", "btnAddServer", "labelVersion", "labelCopyright"}) {

@@ -1,4 +1,4 @@
-// The sockets of the update check against a web server that does what servers do.
+// The sockets of the update check against a real web server with the faults of real ones.
 
 #include "tests/desktop/Desktop.h"
 #include "tests/support/FaultServer.h"

@@ -52,7 +52,8 @@ std::string Zip(const std::vector<Entry>& entries) {
          Number(0, 2);
 }
 
-/// Few names, so that links meet. Half of the archives have harmless names only; half are damaged afterwards.
+/// With few names, so that links refer to other entries. Half of the archives have harmless names only; half are
+/// damaged afterwards.
 std::string RandomZip(std::minstd_rand& random) {
   const auto oneOf = [&](const auto& values) { return values[random() % std::size(values)]; };
   const bool isTame = random() % 2 == 0;
@@ -102,12 +103,12 @@ class ZipShellTest : public Desktop {
     toolkit::ReplaceFile(folder.Child(name), bytes);
     return folder.Child(name);
   }
-  /// How unpacking into a folder named "out" ends.
+  /// How unpacking into a folder named "out" ends, which must be within five seconds.
   std::string Unpack(const FolderItem& archive) {
     Kaju::DeleteRecursive(folder.Child("out"));
     end.clear();
     shell.Decompress(archive, folder.Child("out"));
-    EXPECT_TRUE(Until([&] { return !end.empty(); }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !end.empty(); }, 5'000));
     return end;
   }
 
@@ -132,7 +133,7 @@ TEST_F(ZipShellTest, KeepsPermissions) {
   EXPECT_EQ(shell.CurrentOperation(), ZipShell::Operation::None);
   const FolderItem archive = folder.Child(source.Name() + ".zip");
   EXPECT_EQ(ZipShell::ContentsOf(archive), source.Name());
-  toolkit::ReplaceFile(folder.Child("led.zip"), "bytes before it" + toolkit::ReadFile(archive));  // told as a warning
+  toolkit::ReplaceFile(folder.Child("led.zip"), "bytes before it" + toolkit::ReadFile(archive));  // only a warning
   EXPECT_EQ(ZipShell::ContentsOf(folder.Child("led.zip")), source.Name());
   EXPECT_EQ(ZipShell::ContentsOf(folder.Child("missing.zip")), "");
 
@@ -197,7 +198,7 @@ TEST_F(ZipShellTest, RefusesArchivesThatAreNoUpdates) {
                    (entry.status().permissions() & perms::owner_write) == perms::none);
     }
   }
-  // Something before the archive is a warning.
+  // Bytes before the archive are only a warning.
   EXPECT_EQ(ZipShell::ContentsOf(Write("odd.zip", "before" + good)), "app/x");
 }
 

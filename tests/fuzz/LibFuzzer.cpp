@@ -1,4 +1,4 @@
-// The entry for libFuzzer, which brings its own main.
+// The entry point for libFuzzer, which has its own main.
 
 #include "tests/fuzz/Target.h"
 

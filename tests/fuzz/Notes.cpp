@@ -1,5 +1,5 @@
-// Release notes, and the page that they may lead to: the input up to its first NUL, and the rest. What is to be shown
-// goes the way it goes in the notes viewer, layout included.
+// Release notes, and the page that they may refer to: the input up to its first NUL, and the rest. The result is
+// filtered and laid out as in the notes viewer.
 
 #include <algorithm>
 

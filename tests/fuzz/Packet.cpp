@@ -1,8 +1,9 @@
-// A packet from anywhere, and a document as if its signature had been right.
+// An arbitrary packet, and an arbitrary document as if its signature were valid.
 
 #include "shell/App.h"
 #include "tests/fuzz/Target.h"
 #include "tests/support/HandPlatform.h"
+#include "tests/support/OfferRecorder.h"
 #include "update/check/UpdateChecker.h"
 #include "update/check/UpdatePacket.h"
 
@@ -10,24 +11,6 @@ namespace {
 
 constexpr const char* key =
     "30820120300D06092A864886F70D01010105000382010D00308201080282010100A9D6D1B1C0F1";  // cut off, so never usable
-
-class Counter final : public Kaju::UpdatePresenter {
- public:
-  std::size_t Shown = 0;
-
-  [[nodiscard]] bool IsOpen() const override { return false; }
-  void ChooseUpdate(const std::shared_ptr<Kaju::UpdateChecker>& /*checker*/, Kaju::Offers offers) override {
-    Shown = offers.size();
-    for (const auto& offer : offers) {
-      static_cast<void>(offer->IsValid());
-      const Kaju::UpdateInformation again(offer->ToJSON());
-      Require(again.ToJSON() == offer->ToJSON(), "a record that is written is read back the same");
-      for (const auto& binary : offer->Binaries()) {
-        if (binary) static_cast<void>(binary->HasUsableNames());
-      }
-    }
-  }
-};
 
 }  // namespace
 
@@ -38,10 +21,18 @@ void FuzzOne(std::string_view input) {
   Require(Kaju::VerifyPacket(packet, key) != Kaju::PacketVerdict::Genuine, "nothing is genuine without a key");
   Require(packet.SignatureLine.size() + packet.Payload.size() <= input.size(), "the parts lie in the packet");
 
-  const auto presenter = std::make_shared<Counter>();
+  const auto presenter = std::make_shared<OfferRecorder>();
   const auto checker = std::make_shared<Kaju::UpdateChecker>(platform.ApplicationDataFolder(), "prefs", presenter);
   checker->AllowedInteraction = Kaju::UpdateChecker::kAllowUpdateWindow;
   checker->TestUpdate(std::string(input));
   const bool hasOffers = checker->Result() >= Kaju::UpdateChecker::ResultType::UpdateAvailable;
-  Require(hasOffers == (presenter->Shown > 0), "offers are shown exactly if the result says that there are some");
+  Require(hasOffers == !presenter->Shown.empty(), "offers are shown exactly if the result says that there are some");
+  for (const auto& offer : presenter->Shown) {
+    static_cast<void>(offer->IsValid());
+    const Kaju::UpdateInformation again(offer->ToJSON());
+    Require(again.ToJSON() == offer->ToJSON(), "a record that is written is read back the same");
+    for (const auto& binary : offer->Binaries()) {
+      if (binary) static_cast<void>(binary->HasUsableNames());
+    }
+  }
 }

@@ -1,5 +1,5 @@
-// A short fixed run without libFuzzer: every file of the seed corpus, and then a number of inputs made from them, the
-// same ones each time. Arguments: the folder of the corpus and how many inputs to make.
+// A short fixed run without libFuzzer: every file of the seed corpus, then mutations of them, the same ones each time.
+// Arguments: the folder of the corpus, and the number of mutations.
 
 #include <algorithm>
 #include <filesystem>

@@ -1,4 +1,4 @@
-// A reply of a panel service: the first byte chooses the status, the rest is the body. It may be a table.
+// A reply of a panel service: the first byte selects the status, the rest is the body, which may be a table.
 
 #include "service/TessenServicesClient.h"
 #include "tests/fuzz/Target.h"

@@ -6,10 +6,10 @@
 #include <iostream>
 #include <string_view>
 
-/// One execution on one input. Ends the process if what must always hold does not.
+/// Runs the target on one input. Aborts if a rule does not hold.
 void FuzzOne(std::string_view input);
 
-/// Ends the process with `rule`, which did not hold.
+/// Aborts with the text `rule` unless it holds.
 inline void Require(bool holds, const char* rule) {
   if (holds) return;
   std::cerr << "Does not hold: " << rule << '\n';

@@ -1,4 +1,5 @@
-// An address from a document, with or without credentials, and the "Location" of each reply: a line each.
+// The first line is an address from a document, with or without credentials; each further one is the "Location" of a
+// reply.
 
 #include <sstream>
 #include <string>

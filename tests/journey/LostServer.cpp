@@ -1,8 +1,7 @@
-// The program's client of the panel service, pressed by hand. A line on the standard input presses the button of a
-// service: "NAME URL [BYTES]". Each name has a client of its own, and BYTES make its request so much larger. A line of
-// output tells how it ended, after how many seconds: "NAME replied SECONDS", "NAME refused SECONDS MESSAGE" where the
-// service said no, or "NAME failed SECONDS MESSAGE" where no reply came. The end of the input ends the program.
-// Arguments: user name, password.
+// Sends requests with the program's client of the panel service. Each line "NAME URL [BYTES]" on standard input sends
+// one by the client of that name; BYTES makes it larger. A line of output says how and after how many seconds it ended:
+// "NAME replied SECONDS", "NAME refused SECONDS MESSAGE" if the service refused it, or "NAME failed SECONDS MESSAGE"
+// without a reply. Ends at the end of the input. Arguments: user name, password.
 
 #include <array>
 #include <chrono>

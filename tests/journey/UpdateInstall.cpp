@@ -1,7 +1,6 @@
-// The program installs an offer without being asked, on real files: it is replaced by what is in the archive. Prints
-// each error that its user would see, and "ready" when nothing is missing but its end. Arguments: the address of the
-// archive, its hash, the name of the executable in it. Started again by the install script, it only makes a file that
-// says so.
+// Installs an update without a user, on real files: the content of the archive replaces this program. Prints each error
+// that a user would see, and "ready" when it only has to end. Arguments: the address of the archive, its hash, the name
+// of the executable in it. When the install script starts it again, it only writes a file.
 
 #include <cstdlib>
 #include <fstream>
@@ -15,6 +14,7 @@
 
 #include "shell/App.h"
 #include "shell/Product.h"
+#include "toolkit/Process.h"
 #include "toolkit/qt/QtPlatform.h"
 #include "update/install/KajuUpdateWindow.h"
 
@@ -42,6 +42,7 @@ int main(int argc, char** argv) {
     std::ofstream(std::string(argv[0]) + ".started") << "old " << argv[1];
     return EXIT_SUCCESS;
   }
+  toolkit::SetUpProcess();
   toolkit::qt::QtPlatform platform(product::program, argc, argv);
   App app(product::version);
   QTimer reader;

@@ -1,6 +1,6 @@
-"""Works the program by what it tells AT-SPI, the interface of screen readers: roles, names, actions, texts and tables.
+"""Uses the program through AT-SPI, the interface of screen readers: roles, names, actions, texts and tables.
 
-No key, no click, no place on the screen. The environment tells how to log in.
+Without keys, clicks or positions on the screen. The environment contains the login.
 """
 
 import itertools
@@ -15,13 +15,13 @@ LIMIT = 20  # seconds that anything may take
 PROGRAM = "Corvane"
 ADDRESS = os.environ["CORVANE_TEST_ADDRESS"]
 SERVER = f"Demonstration ({ADDRESS})"
-# Without a keyboard, a Wayland session gives no window the focus.
+# Without a keyboard, a Wayland session focuses no window.
 HAS_KEYBOARD = os.environ["XDG_SESSION_TYPE"] != "wayland"
-HEARD = []  # since the last action: each change, with the role and the name of what changed
+HEARD = []  # the events since the last action, with the role and the name of their source
 
 
 def until(what, attempt):
-    """The first true value that `attempt` returns. An object that has gone meanwhile makes it fail, and try again."""
+    """The first true value that `attempt` returns. Tries again if it fails, since objects may disappear meanwhile."""
     end = GLib.get_monotonic_time() + LIMIT * 1_000_000
     failure = ""
     while GLib.get_monotonic_time() < end:
@@ -30,7 +30,7 @@ def until(what, attempt):
         try:
             if result := attempt():
                 return result
-        except (GLib.Error, SystemError) as error:  # the second one where a program ends within its answer
+        except (GLib.Error, SystemError) as error:  # the second one if the program ends while it answers
             failure = str(error)
         GLib.usleep(20_000)
     raise AssertionError("\n".join([f"Waited in vain for {what}. {failure}", *map(str, HEARD[-30:])]))
@@ -40,7 +40,7 @@ def hear(event):
     try:
         HEARD.append((event.type, event.detail1, event.source.get_role_name(), event.source.get_name()))
     except (GLib.Error, SystemError):
-        pass  # its source has gone already
+        pass  # its source no longer exists
 
 
 def expect(kind, role, name, detail=None):
@@ -55,7 +55,7 @@ def children(node):
 
 
 def below(node):
-    """The node and all below it, but for what is in tables."""
+    """The node and all its descendants, except those in tables."""
     return [node] + [each for child in children(node) if node.get_role_name() != "table" for each in below(child)]
 
 
@@ -70,7 +70,7 @@ def has(node, *states):
 
 
 def find(nodes, role, name, *states):
-    """What has that role, that name and these states, waited for, among the nodes that the function returns."""
+    """Waits for a node with this role, this name and these states among those that `nodes` returns."""
     found = until(f"the {role} “{name}” {states}", lambda: [
         node for node in nodes() if (node.get_role_name(), node.get_name()) == (role, name) and has(node, *states)])
     return found[0]
@@ -81,7 +81,7 @@ def part(window, role, name, *states):
 
 
 def find_window(role, name, text=""):
-    """A window of that role and name; of several, the one with that text in it. All that takes keys has a name."""
+    """A window of this role and name; of several, the one that contains `text`. All that can be focused has a name."""
     window = find(lambda: [each for each in windows() if text in ["", *map(Atspi.Accessible.get_name, below(each))]],
                   role, name, "SHOWING")
     nameless = [node.get_role_name() for node in below(window)
@@ -109,7 +109,7 @@ def write(window, name, text, role="text"):
 
 
 def answer(*said, button="OK", about=()):
-    """A dialog stands, bears the program's name and says all that, and what it is about. Presses a button of it."""
+    """Expects a dialog with the program's name, these texts and this subject. Presses one of its buttons."""
     dialog = find_window("alert", PROGRAM, said[0])
     assert dialog.get_description() == "\n".join([*about, *said]), dialog.get_description()
     if HAS_KEYBOARD:
@@ -139,7 +139,7 @@ def select(node, row, name):
 
 def add_server():
     window = find_window("frame", PROGRAM)
-    # The program tells of changes once it knows that somebody listens.
+    # The program reports changes only once it knows that there is a listener.
     listener.register("object:")
     field, change = part(window, "text", "Username"), itertools.cycle(["heard", ""])
     until("any sound", lambda: Atspi.EditableText.set_text_contents(field, next(change)) and HEARD)

@@ -1,12 +1,12 @@
-// Runs a command, with all that it starts, and lets one of its calls that change files fail:
+// Runs a command, and lets one system call fail that changes files, in it or in any process that it starts:
 //
 //     faults NUMBER ERROR COUNT-FILE rich|poor COMMAND...
 //
-// Calls are counted over all processes. The call of that number fails with the error, or its process group is killed if
-// that is 0; with a negative number, every call from there on fails that takes space. On a poor file system there are
-// no hard links, and names cannot be exchanged. The number of calls is the length of the file, in the end. The kernel
-// asks for each such call (seccomp_unotify(2)), so nothing of this is in the environment of the command. Ends as the
-// command does, and when all that it started has ended.
+// Calls are counted over all processes. Call NUMBER fails with ERROR; if that is 0, its process group is killed. If
+// NUMBER is negative, every call from -NUMBER on fails that takes space. A poor file system has no hard links and
+// cannot exchange names. The length of COUNT-FILE is the number of calls. The kernel reports the calls by
+// seccomp_unotify(2), so the environment of the command is unchanged. Ends when all processes have ended, with the
+// status of the command.
 
 #include <cerrno>
 #include <csignal>
@@ -68,7 +68,7 @@ struct Settings {
   bool IsPoor;
 };
 
-/// Lets the kernel ask about these calls of this process, and of all that it starts, from now on. Returns where.
+/// From now on, the kernel asks before each of these calls of this process and its children. Returns the listener.
 int AskAboutCalls() {
   std::vector<sock_filter> program{BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr))};
   for (const auto& [number, kind] : calls) {
@@ -81,7 +81,7 @@ int AskAboutCalls() {
   return static_cast<int>(syscall(SYS_seccomp, SECCOMP_SET_MODE_FILTER, SECCOMP_FILTER_FLAG_NEW_LISTENER, &filter));
 }
 
-/// The text at an address of another process; empty if it cannot be read.
+/// The null-terminated text at an address of another process; empty if it cannot be read.
 std::string TextAt(unsigned process, std::uint64_t address) {
   std::ifstream memory("/proc/" + std::to_string(process) + "/mem", std::ios::binary);
   std::string text;
@@ -100,7 +100,7 @@ class Faults {
  public:
   explicit Faults(Settings settings) : settings_(std::move(settings)) {}
 
-  /// The error that a call is to have, -1 to let it be.
+  /// The error that a call is to fail with; -1: none.
   int ErrorOf(const seccomp_notif& call) {
     const auto& arguments = call.data.args;
     const Kind kind = calls.at(call.data.nr);
@@ -119,7 +119,7 @@ class Faults {
   }
 
   int Count(const seccomp_notif& call, bool takesSpace) {
-    // The program that is updated is a script of this shell.
+    // The updated program is a script of this shell, and not to be tested.
     std::error_code ignored;
     const auto program = std::filesystem::read_symlink("/proc/" + std::to_string(call.pid) + "/exe", ignored);
     if (program.filename() == "dash" || program.filename() == "sh") return -1;
@@ -135,12 +135,12 @@ class Faults {
   long count_ = 0;
 };
 
-/// Answers until nobody is left who could ask.
+/// Answers until no process is left that could ask.
 void Answer(int listener, Faults faults) {
   pollfd asked{.fd = listener, .events = POLLIN, .revents = 0};
   while (poll(&asked, 1, -1) >= 0 && (asked.revents & POLLIN) != 0) {
     seccomp_notif call{};
-    if (ioctl(listener, SECCOMP_IOCTL_NOTIF_RECV, &call) != 0) continue;  // the one who asked was killed
+    if (ioctl(listener, SECCOMP_IOCTL_NOTIF_RECV, &call) != 0) continue;  // the process was killed
     seccomp_notif_resp answer{};
     answer.id = call.id;
     const int error = faults.ErrorOf(call);
@@ -155,11 +155,11 @@ void Answer(int listener, Faults faults) {
 int main(int /*argc*/, char** argv) {
   char** command = argv + 5;
   const Settings settings{std::stol(argv[1]), std::stoi(argv[2]), argv[3], argv[4] == std::string("poor")};
-  prctl(PR_SET_CHILD_SUBREAPER, 1, 0, 0, 0);  // the command's children stay ours, whose memory we may read
+  prctl(PR_SET_CHILD_SUBREAPER, 1, 0, 0, 0);  // so that this process may read the memory of all descendants
   const pid_t child = fork();
   if (child == 0) {
     if (dup3(AskAboutCalls(), numberOfListener, O_CLOEXEC) < 0) _exit(EXIT_FAILURE);
-    std::ignore = raise(SIGSTOP);  // until it has been taken from here
+    std::ignore = raise(SIGSTOP);  // until the parent has the listener
     execvp(command[0], command);
     _exit(127);
   }

@@ -1,4 +1,4 @@
-// As "install-script mac|linux EXECUTABLE REPLACEMENT NAME TEMP-FOLDER PID-FILE": prints the install script.
+// As "install-script mac|linux|windows EXECUTABLE REPLACEMENT NAME TEMP-FOLDER PID-FILE": prints the install script.
 
 #include <iostream>
 #include <string_view>
@@ -8,7 +8,8 @@
 using toolkit::FolderItem;
 
 int main(int /*argc*/, char** argv) {
-  const auto script = argv[1] == std::string_view("mac") ? Kaju::MacScript : Kaju::LinuxScript;
+  const std::string_view kind = argv[1];
+  const auto script = kind == "mac" ? Kaju::MacScript : kind == "windows" ? Kaju::WindowsScript : Kaju::LinuxScript;
   std::cout << script({.Executable = FolderItem(argv[2]),
                        .Version = "1.2.3_64-bit",
                        .Replacement = FolderItem(argv[3]),

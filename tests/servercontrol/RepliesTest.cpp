@@ -7,7 +7,7 @@ using toolkit::TransferFault;
 namespace {
 
 struct Replies : ServerFixture {
-  /// Everything can be used but for what `path` takes while it is under way.
+  /// Everything is enabled except what the running call to `path` disables.
   void ExpectBusyWith(const std::string& path) const {
     EXPECT_EQ(window->btn_overview_reload.Enabled(), path != "system/reload");
     EXPECT_EQ(window->overview_progress.Visible(), path == "system/reload");
@@ -46,7 +46,7 @@ TEST_F(Replies, WhateverBecomesOfACallNothingStaysBusy) {
   for (const auto& [path, button] : calls) {
     for (const Outcome& outcome : outcomes) {
       const bool isFetch = path == "system/information" || path == "containers/list" || path == "containers/logs";
-      if (outcome.IsReply && isFetch) continue;  // no status; what these show has tests of its own
+      if (outcome.IsReply && isFetch) continue;  // they show no status; tested elsewhere
       SCOPED_TRACE(path + ", " + outcome.Name);
       const auto begin = [&, &path = path, &button = button] {
         OpenAgain();

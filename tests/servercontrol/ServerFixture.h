@@ -15,7 +15,7 @@
 using Texts = std::vector<std::string>;
 using ServerButton = toolkit::PushButton wServer::*;
 
-/// All calls by their paths, with the buttons that make them.
+/// All calls by their paths, with the buttons that issue them.
 inline const std::vector<std::pair<std::string, ServerButton>> calls{
     {"containers/restart", &wServer::btn_containers_restart}, {"containers/start", &wServer::btn_containers_start},
     {"containers/stop", &wServer::btn_containers_stop},       {"containers/backup", &wServer::btn_containers_backup},
@@ -34,7 +34,7 @@ inline Texts RowsOf(const toolkit::Listbox& list) {
   return rows;
 }
 
-/// An open server window that is asking for both its tabs.
+/// An open server window, which has sent the requests for both its tabs.
 struct ServerFixture : testing::Test {
   ServerFixture() { OpenAgain(); }
 
@@ -49,7 +49,7 @@ struct ServerFixture : testing::Test {
     });
     return found == platform.Requests.rend() ? throw std::runtime_error("nothing was sent to " + path) : **found;
   }
-  /// Presses a button of either panel as the user would. That for backups is never shown and has only its event.
+  /// Presses a button of either panel as the user would. The one for backups is invisible: only its event is raised.
   void Press(ServerButton which) const {
     const toolkit::PushButton& button = (*window).*which;
     window->tabs.Select(button.Panel());
@@ -64,12 +64,12 @@ struct ServerFixture : testing::Test {
     window->tabs.Select(2);
     window->list_containers.Select(selected);
   }
-  /// Every call under way at once.
+  /// Issues all calls, so that they run at the same time.
   void SendAll() const {
     Fill({"web", "db"}, 0);
     for (const auto& [path, button] : calls) Press(button);
   }
-  /// Which of restart, start, stop, backup, logs and the count field can be used, as in "100000".
+  /// Which of restart, start, stop, backup, logs and the count field are enabled, as in "100000".
   [[nodiscard]] std::string Usable() const {
     std::string usable;
     for (const auto& [path, button] : calls) {

@@ -111,7 +111,7 @@ TEST_F(ServerWindow, OnlyANumberOfLinesIsSent) {
     ASSERT_EQ(platform.Requests.size(), before + (isNumber ? 1 : 0)) << typed;
     if (!isNumber) continue;
     EXPECT_EQ(Body(platform.LastRequest()).at("logCount"), count) << typed;
-    platform.LastRequest().Reply(200, R"({"log":{"0":["line"]}})");  // or the same would not be asked for again
+    platform.LastRequest().Reply(200, R"({"log":{"0":["line"]}})");  // while this request runs, none is sent
   }
 }
 

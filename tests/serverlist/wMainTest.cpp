@@ -17,7 +17,7 @@ namespace {
 
 constexpr const char* reply =
     R"({"networkHostname":" named ","networkIPv4":"192.0.2.1","systemName":"<b>\"B\u0000x\"\\\r\n 🚀","load":8})";
-const std::string systemName = "<b>\"B\0x\"\\\r\n 🚀"s;  // as the reply tells it
+const std::string systemName = "<b>\"B\0x\"\\\r\n 🚀"s;  // as in the reply
 
 struct ServerList : Test {
   ServerList() {
@@ -112,7 +112,7 @@ TEST_F(ServerList, AsksTheTypedHostAndKeepsTheForm) {
 TEST_F(ServerList, AServerThatIsAddedTwiceHasTwoRows) {
   Add().Reply(200, reply);
   SentRequest& second = Add();
-  auto body = parse(reply).get_object();  // what the first reply left travels along
+  auto body = parse(reply).get_object();  // values of the first reply are sent again
   body.insert({{"username", "amy"}, {"password", "pässw0rd"}});
   EXPECT_EQ(parse(second.Request.Body), body);
   second.Reply(200, R"({"networkHostname":"named","networkIPv4":8,"systemName":12.5})");

@@ -21,7 +21,7 @@ struct Client : testing::Test {
     client->Error = [this](const auto& error) { events.push_back("error: " + error.Message()); };
   }
 
-  /// Presses a button and gives what was sent for it.
+  /// Presses a button and returns the body that was sent.
   boost::json::value Press() {
     client->PressButton(url, "List");
     return parse(Last().Request.Body);

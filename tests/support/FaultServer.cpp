@@ -11,7 +11,7 @@
 namespace test_servers {
 namespace {
 
-/// A thing of OpenSSL's as DER.
+/// An object of OpenSSL, encoded as DER.
 template <typename Thing>
 QByteArray Encoded(int (*encode)(const Thing*, unsigned char**), const Thing* thing) {
   QByteArray bytes(encode(thing, nullptr), '\0');
@@ -21,9 +21,9 @@ QByteArray Encoded(int (*encode)(const Thing*, unsigned char**), const Thing* th
 }
 
 struct Identity {
-  panel::Certificate made = panel::MakeSelfSignedCertificate();
-  QSslCertificate certificate{Encoded<X509>(i2d_X509, made.X509Certificate.get()), QSsl::Der};
-  QSslKey key{Encoded<EVP_PKEY>(i2d_PrivateKey, made.Key.get()), QSsl::Ec, QSsl::Der};
+  panel::Certificate Made = panel::MakeSelfSignedCertificate();
+  QSslCertificate Certificate{Encoded<X509>(i2d_X509, Made.X509Certificate.get()), QSsl::Der};
+  QSslKey Key{Encoded<EVP_PKEY>(i2d_PrivateKey, Made.Key.get()), QSsl::Ec, QSsl::Der};
 };
 
 const Identity& OfAllServers() {
@@ -32,12 +32,12 @@ const Identity& OfAllServers() {
 }
 
 void StartTLS(QSslSocket& socket) {
-  socket.setLocalCertificate(OfAllServers().certificate);
-  socket.setPrivateKey(OfAllServers().key);
+  socket.setLocalCertificate(OfAllServers().Certificate);
+  socket.setPrivateKey(OfAllServers().Key);
   socket.startServerEncryption();
 }
 
-/// How many bytes a request has, as far as `bytes` tell: more than they are while the head is not whole.
+/// The size of the request in `bytes`; larger than `bytes` while it is incomplete.
 /// A TLS greeting on a plain wire counts as one: a server that does not speak TLS answers that with an error.
 std::size_t SizeOfRequest(const std::string& bytes) {
   if (bytes.starts_with('\x16')) return bytes.size();
@@ -65,7 +65,7 @@ FaultServer::FaultServer(std::vector<Answer> script, Wire wire, Greeting greetin
   listen(QHostAddress::LocalHost);
 }
 
-std::string FaultServer::Certificate() { return OfAllServers().certificate.toPem().toStdString(); }
+std::string FaultServer::Certificate() { return OfAllServers().Certificate.toPem().toStdString(); }
 
 std::string FaultServer::URL() const {
   return (wire_ == Wire::TLS ? "https" : "http") + ("://127.0.0.1:" + std::to_string(Port()));

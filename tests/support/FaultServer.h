@@ -14,10 +14,10 @@ namespace test_servers {
 
 enum class Wire { TLS, Plain };
 
-/// What the server does with a connection that it accepted: work on it, leave it waiting for ever, or close it.
+/// What the server does with an accepted connection: serve it, keep it open without a word, or close it.
 enum class Greeting { Serve, Silence, Close };
 
-/// What the server does with one request that it has read. Without pieces it says nothing.
+/// What the server does with one request that it has read. Without pieces it sends nothing.
 struct Answer {
   enum class Then { Keep, Close };
   enum class Start { AtOnce, WhenReleased };
@@ -25,19 +25,19 @@ struct Answer {
   std::vector<std::string> Pieces;
   Then After = Then::Keep;
   Start From = Start::AtOnce;
-  /// Goes by before each piece but the first.
+  /// The pause before each piece but the first.
   std::chrono::milliseconds Pause{30};
 };
 
-/// A whole reply on a connection that is kept. `headers` are complete lines.
+/// A complete reply on a connection that stays open. `headers` are complete lines.
 [[nodiscard]] std::string Reply(int status, std::string_view body, std::string_view headers = {});
 
 /// A port of 127.0.0.1 that nobody listens on.
 [[nodiscard]] int UnusedPort();
 
-/// An HTTP server on 127.0.0.1 that misbehaves as it is told: the first request, on whatever connection, gets the first
-/// answer of the script, and so on; the last answer serves all that follow. A "$" in an answer stands for the server's
-/// URL. It works while the event loop runs.
+/// An HTTP server on 127.0.0.1 that misbehaves as its script says: the first request, on any connection, gets the first
+/// answer, and so on; further requests get the last answer. A "$" in an answer stands for the server's URL. It runs on
+/// the event loop.
 class FaultServer final : private QTcpServer {
  public:
   /// The certificate of all such servers, in PEM.
@@ -48,16 +48,16 @@ class FaultServer final : private QTcpServer {
   /// "https://" or "http://" with address and port, as suits the wire.
   [[nodiscard]] std::string URL() const;
   [[nodiscard]] int Port() const { return serverPort(); }
-  /// Every whole request so far, byte for byte, head and body.
+  /// Every complete request so far, byte for byte, head and body.
   [[nodiscard]] const std::vector<std::string>& Requests() const { return requests_; }
-  /// How many of them have got all of their answer.
+  /// How many of them have been answered completely.
   [[nodiscard]] std::size_t Answered() const { return answered_; }
   [[nodiscard]] std::size_t Connections() const { return sockets_.size(); }
-  /// Whether one of them still stands.
+  /// Whether one of them is still open.
   [[nodiscard]] bool IsConnected() const;
-  /// How many bytes of answers nobody has taken yet.
+  /// How many bytes of answers have not been sent yet.
   [[nodiscard]] std::size_t Unsent() const;
-  /// Lets the answers go that wait for it, now and from now on.
+  /// Sends the answers that wait for it, now and from now on.
   void Release();
 
  private:

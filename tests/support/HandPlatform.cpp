@@ -9,7 +9,7 @@
 
 namespace {
 
-/// What the program holds of a request, process or timer.
+/// The program's handle of a request, process or timer.
 template <typename Interface, typename Thing>
 class Held : public Interface {
  public:

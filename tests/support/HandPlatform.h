@@ -10,15 +10,15 @@
 
 #include "toolkit/Platform.h"
 
-/// A request that the program sent, and the hand that answers it. What is told to a transfer that has ended, or that
-/// nobody holds any more, is lost, as on a real network.
+/// A request that the program sent, to be answered by the test. Events of a transfer that has ended, or that the
+/// program has released, are lost.
 class SentRequest final : public std::enable_shared_from_this<SentRequest> {
  public:
   SentRequest(toolkit::HTTPRequest request, toolkit::HTTPTransferEvents& events)
       : Request(std::move(request)), events_(&events) {}
 
   const toolkit::HTTPRequest Request;
-  /// Whether it has neither ended nor been aborted. It goes on when the program has only let go of it.
+  /// Whether it has neither ended nor been aborted. It continues when the program only releases the transfer.
   [[nodiscard]] bool IsRunning() const { return isRunning_; }
   /// A whole reply.
   void Reply(int status, std::string_view body);
@@ -28,7 +28,7 @@ class SentRequest final : public std::enable_shared_from_this<SentRequest> {
   void EndReply();
   /// No reply, or no more of it. The failure names the host of the request and port 1701.
   void Fail(toolkit::TransferFault fault);
-  /// For the platform: the program let go of the transfer, or aborted it.
+  /// For the platform: the program has released the transfer, or aborted it.
   void LetGo() { events_ = nullptr; }
   void Abort() { isRunning_ = false, LetGo(); }
 
@@ -41,11 +41,11 @@ class SentRequest final : public std::enable_shared_from_this<SentRequest> {
   bool isRunning_ = true;
 };
 
-/// A command line that the program gave to the shell, and the hand that ends it.
+/// A command line that the program passed to the shell, to be ended by the test.
 struct StartedProcess final : std::enable_shared_from_this<StartedProcess> {
   std::string CommandLine;
   bool IsKilled = false;
-  /// Tells the program, unless it let go of the process.
+  /// Notifies the program, unless it has released the process.
   void End(int exitCode);
   void LetGo() { Ended = nullptr; }
   std::function<void(toolkit::ProcessEnd)> Ended;
@@ -58,9 +58,8 @@ struct SetTimer {
   void LetGo() { Expired = nullptr; }
 };
 
-/// A platform without screen, network or time: what it is asked for is written down here, and the test plays the world.
-/// What a test lets happen is an event: its handler runs at once, or when the one that raised a dialog has ended.
-/// Its folders are real, empty at first, and gone afterwards.
+/// A platform for tests: it records what the program requests, and the test triggers every event. Its folders are real
+/// and initially empty, and are removed at the end.
 class HandPlatform final : public toolkit::Platform {
  public:
   HandPlatform();
@@ -74,21 +73,21 @@ class HandPlatform final : public toolkit::Platform {
   toolkit::MessageDialog LastDialog;
   /// The windows that the dialogs belonged to, in order.
   std::vector<const toolkit::Window*> Owners;
-  /// How dialogs are answered.
+  /// The button that ends each dialog.
   toolkit::DialogButton Answer = toolkit::DialogButton::Action;
-  /// What happens while the next dialog stands, and in the next break of long work; forgotten then.
+  /// Called once, while the next dialog is open, and in the next RunDueEvents().
   std::function<void()> WhileMessageStands;
   std::function<void()> DuringBreak;
-  /// Lets an event happen, after those that wait. The empty one lets only these run: a test calls for it when it has
-  /// acted as the user.
+  /// Runs the handler at once, or after the handler that opened a dialog has returned. Without an argument, runs only
+  /// the events that are queued.
   void Happen(std::function<void()> event = [] {});
-  /// The addresses that were to be opened.
+  /// The addresses passed to OpenURL().
   std::vector<std::string> OpenedURLs;
-  /// The statuses that the program was told to quit with.
+  /// The statuses passed to Quit().
   std::vector<int> Quits;
-  /// What the world does in each round of a wait that the program makes; without it, a wait is a fault of the test.
+  /// Called in each round of RunEventsUntil(); without it, a wait fails the test.
   std::function<void()> WhileWaiting;
-  /// Lets time pass, and every timer expire whose time comes.
+  /// Advances the clock, and lets every timer expire that is then due.
   void Advance(std::chrono::milliseconds time);
   /// All processes ever started, in order.
   std::vector<std::shared_ptr<StartedProcess>> Processes;

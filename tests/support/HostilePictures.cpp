@@ -36,7 +36,7 @@ std::string PNG(std::size_t side, const std::string& chunks) {
          Chunk("IDAT", Compressed(std::string(side * (side / 8 + 2), '\0'))) + Chunk("IEND", "");
 }
 
-/// The decoder unpacks each text, of which each may be just below the library's own limit.
+/// The decoder unpacks each text, and each is just below the library's own limit.
 std::string TextsInPNG() {
   const std::string text = Chunk("zTXt", "a\0\0"s + Compressed(std::string(7'900'000, 'a')));
   std::string texts;
@@ -44,7 +44,7 @@ std::string TextsInPNG() {
   return PNG(8, texts);
 }
 
-/// The size in the directory is not that of the picture in the file.
+/// The directory declares another size than the picture in the file has.
 std::string LargeICO() {
   const std::string picture = PNG(5'700, "");
   std::string size = BigEndian(picture.size());
@@ -56,12 +56,12 @@ std::string Segment(int marker, const std::string& content) {
   return Bytes({0xFF, marker}) + BigEndian(content.size() + 2).substr(2) + content;
 }
 
-/// One component, progressive. Each scan says of all its blocks, in a few bits, that nothing changes, and the decoder
-/// goes through them.
+/// One component, progressive. Each scan says in a few bits that all its blocks stay unchanged, and the decoder visits
+/// each block.
 std::string ScansInJPEG() {
   constexpr std::size_t side = 4'800;
   constexpr std::size_t blocks = side / 8 * side / 8;
-  constexpr std::size_t blocksOfRun = 1U << 14U;  // told in 15 bits, all of them zero
+  constexpr std::size_t blocksOfRun = 1U << 14U;  // encoded in 15 bits, all of them zero
   constexpr std::size_t bytesOfScan = (blocks / blocksOfRun + 1) * 15 / 8 + 1;
   const auto codes = [](int table, int symbol) {  // one code, of one bit
     return Segment(0xC4, Bytes({table, 1}) + std::string(15, '\0') + Bytes({symbol}));
@@ -83,7 +83,7 @@ std::string ScreenOfGIF() {
          Bytes({0x2C, 0, 0, 0, 0, 1, 0, 1, 0, 0, 2, 2, 0x44, 1, 0, 0x3B});
 }
 
-/// Lossless, of the largest size that there is and a single color: its pixels take no bits at all.
+/// Lossless, of the largest possible size and a single color: its pixels take no bits at all.
 std::string LargestWebP() {
   const std::string picture = Bytes({0x2F, 0xFE, 0xBF, 0xFF, 0x0F, 0x88, 0x88, 0x08, 0});
   return "RIFF" + Bytes({22, 0, 0, 0}) + "WEBPVP8L" + Bytes({9, 0, 0, 0}) + picture + '\0';

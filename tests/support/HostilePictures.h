@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-/// A picture file that takes far more time or memory to decode than its size tells.
+/// A picture file that takes far more time or memory to decode than its size suggests.
 struct HostilePicture {
   std::string_view Name;
   std::string Encoded;

@@ -2,7 +2,7 @@
 
 #include "signing/SigningKey.h"
 
-/// The publisher whom the tests' program trusts. Making a key takes long.
+/// The publisher whom the tests' program trusts. Shared, since generating a key is slow.
 inline const SigningKey& Publisher() {
   static const SigningKey key;
   return key;

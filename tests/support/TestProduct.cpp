@@ -1,4 +1,4 @@
-// The product's facts for tests, which give their own address and key, or else one that refuses every connection.
+// The product's facts for tests. The environment may set address and key; the default address refuses connections.
 
 #include <cstdlib>
 

@@ -21,7 +21,7 @@ TEST(Text, IsUTF8OnlyIfWellFormed) {
   for (const auto& bytes : broken) EXPECT_FALSE(toolkit::IsUTF8("a" + bytes)) << testing::PrintToString(bytes);
 }
 
-// Whatever a piece ends in the middle of, a number, an escape or a character, the values are those of the whole text.
+// A piece may end within a number, an escape or a character: the values are the same as in one piece.
 TEST(JSON, IsReadInPiecesAsIfWhole) {
   constexpr std::size_t piece = 1'000'000;
   const std::string element =

@@ -10,7 +10,7 @@
 /// OpenSSL throw a std::runtime_error.
 class SigningKey {
  public:
-  /// Generates a key, which takes long.
+  /// Generates a key, which is slow.
   explicit SigningKey(int bits = 2048);
 
   /// The public key in the form of CORVANE_UPDATE_PUBLIC_KEY.
@@ -19,8 +19,6 @@ class SigningKey {
   [[nodiscard]] std::string Sign(std::string_view data) const;
   /// A signed update document.
   [[nodiscard]] std::string Packet(std::string_view payload) const;
-  /// For OpenSSL.
-  [[nodiscard]] EVP_PKEY& Pair() const { return *pair_; }
 
  private:
   struct Free {

@@ -11,7 +11,7 @@ namespace {
 
 QString If(bool isWrong, const QString& text) { return isWrong ? text : QString(); }
 
-/// Of a picture that has not come, a page shows a point at most.
+/// A picture that has not been loaded has at most one pixel.
 int MissingPictures(const QTextDocument& page) {
   int missing = 0;
   for (QTextBlock block = page.begin(); block.isValid(); block = block.next()) {

@@ -14,16 +14,16 @@
 namespace tour {
 namespace {
 
-/// Where to point: a place in a part of a window.
+/// Where to click: a place in a widget.
 struct Spot {
-  QWidget* part = nullptr;
-  QPoint place;
+  QWidget* Part = nullptr;
+  QPoint Place;
 };
 using Aim = std::function<Spot()>;
 
 QString Called(const QString& name) { return "“" + name + "”"; }
 
-/// Asks for the keyboard, as a click on the frame of the window would; empty once the window has it.
+/// Activates the window, as a click on its frame would. Empty once it is active.
 QString NotInFront(QWidget& window) {
   if (QApplication::activeWindow() == &window) return {};
   window.raise();
@@ -32,22 +32,22 @@ QString NotInFront(QWidget& window) {
 }
 
 QString CannotPoint(const Spot& spot, const QString& name) {
-  if (spot.part == nullptr) return "there is no " + Called(name);
-  QWidget& window = *spot.part->window();
-  if (!spot.part->isEnabled()) return Called(name) + " is disabled";
+  if (spot.Part == nullptr) return "there is no " + Called(name);
+  QWidget& window = *spot.Part->window();
+  if (!spot.Part->isEnabled()) return Called(name) + " is disabled";
   if (screen::Box() != nullptr && screen::Box() != &window) return "a message box stands in front of " + Called(name);
   if (QString trouble = NotInFront(window); !trouble.isEmpty()) return trouble;
-  const QPoint place = spot.part->mapTo(&window, spot.place);
+  const QPoint place = spot.Part->mapTo(&window, spot.Place);
   const QWidget* hit = window.rect().contains(place) ? window.childAt(place) : nullptr;
-  const bool isFree = hit == spot.part || spot.part->isAncestorOf(hit);
+  const bool isFree = hit == spot.Part || spot.Part->isAncestorOf(hit);
   return isFree ? QString() : Called(name) + " is covered or out of sight";
 }
 
 Inputs Point(const QString& name, const Aim& aim) {
   const auto act = [aim] {
     const Spot spot = aim();
-    QWidget* window = spot.part->window();
-    QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {}, spot.part->mapTo(window, spot.place));
+    QWidget* window = spot.Part->window();
+    QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {}, spot.Part->mapTo(window, spot.Place));
   };
   return {{[aim, name] { return CannotPoint(aim(), name); }, act}};
 }

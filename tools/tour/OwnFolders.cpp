@@ -19,7 +19,7 @@ OwnFolders::OwnFolders() {
   };
   use("TMPDIR", "temporary");
   use("XDG_DATA_HOME", "data");
-  // Where the desktop gives no folder for a session, Qt makes one among the temporary files.
+  // Without this variable, Qt creates a folder of its own among the temporary files.
   if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) use("XDG_RUNTIME_DIR", "session");
   if (!isMade) throw std::runtime_error("no temporary folder can be made");
 }

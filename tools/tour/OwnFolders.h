@@ -6,7 +6,7 @@
 namespace tour {
 
 /// Folders for the program's temporary files and for its data, so that the tour reads and writes nothing of the user's.
-/// They must be there before the program starts, and go with this object; the environment names them until the end.
+/// To be made before the program starts. Removed with this object; the environment variables stay set.
 class OwnFolders {
  public:
   /// Throws std::runtime_error if they cannot be made.

@@ -19,7 +19,7 @@ Inputs Call(const std::function<void()>& act) {
   return {{[] { return QString(); }, act}};
 }
 
-/// A check for updates, as the program makes it at its start.
+/// Checks for updates as the program does when it starts.
 Inputs CheckForUpdates(Publisher& publisher) {
   return Call([&publisher] {
     const auto checker = std::make_shared<Kaju::UpdateChecker>(App::Current().KajuPrefFolder(), "Kaju_Preferences",
@@ -36,8 +36,8 @@ Steps PanelSteps(const Visit& visit) {
       {"the main window opens", BringToFront(mainTitle), {Visible("btnAddServer")}, "main-empty"},
       {"a message comes", Click("btnAddServer"), {Visible("dialogBox")}, "message"},
       {"a server is added",
-       PressInBox("OK") + Fill("txtHostname", visit.host) + Fill("txtUsername", visit.user) +
-           Fill("txtPassword", visit.password) + Click("btnAddServer"),
+       PressInBox("OK") + Fill("txtHostname", visit.Host) + Fill("txtUsername", visit.User) +
+           Fill("txtPassword", visit.Password) + Click("btnAddServer"),
        {HasRows("listServers", 1)},
        "main-window"},
       {"its window opens",
@@ -58,7 +58,7 @@ Steps PanelSteps(const Visit& visit) {
   };
 }
 
-/// The newer version arrives whole. The file of the older one is not the one that was signed.
+/// The newer version is downloaded completely. The file of the older one does not have the hash that was signed.
 Steps UpdateSteps(Publisher& publisher) {
   const Inputs hurryUp = Call([&publisher] { publisher.HurryUp(); });
   const Step offer{"an offer comes",
@@ -66,7 +66,7 @@ Steps UpdateSteps(Publisher& publisher) {
                    {Says("pumUpdates", QString::fromStdString(Publisher::NewerVersion())), PicturesShown("hvNotes")},
                    "update-window"};
   Step again = offer;
-  again.picture.clear();
+  again.Picture.clear();
   return {
       offer,
       {"its download starts", Click("btnOK"), {PartlyDone("pbProgress")}, "update-downloading"},

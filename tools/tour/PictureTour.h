@@ -9,13 +9,13 @@ namespace tour {
 
 /// The server that is visited.
 struct Visit {
-  QString host;
-  QString user;
-  QString password;
+  QString Host;
+  QString User;
+  QString Password;
 };
 
-/// Each window of the program in the states that are worth a picture: those of the panel service, which must have its
-/// demonstration fleet, and those of the update that `publisher` offers. Nothing is ever installed.
+/// Shows each window of the program in the states that are worth a picture: those of the panel service, which must have
+/// its demonstration fleet, and those of the update that `publisher` offers. Installs nothing.
 [[nodiscard]] Steps PictureTour(const Visit& visit, Publisher& publisher);
 
 }  // namespace tour

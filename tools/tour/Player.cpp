@@ -22,7 +22,7 @@ constexpr std::chrono::milliseconds longestStep = 15s;
 
 void Print(const char* result, const Step& step, const QElapsedTimer& since, const QString& reasons = {}) {
   const QString time = QString::number(static_cast<double>(since.elapsed()) / 1000, 'f', 2);
-  std::cout << result << step.what.toStdString() << " (" << time.toStdString() << " s)\n"
+  std::cout << result << step.What.toStdString() << " (" << time.toStdString() << " s)\n"
             << reasons.toStdString() << std::flush;
 }
 
@@ -35,8 +35,8 @@ void Player::Start() {
   QTimer::singleShot(0, QCoreApplication::instance(), [this] { Tick(); });
 }
 
-// The next tick is set before this one acts, which may take until a message box is gone. An event of the user's lets
-// others run while it is under way; only inside a new loop, that of a message box, may the next one follow.
+// The next tick is scheduled first, because an input that opens a message box returns only when the box is closed.
+// While an input runs, only ticks from a nested event loop (a message box) continue.
 void Player::Tick() {
   if (IsOver()) return;
   QTimer::singleShot(betweenTicks, QCoreApplication::instance(), [this] { Tick(); });
@@ -45,13 +45,13 @@ void Player::Tick() {
 
 void Player::Proceed() {
   if (!sinceStart_.isValid()) sinceStart_.start();
-  if (input_ < Current().inputs.size()) {
-    const Input& input = Current().inputs[input_];
-    const QString obstacle = input.obstacle();
+  if (input_ < Current().Inputs.size()) {
+    const Input& input = Current().Inputs[input_];
+    const QString obstacle = input.Obstacle();
     if (obstacle.isEmpty()) return Perform(input);
   } else if (Missing().isEmpty()) {
     if (!settling_.isValid()) settling_.start();
-    if (Current().picture.isEmpty() || settling_.hasExpired(paintingTime.count())) return Pass();
+    if (Current().Picture.isEmpty() || settling_.hasExpired(paintingTime.count())) return Pass();
   } else {
     settling_.invalidate();
   }
@@ -62,22 +62,22 @@ void Player::Perform(const Input& input) {
   ++input_;
   const bool wasActing = std::exchange(acting_, true);
   const int outerLevel = std::exchange(actingLevel_, QThread::currentThread()->loopLevel());
-  input.act();
+  input.Act();
   acting_ = wasActing;
   actingLevel_ = outerLevel;
 }
 
 QString Player::Missing() const {
-  if (input_ < Current().inputs.size()) return "     " + Current().inputs[input_].obstacle() + "\n";
+  if (input_ < Current().Inputs.size()) return "     " + Current().Inputs[input_].Obstacle() + "\n";
   QString missing;
-  for (const Condition& condition : Current().then) {
+  for (const Condition& condition : Current().Then) {
     if (const QString reason = condition(); !reason.isEmpty()) missing += "     " + reason + "\n";
   }
   return missing;
 }
 
 void Player::Pass() {
-  const QString& picture = Current().picture;
+  const QString& picture = Current().Picture;
   if (!picture.isEmpty() && !screen::SavePicture(pictureFolder_ + "/" + picture + pictureSuffix_ + ".png")) {
     return Fail("     its picture could not be saved\n");
   }

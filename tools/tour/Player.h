@@ -7,15 +7,14 @@
 
 namespace tour {
 
-/// Plays steps one after the other while the program runs, and prints a line for each. It lives on timers, so it goes
-/// on inside the loop of a message box that a step has brought up.
+/// Plays steps one after the other while the program runs, and prints a line for each. Driven by timers, so it also
+/// continues inside the event loop of a message box that a step has opened.
 class Player {
  public:
   /// The names of pictures get `pictureSuffix`, as in "message-dark.png".
   Player(Steps steps, QString pictureFolder, QString pictureSuffix);
 
-  /// Plays from the next turn of the event loop on. After the last step, or the first one that fails, the program is
-  /// told to quit.
+  /// Starts with the next round of the event loop. Quits the program after the last step, or the first that fails.
   void Start();
   [[nodiscard]] bool HasPlayedAll() const { return step_ == steps_.size(); }
 
@@ -35,7 +34,7 @@ class Player {
   std::size_t step_ = 0;
   std::size_t input_ = 0;
   QElapsedTimer sinceStart_;
-  /// Since all has been as it must be; a picture waits a moment, for the screen to be painted.
+  /// Time since all conditions hold. A picture is taken only 150 ms later, when the screen has been painted.
   QElapsedTimer settling_;
   bool acting_ = false;
   int actingLevel_ = 0;

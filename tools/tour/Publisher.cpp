@@ -30,7 +30,7 @@ using namespace std::chrono_literals;
 constexpr QSize backgroundSize(800, 600);
 constexpr QRect placeOfIcon(29, 440, 100, 100);
 constexpr std::size_t programSize = 300'000;
-// Often enough for a connection that must not stall, and too slow to get to the end.
+// Slow enough that the download does not finish, frequent enough that it does not time out.
 constexpr std::size_t crawlingPart = 100;
 constexpr auto crawlingPause = 50ms;
 
@@ -100,7 +100,7 @@ std::string Background() {
 Publisher::Publisher(const toolkit::FolderItem& folder)
     : server_(std::make_unique<httplib::Server>()), archive_(PackProgram(folder)) {
   server_->set_tcp_nodelay(true);
-  server_->set_keep_alive_max_count(1);  // a kept connection would hold up the end
+  server_->set_keep_alive_max_count(1);  // a kept connection would delay the end of the server
   const int port = server_->bind_to_any_port("127.0.0.1");
   Require(port > 0, "have a port");
   url_ = "http://127.0.0.1:" + std::to_string(port);
@@ -112,7 +112,7 @@ Publisher::Publisher(const toolkit::FolderItem& folder)
   Serve(*server_, "/background", Background(), "image/png");
   ServeArchive();
   thread_ = std::thread([this] { server_->listen_after_bind(); });
-  while (!server_->is_running()) std::this_thread::yield();  // it cannot be stopped before
+  while (!server_->is_running()) std::this_thread::yield();  // stop() has no effect before
 }
 
 Publisher::~Publisher() {

@@ -13,24 +13,24 @@ class Server;
 
 namespace tour {
 
-/// A publisher of updates on this machine, with a web server and a key of its own. Two versions are on offer. The file
-/// of the older one is not the one that its document tells of.
+/// A publisher of updates on this machine, with its own web server and key. It offers two versions; the hash of the
+/// older one's file is wrong.
 class Publisher {
  public:
-  /// Packs the archive in `folder`; the event loop runs meanwhile. Throws std::runtime_error if it cannot start.
+  /// Packs the archive in `folder`, running the event loop meanwhile. Throws std::runtime_error if it cannot start.
   explicit Publisher(const toolkit::FolderItem& folder);
   Publisher(const Publisher&) = delete;
   Publisher& operator=(const Publisher&) = delete;
   ~Publisher();
 
-  /// Where the signed document lies.
+  /// The address of the signed document.
   [[nodiscard]] std::string UpdateURL() const { return url_ + "/updates"; }
-  /// What it is signed with, in the form of toolkit::RSAVerifySignature().
+  /// The key that verifies its signature, in the form of toolkit::RSAVerifySignature().
   [[nodiscard]] const std::string& PublicKey() const { return publicKey_; }
   [[nodiscard]] static std::string NewerVersion();
   [[nodiscard]] static std::string OlderVersion();
 
-  /// An archive comes at a crawl from its middle on, until this is called.
+  /// The second half of an archive is sent very slowly until this is called.
   void HurryUp() { isHurried_ = true; }
 
  private:

@@ -3,23 +3,23 @@
 #include <QString>
 #include <QWidget>
 
-/// What a user sees of the program: its windows and what stands in them. Found by the names of the controls, in the
-/// newest window that has one; nothing here changes anything.
+/// What a user sees of the program. Widgets are found by their object names, in the newest window that has one. Nothing
+/// here changes anything.
 namespace tour::screen {
 
 /// The newest visible window with this title; nullptr if there is none.
 [[nodiscard]] QWidget* NewestWindow(const QString& title);
 
-/// The visible part with this name, in the newest window that has one; nullptr if there is none.
+/// The visible widget with this name, in the newest window that has one; nullptr if there is none.
 [[nodiscard]] QWidget* Find(const QString& name);
 
-/// As Find(), for a part of this kind.
+/// As Find(), for a widget of this class.
 template <typename Kind>
 Kind* FindAs(const QString& name) {
   return qobject_cast<Kind*>(Find(name));
 }
 
-/// The message box that stands; nullptr if none does.
+/// The open message box; nullptr if there is none.
 [[nodiscard]] QWidget* Box();
 
 /// The text of a label or a button, or the chosen row of a menu.
@@ -31,11 +31,10 @@ Kind* FindAs(const QString& name) {
 /// The row of a list whose first cell is `name`; -1 if there is none.
 [[nodiscard]] int RowNamed(const QString& list, const QString& name);
 
-/// The window that a user would look at: the message box if one stands, else the one with the keyboard,
-/// else the newest.
+/// The window that a user would look at: the message box if one is open, else the active window, else the newest.
 [[nodiscard]] QWidget* Front();
 
-/// Writes a picture of Front() to `path`: from the screen where that can be read, else as the window paints itself.
+/// Writes a picture of Front() to `path`: of the screen where that can be read, else as the window renders itself.
 [[nodiscard]] bool SavePicture(const QString& path);
 
 }  // namespace tour::screen

@@ -9,16 +9,16 @@
 
 namespace tour {
 
-/// What must be seen; answers with what is wrong, or with nothing once it is as it must be.
+/// Returns what does not hold yet, or an empty text once the condition is met.
 using Condition = std::function<QString()>;
 
-/// One step of the tour: what the user does, how, and what must then come true.
+/// One step of the tour: its description, the user's inputs, and the conditions that must then be met.
 struct Step {
-  QString what;
-  Inputs inputs;
-  std::vector<Condition> then;
-  /// The picture that is then taken, by the name of its file; empty: none.
-  QString picture{};
+  QString What;
+  tour::Inputs Inputs;
+  std::vector<Condition> Then;
+  /// The name of the picture that is then taken, without suffix; empty: none.
+  QString Picture{};
 };
 using Steps = std::vector<Step>;
 

@@ -36,18 +36,18 @@ constexpr const char* usage =
     "that is given. Ends with 0 if every step has worked.\n";
 
 struct Look {
-  const char* name = "";
-  const char* suffix = "";
-  bool isDark = false;
-  int scale = 1;
+  const char* Name = "";
+  const char* Suffix = "";
+  bool IsDark = false;
+  int Scale = 1;
 };
 constexpr Look looks[] = {{"light", ""}, {"dark", "-dark", true}, {"double", "-200", false, 2}};
 
 struct Options {
-  QString output;
-  tour::Visit visit;
-  /// Nothing for all of them.
-  const Look* look = nullptr;
+  QString Output;
+  tour::Visit Visit;
+  /// nullptr: all looks.
+  const Look* OnlyLook = nullptr;
 };
 
 std::optional<Options> Read(const QStringList& arguments) {
@@ -59,7 +59,7 @@ std::optional<Options> Read(const QStringList& arguments) {
                      {"look", {}, "NAME"}});
   bool isRead = parser.parse(arguments) && parser.positionalArguments().isEmpty();
   for (const char* needed : {"output", "host", "user", "password"}) isRead = isRead && !parser.value(needed).isEmpty();
-  const auto* look = std::ranges::find(looks, parser.value("look"), [](const Look& each) { return each.name; });
+  const auto* look = std::ranges::find(looks, parser.value("look"), [](const Look& each) { return each.Name; });
   const bool isKnown = look != std::end(looks);
   if (!isRead || isKnown != parser.isSet("look")) return std::nullopt;
   return Options{parser.value("output"),
@@ -84,13 +84,13 @@ QPalette DarkPalette() {
 /// Plays in this process. Returns whether every step has worked.
 bool Play(const Options& options, int& argumentCount, char** arguments) {
   const tour::OwnFolders folders;
-  if (options.look->scale != 1) qputenv("QT_SCALE_FACTOR", QByteArray::number(options.look->scale));
+  if (options.OnlyLook->Scale != 1) qputenv("QT_SCALE_FACTOR", QByteArray::number(options.OnlyLook->Scale));
   toolkit::qt::QtPlatform platform(product::program, argumentCount, arguments);
-  if (options.look->isDark) QApplication::setPalette(DarkPalette());
+  if (options.OnlyLook->IsDark) QApplication::setPalette(DarkPalette());
   App app(product::version);
 
   tour::Publisher publisher(toolkit::FolderItem(folders.Scratch().toStdString()));
-  tour::Player player(tour::PictureTour(options.visit, publisher), options.output, options.look->suffix);
+  tour::Player player(tour::PictureTour(options.Visit, publisher), options.Output, options.OnlyLook->Suffix);
   const int status = app.Run([&] {
     const auto mainWindow = std::make_shared<wMain>(
         [](const std::shared_ptr<CorvaneServer>& server) { std::make_shared<wServer>(server)->Show(); });
@@ -100,12 +100,12 @@ bool Play(const Options& options, int& argumentCount, char** arguments) {
   return player.HasPlayedAll() && status == EXIT_SUCCESS;
 }
 
-/// Plays each look in a process of its own, since a program can be told its scale only at its start.
+/// Plays each look in its own process, since the scale can only be set when a program starts.
 bool PlayAll(QStringList arguments) {
   const QString program = arguments.takeFirst();
   return std::ranges::all_of(looks, [&](const Look& look) {
-    std::cout << "Look: " << look.name << std::endl;
-    return QProcess::execute(program, arguments + QStringList{"--look", look.name}) == EXIT_SUCCESS;
+    std::cout << "Look: " << look.Name << std::endl;
+    return QProcess::execute(program, arguments + QStringList{"--look", look.Name}) == EXIT_SUCCESS;
   });
 }
 
@@ -121,13 +121,13 @@ int main(int argc, char** argv) {
     return EXIT_SUCCESS;
   }
   const std::optional<Options> options = Read(arguments);
-  if (!options || !QDir().mkpath(options->output)) {
+  if (!options || !QDir().mkpath(options->Output)) {
     std::cerr << (options ? "corvane-tour: the output folder cannot be made\n" : usage);
     return usageStatus;
   }
 
   try {
-    const bool isGood = options->look == nullptr ? PlayAll(arguments) : Play(*options, argc, argv);
+    const bool isGood = options->OnlyLook == nullptr ? PlayAll(arguments) : Play(*options, argc, argv);
     return isGood ? EXIT_SUCCESS : EXIT_FAILURE;
   } catch (const std::exception& exception) {
     std::cerr << "corvane-tour: " << exception.what() << std::endl;

@@ -22,15 +22,15 @@ toolkit::HTTPRequest Request(const std::string& url, std::string body = "{}", co
   return {method, url, {}, std::move(body), toolkit::CertificateCheck::Skipped};
 }
 
-/// One request on the real platform, and notes of what comes of it.
+/// One request on the real platform, and notes of its events.
 class Exchange final : public toolkit::HTTPTransferEvents {
  public:
   explicit Exchange(toolkit::HTTPRequest request) {
     Transfer = toolkit::Platform::Current().StartTransfer(std::move(request), *this);
   }
   std::unique_ptr<toolkit::HTTPTransfer> Transfer;
-  /// "sent", "headers", "received", and at the end "page STATUS LENGTH BODY", with the length told in front of the body
-  /// or "?", or "error MESSAGE".
+  /// "sent", "headers", "received", and at the end "page STATUS LENGTH BODY", with the announced length or "?",
+  /// or "error MESSAGE".
   std::vector<std::string> Notes;
   std::function<void(const std::string& note)> OnNote = [](const std::string&) {};
   [[nodiscard]] bool IsOver() const {
@@ -54,7 +54,7 @@ class Exchange final : public toolkit::HTTPTransferEvents {
 };
 
 struct Transport : Desktop {
-  /// The last note on one request, after which nothing may come.
+  /// The last note of one request. Fails if further ones follow.
   static std::string Outcome(toolkit::HTTPRequest request) {
     Exchange exchange(std::move(request));
     if (!Until([&] { return exchange.IsOver(); })) return "nothing";
@@ -62,7 +62,7 @@ struct Transport : Desktop {
     QTest::qWait(20);
     return exchange.Notes.size() == count ? exchange.Notes.back() : "more after the end: " + exchange.Notes.back();
   }
-  /// Drops an exchange at once, or with the first note that begins with `when`. No note may come afterwards.
+  /// Calls `drop` at the first note that begins with `when`, at once if that is empty. No note may follow.
   static void At(const std::string& when, Exchange& exchange, const std::function<void()>& drop) {
     exchange.OnNote = [&exchange, when, drop](const std::string& note) {
       EXPECT_TRUE(exchange.Transfer) << note;
@@ -109,7 +109,7 @@ TEST_F(Transport, EveryWholeReplyArrivesAsItIs) {
     const FaultServer server({answer});
     const std::string body = method == "POST"s ? large : "";
     const std::string outcome = Outcome(Request(server.URL() + "/path", body, method));
-    EXPECT_TRUE(outcome == "page " + expected) << outcome.substr(0, 200);  // may be too long to be printed whole
+    EXPECT_TRUE(outcome == "page " + expected) << outcome.substr(0, 200);  // may be too long to print
     ASSERT_THAT(server.Requests(), SizeIs(1));
     EXPECT_TRUE(BodyOf(server.Requests()[0]) == body);
   }
@@ -180,7 +180,7 @@ TEST_F(Transport, AnEndlessReplyForNobodyIsNotRead) {
 
 TEST_F(Transport, TheEndWaitsTwoSecondsForRequests) {
   for (const auto wire : {Wire::Plain, Wire::TLS}) {
-    // No event loop runs meanwhile: the system takes the plain request, but nobody shakes hands for TLS.
+    // No event loop runs meanwhile: the system accepts the plain request, but the TLS handshake does not take place.
     const FaultServer server({{{Reply(200, "{}")}}}, wire);
     toolkit::qt::QtEventLoop loop;
     auto pool = std::make_unique<toolkit::http::TransferPool>(loop);

@@ -63,7 +63,7 @@ struct Page : Desktop {
     model->Viewer.LoadPage(html + "<p>end of page", toolkit::FolderItem(folder.path().toStdString()));
     ASSERT_TRUE(Until([&] { return view.toPlainText().contains("end of page"); }));
   }
-  /// That many pictures, from each of the servers in turn.
+  /// A page of `count` pictures, from each of the servers in turn.
   static std::string Pictures(std::size_t count, const std::vector<const FaultServer*>& servers) {
     std::string page;
     for (std::size_t number = 0; number < count; ++number)
@@ -118,7 +118,7 @@ TEST_F(Page, APictureComesOrAnErrorTellsWhy) {
       {"in the page", "<img src='data:;base64," + toolkit::EncodeBase64(Red()) + "'>", {{}}, 1600, ""}};
   for (const auto& [what, page, answers, red, error] : rows) {
     const FaultServer server(answers, Wire::Plain);
-    Load("x" + toolkit::ReplaceAll(page, "$", server.URL()));  // the cursor stands before the text
+    Load("x" + toolkit::ReplaceAll(page, "$", server.URL()));  // the text cursor is before the text, not the picture
     EXPECT_TRUE(Until([&, &red = red, &error = error] {
       return Redness() == red && log.size() == (*error == '\0' ? 0 : 1);
     })) << what;
@@ -157,7 +157,7 @@ TEST_F(Page, PicturesThatTakeMuchTimeLeaveTheFirst) {
     hostile.emplace_back(std::vector<Answer>{{{Reply(200, picture.Encoded)}}}, Wire::Plain);
     servers.push_back(&hostile.back());
   }
-  Load("x" + Pictures(1, {&red}) + Pictures(59, servers));  // the cursor stands before the text
+  Load("x" + Pictures(1, {&red}) + Pictures(59, servers));  // the text cursor is before the text, not a picture
   const auto isOver = [&] { return log.size() + static_cast<std::size_t>(Redness() / 1600) == 60; };
   for (int wait = 0; wait < 9 && !isOver(); ++wait) Until(isOver);
   EXPECT_TRUE(isOver());

@@ -53,7 +53,7 @@ TEST_F(ListOnScreen, MouseAndKeysDoWhatTheUserMeans) {
   };
   for (const auto& [what, selectedBefore, act, expected] : rows) {
     list.ListIndex(selectedBefore);
-    QTest::qWait(30);
+    EXPECT_TRUE(Until([&, row = selectedBefore] { return view.currentIndex().row() == row; })) << what;
     log.clear();
     act();
     EXPECT_EQ(log, expected) << what;

@@ -33,7 +33,7 @@ struct Decoding : Desktop {
     EXPECT_TRUE(Until([&] { return result.has_value(); }));
     return result.value_or(QImage());
   }
-  /// The numbers of this program's child processes.
+  /// The process ids of this program's children.
   static std::string Children() {
     const std::string self = std::to_string(getpid());
     return Read("/proc/" + self + "/task/" + self + "/children");
@@ -92,7 +92,7 @@ TEST_F(Decoding, OneProcessAtATimeMayDoLittle) {
       AllOf(IsSupersetOf({"/memfd:encoded (deleted)", "/memfd:decoded (deleted)"}),
             Each(AnyOf(StartsWith("/memfd:"), "/dev/null", "anon_inode:[eventfd]")));
   std::vector<std::string> files;
-  const auto hasItsOwn = [&] {  // once it has opened and closed its libraries
+  const auto hasItsOwn = [&] {  // once its libraries are loaded
     files.clear();
     std::error_code closedMeanwhile;
     for (const auto& file : std::filesystem::directory_iterator(process / "fd"))

@@ -8,7 +8,7 @@
 namespace {
 
 struct Processes : Desktop {
-  /// How `command` ends. Its object is gone by then.
+  /// How `command` ends. Its object is destroyed in the call that reports it.
   toolkit::ProcessEnd Run(const std::string& command) {
     std::optional<toolkit::ProcessEnd> end;
     std::unique_ptr<toolkit::ChildProcess> process;
@@ -29,7 +29,7 @@ struct Processes : Desktop {
 };
 
 TEST_F(Processes, TellHowTheyEndedAndInheritNothing) {
-  const std::ofstream leaking(Path("open"));  // the standard library lets it through to children
+  const std::ofstream leaking(Path("open"));  // without O_CLOEXEC, so children could inherit it
   sigset_t blocked;
   sigemptyset(&blocked);
   sigaddset(&blocked, SIGUSR1);

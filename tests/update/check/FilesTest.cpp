@@ -23,7 +23,7 @@ bool isMD5SwitchedOff = false;  // NOLINT(cppcoreguidelines-avoid-non-const-glob
 const std::string md5 = "888d0ee361af3603736f32131e7b20a2";
 const std::string sha256 = "0eb3e36bfb24dcd9bb1d1bece1531216b59539a8fde17ee80224af0653c92aa3";
 
-/// Whether `check` holds in a child process of a user who is not root.
+/// Whether `check` returns true in a child process of a user who is not root.
 bool HoldsForOtherUser(const std::function<bool()>& check) {
   constexpr unsigned nobody = 65534;
   const pid_t child = fork();
@@ -61,7 +61,7 @@ struct Files : testing::Test {
 
 }  // namespace
 
-/// The library's own, but for the algorithm that a system has switched off.
+/// Replaces the function of the library, to play a system without MD5.
 extern "C" EVP_MD* EVP_MD_fetch(OSSL_LIB_CTX* ctx, const char* algorithm, const char* properties) {
   if (isMD5SwitchedOff && std::string_view(algorithm) == "MD5") return nullptr;
   static const auto fetch = reinterpret_cast<decltype(&EVP_MD_fetch)>(dlsym(RTLD_NEXT, "EVP_MD_fetch"));
@@ -85,7 +85,7 @@ TEST_F(Files, DeleteAllOrNothingAndNothingBehindLinks) {
 
 TEST_F(Files, KnowWhetherEverythingCanBeWritten) {
   Allow(platform.DesktopFolder().Parent(), 0777, 0666);
-  fs::permissions(outside.Child("kept").Path(), fs::perms(0444));  // behind a link, so it does not count
+  fs::permissions(outside.Child("kept").Path(), fs::perms(0444));  // behind a link, so it is ignored
   EXPECT_TRUE(HoldsForOtherUser([&] { return Kaju::IsWriteableRecursive(tree); }));
   Allow(tree.Child("-rf"), 0555, 0666);
   EXPECT_TRUE(HoldsForOtherUser([&] { return !Kaju::IsWriteableRecursive(tree); }));
@@ -114,7 +114,7 @@ TEST_F(Files, TakeOnlyWhatIsWhollyAsTold) {
   using enum Kaju::FileVerdict;
   const std::tuple<std::string, std::string, Kaju::FileVerdict, Kaju::FileVerdict> rows[] = {
       // clang-format off
-      // the MD5, and what else is told             with MD5   and without it
+      // the MD5, and further members               with MD5   and without it
       {md5, "",                                     Genuine,   Uncheckable},
       {other, "",                                   Corrupted, Uncheckable},
       {md5, strong,                                 Genuine,   Genuine},

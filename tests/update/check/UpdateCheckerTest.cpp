@@ -4,6 +4,7 @@
 
 #include "shell/App.h"
 #include "tests/support/HandPlatform.h"
+#include "tests/support/OfferRecorder.h"
 #include "tests/support/Publisher.h"
 #include "toolkit/TextFile.h"
 #include "update/check/UpdateChecker.h"
@@ -17,19 +18,6 @@ using namespace std::string_literals;
 
 namespace {
 
-/// Remembers what it is to show.
-class Presenter final : public Kaju::UpdatePresenter {
- public:
-  Versions Shown;
-
-  bool Shows = false;
-
-  [[nodiscard]] bool IsOpen() const override { return Shows; }
-  void ChooseUpdate(const std::shared_ptr<UpdateChecker>& /*checker*/, Kaju::Offers offers) override {
-    for (const auto& offer : offers) Shown.push_back(offer->Version);
-  }
-};
-
 std::string Offer(const std::string& version, const std::string& minimum = "",
                   const std::string& binaries = R"("LinuxBinary64bit":{},"LinuxBinary":{},"MacBinary":{})") {
   return R"({"Version":")" + version + R"(","MinimumRequiredVersion":")" + minimum + R"(",)" + binaries + "}";
@@ -39,14 +27,14 @@ struct Checking : testing::Test {
   Checking() { Remake(); }
 
   void Remake() {
-    presenter = std::make_shared<Presenter>();
+    presenter = std::make_shared<OfferRecorder>();
     checker = nullptr;
     checker = std::make_shared<UpdateChecker>(platform.ApplicationDataFolder(), "prefs", presenter);
     checker->ServerPublicRSAKey = Publisher().PublicKey();
     checker->UpdateURL = "http://updates:80/doc";
     checker->AllowedInteraction = UpdateChecker::kAllowUpdateWindow;
   }
-  /// A run on a genuine document of these offers.
+  /// Runs the check on a genuine document of these offers.
   Result RunOn(const std::string& offers) {
     std::string& packet = packets[offers];
     if (packet.empty()) packet = Publisher().Packet("[" + offers + "]");
@@ -59,20 +47,25 @@ struct Checking : testing::Test {
     checker->Execute();
     return checker->Result();
   }
+  [[nodiscard]] Versions ShownVersions() const {
+    Versions versions;
+    for (const auto& offer : presenter->Shown) versions.push_back(offer->Version);
+    return versions;
+  }
 
   HandPlatform platform;
   toolkit::FolderItem preferences = platform.ApplicationDataFolder().Child("prefs");
   App app{{1, 2, 3}};  // "1.2.3"
-  std::shared_ptr<Presenter> presenter;
+  std::shared_ptr<OfferRecorder> presenter;
   std::shared_ptr<UpdateChecker> checker;
-  std::map<std::string, std::string> packets;  // signing takes longer than a run
+  std::map<std::string, std::string> packets;  // kept, since signing is slower than a run
 };
 
 }  // namespace
 
 TEST_F(Checking, OffersWhatIsNewerAllowedWantedAndFits) {
   const std::pair<const char*, int> versions[] = {
-      // and the lowest stage that is allowed, from which on it is an offer
+      // and the highest AllowedStage at which it is offered
       {"1.2.2", 4}, {"1.2.3", 4}, {"1.2.3b999", 4}, {"1.2.3 (5)", 3}, {"1.2.4d1", 0}, {"1.2.4a1", 1}, {"1.2.4b1", 2}};
   for (const auto& [version, stage] : versions) {
     for (int rules = 0; rules < 64; ++rules) {
@@ -97,7 +90,7 @@ TEST_F(Checking, OffersWhatIsNewerAllowedWantedAndFits) {
 }
 
 TEST_F(Checking, DecidesOverAllOffersOfADocument) {
-  const std::string foreign = Offer("nonsense", "", "\"WindowsBinary\":{}");  // passed over before its version is read
+  const std::string foreign = Offer("nonsense", "", "\"WindowsBinary\":{}");  // skipped before its version is parsed
   const std::string past = R"("LinuxBinary64bit":{},"Expires":"2026-01-01T00:00:00Z")";
   const std::string future = R"("LinuxBinary64bit":{},"Expires":"9999-12-31T23:59:59+23:59")";
   using enum Kaju::UpdateChecker::ResultType;
@@ -112,7 +105,7 @@ TEST_F(Checking, DecidesOverAllOffersOfADocument) {
   checker->IgnoreVersion("1.4b1");
   for (const auto& [offers, result, shown] : rows) {
     EXPECT_EQ(RunOn(offers), result) << offers;
-    EXPECT_EQ(presenter->Shown, shown) << offers;
+    EXPECT_EQ(ShownVersions(), shown) << offers;
   }
   checker->HonorIgnored = false;
   EXPECT_EQ(RunOn(Offer("1.4b1")), UpdateAvailable);

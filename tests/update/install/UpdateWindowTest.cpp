@@ -2,6 +2,7 @@
 
 #include "shell/App.h"
 #include "tests/support/HandPlatform.h"
+#include "tests/support/OtherWindow.h"
 #include "tests/support/Publisher.h"
 #include "toolkit/TextFile.h"
 #include "update/install/KajuUpdateWindow.h"
@@ -22,22 +23,18 @@ using namespace std::string_literals;
 // The hash is that of "archive".
 const std::string file = R"({"URL":"http://h/a.zip","Hash":"888D0EE361AF3603736F32131E7B20A2","ExecutableName":"x"})";
 
-/// `members` are further ones of the offer, each behind a comma.
+/// `members` are further JSON members of the offer, each after a comma.
 std::shared_ptr<Kaju::UpdateInformation> Offer(const std::string& version, const std::string& members = "",
                                                const std::string& binary = R"("LinuxBinary64bit":)" + file) {
   return std::make_shared<Kaju::UpdateInformation>(
       *toolkit::ParseJSONItem(R"({"AppName":"A & <b>","Version":")" + version + "\"," + binary + members + "}"));
 }
 
-struct OtherWindow final : toolkit::Window {
-  OtherWindow() : Window("Other", {10, 10}, {}, {10, 10}) {}
-};
-
 struct UpdateWindow : testing::Test {
   UpdateWindow() { Remake(); }
   void TearDown() override { platform.CloseWindows(); }
 
-  /// Another window, with a checker that has the offers of a document.
+  /// Makes a new window and checker.
   void Remake() {
     if (window) window->Close();
     if (platform.OpenWindows().empty()) std::make_shared<OtherWindow>()->Show();
@@ -51,7 +48,7 @@ struct UpdateWindow : testing::Test {
     window->TellPainted();
     window->ChooseUpdate(checker, std::move(offers));
   }
-  /// Offers this, presses install, and answers the question for redirects.
+  /// Offers this, presses the install button, and answers the request that looks for redirects.
   void Install(const std::shared_ptr<Kaju::UpdateInformation>& offer = Offer("2")) {
     Choose({offer});
     platform.WhileWaiting = [&] { platform.LastRequest().Reply(200, ""); };
@@ -129,7 +126,7 @@ TEST_F(UpdateWindow, TellsWhyAnUpdateFails) {
   const auto stalls = [&] {
     Install();
     platform.LastRequest().BeginReply(200);
-    for (const char* part : {"arc", "hive"}) {  // while it goes on, it may take any time
+    for (const char* part : {"arc", "hive"}) {  // time does not matter as long as bytes arrive
       platform.Advance(4999ms);
       platform.LastRequest().ReplyPart(part);
     }
