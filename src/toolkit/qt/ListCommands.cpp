@@ -5,9 +5,7 @@
 #include <QAction>
 #include <QMenu>
 
-#include "toolkit/DesktopTexts.h"
 #include "toolkit/qt/ListExport.h"
-#include "toolkit/qt/QtText.h"
 
 namespace toolkit::qt {
 namespace {
@@ -41,8 +39,8 @@ void PopUpListCommands(QWidget& view, const Listbox& list, const QPoint& positio
   menu->setObjectName("listMenu");
   menu->setAttribute(Qt::WA_DeleteOnClose);
   // The shortcut is only displayed: ListTable handles the key.
-  QAction* copy = menu->addAction(ToQt(DesktopTexts::kCopyCommand.Default), QKeySequence::Copy, &view,
-                                  [&list] { CopySelectedRow(list); });
+  QAction* copy =
+      menu->addAction(QStringLiteral("Copy"), QKeySequence::Copy, &view, [&list] { CopySelectedRow(list); });
   copy->setObjectName("listCopy");
   copy->setEnabled(list.ListIndex() >= 0);
   menu->addActions(view.actions());

@@ -122,17 +122,18 @@ QString HarmlessAttributes(const QString& element, const Attributes& attributes)
   static const QRegularExpression harmless = Pattern(R"(^(?:
       (?!img|table)\w+\ align=[a-z]+ | table\ align=center
      |\w+\ (?:class|dir|face|type|valign)=[\w\ ,-]{1,100}
-     |\w+\ (?:bg)?color=(?:\#[\da-f]{3,12}|[a-z]{1,30})
      |\w+\ (?:border|cellpadding|cellspacing|size)=[+-]?\d{1,2}
      |\w+\ (?:col|row)span=(?:[1-4]?\d|50)
      |\w+\ width=(?:1?\d{1,3}|\d{1,2}%|100%)
     )$)");
   QString kept;
   for (auto one = attributes.begin(); one != attributes.end(); ++one) {
-    if (one.key().endsWith(QLatin1String("color")) && !QColor::isValidColorName(*one)) continue;  // Qt would complain
     const bool isStyle = one.key() == QLatin1String("style");
+    const bool isColor = one.key() == QLatin1String("color") || one.key() == QLatin1String("bgcolor");
     const QString value = isStyle ? HarmlessDeclarations(*one) : *one;
-    if (isStyle ? !value.isEmpty() : harmless.match(element + ' ' + one.key() + '=' + value).hasMatch())
+    if (isStyle   ? !value.isEmpty()
+        : isColor ? QColor::isValidColorName(value)
+                  : harmless.match(element + ' ' + one.key() + '=' + value).hasMatch())
       kept += ' ' + one.key() + "=\"" + value.toHtmlEscaped() + '"';
   }
   return kept;

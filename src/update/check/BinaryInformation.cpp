@@ -44,7 +44,7 @@ bool BinaryInformation::HasUsableNames() const {
 
 toolkit::JSONItem BinaryInformation::ConvertToJSON() const {
   toolkit::JSONItem json = PropertiesToJSON<BinaryInformation>(properties, *this);
-  if (ExecutableName.empty()) json.get_object().erase(properties.back().Name);
+  if (ExecutableName.empty()) json.get_object().erase("ExecutableName");
   return json;
 }
 
